@@ -1,0 +1,18 @@
+# The one place for compiler flags: every target links qm_flags.
+add_library(qm_flags INTERFACE)
+target_compile_features(qm_flags INTERFACE cxx_std_20)
+target_compile_options(qm_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_include_directories(qm_flags INTERFACE ${CMAKE_SOURCE_DIR})
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+if(QM_SANITIZE)
+  target_compile_options(qm_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(qm_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# qm_library(NAME SOURCES... LINK...): a folder's library. All are linked into libqmcls.so or libqmscreens.so.
+function(qm_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC qm_flags ${arg_LINK} PRIVATE ${arg_PRIVATE})
+endfunction()

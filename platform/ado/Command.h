@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "platform/ado/Connection.h"
+
+namespace ado {
+
+// A statement kept ready on a connection.
+struct Command {
+    int CommandType = -1;  // adCmdText
+    ConnectionPtr ActiveConnection;
+    std::string CommandText;
+
+    RecordsetPtr Execute(std::int64_t* recordsAffected = nullptr) const;  // raises ObjectClosed without a connection
+};
+
+}  // namespace ado
