@@ -1,9 +1,9 @@
 #include "host/CsvFile.h"
 
-#include <csv.h>
-
 #include <fstream>
 #include <sstream>
+
+#include <csv.h>
 
 #include "platform/basic/Error.h"
 
@@ -33,7 +33,9 @@ std::string Contents(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
     std::ostringstream text;
     if (in) text << in.rdbuf();
-    if (!in) throw basic::Error(basic::error::InvalidCall, "The file '" + file.string() + "' cannot be read", "host");
+    if (!in)
+        throw basic::Error(basic::error::InvalidCall, "The file '" + file.string() + "' cannot be read",
+                           "host");
     std::string read = text.str();
     if (read.starts_with("\xEF\xBB\xBF")) read.erase(0, 3);
     return read;
@@ -47,8 +49,9 @@ void Feed(csv_parser& parser, const std::string& text, Reading& reading) {
             reading.current.line = reading.line;
         }
         if (csv_parse(&parser, &byte, 1, TakeField, TakeRow, &reading) != 1)
-            throw basic::Error(basic::error::InvalidCall,
-                               "line " + std::to_string(reading.line) + ": a quote stands where none may stand", "host");
+            throw basic::Error(
+                basic::error::InvalidCall,
+                "line " + std::to_string(reading.line) + ": a quote stands where none may stand", "host");
         if (byte == '\n') ++reading.line;
     }
     if (csv_fini(&parser, TakeField, TakeRow, &reading) != 0)
