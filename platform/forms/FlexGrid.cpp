@@ -53,7 +53,7 @@ void FlexGrid::SetFixedRows(int rows) {
 
 // The current cell stays where there are cells, silently: the rows went, the user did not move.
 void FlexGrid::ClampCurrent() {
-    row_ = std::min(std::max(row_, FixedRows()), Rows() - 1);
+    row_ = std::min(std::max(row_, FirstRow()), Rows() - 1);
     col_ = std::clamp(col_, 0, std::max(0, Cols() - 1));
 }
 

@@ -76,6 +76,7 @@ class FlexGrid : public GridView, public Control {
     const GridModel& Model() const { return model_; }
     bool MoveTo(int row, int col);        // with the events; False if refused
     bool StepCol(int step);               // along the row, then to the next or last row; False: there is no such cell
+    virtual int FirstRow() const { return 0; }  // the current row is never above it when rows come and go
     virtual bool LeaveCell() { return true; }   // completes what is open on the current cell; False: it stays open
     virtual void CellsRemoved() {}              // drops what is open on the current cell
     virtual void KeyDefault(QKeyEvent& event, int keyAscii);  // what a key does when no handler dropped it

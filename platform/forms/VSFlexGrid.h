@@ -63,6 +63,7 @@ class VSFlexGrid : public FlexGrid {
     Event<int, int> CellButtonClick;
 
   protected:
+    int FirstRow() const override { return FixedRows(); }
     bool LeaveCell() override { return FinishEdit(); }
     void CellsRemoved() override { DropEdit(); }
     void KeyDefault(QKeyEvent& event, int keyAscii) override;
@@ -71,26 +72,30 @@ class VSFlexGrid : public FlexGrid {
     CellShown Shown(int row, int col) const override;
     bool Active() const override { return hasFocus() || Editing(); }
     void ViewMoved() override;
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
   private:
-    enum class By { Typing, Key, List };  // what began an edit; by Key or List a list drops and a button is pressed
+    template <class Set>
+    void Range(int row1, int col1, int row2, int col2, Set set);
+    const ComboList& List(int col) const;
 
-    void Range(int row1, int col1, int row2, int col2, void (*set)(CellExtra&, int), int value);
-    bool Edit(By by, const QString& typed = {});
+    bool Edit(const QString& typed = {});  // typed: the character that begins it
     bool EditCheck(int row, int col);
-    void OpenEditor(const QString& typed);
-    void OpenList();
-    void CloseList();
+    bool OpenEditor(const QString& typed);
     void CloseEditor();
     void DropEdit();  // without events
+    void OpenList();
+    void CloseList();
+    void Narrow(const QString& typed);
+    void Step(int step);
     bool EditorKey(QKeyEvent& key);
     bool ListKey(QKeyEvent& key);
     void EndByKey(QKeyEvent& key);
     void Chosen(int entry);
 
     std::vector<ComboList> lists_;  // by column, read once
-    const ComboList& List(int col) const;
     bool explorerSort_ = false;
     int sortedCol_ = -1;
     bool descending_ = false;
@@ -103,9 +108,9 @@ class VSFlexGrid : public FlexGrid {
     std::unique_ptr<DropList> drop_;
     int editRow_ = -1;
     int editCol_ = -1;
-    int choice_ = -1;          // ComboIndex
-    bool listTyped_ = false;   // the text in the editor narrows the list
-    bool finishing_ = false;   // inside ValidateEdit
+    int choice_ = -1;         // ComboIndex
+    std::string editText_;    // of the last edit, once it is closed
+    bool finishing_ = false;  // inside ValidateEdit
 };
 
 }  // namespace forms

@@ -106,7 +106,9 @@ bool GridView::event(QEvent* event) {
 
 void GridView::resizeEvent(QResizeEvent*) { ArrangeScrollBars(); }
 
-void GridView::scrollContentsBy(int, int) {
+void GridView::scrollContentsBy(int dx, int dy) {
+    for (QWidget* over : viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        over->move(over->x() + dx, over->y() + dy);
     ViewMoved();
     viewport()->update();
 }
