@@ -8,14 +8,15 @@
 
 namespace qm {
 
-// The error routine of all saving procedures: shows "Formname: ..." in a box without a title of its own, waits for it, then adds
-// a row to tblError if the shared connection is open. Only the description is cleaned of double quotes. Never throws: a
-// failure to log is not reported.
+// The error routine of all saving procedures: shows "Formname: ..." in a box without a title of its own,
+// waits for it, then adds a row to tblError if the shared connection is open. Only the description is cleaned
+// of double quotes. Never throws: a failure to log is not reported.
 void LogError(const std::string& formName, std::int32_t number, const std::string& description,
               const std::string& source);
 void LogError(const std::string& formName, const basic::Error& error);
 
-// Runs one statement in skip-on-error mode: what it raises is dropped, the caller goes on. True if nothing was raised.
+// Runs one statement in skip-on-error mode: what it raises is dropped, the caller goes on. True if nothing
+// was raised.
 bool SkipOnError(const std::function<void()>& statement);
 
 }  // namespace qm

@@ -18,12 +18,12 @@ inline constexpr int vbOK = 1;
 inline constexpr int vbYes = 6;
 inline constexpr int vbNo = 7;
 
-// Shows a modal box and waits for the answer. "\r\n", "\r" and "\n" each end a line. Without screens the text goes to the
-// standard error stream, and the answer is vbOK, or vbNo where there was a question.
+// Shows a modal box and waits for the answer. "\r\n", "\r" and "\n" each end a line. Without screens the text
+// goes to the standard error stream, and the answer is vbOK, or vbNo where there was a question.
 int MsgBox(const std::string& text, int flags = vbOKOnly, const std::string& title = {});
 
-// Who shows the boxes: the screens put themselves here when they are loaded, tests put a script. An empty function
-// gives the boxes back to the standard error stream. Returns who showed them before.
+// Who shows the boxes: the screens put themselves here when they are loaded, tests put a script. An empty
+// function gives the boxes back to the standard error stream. Returns who showed them before.
 using MsgBoxPort = std::function<int(const std::string& text, int flags, const std::string& title)>;
 MsgBoxPort SetMsgBoxPort(MsgBoxPort port);
 

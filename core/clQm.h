@@ -8,9 +8,9 @@
 
 namespace qm {
 
-// The public class: how a host drives the module. It keeps no state of its own; see modGeneral.h for what is shared. The
-// members stand in the order of the interface. Arguments are named as hosts know them. Where nothing else is said a failure
-// is raised to the host.
+// The public class: how a host drives the module. It keeps no state of its own; see modGeneral.h for what is
+// shared. The members stand in the order of the interface. Arguments are named as hosts know them. Where
+// nothing else is said a failure is raised to the host.
 class clQm {
   public:
     clQm() = default;
@@ -25,7 +25,8 @@ class clQm {
     // CarryForwardBalances. Always False; silent on failure; what already ran stays done.
     bool SetFinancialYear(const std::string& sFinYear);
 
-    // Ledger_Id and Name of all ledgers, or of those of the current year that meet `sGrp`, a condition of the host's own.
+    // Ledger_Id and Name of all ledgers, or of those of the current year that meet `sGrp`, a condition of the
+    // host's own.
     ado::RecordsetPtr Ledgers(const std::string& sGrp = {});
 
     // Highest voucher number of the year plus 1, without loading the year.
@@ -41,7 +42,7 @@ class clQm {
     // Whether the date lies from 01-Apr-Year to 31-Mar-Year+1, both included. Raises 6 for year 32767.
     bool FinYearValidate(basic::Date dt, std::int16_t Year);
 
-    // LedgerVchrNo of the voucher's first row: nothing writes it, so Null. Raises 5 for an unknown voucher.
+    // LedgerVchrNo of the voucher's first row: nothing writes it, so Null. Raises 9 for an unknown voucher.
     basic::Value GetVchrNoFromTxnNo(std::int32_t lTxnNo);
 
     ado::RecordsetPtr GetSuppliers();        // Ledger_Id, Name, Deleted of the year's suppliers and debtors
@@ -49,8 +50,9 @@ class clQm {
     ado::RecordsetPtr GetDebitLedgers();     // cash, bank and direct incomes
     ado::RecordsetPtr GetCreditLedgers();    // sales
 
-    // Posts one row of a voucher and raises the ledger's total, in one transaction. dtTrnDT is a day number; sTrnCate is J, P, R
-    // or C; sTrnType is D or C. False on failure, after the error log's box. Never loads the year.
+    // Posts one row of a voucher and raises the ledger's total, in one transaction. dtTrnDT is a day number;
+    // sTrnCate is J, P, R or C; sTrnType is D or C. False on failure, after the error log's box. Never loads
+    // the year.
     bool InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::string& sTrnCate,
                        const std::string& sTrnType, const std::string& sTrnNarration, double dAmt,
                        std::int32_t lLedCode, const std::string& sLedName);
@@ -61,11 +63,12 @@ class clQm {
     // Writes a voucher's rows again with a new date and amount, all rows alike.
     bool UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt);
 
-    // Takes a voucher out of the totals, row by row, and deletes its rows. True for a voucher that is not there.
+    // Takes a voucher out of the totals, row by row, and deletes its rows. True for a voucher that is not
+    // there.
     bool DeleteVoucher(std::int32_t lTrnID);
 
-    // Moves the flag of the current year to a known year, by its short form. Returns the year now current, "" for an unknown
-    // one. The year string follows at the next LoadCurrentYear.
+    // Moves the flag of the current year to a known year, by its short form. Returns the year now current, ""
+    // for an unknown one. The year string follows at the next LoadCurrentYear.
     std::string SetGetFinancialYear(const std::string& sFinYear);
 
   private:

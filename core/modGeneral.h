@@ -7,13 +7,14 @@
 
 namespace qm {
 
-// The state that the class and all screens share: one copy for the whole process. It outlives every class instance, but for
-// the connection, which the instance that ends closes.
+// The state that the class and all screens share: one copy for the whole process. It outlives every class
+// instance, but for the connection, which the instance that ends closes.
 struct Shared {
-    std::string DataPath;            // the folder as the host gave it, a plain prefix: ends in "/" or the names run together
-    ado::ConnectionPtr Connection;   // the one connection; null until OpenConnection
-    std::string FinYear;             // short form of the current year, such as "2001"; set only by LoadCurrentYear
-    std::string PrimaryGroupName;    // results of GetPrimaryGroup
+    std::string
+        DataPath;  // the folder as the host gave it, a plain prefix: ends in "/" or the names run together
+    ado::ConnectionPtr Connection;  // the one connection; null until OpenConnection
+    std::string FinYear;  // short form of the current year, such as "2001"; set only by LoadCurrentYear
+    std::string PrimaryGroupName;  // results of GetPrimaryGroup
     std::int16_t PrimaryGroupId = 0;
 };
 
@@ -21,6 +22,14 @@ Shared& shared();
 
 // The shared connection; raises 91 "Object variable not set" before the first OpenConnection.
 ado::Connection& Conn();
+
+// The first act of every failure step: rolls back the innermost open transaction, whoever began it, and does
+// nothing where none is open.
+void RollbackOpen();
+
+// Every posting statement's count is a test: fewer than 1 record raises an error with number 0 and no
+// description, which the routine's own failure step takes.
+void RequireRecords(std::int64_t recordsAffected);
 
 // "tb_Ledger" gives "tb_Ledger2001": the name of a per-year table of the current year.
 std::string YearTable(const std::string& stem);

@@ -12,7 +12,8 @@ struct Command {
     ConnectionPtr ActiveConnection;
     std::string CommandText;
 
-    RecordsetPtr Execute(std::int64_t* recordsAffected = nullptr) const;  // raises ObjectClosed without a connection
+    RecordsetPtr Execute(
+        std::int64_t* recordsAffected = nullptr) const;  // raises ObjectClosed without a connection
 };
 
 }  // namespace ado

@@ -24,7 +24,8 @@ class PropertyBag {
     std::map<std::string, std::string> byFoldedName_;
 };
 
-// A connection to one store. All calls come from one thread. Errors are basic::Error with a number of ado::error.
+// A connection to one store. All calls come from one thread. Errors are basic::Error with a number of
+// ado::error.
 class Connection {
   public:
     Connection();
@@ -36,22 +37,28 @@ class Connection {
     // "Data Source" (a file path picks the embedded store) and "Jet OlEDB:Database Password".
     PropertyBag Properties;
 
-    // Opens the store that Properties name; the arguments are accepted for the callers' sake and must be empty. Never
-    // creates a file. Raises ObjectOpen, FileNotFound, NotABooksFile, WrongPassword, Damaged, ReadOnly, Locked.
-    void Open(std::string_view connectionString = {}, std::string_view user = {}, std::string_view password = {},
-              int options = -1);
-    // Rolls back what is open, makes what was written outside transactions durable, and closes. Raises ObjectClosed.
+    // Opens the store that Properties name; the arguments are accepted for the callers' sake and must be
+    // empty. Never creates a file. Raises ObjectOpen, FileNotFound, NotABooksFile, WrongPassword, Damaged,
+    // ReadOnly, Locked.
+    void Open(std::string_view connectionString = {}, std::string_view user = {},
+              std::string_view password = {}, int options = -1);
+    // Rolls back what is open, makes what was written outside transactions durable, and closes. Raises
+    // ObjectClosed.
     void Close();
     int State() const;  // adStateOpen or adStateClosed
 
-    // Runs one statement. `recordsAffected` takes the rows that an insert, update or delete matched, 0 for all else. A select
-    // gives its rows as a forward-only, read-only record set; other statements give a closed one. Outside a transaction
-    // the statement is atomic at once and on disk at the next commit or at Close.
-    RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr, int options = -1);
+    // Runs one statement. `recordsAffected` takes the rows that an insert, update or delete matched, 0 for
+    // all else. A select gives its rows as a forward-only, read-only record set; other statements give a
+    // closed one. Outside a transaction the statement is atomic at once and on disk at the next commit or at
+    // Close.
+    RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
+                         int options = -1);
 
-    int BeginTrans();      // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another program
-    void CommitTrans();    // the outermost is on disk when it returns; raises NoTransaction
-    void RollbackTrans();  // undoes the innermost only; raises NoTransaction
+    int BeginTrans();  // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another
+                       // program
+    void CommitTrans();      // the outermost is on disk when it returns; raises NoTransaction
+    void RollbackTrans();    // undoes the innermost only; raises NoTransaction
+    int TransDepth() const;  // how many are open, levels that the store lost by itself included
 
     Session& Opened();  // for this layer: the open store; raises ObjectClosed
 

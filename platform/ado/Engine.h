@@ -5,8 +5,9 @@
 #include <string>
 #include <string_view>
 
-// The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error with a number of
-// ado::error. The embedded store stands in SqlCipherEngine; a server engine could stand beside it.
+// The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
+// with a number of ado::error. The embedded store stands in SqlCipherEngine; a server engine could stand
+// beside it.
 namespace ado {
 
 enum class CellKind { Null, Integer, Real, Text };
@@ -33,18 +34,19 @@ class Engine {
     virtual void Open(const std::string& source, const std::string& password) = 0;
     virtual void Close() = 0;
     virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
-    virtual std::int64_t Changes() const = 0;    // rows of the last insert, update or delete
-    virtual bool InTransaction() const = 0;      // False also after the store rolled back by itself
-    virtual void Begin() = 0;                    // takes the write lock at once and makes its commit durable
+    virtual std::int64_t Changes() const = 0;  // rows of the last insert, update or delete
+    virtual bool InTransaction() const = 0;    // False also after the store rolled back by itself
+    virtual void Begin() = 0;                  // takes the write lock at once and makes its commit durable
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
     virtual void Savepoint(int level) = 0;
     virtual void Release(int level) = 0;
-    virtual void RollbackTo(int level) = 0;      // and releases it
-    virtual void BeforeLooseWrite() = 0;         // a write outside transactions need not reach the disk at once
+    virtual void RollbackTo(int level) = 0;  // and releases it
+    virtual void BeforeLooseWrite() = 0;     // a write outside transactions need not reach the disk at once
 };
 
-// By the form of the source: a file path gives the embedded store; anything else raises ado::error::BadArgument.
+// By the form of the source: a file path gives the embedded store; anything else raises
+// ado::error::BadArgument.
 std::unique_ptr<Engine> EngineFor(const std::string& source);
 
 }  // namespace ado

@@ -14,24 +14,27 @@ namespace ado {
 
 class Recordset;
 
-// One field of the record on which its record set stands. Cheap to make and to copy; valid as long as the record set.
+// One field of the record on which its record set stands. Cheap to make and to copy; valid as long as the
+// record set.
 class Field {
   public:
     Field(Recordset& owner, std::size_t index) : owner_(&owner), index_(index) {}
 
     std::string Name() const;
-    int Type() const;                            // adInteger, adDouble, adBoolean, adVarWChar, ...
-    basic::Value Value() const;                  // raises NoCurrentRecord; a pending edit shows
-    void SetValue(const basic::Value& value);    // edits the current or the added record; raises NotUpdatable, BadValue
+    int Type() const;            // adInteger, adDouble, adBoolean, adVarWChar, ...
+    basic::Value Value() const;  // raises NoCurrentRecord; a pending edit shows
+    void SetValue(
+        const basic::Value& value);  // edits the current or the added record; raises NotUpdatable, BadValue
 
   private:
     Recordset* owner_;
     std::size_t index_;
 };
 
-// The rows of one select: a snapshot that is read whole, so no statement stays open behind it and writing, committing or
-// rolling back while it stands is safe. A record set over one table with a lock type other than adLockReadOnly can be
-// edited: a move, Update or AddNew stores a pending edit into exactly the row it stands on.
+// The rows of one select: a snapshot that is read whole, so no statement stays open behind it and writing,
+// committing or rolling back while it stands is safe. A record set over one table with a lock type other than
+// adLockReadOnly can be edited: a move, Update or AddNew stores a pending edit into exactly the row it stands
+// on.
 class Recordset : public std::enable_shared_from_this<Recordset> {
   public:
     Recordset();
@@ -39,10 +42,10 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    // Opens a select, or a table by its bare name. With no source the last one is used. CursorLocation 3 makes
-    // CursorType read 3. Raises ObjectOpen, and what the statement raises.
-    void Open(std::string_view source = {}, ConnectionPtr connection = nullptr, int cursorType = adUnspecified,
-              int lockType = adUnspecified, int options = adUnspecified);
+    // Opens a select, or a table by its bare name. With no source the last one is used. CursorLocation 3
+    // makes CursorType read 3. Raises ObjectOpen, and what the statement raises.
+    void Open(std::string_view source = {}, ConnectionPtr connection = nullptr,
+              int cursorType = adUnspecified, int lockType = adUnspecified, int options = adUnspecified);
     void Requery();  // runs the source again, keeps Filter, stands on the first row
     void Close();    // drops a pending edit; raises ObjectClosed
 
@@ -58,29 +61,32 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     bool Eof() const;
     bool Bof() const;
     std::int64_t RecordCount() const;  // rows that pass Filter
-    void MoveFirst();                  // these four store a pending edit; raise NoCurrentRecord where there is none
+    void MoveFirst();  // these four store a pending edit; raise NoCurrentRecord where there is none
     void MoveNext();
     void MovePrevious();
     void MoveLast();
     std::int64_t AbsolutePosition() const;  // from 1; -2 at BOF, -3 at EOF
     void SetAbsolutePosition(std::int64_t position);
 
-    // "" shows all rows; a condition of the form "Field = 12 [And ...]" with =, <>, <, >, <=, >= and a number or a quoted text hides
-    // the others; stands on the first that is left. Raises BadArgument for any other form.
+    // "" shows all rows; a condition of the form "Field = 12 [And ...]" with =, <>, <, >, <=, >= and a number
+    // or a quoted text hides the others; stands on the first that is left. Raises BadArgument for any other
+    // form.
     const std::string& Filter() const;
     void SetFilter(std::string_view condition);
-    // Goes forward from the current row, skipping `skip` rows, to the first that meets the one comparison, else to EOF.
-    // Raises NoCurrentRecord at EOF, BadArgument for any other form or direction.
+    // Goes forward from the current row, skipping `skip` rows, to the first that meets the one comparison,
+    // else to EOF. Raises NoCurrentRecord at EOF, BadArgument for any other form or direction.
     void Find(std::string_view criteria, std::int64_t skip = 0, int direction = adSearchForward);
 
     std::size_t FieldCount() const;
-    Field Fields(std::size_t index);        // from 0; raises ItemNotFound
-    Field Fields(std::string_view name);    // a bare name finds the first of that name, "Table.Field" that very one
+    Field Fields(std::size_t index);  // from 0; raises ItemNotFound
+    Field Fields(
+        std::string_view name);  // a bare name finds the first of that name, "Table.Field" that very one
     basic::Value operator[](std::string_view name) { return Fields(name).Value(); }
     // The value of a row that passes Filter, 0 the first, without moving: lists draw from it.
     basic::Value ValueAt(std::int64_t row, std::size_t field) const;
 
-    void AddNew();  // starts a record; only the fields that are set are written, the others take their defaults
+    void
+    AddNew();  // starts a record; only the fields that are set are written, the others take their defaults
     void Update();  // stores the pending edit or the added record; raises NotUpdatable, BadValue
     void CancelUpdate();
 

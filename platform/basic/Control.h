@@ -6,12 +6,13 @@
 
 namespace basic {
 
-// What routines below the screens may ask of a control, whatever toolkit draws it. The calls that a control's kind does not
-// know raise 438 "Object doesn't support this property or method".
+// What routines below the screens may ask of a control, whatever toolkit draws it. The calls that a control's
+// kind does not know raise 438 "Object doesn't support this property or method".
 class Control {
   public:
     virtual ~Control() = default;
-    virtual std::string TypeName() const = 0;  // "TextBox", "CheckBox", "ComboBox", "RichTextBox", "CommandButton", ...
+    virtual std::string TypeName()
+        const = 0;  // "TextBox", "CheckBox", "ComboBox", "RichTextBox", "CommandButton", ...
     virtual std::string Name() const = 0;
     virtual void SetText(const std::string& text);
     virtual void SetValue(int value);

@@ -18,8 +18,8 @@ struct Date {
     friend auto operator<=>(const Date&, const Date&) = default;
 };
 
-// A value as fields, arguments and formats carry it: Null, boolean, 16- and 32-bit integer, double, date or text
-// (UTF-8). Equality is exact: same kind, same content.
+// A value as fields, arguments and formats carry it: Null, boolean, 16- and 32-bit integer, double, date or
+// text (UTF-8). Equality is exact: same kind, same content.
 class Value {
   public:
     Value() = default;  // Null
@@ -53,15 +53,17 @@ class Value {
     std::variant<Null, bool, std::int16_t, std::int32_t, double, Date, std::string> held_;
 };
 
-// Conversions. Each raises 94 "Invalid use of Null" for Null and 13 "Type mismatch" for a text that is no number.
-std::string ToText(const Value& value);        // "1500", "1500.5", "True", dates as dd/MM/yyyy (with the time if any)
-double ToDouble(const Value& value);           // texts by the whole reading that knows grouped numbers; True is -1
-std::int32_t ToLong(const Value& value);       // rounds half to even; raises 6 "Overflow" beyond 32 bits
-std::int16_t ToInteger(const Value& value);    // the same in 16 bits
-bool ToBoolean(const Value& value);            // any number but 0 is True; "True" and "False" are read
-Date ToDate(const Value& value);               // numbers are serials; texts as IsDate takes them
+// Conversions. Each raises 94 "Invalid use of Null" for Null and 13 "Type mismatch" for a text that is no
+// number.
+std::string ToText(
+    const Value& value);              // "1500", "1500.5", "True", dates as dd/MM/yyyy (with the time if any)
+double ToDouble(const Value& value);  // texts by the whole reading that knows grouped numbers; True is -1
+std::int32_t ToLong(const Value& value);     // rounds half to even; raises 6 "Overflow" beyond 32 bits
+std::int16_t ToInteger(const Value& value);  // the same in 16 bits
+bool ToBoolean(const Value& value);          // any number but 0 is True; "True" and "False" are read
+Date ToDate(const Value& value);             // numbers are serials; texts as IsDate takes them
 
-std::string TextOrEmpty(const Value& value);   // ToText, but Null joined to a text reads ""
-double NumberOrZero(const Value& value);       // ToDouble, but Null reads 0
+std::string TextOrEmpty(const Value& value);  // ToText, but Null joined to a text reads ""
+double NumberOrZero(const Value& value);      // ToDouble, but Null reads 0
 
 }  // namespace basic

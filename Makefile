@@ -1,0 +1,45 @@
+# The front door. Each goal installs the packages it misses, builds what it needs and runs.
+.PHONY: run test build bench format format-check asan fuzz clean
+
+BOOKS ?= books
+
+run: build
+	@tools/run $(BOOKS)
+
+test: build
+	ctest --preset dev
+
+build: deps
+	@cmake --preset dev > build.log 2>&1 || { cat build.log; rm -f build.log; exit 1; }; rm -f build.log
+	cmake --build --preset dev
+
+bench: deps
+	cmake --preset release
+	cmake --build --preset release
+	tools/bench
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+format-check: deps-ci
+	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+
+# The tests of platform and core under the address and undefined-behaviour sanitizers.
+asan: deps
+	cmake --preset asan
+	cmake --build --preset asan
+	ctest --preset asan
+
+# Every fuzzer for FUZZ_SECONDS each.
+FUZZ_SECONDS ?= 30
+fuzz: deps-ci
+	tools/fuzz $(FUZZ_SECONDS)
+
+clean:
+	rm -rf build build-asan build-release build-fuzz
+
+.PHONY: deps deps-ci
+deps:
+	@tools/install-deps
+deps-ci:
+	@tools/install-deps ci

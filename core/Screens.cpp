@@ -1,0 +1,64 @@
+#include "core/Screens.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include <dlfcn.h>
+
+#include "core/modGeneral.h"
+
+namespace qm {
+namespace {
+
+constexpr std::int32_t CannotLoad = 48;  // "Error in loading DLL", the classic number
+
+std::string ScreensPath() {
+    Dl_info self{};
+    if (dladdr(reinterpret_cast<const void*>(&LoadScreens), &self) == 0 || self.dli_fname == nullptr)
+        return {};
+    return (std::filesystem::absolute(self.dli_fname).parent_path() / "libqmscreens.so").string();
+}
+
+// Kept loaded to the end of the process: the toolkit does not survive being unloaded.
+void* Library() {
+    static void* const library = dlopen(ScreensPath().c_str(), RTLD_NOW | RTLD_LOCAL);
+    return library;
+}
+
+template <class Routine>
+Routine* Find(const char* name) {
+    return Library() == nullptr ? nullptr : reinterpret_cast<Routine*>(dlsym(Library(), name));
+}
+
+bool Named(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+bool DisplayIsThere() {
+    return Named("DISPLAY") || Named("WAYLAND_DISPLAY");
+}
+
+bool LoadScreens() {
+    auto* attach = Find<void()>("qmAttachScreens");
+    if (attach == nullptr) return false;
+    attach();
+    return true;
+}
+
+void ShowMainMenu() {
+    auto* show = Find<void()>("qmShowMainMenu");
+    if (show == nullptr)
+        throw basic::Error(
+            CannotLoad,
+            "The screens cannot be loaded: libqmscreens.so is missing beside libqmcls.so, or a "
+            "package that it needs is not installed",
+            "core.Screens");
+    if (!LoadScreens()) return;
+    show();
+}
+
+}  // namespace qm

@@ -1,0 +1,91 @@
+#include "core/clQm.h"
+
+#include "core/DBCode.h"
+#include "core/GeneralUtils.h"
+#include "core/Screens.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Error.h"
+#include "platform/basic/Text.h"
+
+namespace qm {
+namespace {
+
+// Every list call hands the host an open record set, which the host closes. No order is asked for.
+ado::RecordsetPtr OpenList(const std::string& sql) {
+    auto rows = std::make_shared<ado::Recordset>();
+    rows->Open(sql, shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
+    return rows;
+}
+
+}  // namespace
+
+clQm::~clQm() {
+    if (shared().Connection && shared().Connection->State() == ado::adStateOpen) shared().Connection->Close();
+    shared().Connection.reset();
+}
+
+void clQm::QmMainMenu() {
+    ShowMainMenu();
+}
+
+const std::string& clQm::dataPath() const {
+    return shared().DataPath;
+}
+
+void clQm::dataPath(const std::string& folder) {
+    shared().DataPath = folder;
+    if (!basic::Trim(folder).empty()) OpenConnection(BooksFile);
+}
+
+void clQm::StartDataConn() {
+    OpenConnection(BooksFile);
+    LoadCurrentYear();
+}
+
+bool clQm::FinYearValidate(basic::Date dt, std::int16_t Year) {
+    return IsDateInFinYear(dt, Year);
+}
+
+// The condition is the host's own piece of SQL, appended as it stands.
+ado::RecordsetPtr clQm::Ledgers(const std::string& sGrp) {
+    if (basic::Trim(sGrp).empty()) return OpenList("Select Ledger_Id, Name From Ledger_Master");
+    return OpenList(
+        "Select Ledger_Master.Ledger_Id, Name From  Ledger_Master, Ledger_Details Where  "
+        "(Ledger_Master.Ledger_Id = "
+        "Ledger_Details.Ledger_Id  And Fnncl_Yr = " +
+        shared().FinYear + ") And " + sGrp);
+}
+
+// Only this list and Ledgers with a condition leave out ledgers without a row in the year; none tests
+// Deleted.
+ado::RecordsetPtr clQm::GetSuppliers() {
+    return OpenList(
+        "Select Ledger_Master.Ledger_Id, Name, Ledger_Master.Deleted From  Ledger_Master, Ledger_Details "
+        "Where "
+        "Ledger_Master.Ledger_Id =  Ledger_Details.Ledger_Id And Fnncl_Yr = " +
+        shared().FinYear +
+        " And (Ledger_Master.PrimaryGrp =  'Suppliers' Or Ledger_Master.PrimaryGrp = 'Debtors')");
+}
+
+ado::RecordsetPtr clQm::GetPurchaseLedgers() {
+    return OpenList("Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp = 'Purchase'");
+}
+
+ado::RecordsetPtr clQm::GetDebitLedgers() {
+    return OpenList(
+        "Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp In ('Cash In Hand', 'Bank', "
+        "'Income(Direct)') ");
+}
+
+ado::RecordsetPtr clQm::GetCreditLedgers() {
+    return OpenList("Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp = 'Sales' ");
+}
+
+basic::Value clQm::GetVchrNoFromTxnNo(std::int32_t lTxnNo) {
+    const auto numbers = FetchFirstColumn("Select ledgerVchrNo from " + YearTable("tb_Ledger") +
+                                          " Where ledgerTrnNo = " + std::to_string(lTxnNo));
+    if (numbers.empty()) basic::Raise(basic::error::Subscript, "clQm");
+    return numbers.front();
+}
+
+}  // namespace qm

@@ -1,0 +1,199 @@
+// The voucher calls of the class: one row, one transaction each, with no check that the sides balance.
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/clQm.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+
+namespace qm {
+namespace {
+
+const char* const FormName = "Class-ClQm";
+
+// The failure step of all voucher calls. A failed count comes with number 0 and an empty description.
+bool FailVoucher(const basic::Error& error) {
+    RollbackOpen();
+    LogError(FormName, error);
+    return false;
+}
+
+std::string OfVoucher(std::int32_t lTrnID) {
+    return " From " + YearTable("tb_Ledger") + " Where LedgerTrnNo = " + basic::NumberText(lTrnID);
+}
+
+std::string OfLedger(const std::string& ledgerCode) {
+    return " Where Ledger_ID = " + ledgerCode + " And Fnncl_Yr = " + shared().FinYear;
+}
+
+// Any other letter appends nothing, which leaves the insert a value short, so it fails.
+std::string TypeWord(const std::string& category) {
+    const std::string letter = basic::UCase(category);
+    if (letter == "J") return "\"Journal\", ";
+    if (letter == "P") return "\"Payment\", ";
+    if (letter == "R") return "\"Receipt\", ";
+    if (letter == "C") return "\"Contra\", ";
+    return "";
+}
+
+// Debit positive: opening (negative for "C") plus debit total less credit total; 0 without a row for the
+// year.
+double BalanceOf(const std::string& ledgerCode) {
+    double balance = 0;
+    ado::Recordset rows;
+    rows.Open("Select Bal_Type, Opening_Bal, LedDetDRTxnTot, LedDetCRTxnTot From Ledger_Details" +
+                  OfLedger(ledgerCode),
+              shared().Connection);
+    if (!rows.Eof() && !rows.Bof()) {
+        const std::string side = basic::TextOrEmpty(rows["Bal_Type"]);
+        double opening = 0;
+        if (side == "C") opening = basic::ToDouble(rows["Opening_Bal"]) * -1;
+        if (side == "D") opening = basic::ToDouble(rows["Opening_Bal"]);
+        balance = basic::NumberOrZero(rows["LedDetDRTxnTot"]) - basic::NumberOrZero(rows["LedDetCRTxnTot"]) +
+                  opening;
+    }
+    rows.Close();
+    return balance;
+}
+
+// "1500Dr", "250Cr"; 0 reads "0Dr".
+std::string BalanceText(double balance) {
+    return balance < 0 ? basic::NumberText(-balance) + "Cr" : basic::NumberText(balance) + "Dr";
+}
+
+void ExecuteCounted(const std::string& sql) {
+    std::int64_t count = 0;
+    Conn().Execute(sql, &count);
+    RequireRecords(count);
+}
+
+bool IsNullOrZero(const basic::Value& amount) {
+    return amount.IsNull() || basic::ToDouble(amount) == 0;
+}
+
+// Takes a row's amounts out of its ledger's totals of the current year. A Null amount leaves a gap, and the
+// statement fails.
+void ReverseTotals(ado::Recordset& row) {
+    ExecuteCounted(
+        "Update Ledger_Details Set LedDetDRTxnTot = IIf(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) - " +
+        basic::TextOrEmpty(row["LedgerDrAmt"]) +
+        ", LedDetCRTxnTot = IIf(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) - " +
+        basic::TextOrEmpty(row["LedgerCrAmt"]) + OfLedger(basic::TextOrEmpty(row["LedgerCode"])));
+}
+
+// A row of the voucher, written again on its own side. The result of InsertVoucher is not looked at; a row
+// with both amounts is not written again: both kept.
+void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt, ado::Recordset& row) {
+    const char* side = nullptr;
+    if (IsNullOrZero(row["LedgerDrAmt"]))
+        side = "C";
+    else if (IsNullOrZero(row["LedgerCrAmt"]))
+        side = "D";
+    if (side == nullptr) return;
+    host.InsertVoucher(lTrnID, dtTrnDT, basic::Left(basic::ToText(row["LedgerTrnType"]), 1), side,
+                       basic::ToText(row["LedgerNarration"]), dAmt, basic::ToLong(row["LedgerCode"]),
+                       basic::ToText(row["LedgerName"]));
+}
+
+}  // namespace
+
+std::int32_t clQm::GetNextTrnID() {
+    LoadCurrentYear();
+    ado::Recordset rows;
+    rows.Open("Select Max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"), shared().Connection);
+    const double next = basic::NumberOrZero(rows["High"]) + 1;
+    rows.Close();
+    return basic::ToLong(next);
+}
+
+basic::Value clQm::VchrTrnNo() {
+    ado::Recordset rows;
+    rows.Open("Select Max(ledgerTrnNo) as high from " + YearTable("tb_ledger"), shared().Connection);
+    return basic::ToLong(basic::NumberOrZero(rows.Fields(0).Value()) + 1);
+}
+
+bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::string& sTrnCate,
+                         const std::string& sTrnType, const std::string& sTrnNarration, double dAmt,
+                         std::int32_t lLedCode, const std::string& sLedName) {
+    try {
+        const std::string ledgerCode = basic::NumberText(lLedCode), amount = basic::NumberText(dAmt);
+        const std::string side = basic::UCase(sTrnType);
+        std::string insert =
+            "Insert Into " + YearTable("tb_Ledger") +
+            " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, LedgerTrnType, "
+            "LedgerDrAmt, LedgerCrAmt, LedgerLedBal, LedgerMcGenerated) Values (" +
+            basic::NumberText(lTrnID) + ", " + ledgerCode + ", \"" + sLedName + "\", " +
+            basic::NumberText(dtTrnDT) + ", \"" + sTrnNarration + "\", " + TypeWord(sTrnCate);
+        std::string update = "Update Ledger_Details Set ";
+        if (side == "D") {
+            insert += amount + ", 0";
+            update += "LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) + " + amount;
+        } else if (side == "C") {
+            insert += "0, " + amount;
+            update += "LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + " + amount;
+        }
+        // The balance before this posting.
+        insert += ", \"" + BalanceText(BalanceOf(ledgerCode)) + "\", True)";
+        update += OfLedger(ledgerCode);
+        Conn().BeginTrans();
+        ExecuteCounted(update);
+        ExecuteCounted(insert);
+        Conn().CommitTrans();
+        return true;
+    } catch (const basic::Error& error) {
+        return FailVoucher(error);
+    }
+}
+
+bool clQm::UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt) {
+    if (lTrnID == 0) return false;
+    try {
+        LoadCurrentYear();
+        ado::Recordset rows;  // a client-side copy: it survives the delete
+        rows.SetCursorLocation(ado::adUseClient);
+        rows.Open("Select LedgerCode, LedgerNarration, LedgerTrnType, LedgerName, LedgerCrAmt, LedgerDrAmt" +
+                      OfVoucher(lTrnID),
+                  shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+        // The delete is committed before the rows are written again, and a failure there leaves the voucher
+        // partly rewritten: the order is kept.
+        Conn().BeginTrans();
+        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        Conn().CommitTrans();
+        for (; !rows.Eof(); rows.MoveNext()) {
+            Conn().BeginTrans();
+            ReverseTotals(rows);
+            WriteAgain(*this, lTrnID, dtTrnDT, dAmt, rows);
+            Conn().CommitTrans();
+        }
+        rows.Close();
+        return true;
+    } catch (const basic::Error& error) {
+        return FailVoucher(error);
+    }
+}
+
+bool clQm::DeleteVoucher(std::int32_t lTrnID) {
+    if (lTrnID == 0) return false;
+    try {
+        LoadCurrentYear();
+        ado::Recordset rows;
+        rows.Open("Select LedgerCode, LedgerCrAmt, LedgerDrAmt" + OfVoucher(lTrnID), shared().Connection,
+                  ado::adOpenForwardOnly, ado::adLockReadOnly);
+        if (rows.Eof()) return true;  // a voucher that is not there is as good as deleted
+        for (; !rows.Eof(); rows.MoveNext()) {
+            Conn().BeginTrans();
+            ReverseTotals(rows);
+            Conn().CommitTrans();
+        }
+        // Later vouchers keep their numbers: the gap stays.
+        Conn().BeginTrans();
+        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        Conn().CommitTrans();
+        rows.Close();
+        return true;
+    } catch (const basic::Error& error) {
+        return FailVoucher(error);
+    }
+}
+
+}  // namespace qm
