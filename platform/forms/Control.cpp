@@ -62,4 +62,8 @@ QColor ToColor(unsigned colour) {
     return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF), static_cast<int>(colour >> 16 & 0xFF));
 }
 
+unsigned FromColor(const QColor& colour) {
+    return static_cast<unsigned>(colour.red() | colour.green() << 8 | colour.blue() << 16);
+}
+
 }  // namespace forms

@@ -62,8 +62,9 @@ class Control : public basic::Control {
 int PixelsFromTwips(int twips, const QWidget* widget);
 int TwipsFromPixels(int pixels, const QWidget* widget);
 
-// A colour of the system (0xBBGGRR, or 0x8000000D for the highlight colour) as the toolkit's.
+// A colour of the system (0xBBGGRR, or 0x8000000D for the highlight colour) as the toolkit names it, and back.
 QColor ToColor(unsigned colour);
+unsigned FromColor(const QColor& colour);
 
 inline constexpr unsigned vbRed = 255;
 inline constexpr unsigned vbWhite = 0xFFFFFF;
