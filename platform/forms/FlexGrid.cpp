@@ -111,8 +111,12 @@ void FlexGrid::SetColAlignment(int col, Alignment alignment) {
     CellsChanged();
 }
 
-void FlexGrid::SetRow(int row) { Select(row, col_); }
-void FlexGrid::SetCol(int col) { Select(row_, col); }
+void FlexGrid::SetRow(int row) {
+    Select(row, col_);
+}
+void FlexGrid::SetCol(int col) {
+    Select(row_, col);
+}
 
 void FlexGrid::Select(int row, int col) {
     model_.Text(row, col);  // raises where there is no such cell
@@ -138,10 +142,18 @@ bool FlexGrid::MoveTo(int row, int col) {
     return true;
 }
 
-int FlexGrid::CellLeft() const { return TwipsFromPixels(CellRect(row_, col_).left(), this); }
-int FlexGrid::CellTop() const { return TwipsFromPixels(CellRect(row_, col_).top(), this); }
-int FlexGrid::CellWidth() const { return TwipsFromPixels(CellRect(row_, col_).width(), this); }
-int FlexGrid::CellHeight() const { return TwipsFromPixels(CellRect(row_, col_).height(), this); }
+int FlexGrid::CellLeft() const {
+    return TwipsFromPixels(CellRect(row_, col_).left(), this);
+}
+int FlexGrid::CellTop() const {
+    return TwipsFromPixels(CellRect(row_, col_).top(), this);
+}
+int FlexGrid::CellWidth() const {
+    return TwipsFromPixels(CellRect(row_, col_).width(), this);
+}
+int FlexGrid::CellHeight() const {
+    return TwipsFromPixels(CellRect(row_, col_).height(), this);
+}
 
 void FlexGrid::SetMousePointer(int pointer) {
     viewport()->setCursor(pointer == vbHand ? Qt::PointingHandCursor : Qt::ArrowCursor);
@@ -206,7 +218,9 @@ CellShown FlexGrid::Shown(int row, int col) const {
     shown.Bold = extra.Bold || shown.Header;
     shown.Italic = extra.Italic;
     shown.Picture = extra.Picture;
-    shown.Align = extra.Align != Alignment::General ? extra.Align : shown.Header ? Alignment::Center : column.Align;
+    shown.Align = extra.Align != Alignment::General ? extra.Align
+                  : shown.Header                    ? Alignment::Center
+                                                    : column.Align;
     if (shown.Align == Alignment::General) {
         const bool figures = !column.Format.empty() || basic::IsNumeric(model_.Text(row, col));
         shown.Align = figures ? Alignment::Right : Alignment::Left;

@@ -11,8 +11,9 @@ namespace forms {
 
 inline constexpr int vbHand = 99;  // the mouse pointer over what can be clicked
 
-// What the two grids share: rows and columns of texts, a current cell, and the events of keys, mouse and moves. Rows and
-// columns count from 0, fixed rows included. Widths and heights are in twips. A row or column that is not there raises 9.
+// What the two grids share: rows and columns of texts, a current cell, and the events of keys, mouse and
+// moves. Rows and columns count from 0, fixed rows included. Widths and heights are in twips. A row or column
+// that is not there raises 9.
 class FlexGrid : public GridView, public Control {
   public:
     // Size and contents
@@ -25,7 +26,8 @@ class FlexGrid : public GridView, public Control {
     const std::string& TextMatrix(int row, int col) const { return model_.Text(row, col); }
     void SetTextMatrix(int row, int col, std::string text);
     double ValueMatrix(int row, int col) const { return model_.Value(row, col); }  // blank is 0
-    void AddItem(const std::string& text, int index = -1);  // cells parted by tabs; before row `index`, -1: at the end
+    void AddItem(const std::string& text,
+                 int index = -1);  // cells parted by tabs; before row `index`, -1: at the end
     void RemoveItem(int row);
 
     // Rows and columns
@@ -39,7 +41,8 @@ class FlexGrid : public GridView, public Control {
     void SetColHidden(int col, bool hidden);
     void SetColAlignment(int col, Alignment alignment);
 
-    // The current cell. Moving it by code fires the move events like a user's move, and a cancelled move does not happen.
+    // The current cell. Moving it by code fires the move events like a user's move, and a cancelled move does
+    // not happen.
     int Row() const { return row_; }
     int Col() const { return col_; }
     void SetRow(int row);
@@ -61,9 +64,9 @@ class FlexGrid : public GridView, public Control {
     void SetContainer(FlexGrid& grid);
 
     Event<> Click, DblClick;
-    Event<int&, int> KeyDown;              // code, shift; code 0 drops the key
-    Event<int&> KeyPress;                  // character; 0 drops the key
-    Event<int, int, int, int> MouseDown;   // button (1 left, 2 right), shift, x and y in twips
+    Event<int&, int> KeyDown;             // code, shift; code 0 drops the key
+    Event<int&> KeyPress;                 // character; 0 drops the key
+    Event<int, int, int, int> MouseDown;  // button (1 left, 2 right), shift, x and y in twips
     Event<int, int, int, int> MouseMove;
     Event<int, int, int, int> MouseUp;
     Event<int, int, int, int, bool&> BeforeRowColChange;  // old row and column, new row and column, Cancel
@@ -74,13 +77,16 @@ class FlexGrid : public GridView, public Control {
 
     GridModel& Model() { return model_; }
     const GridModel& Model() const { return model_; }
-    bool MoveTo(int row, int col);        // with the events; False if refused
-    bool StepCol(int step);               // along the row, then to the next or last row; False: there is no such cell
+    bool MoveTo(int row, int col);  // with the events; False if refused
+    bool StepCol(int step);  // along the row, then to the next or last row; False: there is no such cell
     virtual int FirstRow() const { return 0; }  // the current row is never above it when rows come and go
-    virtual bool LeaveCell() { return true; }   // completes what is open on the current cell; False: it stays open
-    virtual void CellsRemoved() {}              // drops what is open on the current cell
+    virtual bool LeaveCell() {
+        return true;
+    }                               // completes what is open on the current cell; False: it stays open
+    virtual void CellsRemoved() {}  // drops what is open on the current cell
     virtual void KeyDefault(QKeyEvent& event, int keyAscii);  // what a key does when no handler dropped it
-    virtual void CellPressed(const QPoint& place, bool wasCurrent);  // after MouseUp and Click, on a cell below the heading
+    virtual void CellPressed(const QPoint& place,
+                             bool wasCurrent);  // after MouseUp and Click, on a cell below the heading
     virtual void HeadingClicked(int) {}
     virtual void Selected() {}  // a move has set the current cell
 
@@ -106,8 +112,8 @@ class FlexGrid : public GridView, public Control {
     int row_ = 0;
     int col_ = 0;
     QPoint mouse_{-1, -1};
-    bool pressed_ = false;             // the press was on this grid and not refused
-    bool doubled_ = false;             // it was the second of a double click
+    bool pressed_ = false;                // the press was on this grid and not refused
+    bool doubled_ = false;                // it was the second of a double click
     std::pair<int, int> before_{-1, -1};  // the current cell when the mouse was pressed
 };
 

@@ -1,9 +1,8 @@
 // Keys and mouse of the grids.
-#include <algorithm>
-#include <utility>
-
 #include <QKeyEvent>
 #include <QPointer>
+#include <algorithm>
+#include <utility>
 
 #include "platform/forms/FlexGrid.h"
 #include "platform/forms/grid/GridKeys.h"
@@ -42,10 +41,14 @@ void FlexGrid::KeyDefault(QKeyEvent& event, int) {
     const int firstRow = RowAxis().NextShown(FixedRows(), 1);
     const int lastRow = RowAxis().NextShown(Rows() - 1, -1);
     switch (event.key()) {
-        case Qt::Key_Up: return StepRow(-1);
-        case Qt::Key_Down: return StepRow(1);
-        case Qt::Key_PageUp: return StepRow(-page);
-        case Qt::Key_PageDown: return StepRow(page);
+        case Qt::Key_Up:
+            return StepRow(-1);
+        case Qt::Key_Down:
+            return StepRow(1);
+        case Qt::Key_PageUp:
+            return StepRow(-page);
+        case Qt::Key_PageDown:
+            return StepRow(page);
         case Qt::Key_Left:
         case Qt::Key_Right: {
             const int step = event.key() == Qt::Key_Left ? -1 : 1;
@@ -67,7 +70,8 @@ void FlexGrid::KeyDefault(QKeyEvent& event, int) {
             if (control || !StepCol(forward ? 1 : -1)) GridView::focusNextPrevChild(forward);
             return;
         }
-        default: event.ignore();
+        default:
+            event.ignore();
     }
 }
 
@@ -97,7 +101,8 @@ void FlexGrid::FireMouse(const Event<int, int, int, int>& event, const QMouseEve
     mouse_ = mouse.position().toPoint();
     const Qt::MouseButtons held = mouse.buttons() | mouse.button();
     const int button = held & Qt::LeftButton ? 1 : held & Qt::RightButton ? 2 : 0;
-    event.Fire(button, ShiftOf(mouse.modifiers()), TwipsFromPixels(mouse_.x(), this), TwipsFromPixels(mouse_.y(), this));
+    event.Fire(button, ShiftOf(mouse.modifiers()), TwipsFromPixels(mouse_.x(), this),
+               TwipsFromPixels(mouse_.y(), this));
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
@@ -113,7 +118,9 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
     if (row >= FixedRows() && col >= 0) MoveTo(row, col);
 }
 
-void FlexGrid::mouseMoveEvent(QMouseEvent* event) { FireMouse(MouseMove, *event); }
+void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
+    FireMouse(MouseMove, *event);
+}
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
     if (!pressed_) return;

@@ -5,7 +5,9 @@
 
 namespace forms {
 
-void ImageList::Add(const std::string& key, const std::string& image) { icons_.insert(ToQt(key), QIcon(ToQt(image))); }
+void ImageList::Add(const std::string& key, const std::string& image) {
+    icons_.insert(ToQt(key), QIcon(ToQt(image)));
+}
 
 QIcon ImageList::Icon(const std::string& key) const {
     const auto found = icons_.find(ToQt(key));

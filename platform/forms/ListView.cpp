@@ -1,10 +1,9 @@
 #include "platform/forms/ListView.h"
 
-#include <algorithm>
-#include <utility>
-
 #include <QKeyEvent>
 #include <QPointer>
+#include <algorithm>
+#include <utility>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/Text.h"
@@ -53,7 +52,9 @@ const ListView::Column& ListView::At(int column) const {
     return columns_[static_cast<std::size_t>(column - 1)];
 }
 
-ListView::Column& ListView::At(int column) { return const_cast<Column&>(std::as_const(*this).At(column)); }
+ListView::Column& ListView::At(int column) {
+    return const_cast<Column&>(std::as_const(*this).At(column));
+}
 
 void ListView::SetColumnText(int column, std::string caption) {
     At(column).Caption = std::move(caption);
@@ -120,7 +121,8 @@ void ListView::Resort() {
     CellsChanged();
 }
 
-// Sorting waits until the list is looked at: a header click sets up to three properties. The selected line stays selected.
+// Sorting waits until the list is looked at: a header click sets up to three properties. The selected line
+// stays selected.
 void ListView::BringUpToDate() const {
     if (!orderStale_) return;
     orderStale_ = false;
@@ -140,7 +142,8 @@ ListLine ListView::Item(int index) const {
     if (index < 1 || index > Count()) basic::Raise(basic::error::Subscript, "forms.ListView");
     const int row = RowShownAt(index - 1);
     ListLine line{source_->Key(row), source_->Text(row, 0), {}};
-    for (int column = 1; column < ColumnCount(); ++column) line.SubItems.push_back(source_->Text(row, column));
+    for (int column = 1; column < ColumnCount(); ++column)
+        line.SubItems.push_back(source_->Text(row, column));
     return line;
 }
 
@@ -161,7 +164,9 @@ void ListView::SetSelectedIndex(int index) {
     CellsChanged();
 }
 
-void ListView::MeasureRows(GridAxis& rows) const { rows.SetUniform(Count() + 1, RowPixels, 1); }
+void ListView::MeasureRows(GridAxis& rows) const {
+    rows.SetUniform(Count() + 1, RowPixels, 1);
+}
 
 void ListView::MeasureCols(GridAxis& cols) const {
     std::vector<int> sizes;
@@ -194,15 +199,23 @@ void ListView::FireItemClick() {
 void ListView::keyPressEvent(QKeyEvent* event) {
     const int page = std::max(1, viewport()->height() / RowPixels - 2);
     switch (event->key()) {
-        case Qt::Key_Up: return SetSelectedIndex(SelectedIndex() - 1);
-        case Qt::Key_Down: return SetSelectedIndex(SelectedIndex() + 1);
-        case Qt::Key_PageUp: return SetSelectedIndex(SelectedIndex() - page);
-        case Qt::Key_PageDown: return SetSelectedIndex(SelectedIndex() + page);
-        case Qt::Key_Home: return SetSelectedIndex(1);
-        case Qt::Key_End: return SetSelectedIndex(Count());
+        case Qt::Key_Up:
+            return SetSelectedIndex(SelectedIndex() - 1);
+        case Qt::Key_Down:
+            return SetSelectedIndex(SelectedIndex() + 1);
+        case Qt::Key_PageUp:
+            return SetSelectedIndex(SelectedIndex() - page);
+        case Qt::Key_PageDown:
+            return SetSelectedIndex(SelectedIndex() + page);
+        case Qt::Key_Home:
+            return SetSelectedIndex(1);
+        case Qt::Key_End:
+            return SetSelectedIndex(Count());
         case Qt::Key_Return:
-        case Qt::Key_Enter: return FireItemClick();
-        default: GridView::keyPressEvent(event);
+        case Qt::Key_Enter:
+            return FireItemClick();
+        default:
+            GridView::keyPressEvent(event);
     }
 }
 
@@ -220,7 +233,8 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const int row = std::exchange(pressedRow_, -1);
     if (event->button() != Qt::LeftButton || std::exchange(doubled_, false)) return;
     if (row == 0) {
-        if (RowAt(place.y()) == 0 && pressedCol_ >= 0 && ColAt(place.x()) == pressedCol_) ColumnClick.Fire(pressedCol_ + 1);
+        if (RowAt(place.y()) == 0 && pressedCol_ >= 0 && ColAt(place.x()) == pressedCol_)
+            ColumnClick.Fire(pressedCol_ + 1);
         return;
     }
     if (row >= 1 && RowAt(place.y()) == row) FireItemClick();

@@ -17,11 +17,12 @@ struct ListLine {
     std::string Text;                   // the first column
     std::vector<std::string> SubItems;  // the others: SubItems[0] stands in the second column
 
-    const std::string& SubItem(int index) const;  // counted from 1, as the columns after the first; "" where there is none
+    const std::string& SubItem(
+        int index) const;  // counted from 1, as the columns after the first; "" where there is none
 };
 
-// A list with columns and headings, one line of it selected. Lines are added one by one, or drawn from a source without
-// being built: a million lines open at once. After a fill the first line is selected.
+// A list with columns and headings, one line of it selected. Lines are added one by one, or drawn from a
+// source without being built: a million lines open at once. After a fill the first line is selected.
 class ListView : public GridView, public Control {
   public:
     explicit ListView(QWidget* parent = nullptr);
@@ -39,7 +40,8 @@ class ListView : public GridView, public Control {
 
     void Clear();
     void AddItem(std::string key, std::string text, std::vector<std::string> subItems = {});
-    void SetRowSource(std::shared_ptr<RowSource> source);  // instead of added lines; call again when its rows changed
+    void SetRowSource(
+        std::shared_ptr<RowSource> source);  // instead of added lines; call again when its rows changed
     int Count() const { return source_->Count(); }
     ListLine Item(int index) const;  // counted from 1, in the order shown; raises 9
 
@@ -47,7 +49,8 @@ class ListView : public GridView, public Control {
     int SelectedIndex() const;                     // counted from 1, in the order shown; 0: none
     void SetSelectedIndex(int index);
 
-    // Sorts by the texts of one column, ignoring case. Turned off, the lines stay as they stand until the next fill.
+    // Sorts by the texts of one column, ignoring case. Turned off, the lines stay as they stand until the
+    // next fill.
     bool Sorted() const { return sorted_; }
     void SetSorted(bool sorted);
     int SortKey() const { return sortKey_; }  // 0: the first column

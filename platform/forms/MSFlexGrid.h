@@ -15,7 +15,7 @@ class MSFlexGrid : public FlexGrid {
 
     const std::string& TextArray(int index) const;  // cells counted row by row: row * Cols + column; raises 9
     const basic::Value& ColData(int col) const { return Model().Column(col).Data; }
-    void SetColData(int col, basic::Value data) { Model().Column(col).Data = std::move(data); }
+    void SetColData(int col, basic::Value value) { Model().Column(col).Data = std::move(value); }
     void Clear();  // texts and looks of all cells; rows and columns stay
 
     int RowSel() const { return rowSel_; }  // both follow the current cell when that moves

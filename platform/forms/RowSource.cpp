@@ -9,7 +9,8 @@ namespace forms {
 
 namespace {
 
-// A row with the first bytes of its folded text, which decide most comparisons without touching the text itself.
+// A row with the first bytes of its folded text, which decide most comparisons without touching the text
+// itself.
 struct Keyed {
     std::uint64_t head;
     std::uint64_t place;  // of the text in the one long string that holds them all
@@ -19,7 +20,8 @@ struct Keyed {
 
 std::uint64_t Head(std::string_view text) {
     std::uint64_t head = 0;
-    for (std::size_t i = 0; i < sizeof head; ++i) head = head << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    for (std::size_t i = 0; i < sizeof head; ++i)
+        head = head << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
     return head;
 }
 

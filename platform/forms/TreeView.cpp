@@ -10,10 +10,16 @@
 
 namespace forms {
 
-std::string Node::Text() const { return FromQt(text(0)); }
-void Node::SetText(const std::string& text) { setText(0, ToQt(text)); }
+std::string Node::Text() const {
+    return FromQt(text(0));
+}
+void Node::SetText(const std::string& text) {
+    setText(0, ToQt(text));
+}
 
-std::string Node::FullPath() const { return Parent() ? Parent()->FullPath() + '\\' + Text() : Text(); }
+std::string Node::FullPath() const {
+    return Parent() ? Parent()->FullPath() + '\\' + Text() : Text();
+}
 
 void Node::SetSelected(bool selected) {
     if (selected)
@@ -35,10 +41,12 @@ TreeView::TreeView(QWidget* parent)
     setAutoScroll(true);
 }
 
-Node& TreeView::Add(const std::string& relative, int relationship, const std::string& key, const std::string& text,
-                    const std::string& image) {
-    if (!key.empty() && nodes_.contains(key)) throw basic::Error(KeyNotUnique, "Key is not unique in collection", "forms.TreeView");
-    if (!relative.empty() && relationship != tvwChild) basic::Raise(basic::error::InvalidCall, "forms.TreeView");
+Node& TreeView::Add(const std::string& relative, int relationship, const std::string& key,
+                    const std::string& text, const std::string& image) {
+    if (!key.empty() && nodes_.contains(key))
+        throw basic::Error(KeyNotUnique, "Key is not unique in collection", "forms.TreeView");
+    if (!relative.empty() && relationship != tvwChild)
+        basic::Raise(basic::error::InvalidCall, "forms.TreeView");
     QTreeWidgetItem* const above = relative.empty() ? invisibleRootItem() : &Item(relative);
     const QIcon icon = image.empty() || !images_ ? QIcon() : images_->Icon(image);
     auto* const node = new Node(key);

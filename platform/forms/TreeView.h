@@ -1,10 +1,9 @@
 #pragma once
 
+#include <QTreeWidget>
 #include <optional>
 #include <string>
 #include <unordered_map>
-
-#include <QTreeWidget>
 
 #include "platform/basic/Error.h"
 #include "platform/basic/Value.h"
@@ -46,8 +45,9 @@ class TreeView : public QTreeWidget, public Control {
 
     std::string TypeName() const override { return "TreeView"; }
 
-    // Adds a node: below `relative` with the relationship tvwChild, as a root if `relative` is empty. Raises 35601 where
-    // there is no such relative or image, 35602 for a key that is there already. A node without a key has "".
+    // Adds a node: below `relative` with the relationship tvwChild, as a root if `relative` is empty. Raises
+    // 35601 where there is no such relative or image, 35602 for a key that is there already. A node without a
+    // key has "".
     Node& Add(const std::string& relative, int relationship, const std::string& key, const std::string& text,
               const std::string& image = {});
     Node& Item(const std::string& key) const;  // raises 35601
@@ -63,7 +63,8 @@ class TreeView : public QTreeWidget, public Control {
 
     Event<Node&> NodeClick;  // the user chose a node, by the mouse or by the arrow keys
     Event<> Click;           // after it; also where there is no node
-    Event<bool&, const std::string&> AfterLabelEdit;  // Cancel, new text; also if the text is as before; not on Esc
+    Event<bool&, const std::string&>
+        AfterLabelEdit;  // Cancel, new text; also if the text is as before; not on Esc
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

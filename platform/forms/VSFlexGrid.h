@@ -12,9 +12,10 @@ namespace forms {
 class CellEditor;
 class DropList;
 
-// The grid that is edited cell by cell. A key brings, in this order: KeyDown, KeyPress, BeforeEdit, StartEdit, KeyPressEdit,
-// ValidateEdit, AfterEdit; a move BeforeRowColChange, AfterRowColChange. Typing edits the current cell; Enter and Tab end the
-// edit and move on; F2, and on a cell with a list F4, Alt+Down or Enter, edit it too; Esc drops the edit without AfterEdit.
+// The grid that is edited cell by cell. A key brings, in this order: KeyDown, KeyPress, BeforeEdit,
+// StartEdit, KeyPressEdit, ValidateEdit, AfterEdit; a move BeforeRowColChange, AfterRowColChange. Typing
+// edits the current cell; Enter and Tab end the edit and move on; F2, and on a cell with a list F4, Alt+Down
+// or Enter, edit it too; Esc drops the edit without AfterEdit.
 class VSFlexGrid : public FlexGrid {
   public:
     explicit VSFlexGrid(QWidget* parent = nullptr);
@@ -24,7 +25,7 @@ class VSFlexGrid : public FlexGrid {
 
     // Cells. The second pair of a range is its other corner.
     const basic::Value& CellData(int row, int col) const { return Model().Extra(row, col).Data; }
-    void SetCellData(int row, int col, basic::Value data) { Model().Extra(row, col).Data = std::move(data); }
+    void SetCellData(int row, int col, basic::Value value) { Model().Extra(row, col).Data = std::move(value); }
     bool CellChecked(int row, int col) const { return Model().Extra(row, col).Checked; }
     void SetCellChecked(int row, int col, bool checked);
     void SetCellForeColor(int row1, int col1, int row2, int col2, unsigned colour);
@@ -36,12 +37,14 @@ class VSFlexGrid : public FlexGrid {
     void SetCellPicture(int row, int col, std::string image);  // name of an image; "" none
 
     // Columns
-    void SetColBoolean(int col, bool boolean);  // its cells are check boxes
-    void SetColFormat(int col, std::string mask);  // paints by basic::Format; the text stays raw
+    void SetColBoolean(int col, bool boolean);               // its cells are check boxes
+    void SetColFormat(int col, std::string mask);            // paints by basic::Format; the text stays raw
     void SetColComboList(int col, const std::string& list);  // as ComboList reads it
     void SetCellButtonPicture(std::string image) { buttonPicture_ = std::move(image); }
     void AutoSize(int col1, int col2);  // as wide as the widest text, heading included
-    void SetExplorerSort(bool sort) { explorerSort_ = sort; }  // a click on a heading sorts; the next one the other way
+    void SetExplorerSort(bool sort) {
+        explorerSort_ = sort;
+    }                                   // a click on a heading sorts; the next one the other way
     void SetHighLight(bool highLight);  // whether the current cell is marked
 
     // Editing
@@ -50,7 +53,9 @@ class VSFlexGrid : public FlexGrid {
     bool Editing() const { return editor_ != nullptr; }
     std::string EditText() const;  // the text that the edit would put into the cell
     void SetEditText(const std::string& text);
-    void SetEditMaxLength(int length) { editMaxLength_ = length; }  // characters that can be typed; 0: any number
+    void SetEditMaxLength(int length) {
+        editMaxLength_ = length;
+    }                               // characters that can be typed; 0: any number
     int ComboIndex() const;         // of the entry chosen by the edit, -1: none; holds through AfterEdit
     std::string ComboItem() const;  // its text; "" if none
     std::string ComboData() const;  // its data; "" if none

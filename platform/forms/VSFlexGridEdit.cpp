@@ -53,6 +53,7 @@ bool VSFlexGrid::OpenEditor(const QString& typed) {
     editor_ = new CellEditor(
         viewport(), [this](int& ascii) { KeyPressEdit.Fire(editRow_, editCol_, ascii); },
         [this](QKeyEvent& key) { return EditorKey(key); });
+    editor_->setObjectName(objectName() + QStringLiteral(".editor"));
     editor_->setAccessibleName(FixedRows() > 0 ? ToQt(TextMatrix(0, editCol_)) : accessibleName());
     if (editMaxLength_ > 0 && list.Count() == 0) editor_->setMaxLength(editMaxLength_);
     if (FlexGrid::Shown(editRow_, editCol_).Align == Alignment::Right) editor_->setAlignment(Qt::AlignRight);
@@ -84,11 +85,17 @@ void VSFlexGrid::SetEditText(const std::string& text) {
     if (List(editCol_).Count() > 0) choice_ = List(editCol_).Find(text);
 }
 
-int VSFlexGrid::ComboIndex() const { return choice_; }
+int VSFlexGrid::ComboIndex() const {
+    return choice_;
+}
 
-std::string VSFlexGrid::ComboItem() const { return choice_ >= 0 ? List(editCol_).Shown(choice_) : std::string(); }
+std::string VSFlexGrid::ComboItem() const {
+    return choice_ >= 0 ? List(editCol_).Shown(choice_) : std::string();
+}
 
-std::string VSFlexGrid::ComboData() const { return choice_ >= 0 ? List(editCol_).At(choice_).Data : std::string(); }
+std::string VSFlexGrid::ComboData() const {
+    return choice_ >= 0 ? List(editCol_).At(choice_).Data : std::string();
+}
 
 bool VSFlexGrid::FinishEdit() {
     if (!editor_) return true;

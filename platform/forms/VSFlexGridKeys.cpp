@@ -11,7 +11,9 @@ namespace forms {
 
 namespace {
 
-bool IsEnter(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter; }
+bool IsEnter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
 
 bool OpensList(const QKeyEvent& key) {
     return key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
@@ -46,12 +48,17 @@ void VSFlexGrid::CellPressed(const QPoint& place, bool wasCurrent) {
 
 bool VSFlexGrid::EditorKey(QKeyEvent& key) {
     switch (key.key()) {
-        case Qt::Key_Escape: DropEdit(); return true;
+        case Qt::Key_Escape:
+            DropEdit();
+            return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
         case Qt::Key_Tab:
-        case Qt::Key_Backtab: EndByKey(key); return true;
-        default: break;
+        case Qt::Key_Backtab:
+            EndByKey(key);
+            return true;
+        default:
+            break;
     }
     if (List(editCol_).Count() > 0) return ListKey(key);
     if (key.key() != Qt::Key_Up && key.key() != Qt::Key_Down) return false;
@@ -59,8 +66,8 @@ bool VSFlexGrid::EditorKey(QKeyEvent& key) {
     return true;
 }
 
-// Ends the edit and moves on, unless AfterEdit has moved by itself. Tab and the arrows are then keys of the grid like any
-// other, so that a form can send Tab in its last cell elsewhere.
+// Ends the edit and moves on, unless AfterEdit has moved by itself. Tab and the arrows are then keys of the
+// grid like any other, so that a form can send Tab in its last cell elsewhere.
 void VSFlexGrid::EndByKey(QKeyEvent& key) {
     const QPointer<VSFlexGrid> self = this;
     const int row = editRow_;
@@ -81,11 +88,20 @@ bool VSFlexGrid::ListKey(QKeyEvent& key) {
         return true;
     }
     switch (key.key()) {
-        case Qt::Key_Up: Step(-1); return true;
-        case Qt::Key_Down: Step(1); return true;
-        case Qt::Key_PageUp: Step(drop_ ? -drop_->Page() : -1); return true;
-        case Qt::Key_PageDown: Step(drop_ ? drop_->Page() : 1); return true;
-        default: return false;
+        case Qt::Key_Up:
+            Step(-1);
+            return true;
+        case Qt::Key_Down:
+            Step(1);
+            return true;
+        case Qt::Key_PageUp:
+            Step(drop_ ? -drop_->Page() : -1);
+            return true;
+        case Qt::Key_PageDown:
+            Step(drop_ ? drop_->Page() : 1);
+            return true;
+        default:
+            return false;
     }
 }
 

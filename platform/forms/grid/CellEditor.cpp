@@ -1,19 +1,19 @@
 #include "platform/forms/grid/CellEditor.h"
 
-#include <utility>
-
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <utility>
 
 #include "platform/forms/Control.h"
 #include "platform/forms/grid/GridKeys.h"
 
 namespace forms {
 
-CellEditor::CellEditor(QWidget* viewport, std::function<void(int&)> filter, std::function<bool(QKeyEvent&)> command)
+CellEditor::CellEditor(QWidget* viewport, std::function<void(int&)> filter,
+                       std::function<bool(QKeyEvent&)> command)
     : QLineEdit(viewport), filter_(std::move(filter)), command_(std::move(command)) {
     setFrame(false);
     setContextMenuPolicy(Qt::NoContextMenu);  // its Paste would go past the filter
@@ -38,7 +38,7 @@ bool CellEditor::event(QEvent* event) {
 void CellEditor::keyPressEvent(QKeyEvent* event) {
     event->accept();
     if (command_(*event)) return;
-    if (*event == QKeySequence::Paste) return Take(QGuiApplication::clipboard()->text());
+    if (event->matches(QKeySequence::Paste)) return Take(QGuiApplication::clipboard()->text());
     const int ascii = KeyAsciiOf(*event);
     if (ascii == vbKeyBack) {
         int code = ascii;

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <functional>
-
 #include <QLineEdit>
+#include <functional>
 
 namespace forms {
 
-// The box in which a cell is edited. It asks its grid about each character before it takes it, pasted ones included, and
-// hands over the keys that end the edit or move in a list.
+// The box in which a cell is edited. It asks its grid about each character before it takes it, pasted ones
+// included, and hands over the keys that end the edit or move in a list.
 class CellEditor : public QLineEdit {
   public:
     // `filter` may change a character or drop it by 0; `command` returns True if it has used the key.

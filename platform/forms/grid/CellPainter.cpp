@@ -19,15 +19,20 @@ QColor Blend(const QColor& a, const QColor& b, int percentOfB) {
 
 Qt::Alignment Side(const CellShown& shown) {
     switch (shown.Align) {
-        case Alignment::Right: return Qt::AlignRight | Qt::AlignVCenter;
-        case Alignment::Center: return Qt::AlignHCenter | Qt::AlignVCenter;
-        default: return Qt::AlignLeft | Qt::AlignVCenter;
+        case Alignment::Right:
+            return Qt::AlignRight | Qt::AlignVCenter;
+        case Alignment::Center:
+            return Qt::AlignHCenter | Qt::AlignVCenter;
+        default:
+            return Qt::AlignLeft | Qt::AlignVCenter;
     }
 }
 
 }  // namespace
 
-QColor OwnColor(unsigned color) { return color == NoColor ? QColor() : ToColor(color); }
+QColor OwnColor(unsigned color) {
+    return color == NoColor ? QColor() : ToColor(color);
+}
 
 QColor LineColor(const QWidget& widget) {
     return Blend(widget.palette().color(QPalette::Base), widget.palette().color(QPalette::Text), 15);
@@ -67,11 +72,11 @@ void CellPainter::Ground(const QRect& cell, const CellShown& shown) {
     const QPalette& palette = widget_.palette();
     QColor back = shown.Back;
     if (!back.isValid())
-        back = shown.Header ? Blend(palette.color(QPalette::Base), palette.color(QPalette::Button), 70)
+        back = shown.Header ? Blend(palette.color(QPalette::Window), palette.color(QPalette::Text), 5)
                             : palette.color(QPalette::Base);
     if (shown.Mark == CellMark::Highlighted)
         back = active_ ? palette.color(QPalette::Highlight)
-                                  : Blend(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 30);
+                       : Blend(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 30);
     painter_.fillRect(cell, back);
 }
 
@@ -108,7 +113,8 @@ void CellPainter::Button(const QRect& cell, const CellShown& shown) {
         option.rect.adjust(5, 5, -5, -5);
         widget_.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter_, &widget_);
     } else if (!shown.ButtonPicture.empty()) {
-        QIcon(QString::fromStdString(shown.ButtonPicture)).paint(&painter_, option.rect.adjusted(3, 3, -3, -3));
+        QIcon(QString::fromStdString(shown.ButtonPicture))
+            .paint(&painter_, option.rect.adjusted(3, 3, -3, -3));
     } else {
         painter_.setPen(widget_.palette().color(QPalette::ButtonText));
         painter_.drawText(option.rect.adjusted(0, -3, 0, -3), Qt::AlignCenter, QStringLiteral("..."));
@@ -127,8 +133,9 @@ void CellPainter::Arrow(QRect& room, int direction) {
     QStyleOption option;
     option.initFrom(&widget_);
     option.rect = QRect(room.right() - 9, room.top() + (room.height() - 9) / 2, 9, 9);
-    widget_.style()->drawPrimitive(direction > 0 ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowDown, &option,
-                                   &painter_, &widget_);
+    widget_.style()->drawPrimitive(
+        direction > 0 ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowDown, &option, &painter_,
+        &widget_);
     room.setRight(room.right() - 12);
 }
 
@@ -142,9 +149,15 @@ void CellPainter::Text(const QRect& room, const CellShown& shown) {
         color = widget_.palette().color(QPalette::HighlightedText);
     if (!widget_.isEnabled()) color = widget_.palette().color(QPalette::Disabled, QPalette::Text);
     painter_.setPen(color);
+    QRect place = room;
+    if (shown.Align == Alignment::Right && painter_.fontMetrics().horizontalAdvance(shown.Text) > room.width()) {
+        place.setLeft(qMin(place.left(), shown.BlankFrom + Padding / 2));
+        painter_.setClipRect(place);
+    }
     const bool lines = shown.Text.contains(u'\n');
-    const QString text = lines ? shown.Text : painter_.fontMetrics().elidedText(shown.Text, Qt::ElideRight, room.width());
-    painter_.drawText(room, static_cast<int>(Side(shown)), text);
+    const QString text =
+        lines ? shown.Text : painter_.fontMetrics().elidedText(shown.Text, Qt::ElideRight, place.width());
+    painter_.drawText(place, static_cast<int>(Side(shown)), text);
 }
 
 }  // namespace forms

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-
 #include <QColor>
 #include <QFont>
 #include <QRect>
 #include <QString>
+#include <climits>
+#include <string>
 
 #include "platform/forms/grid/GridModel.h"
 
@@ -23,6 +23,7 @@ struct CellShown {
     Alignment Align = Alignment::Left;
     QColor Fore;  // invalid: the grid's own
     QColor Back;
+    int BlankFrom = INT_MAX;  // where the empty cells left of it begin: a right-aligned text may stand out into them
     bool Header = false;
     bool Bold = false;
     bool Italic = false;
@@ -35,7 +36,8 @@ struct CellShown {
     int SortArrow = 0;          // 1 ascending, -1 descending
 };
 
-// Draws cells in the colours and the font of a widget. `active`: the widget has the focus, so marks are bright.
+// Draws cells in the colours and the font of a widget. `active`: the widget has the focus, so marks are
+// bright.
 class CellPainter {
   public:
     CellPainter(QPainter& painter, const QWidget& widget, bool gridLines, bool active);

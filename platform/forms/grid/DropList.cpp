@@ -1,10 +1,9 @@
 #include "platform/forms/grid/DropList.h"
 
-#include <algorithm>
-
 #include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "platform/forms/Text.h"
 #include "platform/forms/grid/TextMeasure.h"
@@ -17,7 +16,8 @@ constexpr int RowsInView = 12;
 
 bool IsFigure(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" -");
-    return first == std::string_view::npos || (text[first] >= '0' && text[first] <= '9') || text[first] == '.';
+    return first == std::string_view::npos || (text[first] >= '0' && text[first] <= '9') ||
+           text[first] == '.';
 }
 
 }  // namespace
@@ -89,14 +89,21 @@ void DropList::StepChoice(int step) {
     if (entries_.empty()) return;
     const auto at = std::find(entries_.begin(), entries_.end(), choice_);
     const int last = static_cast<int>(entries_.size()) - 1;
-    const int from = at != entries_.end() ? static_cast<int>(at - entries_.begin()) : (step > 0 ? -1 : last + 1);
+    const int from =
+        at != entries_.end() ? static_cast<int>(at - entries_.begin()) : (step > 0 ? -1 : last + 1);
     SetChoice(entries_[static_cast<std::size_t>(std::clamp(from + step, 0, last))]);
 }
 
-int DropList::Page() const { return RowsInView - 1; }
+int DropList::Page() const {
+    return RowsInView - 1;
+}
 
-void DropList::MeasureRows(GridAxis& rows) const { rows.SetUniform(static_cast<int>(entries_.size()), RowPixels, 0); }
-void DropList::MeasureCols(GridAxis& cols) const { cols.Set(widths_, 0); }
+void DropList::MeasureRows(GridAxis& rows) const {
+    rows.SetUniform(static_cast<int>(entries_.size()), RowPixels, 0);
+}
+void DropList::MeasureCols(GridAxis& cols) const {
+    cols.Set(widths_, 0);
+}
 
 CellShown DropList::Shown(int row, int col) const {
     const int entry = entries_[static_cast<std::size_t>(row)];

@@ -30,9 +30,13 @@ int GridAxis::Start(int index) const {
     return starts_[static_cast<std::size_t>(index)];
 }
 
-int GridAxis::Size(int index) const { return Start(index + 1) - Start(index); }
+int GridAxis::Size(int index) const {
+    return Start(index + 1) - Start(index);
+}
 
-int GridAxis::ViewStart(int index, int offset) const { return Start(index) - (index < fixed_ ? 0 : offset); }
+int GridAxis::ViewStart(int index, int offset) const {
+    return Start(index) - (index < fixed_ ? 0 : offset);
+}
 
 int GridAxis::At(int position) const {
     if (position < 0 || position >= Total()) return -1;

@@ -4,8 +4,8 @@
 
 namespace forms {
 
-// Where the rows (or columns) of a grid stand along one direction, in pixels. The first `fixed` ones stay in view; the rest
-// move by the scroll offset. Hidden ones have the size 0.
+// Where the rows (or columns) of a grid stand along one direction, in pixels. The first `fixed` ones stay in
+// view; the rest move by the scroll offset. Hidden ones have the size 0.
 class GridAxis {
   public:
     void Set(std::vector<int> sizes, int fixed);

@@ -1,8 +1,7 @@
 #include "platform/forms/grid/GridKeys.h"
 
-#include <utility>
-
 #include <QKeyEvent>
+#include <utility>
 
 #include "platform/forms/Control.h"
 
@@ -10,10 +9,11 @@ namespace forms {
 
 int KeyCodeOf(const QKeyEvent& key) {
     static constexpr std::pair<int, int> others[] = {
-        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},     {Qt::Key_Backtab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},
-        {Qt::Key_Escape, 27},   {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},  {Qt::Key_Home, 36},
-        {Qt::Key_Left, 37},     {Qt::Key_Up, 38},     {Qt::Key_Right, 39},  {Qt::Key_Down, 40},   {Qt::Key_Insert, 45},
-        {Qt::Key_Delete, 46},   {Qt::Key_Shift, 16},  {Qt::Key_Control, 17}, {Qt::Key_Alt, 18}};
+        {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},      {Qt::Key_Backtab, 9}, {Qt::Key_Return, 13},
+        {Qt::Key_Enter, 13},    {Qt::Key_Escape, 27},  {Qt::Key_PageUp, 33}, {Qt::Key_PageDown, 34},
+        {Qt::Key_End, 35},      {Qt::Key_Home, 36},    {Qt::Key_Left, 37},   {Qt::Key_Up, 38},
+        {Qt::Key_Right, 39},    {Qt::Key_Down, 40},    {Qt::Key_Insert, 45}, {Qt::Key_Delete, 46},
+        {Qt::Key_Shift, 16},    {Qt::Key_Control, 17}, {Qt::Key_Alt, 18}};
     const int code = key.key();
     for (const auto& [theirs, ours] : others)
         if (code == theirs) return ours;
@@ -24,10 +24,14 @@ int KeyCodeOf(const QKeyEvent& key) {
 int KeyAsciiOf(const QKeyEvent& key) {
     switch (key.key()) {
         case Qt::Key_Return:
-        case Qt::Key_Enter: return vbKeyReturn;
-        case Qt::Key_Escape: return vbKeyEscape;
-        case Qt::Key_Backspace: return vbKeyBack;
-        default: break;
+        case Qt::Key_Enter:
+            return vbKeyReturn;
+        case Qt::Key_Escape:
+            return vbKeyEscape;
+        case Qt::Key_Backspace:
+            return vbKeyBack;
+        default:
+            break;
     }
     const bool control = key.modifiers() & Qt::ControlModifier;
     const bool alt = key.modifiers() & Qt::AltModifier;
@@ -37,8 +41,8 @@ int KeyAsciiOf(const QKeyEvent& key) {
 }
 
 int ShiftOf(Qt::KeyboardModifiers modifiers) {
-    return (modifiers & Qt::ShiftModifier ? vbShiftMask : 0) | (modifiers & Qt::ControlModifier ? vbCtrlMask : 0) |
-           (modifiers & Qt::AltModifier ? vbAltMask : 0);
+    return (modifiers & Qt::ShiftModifier ? vbShiftMask : 0) |
+           (modifiers & Qt::ControlModifier ? vbCtrlMask : 0) | (modifiers & Qt::AltModifier ? vbAltMask : 0);
 }
 
 }  // namespace forms

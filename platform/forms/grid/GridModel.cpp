@@ -38,7 +38,9 @@ struct SortKey {
 GridModel::GridModel(int rows, int cols, int fixedRows)
     : rows_(Count(rows)), columns_(Count(cols)), fixedRows_(fixedRows) {}
 
-void GridModel::SetRows(int rows) { rows_.resize(Count(rows)); }
+void GridModel::SetRows(int rows) {
+    rows_.resize(Count(rows));
+}
 
 void GridModel::SetCols(int cols) {
     columns_.resize(Count(cols));
@@ -46,14 +48,18 @@ void GridModel::SetCols(int cols) {
         if (row.cells.size() > columns_.size()) row.cells.resize(columns_.size());
 }
 
-void GridModel::SetFixedRows(int rows) { fixedRows_ = static_cast<int>(Count(rows)); }
+void GridModel::SetFixedRows(int rows) {
+    fixedRows_ = static_cast<int>(Count(rows));
+}
 
 const GridModel::Row& GridModel::At(int row) const {
     if (row < 0 || row >= Rows()) basic::Raise(basic::error::Subscript, "forms.Grid");
     return rows_[static_cast<std::size_t>(row)];
 }
 
-GridModel::Row& GridModel::At(int row) { return const_cast<Row&>(std::as_const(*this).At(row)); }
+GridModel::Row& GridModel::At(int row) {
+    return const_cast<Row&>(std::as_const(*this).At(row));
+}
 
 std::size_t GridModel::Checked(int col) const {
     if (col < 0 || col >= Cols()) basic::Raise(basic::error::Subscript, "forms.Grid");
@@ -74,7 +80,9 @@ const std::string& GridModel::Text(int row, int col) const {
     return c < r.cells.size() ? r.cells[c].text : empty;
 }
 
-void GridModel::SetText(int row, int col, std::string text) { CellAt(row, col).text = std::move(text); }
+void GridModel::SetText(int row, int col, std::string text) {
+    CellAt(row, col).text = std::move(text);
+}
 
 const CellExtra& GridModel::Extra(int row, int col) const {
     static const CellExtra none;

@@ -16,14 +16,14 @@ inline constexpr unsigned NoColor = 0xFFFFFFFF;  // the grid's own colour
 
 // What a cell bears beside its text. Most cells bear nothing, so it is made when first set.
 struct CellExtra {
-    basic::Value Data;         // the cell's data slot: a key that no user sees
-    bool Checked = false;      // the check state
+    basic::Value Data;             // the cell's data slot: a key that no user sees
+    bool Checked = false;          // the check state
     unsigned ForeColor = NoColor;  // 0xBBGGRR; 255 is red
     unsigned BackColor = NoColor;
     bool Bold = false;
     bool Italic = false;
     Alignment Align = Alignment::General;
-    std::string Picture;       // name of an image, such as ":/icons/category.svg"
+    std::string Picture;  // name of an image, such as ":/icons/category.svg"
 };
 
 struct GridColumn {
@@ -36,8 +36,8 @@ struct GridColumn {
     basic::Value Data;
 };
 
-// The cells of a grid as they stand in memory: rows of texts, with extras where they were set. Knows no toolkit. A row or
-// column that the grid does not have raises 9 "Subscript out of range".
+// The cells of a grid as they stand in memory: rows of texts, with extras where they were set. Knows no
+// toolkit. A row or column that the grid does not have raises 9 "Subscript out of range".
 class GridModel {
   public:
     GridModel(int rows, int cols, int fixedRows);
@@ -61,11 +61,13 @@ class GridModel {
     const GridColumn& Column(int col) const { return columns_[Checked(col)]; }
     GridColumn& Column(int col) { return columns_[Checked(col)]; }
 
-    void InsertRow(int at, const std::string& text);  // cells are parted by tabs; at == Rows() adds at the end
+    void InsertRow(int at,
+                   const std::string& text);  // cells are parted by tabs; at == Rows() adds at the end
     void RemoveRow(int at);
     void Clear();  // all texts and extras; size and columns stay
 
-    // Sorts the rows below the fixed ones, stable: numbers before texts, texts ignoring case. Extras travel with their row.
+    // Sorts the rows below the fixed ones, stable: numbers before texts, texts ignoring case. Extras travel
+    // with their row.
     void SortRows(int col, bool descending);
 
     // The number in a cell: grouped figures are read whole, other texts by their numeric prefix; blank is 0.

@@ -1,12 +1,13 @@
 #include "platform/forms/grid/GridView.h"
 
-#include <algorithm>
-
 #include <QCoreApplication>
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
+#include <climits>
+#include <utility>
 
 namespace forms {
 
@@ -16,7 +17,9 @@ GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent) {
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-QPoint GridView::Offset() const { return {horizontalScrollBar()->value(), verticalScrollBar()->value()}; }
+QPoint GridView::Offset() const {
+    return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
 
 const GridAxis& GridView::RowAxis() const {
     MeasureAgain();
@@ -45,7 +48,9 @@ QRect GridView::CellRect(int row, int col) const {
     return {left, rows.ViewStart(row, Offset().y()), width, rows.Size(row)};
 }
 
-int GridView::RowAt(int y) const { return y < 0 ? -1 : RowAxis().AtView(y, Offset().y()); }
+int GridView::RowAt(int y) const {
+    return y < 0 ? -1 : RowAxis().AtView(y, Offset().y());
+}
 
 int GridView::ColAt(int x) const {
     if (x < 0) return -1;
@@ -57,7 +62,13 @@ int GridView::ColAt(int x) const {
 }
 
 void GridView::ShowCell(int row, int col) {
+    toShow_ = QPoint(col, row);
+    if (!isVisible()) return;  // its size is not known yet
     ArrangeScrollBars();
+}
+
+void GridView::ScrollTo(int row, int col) {
+    if (row >= RowAxis().Count() || col >= ColAxis().Count()) return;
     verticalScrollBar()->setValue(RowAxis().OffsetToShow(row, Offset().y(), viewport()->height()));
     horizontalScrollBar()->setValue(ColAxis().OffsetToShow(col, Offset().x(), viewport()->width()));
 }
@@ -95,6 +106,10 @@ void GridView::ArrangeScrollBars() {
     horizontalScrollBar()->setRange(0, std::max(0, ColAxis().Total() - room.width()));
     horizontalScrollBar()->setPageStep(room.width());
     horizontalScrollBar()->setSingleStep(RowPixels);
+    if (isVisible() && toShow_) {
+        const QPoint cell = *std::exchange(toShow_, std::nullopt);
+        ScrollTo(cell.y(), cell.x());
+    }
     ViewMoved();
 }
 
@@ -104,7 +119,9 @@ bool GridView::event(QEvent* event) {
     return QAbstractScrollArea::event(event);
 }
 
-void GridView::resizeEvent(QResizeEvent*) { ArrangeScrollBars(); }
+void GridView::resizeEvent(QResizeEvent*) {
+    ArrangeScrollBars();
+}
 
 void GridView::scrollContentsBy(int dx, int dy) {
     for (QWidget* over : viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
@@ -141,13 +158,21 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::PaintRows(CellPainter& painter, int first, int last, const QRect& area) {
-    const GridAxis& cols = ColAxis();
-    for (int row = first; row <= last; ++row) {
-        if (RowAxis().Size(row) == 0) continue;
-        for (int col = 0; col < cols.Count(); ++col) {
-            const QRect cell = cols.Size(col) > 0 ? CellRect(row, col) : QRect();
-            if (cell.intersects(area)) painter.Paint(cell, Shown(row, col));
-        }
+    for (int row = first; row <= last; ++row)
+        if (RowAxis().Size(row) > 0) PaintRow(painter, row, area);
+}
+
+void GridView::PaintRow(CellPainter& painter, int row, const QRect& area) {
+    int blankFrom = INT_MAX;
+    for (int col = 0; col < ColAxis().Count(); ++col) {
+        if (ColAxis().Size(col) == 0) continue;
+        const QRect cell = CellRect(row, col);
+        if (!cell.intersects(area)) continue;
+        CellShown shown = Shown(row, col);
+        shown.BlankFrom = blankFrom;
+        painter.Paint(cell, shown);
+        const bool blank = shown.Text.isEmpty() && !shown.HasCheck && shown.Picture.empty();
+        blankFrom = blank ? std::min(blankFrom, cell.left()) : INT_MAX;
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QAbstractScrollArea>
 #include <QPoint>
 
@@ -8,10 +10,10 @@
 
 namespace forms {
 
-inline constexpr int RowPixels = 26;      // the height of an ordinary row
+inline constexpr int RowPixels = 26;  // the height of an ordinary row
 
-// The common face of all grids and lists: paints the rows in view, one by one, from what its heirs tell about a cell. There
-// is no object per cell, so a million rows cost what the rows in view cost.
+// The common face of all grids and lists: paints the rows in view, one by one, from what its heirs tell about
+// a cell. There is no object per cell, so a million rows cost what the rows in view cost.
 class GridView : public QAbstractScrollArea {
   public:
     explicit GridView(QWidget* parent);
@@ -41,6 +43,7 @@ class GridView : public QAbstractScrollArea {
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -48,11 +51,14 @@ class GridView : public QAbstractScrollArea {
   private:
     void MeasureAgain() const;
     void ArrangeScrollBars();
+    void ScrollTo(int row, int col);
     void PaintRows(CellPainter& painter, int first, int last, const QRect& area);
+    void PaintRow(CellPainter& painter, int row, const QRect& area);
 
     mutable GridAxis rows_;
     mutable GridAxis cols_;
     mutable bool measured_ = false;
+    std::optional<QPoint> toShow_;  // the column and row to scroll to when there is a size
     bool arranging_ = false;  // a request to arrange the scroll bars is on its way
     bool dirty_ = false;      // a repaint is on its way
     bool extendLastCol_ = true;

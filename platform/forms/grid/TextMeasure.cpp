@@ -5,7 +5,8 @@
 namespace forms {
 
 TextMeasure::TextMeasure(const QFont& font) : metrics_(font) {
-    for (std::size_t c = 32; c < plain_.size(); ++c) plain_[c] = metrics_.horizontalAdvance(QChar(static_cast<char16_t>(c)));
+    for (std::size_t c = 32; c < plain_.size(); ++c)
+        plain_[c] = metrics_.horizontalAdvance(QChar(static_cast<char16_t>(c)));
 }
 
 int TextMeasure::Width(std::string_view text) const {
@@ -23,7 +24,8 @@ int TextMeasure::LineWidth(std::string_view line) const {
     for (const char c : line) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte >= plain_.size())
-            return metrics_.horizontalAdvance(QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())));
+            return metrics_.horizontalAdvance(
+                QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())));
         width += plain_[byte];
     }
     return width;

@@ -1,14 +1,13 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <array>
 #include <string_view>
 
-#include <QFontMetrics>
-
 namespace forms {
 
-// Widths of many texts in one font, fast enough to size a column of 20,000 cells: plain letters are looked up, only
-// others are laid out.
+// Widths of many texts in one font, fast enough to size a column of 20,000 cells: plain letters are looked
+// up, only others are laid out.
 class TextMeasure {
   public:
     explicit TextMeasure(const QFont& font);
