@@ -25,6 +25,7 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
     const QPointer<FlexGrid> self = this;
     event->accept();
     int code = KeyCodeOf(*event);
+    if (code == 0) return;
     KeyDown.Fire(code, ShiftOf(event->modifiers()));
     if (!self || code == 0 || !hasFocus()) return;  // dropped, or the handler sent the focus elsewhere
     int ascii = KeyAsciiOf(*event);

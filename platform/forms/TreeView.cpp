@@ -128,7 +128,7 @@ bool TreeView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
 
 bool TreeView::FinishEdit() {
     if (state() != EditingState) return true;
-    if (auto* const editor = viewport()->findChild<QLineEdit*>()) {
+    if (QWidget* const editor = indexWidget(currentIndex())) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
     }

@@ -50,6 +50,7 @@ void CellEditor::keyPressEvent(QKeyEvent* event) {
     } else {
         QLineEdit::keyPressEvent(event);
     }
+    event->accept();  // what the box has no use for is no key of the grid under it
 }
 
 void CellEditor::inputMethodEvent(QInputMethodEvent* event) {

@@ -150,7 +150,8 @@ void CellPainter::Text(const QRect& room, const CellShown& shown) {
     if (!widget_.isEnabled()) color = widget_.palette().color(QPalette::Disabled, QPalette::Text);
     painter_.setPen(color);
     QRect place = room;
-    if (shown.Align == Alignment::Right && painter_.fontMetrics().horizontalAdvance(shown.Text) > room.width()) {
+    if (shown.Align == Alignment::Right &&
+        painter_.fontMetrics().horizontalAdvance(shown.Text) > room.width()) {
         place.setLeft(qMin(place.left(), shown.BlankFrom + Padding / 2));
         painter_.setClipRect(place);
     }

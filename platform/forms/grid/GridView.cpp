@@ -123,6 +123,11 @@ void GridView::resizeEvent(QResizeEvent*) {
     ArrangeScrollBars();
 }
 
+void GridView::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    ArrangeScrollBars();
+}
+
 void GridView::scrollContentsBy(int dx, int dy) {
     for (QWidget* over : viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         over->move(over->x() + dx, over->y() + dy);

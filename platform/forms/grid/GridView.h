@@ -1,9 +1,8 @@
 #pragma once
 
-#include <optional>
-
 #include <QAbstractScrollArea>
 #include <QPoint>
+#include <optional>
 
 #include "platform/forms/grid/CellPainter.h"
 #include "platform/forms/grid/GridAxis.h"
@@ -59,8 +58,8 @@ class GridView : public QAbstractScrollArea {
     mutable GridAxis cols_;
     mutable bool measured_ = false;
     std::optional<QPoint> toShow_;  // the column and row to scroll to when there is a size
-    bool arranging_ = false;  // a request to arrange the scroll bars is on its way
-    bool dirty_ = false;      // a repaint is on its way
+    bool arranging_ = false;        // a request to arrange the scroll bars is on its way
+    bool dirty_ = false;            // a repaint is on its way
     bool extendLastCol_ = true;
     bool gridLines_ = true;
 };

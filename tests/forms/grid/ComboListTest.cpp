@@ -1,6 +1,6 @@
-#include "platform/forms/grid/ComboList.h"
-
 #include <gmock/gmock.h>
+
+#include "platform/forms/grid/ComboList.h"
 
 namespace {
 

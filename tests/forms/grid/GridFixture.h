@@ -1,15 +1,14 @@
 #pragma once
 
+#include <QApplication>
+#include <QTest>
+#include <QVBoxLayout>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QTest>
-#include <QVBoxLayout>
 
 #include "platform/forms/Controls.h"
 #include "platform/forms/ListView.h"
@@ -40,7 +39,8 @@ struct UiOf {
         txtBefore->setObjectName("txtBefore");
         tested->setObjectName("tested");
         txtAfter->setObjectName("txtAfter");
-        for (QWidget* widget : {static_cast<QWidget*>(txtBefore), static_cast<QWidget*>(tested), static_cast<QWidget*>(txtAfter)})
+        for (QWidget* widget : {static_cast<QWidget*>(txtBefore), static_cast<QWidget*>(tested),
+                                static_cast<QWidget*>(txtAfter)})
             layout->addWidget(widget);
     }
 };
@@ -53,7 +53,9 @@ class TestForm : public FormOf<UiOf<Tested>> {
     explicit TestForm(EventLog& log) : log_(log) {}
 
   protected:
-    void Form_KeyDown(int keyCode, int) override { log_.push_back(std::string("Form ") + static_cast<char>(keyCode)); }
+    void Form_KeyDown(int keyCode, int) override {
+        log_.push_back(std::string("Form ") + static_cast<char>(keyCode));
+    }
 
   private:
     EventLog& log_;
@@ -76,7 +78,9 @@ class ControlTest : public testing::Test {
     EventLog Logged() { return std::exchange(log, {}); }
     std::string Active() { return form.ActiveControl() ? form.ActiveControl()->Name() : ""; }
     // Keys to whatever has the focus, as a user's go.
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Focused(), key, modifiers); }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(Focused(), key, modifiers);
+    }
     void Type(const std::string& text) {
         for (const char c : text) QTest::keyClick(Focused(), c);
     }
@@ -87,6 +91,7 @@ class ControlTest : public testing::Test {
     void DoubleClickCell(int row, int col) {
         ClickCell(row, col);
         QTest::mouseDClick(control().viewport(), Qt::LeftButton, {}, Place(row, col));
+        QTest::mouseRelease(control().viewport(), Qt::LeftButton, {}, Place(row, col));
     }
     QPoint Place(int row, int col) { return control().CellRect(row, col).center(); }
 };

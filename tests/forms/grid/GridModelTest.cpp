@@ -1,8 +1,7 @@
-#include "platform/forms/grid/GridModel.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/basic/Error.h"
+#include "platform/forms/grid/GridModel.h"
 
 namespace {
 
@@ -48,8 +47,9 @@ TEST(GridModelTest, WhatIsNotThereIsAnError) {
 }
 
 TEST(GridModelTest, ReadsNumbersFromTexts) {
-    const std::pair<const char*, double> cases[] = {{"", 0},         {"12.5", 12.5}, {"1,234.50", 1234.5}, {" 7", 7},
-                                                    {"12500Dr", 12500}, {"abc", 0},     {".", 0},             {"-3", -3}};
+    const std::pair<const char*, double> cases[] = {{"", 0},   {"12.5", 12.5},     {"1,234.50", 1234.5},
+                                                    {" 7", 7}, {"12500Dr", 12500}, {"abc", 0},
+                                                    {".", 0},  {"-3", -3}};
     GridModel grid(1, 1, 0);
     for (const auto& [text, number] : cases) {
         grid.SetText(0, 0, text);

@@ -1,7 +1,6 @@
-#include "platform/forms/ListView.h"
-
 #include "GridFixture.h"
 #include "platform/basic/Error.h"
+#include "platform/forms/ListView.h"
 
 namespace {
 

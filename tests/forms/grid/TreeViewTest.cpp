@@ -1,8 +1,7 @@
-#include "platform/forms/TreeView.h"
-
 #include <QLineEdit>
 
 #include "GridFixture.h"
+#include "platform/forms/TreeView.h"
 
 namespace {
 
@@ -32,7 +31,8 @@ class TreeViewTest : public ControlTest<TreeView> {
         return all;
     }
     void ClickNode(const std::string& key) {
-        QTest::mouseClick(control().viewport(), Qt::LeftButton, {}, control().visualItemRect(&control().Item(key)).center());
+        QTest::mouseClick(control().viewport(), Qt::LeftButton, {},
+                          control().visualItemRect(&control().Item(key)).center());
     }
 };
 
@@ -83,7 +83,8 @@ TEST_F(TreeViewTest, NodeClickIsTheUsersChoiceOnly) {
     EXPECT_THAT(Logged(), ElementsAre("C5", "click"));
     Key(Qt::Key_Down);
     EXPECT_THAT(Logged(), ElementsAre("C4"));
-    QTest::mouseClick(control().viewport(), Qt::LeftButton, {}, control().viewport()->rect().bottomRight() - QPoint(5, 5));
+    QTest::mouseClick(control().viewport(), Qt::LeftButton, {},
+                      control().viewport()->rect().bottomRight() - QPoint(5, 5));
     EXPECT_THAT(Logged(), ElementsAre("click"));
     control().NodeClick = [this](Node&) { Fill(); };  // a handler may throw all nodes away
     ClickNode("C5");

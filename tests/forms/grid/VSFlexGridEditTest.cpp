@@ -49,7 +49,8 @@ class VSFlexGridEditTest : public ControlTest<VSFlexGrid> {
 
 TEST_F(VSFlexGridEditTest, AKeyAndAMoveFireInTheirOrder) {
     Type("5");
-    EXPECT_THAT(Logged(), ElementsAre("KeyDown 53", "KeyPress", "BeforeEdit 1,1", "StartEdit", "KeyPressEdit"));
+    EXPECT_THAT(Logged(),
+                ElementsAre("KeyDown 53", "KeyPress", "BeforeEdit 1,1", "StartEdit", "KeyPressEdit"));
     Type("0");
     EXPECT_THAT(Logged(), ElementsAre("KeyPressEdit"));
     Key(Qt::Key_Return);
@@ -62,7 +63,8 @@ TEST_F(VSFlexGridEditTest, AfterEditFiresThoughNothingChangedButNotOnEsc) {
     Key(Qt::Key_F2);
     Logged();
     Key(Qt::Key_Tab);
-    EXPECT_THAT(Logged(), ElementsAre("ValidateEdit 10", "AfterEdit 1,1", "KeyDown 9", "Before 1,2", "After 1,2"));
+    EXPECT_THAT(Logged(),
+                ElementsAre("ValidateEdit 10", "AfterEdit 1,1", "KeyDown 9", "Before 1,2", "After 1,2"));
     Type("x");
     Logged();
     Key(Qt::Key_Escape);
@@ -132,7 +134,8 @@ TEST_F(VSFlexGridEditTest, ACancelledEditOpensNoEditor) {
     Logged();
     Type("5");
     Key(Qt::Key_F2);
-    EXPECT_THAT(Logged(), ElementsAre("KeyDown 53", "KeyPress", "BeforeEdit 1,3", "KeyDown 113", "BeforeEdit 1,3"));
+    EXPECT_THAT(Logged(),
+                ElementsAre("KeyDown 53", "KeyPress", "BeforeEdit 1,3", "KeyDown 113", "BeforeEdit 1,3"));
     refuseStart = true;
     control().Select(1, 1);
     Logged();
@@ -185,7 +188,8 @@ TEST_F(VSFlexGridEditTest, ACheckBoxIsTickedByMouseAndBlank) {
     Logged();
     ClickCell(2, 0);
     EXPECT_TRUE(control().CellChecked(2, 0));
-    EXPECT_THAT(Logged(), ElementsAre("Before 2,0", "After 2,0", "BeforeEdit 2,0", "StartEdit", "ValidateEdit ", "AfterEdit 2,0"));
+    EXPECT_THAT(Logged(), ElementsAre("Before 2,0", "After 2,0", "BeforeEdit 2,0", "StartEdit",
+                                      "ValidateEdit ", "AfterEdit 2,0"));
     Type(" ");
     EXPECT_FALSE(control().CellChecked(2, 0));
     Type("x");

@@ -19,12 +19,15 @@ class VSFlexGridListTest : public ControlTest<VSFlexGrid> {
         Show();
         grid.Select(1, 1);
         grid.SetFocus();
-        grid.AfterEdit = [this](int, int) { log.push_back(control().ComboData() + '=' + control().ComboItem()); };
+        grid.AfterEdit = [this](int, int) {
+            log.push_back(control().ComboData() + '=' + control().ComboItem());
+        };
         grid.CellButtonClick = [this](int row, int col) { log.push_back(At("button", row, col)); };
     }
     DropList* List() {
-        auto* list = control().findChild<DropList*>(QString(), Qt::FindDirectChildrenOnly);
-        return list && list->isVisible() ? list : nullptr;
+        for (auto* list : control().findChildren<DropList*>(QString(), Qt::FindDirectChildrenOnly))
+            if (list->isVisible()) return list;
+        return nullptr;
     }
 };
 
@@ -78,7 +81,8 @@ TEST_F(VSFlexGridListTest, TheMouseOpensAndChooses) {
     QTest::mouseClick(control().viewport(), Qt::LeftButton, {}, CellPainter::ButtonRect(cell).center());
     ASSERT_TRUE(List());
     const QPoint third = List()->CellRect(2, 1).center();
-    QTest::mouseMove(List()->viewport(), third);
+    QMouseEvent move(QEvent::MouseMove, third, List()->viewport()->mapToGlobal(third), Qt::NoButton, {}, {});
+    QApplication::sendEvent(List()->viewport(), &move);
     EXPECT_EQ(List()->Choice(), 2);
     QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, third);
     EXPECT_THAT(Logged(), ElementsAre("9=Bank of Baroda"));
@@ -103,7 +107,8 @@ TEST_F(VSFlexGridListTest, AButtonCellIsPressedNotTyped) {
     EXPECT_FALSE(control().Editing());
     EXPECT_THAT(Logged(), IsEmpty());
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2, Qt::Key_F4, Qt::Key_Space}) Key(key);
-    QTest::mouseClick(control().viewport(), Qt::LeftButton, {}, CellPainter::ButtonRect(control().CellRect(1, 2)).center());
+    QTest::mouseClick(control().viewport(), Qt::LeftButton, {},
+                      CellPainter::ButtonRect(control().CellRect(1, 2)).center());
     ClickCell(1, 2);  // beside the button
     EXPECT_THAT(Logged(), testing::AllOf(testing::SizeIs(5), testing::Each("button 1,2")));
     control().BeforeEdit = [](int, int, bool& cancel) { cancel = true; };
@@ -124,7 +129,8 @@ TEST_F(VSFlexGridListTest, AGridOverACellServesAsItsList) {
     over->SetVisible(false);
     control().StartEdit = [&](int, int, bool& cancel) {
         cancel = true;
-        over->Move(control().CellLeft(), control().CellTop(), control().CellWidth(), control().CellHeight() + 20);
+        over->Move(control().CellLeft(), control().CellTop(), control().CellWidth(),
+                   control().CellHeight() + 20);
         over->SetVisible(true);
         over->Select(0, 0);
         over->SetFocus();

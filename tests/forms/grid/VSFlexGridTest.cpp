@@ -1,7 +1,6 @@
-#include "platform/forms/VSFlexGrid.h"
-
 #include "GridFixture.h"
 #include "platform/basic/Error.h"
+#include "platform/forms/VSFlexGrid.h"
 
 namespace {
 
@@ -18,7 +17,8 @@ class VSFlexGridTest : public ControlTest<VSFlexGrid> {
             cancel = row == refusedRow;
         };
         control().AfterRowColChange = [this](int oldRow, int oldCol, int row, int col) {
-            log.push_back(At("after", row, col) + " from " + std::to_string(oldRow) + ',' + std::to_string(oldCol));
+            log.push_back(At("after", row, col) + " from " + std::to_string(oldRow) + ',' +
+                          std::to_string(oldCol));
         };
     }
     int refusedRow = -1;
@@ -109,13 +109,18 @@ TEST_F(VSFlexGridTest, TheCurrentCellStaysWhereThereAreCells) {
 }
 
 TEST_F(VSFlexGridTest, MouseEventsKnowTheCellUnderTheMouse) {
-    control().MouseDown = [this](int button, int, int, int) { log.push_back(At("down" + std::to_string(button), control().MouseRow(), control().MouseCol())); };
-    control().MouseMove = [this](int, int, int, int) { log.push_back(At("move", control().MouseRow(), control().MouseCol())); };
+    control().MouseDown = [this](int button, int, int, int) {
+        log.push_back(At("down" + std::to_string(button), control().MouseRow(), control().MouseCol()));
+    };
+    control().MouseMove = [this](int, int, int, int) {
+        log.push_back(At("move", control().MouseRow(), control().MouseCol()));
+    };
     control().MouseUp = [this](int, int, int, int) { log.push_back("up"); };
     control().Click = [this] { log.push_back("click"); };
     control().DblClick = [this] { log.push_back("dblclick"); };
     DoubleClickCell(2, 1);
-    EXPECT_THAT(Logged(), ElementsAre("down1 2,1", "before 2,1", "after 2,1 from 1,0", "up", "click", "down1 2,1", "dblclick", "up"));
+    EXPECT_THAT(Logged(), ElementsAre("down1 2,1", "before 2,1", "after 2,1 from 1,0", "up", "click",
+                                      "down1 2,1", "dblclick", "up"));
     ClickCell(0, 1);  // the heading moves nothing
     EXPECT_THAT(Logged(), ElementsAre("down1 0,1", "up", "click"));
     QTest::mouseMove(control().viewport(), control().viewport()->rect().bottomRight() - QPoint(3, 3));
@@ -146,8 +151,10 @@ TEST_F(VSFlexGridTest, KeyDownComesBeforeKeyPressAndEitherDropsTheKey) {
     Key(Qt::Key_Down);
     Key(Qt::Key_Delete);
     Type("a");
+    Type(".");  // not to be taken for Delete
     Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), ElementsAre("down 40 0", "down 46 0", "down 65 0", "press 97", "Form S", "down 83 2"));
+    EXPECT_THAT(Logged(), ElementsAre("down 40 0", "down 46 0", "down 65 0", "press 97", "down 255 0",
+                                      "press 46", "Form S", "down 83 2"));
     control().KeyDown = [this](int& code, int) {
         if (code == vbKeyTab) form.ui().txtBefore->SetFocus();
     };
@@ -171,7 +178,8 @@ TEST_F(VSFlexGridTest, AutoSizeFitsTheWidestPaintedText) {
 
 TEST_F(VSFlexGridTest, ASortedGridCarriesTheTicksWithTheirRows) {
     control().SetExplorerSort(true);
-    for (int row = 1; row < 6; ++row) control().SetTextMatrix(row, 0, std::to_string(row * 7 % 5));  // 2 4 1 3 0
+    for (int row = 1; row < 6; ++row)
+        control().SetTextMatrix(row, 0, std::to_string(row * 7 % 5));  // 2 4 1 3 0
     control().SetCellChecked(2, 3, true);
     ClickCell(0, 0);
     EXPECT_EQ(control().TextMatrix(5, 0), "4");
