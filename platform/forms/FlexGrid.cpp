@@ -6,6 +6,7 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/forms/Text.h"
+#include "platform/forms/grid/GridAccessible.h"
 #include "platform/forms/grid/TextMeasure.h"
 
 namespace forms {
@@ -138,6 +139,7 @@ bool FlexGrid::MoveTo(int row, int col) {
     Selected();
     CellsChanged();
     ShowCell(row, col);
+    GridAccessible::Announce(*this, row, col);
     AfterRowColChange.Fire(oldRow, oldCol, row, col);
     return true;
 }
@@ -172,6 +174,8 @@ void FlexGrid::Refresh() {
 void FlexGrid::SetContainer(FlexGrid& grid) {
     const bool visible = Visible();
     setParent(grid.viewport());
+    setFrameShape(QFrame::NoFrame);
+    SetScrollBars(false);
     SetVisible(visible);
 }
 

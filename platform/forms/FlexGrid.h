@@ -72,6 +72,10 @@ class FlexGrid : public GridView, public Control {
     Event<int, int, int, int, bool&> BeforeRowColChange;  // old row and column, new row and column, Cancel
     Event<int, int, int, int> AfterRowColChange;          // old, new
 
+
+    CellShown Shown(int row, int col) const override;
+    QPoint Current() const override { return {col_, row_}; }
+
   protected:
     FlexGrid(QWidget* parent, int rows, int cols, int fixedRows);
 
@@ -92,7 +96,6 @@ class FlexGrid : public GridView, public Control {
 
     void MeasureRows(GridAxis& rows) const override;
     void MeasureCols(GridAxis& cols) const override;
-    CellShown Shown(int row, int col) const override;
     std::string PaintedText(int row, int col) const;  // formatted where the column has a format
 
     bool event(QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "platform/forms/ListView.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <algorithm>
@@ -7,8 +8,15 @@
 
 #include "platform/basic/Error.h"
 #include "platform/forms/Text.h"
+#include "platform/forms/grid/GridAccessible.h"
 
 namespace forms {
+
+namespace {
+
+constexpr int ManyLines = 200'000;  // sorting more takes long enough to show the hourglass
+
+}  // namespace
 
 // The lines that were added one by one.
 class ListView::Lines : public RowSource {
@@ -127,7 +135,10 @@ void ListView::BringUpToDate() const {
     if (!orderStale_) return;
     orderStale_ = false;
     const auto row = selected_ < 0 ? 0 : static_cast<std::uint32_t>(RowShownAt(selected_));
+    const bool slow = Count() > ManyLines;
+    if (slow) QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     order_ = SortedRows(*source_, sortKey_, sortOrder_ == 1);
+    if (slow) QGuiApplication::restoreOverrideCursor();
     if (selected_ < 0) return;
     selected_ = static_cast<int>(std::find(order_.begin(), order_.end(), row) - order_.begin());
 }
@@ -161,6 +172,7 @@ void ListView::SetSelectedIndex(int index) {
     BringUpToDate();
     selected_ = std::clamp(index, 1, std::max(1, Count())) - 1;
     ShowCell(selected_ + 1, 0);
+    GridAccessible::Announce(*this, selected_ + 1, 0);
     CellsChanged();
 }
 

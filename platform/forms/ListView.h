@@ -62,10 +62,12 @@ class ListView : public GridView, public Control {
     Event<const ListLine&> ItemClick;  // by the mouse, or by Enter on the selected line
     Event<> Click, DblClick;
 
+    CellShown Shown(int row, int col) const override;
+    QPoint Current() const override { return {0, SelectedIndex() > 0 ? SelectedIndex() : -1}; }
+
   protected:
     void MeasureRows(GridAxis& rows) const override;
     void MeasureCols(GridAxis& cols) const override;
-    CellShown Shown(int row, int col) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -23,10 +23,10 @@ class MSFlexGrid : public FlexGrid {
     void SetRowSel(int row);
     void SetColSel(int col);
     void SetSelectByRow(bool byRow);  // the current row is highlighted whole
+    CellShown Shown(int row, int col) const override;
 
   protected:
     void Selected() override;
-    CellShown Shown(int row, int col) const override;
 
   private:
     int rowSel_ = 1;

@@ -66,6 +66,8 @@ class VSFlexGrid : public FlexGrid {
     Event<int, int, bool&> ValidateEdit;           // Cancel leaves the editor open
     Event<int, int> AfterEdit;                     // fires even if the text is as before
     Event<int, int> CellButtonClick;
+    CellShown Shown(int row, int col) const override;
+    bool Active() const override { return hasFocus() || Editing(); }
 
   protected:
     int FirstRow() const override { return FixedRows(); }
@@ -74,8 +76,6 @@ class VSFlexGrid : public FlexGrid {
     void KeyDefault(QKeyEvent& event, int keyAscii) override;
     void CellPressed(const QPoint& place, bool wasCurrent) override;
     void HeadingClicked(int col) override;
-    CellShown Shown(int row, int col) const override;
-    bool Active() const override { return hasFocus() || Editing(); }
     void ViewMoved() override;
     bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

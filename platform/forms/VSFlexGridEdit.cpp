@@ -53,6 +53,7 @@ bool VSFlexGrid::OpenEditor(const QString& typed) {
     editor_ = new CellEditor(
         viewport(), [this](int& ascii) { KeyPressEdit.Fire(editRow_, editCol_, ascii); },
         [this](QKeyEvent& key) { return EditorKey(key); });
+    editor_->setStyleSheet(QStringLiteral("border: none; border-radius: 0; padding: 0 2px; min-height: 0;"));
     editor_->setObjectName(objectName() + QStringLiteral(".editor"));
     editor_->setAccessibleName(FixedRows() > 0 ? ToQt(TextMatrix(0, editCol_)) : accessibleName());
     if (editMaxLength_ > 0 && list.Count() == 0) editor_->setMaxLength(editMaxLength_);

@@ -1,6 +1,6 @@
 #include "platform/forms/gallery/frmGrids.h"
 
-#include <QKeyEvent>
+#include <QApplication>
 
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -257,6 +257,7 @@ bool frmGrids::WritePicture(const std::string& path) {
     Window()->resize(1000, 720);  // as on a screen of usual size
     ui().vsVoucher->SetFocus();
     ui().vsVoucher->Select(2, 3);
+    QApplication::processEvents();
     const bool written = Window()->grab().save(ToQt(path));
     Unload();
     return written;

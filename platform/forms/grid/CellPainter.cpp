@@ -81,7 +81,7 @@ void CellPainter::Ground(const QRect& cell, const CellShown& shown) {
 }
 
 void CellPainter::Lines(const QRect& cell, const CellShown& shown) {
-    if (gridLines_) {
+    if (gridLines_ && !shown.Back.isValid()) {  // a coloured run of cells, such as a rule, is not cut up
         painter_.setPen(LineColor(widget_));
         painter_.drawLine(cell.topRight(), cell.bottomRight());
         painter_.drawLine(cell.bottomLeft(), cell.bottomRight());

@@ -21,12 +21,12 @@ class DropList : public GridView {
     int Choice() const { return choice_; }
     void StepChoice(int step);
     int Page() const;
+    CellShown Shown(int row, int col) const override;
+    bool Active() const override { return true; }
 
   protected:
     void MeasureRows(GridAxis& rows) const override;
     void MeasureCols(GridAxis& cols) const override;
-    CellShown Shown(int row, int col) const override;
-    bool Active() const override { return true; }
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent*) override {}
     void mouseReleaseEvent(QMouseEvent* event) override;

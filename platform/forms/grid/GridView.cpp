@@ -5,6 +5,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+
+#include "platform/forms/grid/GridAccessible.h"
 #include <algorithm>
 #include <climits>
 #include <utility>
@@ -12,6 +14,7 @@
 namespace forms {
 
 GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent) {
+    GridAccessible::Install();
     viewport()->setMouseTracking(true);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -81,6 +84,12 @@ void GridView::SetExtendLastCol(bool extend) {
 void GridView::SetGridLines(bool lines) {
     gridLines_ = lines;
     CellsChanged();
+}
+
+void GridView::SetScrollBars(bool bars) {
+    const auto policy = bars ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+    setHorizontalScrollBarPolicy(policy);
+    setVerticalScrollBarPolicy(policy);
 }
 
 void GridView::LayoutChanged() {

@@ -25,14 +25,19 @@ class GridView : public QAbstractScrollArea {
     void SetExtendLastCol(bool extend);
     void SetGridLines(bool lines);
 
+    void SetScrollBars(bool bars);  // shown when needed, or never
+
     const GridAxis& RowAxis() const;  // brought up to date
     const GridAxis& ColAxis() const;
+
+    // For what draws and reads the cells.
+    virtual CellShown Shown(int row, int col) const = 0;
+    virtual bool Active() const { return hasFocus(); }  // marks are bright
+    virtual QPoint Current() const { return {-1, -1}; }  // column and row of the current cell
 
   protected:
     virtual void MeasureRows(GridAxis& rows) const = 0;
     virtual void MeasureCols(GridAxis& cols) const = 0;
-    virtual CellShown Shown(int row, int col) const = 0;
-    virtual bool Active() const { return hasFocus(); }  // marks are bright
     virtual void ViewMoved() {}  // scrolled or laid out anew: what lies over a cell has to follow
 
     void LayoutChanged();  // sizes or counts changed
