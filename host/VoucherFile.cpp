@@ -13,7 +13,8 @@
 namespace host {
 namespace {
 
-constexpr std::array<const char*, 7> Columns{"voucher", "date", "type", "side", "ledger", "amount", "narration"};
+constexpr std::array<const char*, 7> Columns{"voucher", "date",   "type",     "side",
+                                             "ledger",  "amount", "narration"};
 enum Column : std::size_t { Voucher, Date, Type, Side, Ledger, Amount, Narration };
 
 // The letter that one of the accepted words stands for, "" for any other text.
@@ -51,7 +52,8 @@ class Checker {
         if (read.category.empty()) Blame(row, Columns[Type], "'" + row.fields[Type] + "' is no voucher type");
         read.side = LetterOf(row.fields[Side], {"Debit", "Credit"});
         if (read.side.empty()) read.side = LetterOf(row.fields[Side], {"Dr", "Cr"});
-        if (read.side.empty()) Blame(row, Columns[Side], "'" + row.fields[Side] + "' is neither debit nor credit");
+        if (read.side.empty())
+            Blame(row, Columns[Side], "'" + row.fields[Side] + "' is neither debit nor credit");
         TakeLedger(row, read);
         read.amount = AmountOf(row);
         read.narration = row.fields[Narration];
@@ -81,7 +83,8 @@ class Checker {
         const basic::Date date = basic::ReadDate(text);
         if (!books_.FinYearValidate(date, year_))
             Blame(row, Columns[Date],
-                  "'" + text + "' lies outside the year " + std::to_string(year_) + "-" + std::to_string(year_ + 1));
+                  "'" + text + "' lies outside the year " + std::to_string(year_) + "-" +
+                      std::to_string(year_ + 1));
         return basic::ToLong(qm::DateNumber(date));
     }
 
@@ -139,7 +142,8 @@ class Checker {
 }  // namespace
 
 LedgerBook::LedgerBook(qm::clQm& books) {
-    // A condition makes the list go through the year's details: only ledgers with a row there can be posted to.
+    // A condition makes the list go through the year's details: only ledgers with a row there can be posted
+    // to.
     const ado::RecordsetPtr rows = books.Ledgers("Ledger_Master.Ledger_Id > 0");
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::int32_t id = basic::ToLong(rows->Fields(0).Value());
@@ -171,13 +175,16 @@ std::size_t VoucherFile::RowCount() const {
     return count;
 }
 
-VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year) {
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year) {
     Checker checker(books, year);
-    const std::vector<CsvRow> rows = ReadCsv(file);
     if (rows.empty()) checker.Blame({1, {}}, "", "the file is empty");
     if (!rows.empty() && checker.Header(rows.front()))
         for (std::size_t i = 1; i < rows.size(); ++i) checker.Row(rows[i]);
     return checker.Finish();
+}
+
+VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year) {
+    return CheckVouchers(ReadCsv(file), books, year);
 }
 
 }  // namespace host

@@ -20,7 +20,8 @@ class LedgerBook {
         std::int32_t id = 0;
         std::string name;
     };
-    // What a cell of the file names: a ledger's number, or its name. nullptr with a reason if it names none, or two.
+    // What a cell of the file names: a ledger's number, or its name. nullptr with a reason if it names none,
+    // or two.
     const Entry* Find(const std::string& cell, std::string& reason) const;
 
   private:
@@ -29,7 +30,7 @@ class LedgerBook {
 };
 
 struct VoucherRow {
-    int line = 0;  // of the file
+    int line = 0;          // of the file
     std::int32_t day = 0;  // day number
     std::string category;  // "R", "P", "C" or "J"
     std::string side;      // "D" or "C"
@@ -50,15 +51,18 @@ struct Fault {
     std::string reason;
 };
 
-// A file of vouchers with the columns voucher, date, type, side, ledger, amount, narration, checked as a whole: only a file
-// without faults may be posted.
+// A file of vouchers with the columns voucher, date, type, side, ledger, amount, narration, checked as a
+// whole: only a file without faults may be posted.
 struct VoucherFile {
     std::vector<FileVoucher> vouchers;  // in the order of their first rows
     std::vector<Fault> faults;          // in the order of the lines
     std::size_t RowCount() const;
 };
 
-// `year` is the first year of the financial year that the dates must lie in.
+// Checks the rows of such a file, the header first. `year` is the first year of the financial year that the
+// dates must lie in.
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year);
+
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year);
 
 }  // namespace host
