@@ -16,7 +16,7 @@ struct CsvRow {
 // byte order mark is skipped; empty lines are left out. Raises basic::Error for a quote that never ends.
 std::vector<CsvRow> ParseCsv(std::string_view text);
 
-// The same of a file. Raises basic::Error also for a file that cannot be read.
+// The same of a file. Raises basic::Error also for one that cannot be read.
 std::vector<CsvRow> ReadCsv(const std::filesystem::path& file);
 
 }  // namespace host
