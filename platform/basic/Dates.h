@@ -23,7 +23,6 @@ std::int32_t DaysBetween(Date from, Date to);  // whole calendar days, negative 
 // The usual forms, day first: "1/4/2001", "01-04-2001", "01-Apr-2001", "1 April 2001", "2001-04-01", each
 // with an optional time of day ("13:05", "1:05:30 PM"). A day above 12 in second place is read month first,
 // as of old. Two-digit years are 1930 to 2029. A plain number is no date.
-bool IsDate(std::string_view text);
 bool IsDate(const Value& value);
 Date ReadDate(std::string_view text);  // raises 13 "Type mismatch" where IsDate is False
 

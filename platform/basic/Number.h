@@ -24,8 +24,7 @@ std::string StrText(double number);
 double PrefixValue(std::string_view text);
 
 // Whether the whole text reads as a number, grouped ones ("1,234.50") included. "" and "." do not.
-bool IsNumeric(std::string_view text);
-bool IsNumeric(const Value& value);  // Null does not; numbers and booleans do; dates do not
+bool IsNumeric(const Value& value);  // numbers and booleans are numeric; Null and dates are not
 
 // The whole reading of a text, grouped numbers included; raises 13 "Type mismatch" where IsNumeric is False.
 double WholeNumber(std::string_view text);

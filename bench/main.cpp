@@ -1,0 +1,83 @@
+// Measures every figure as a ratio in one run and prints one line for each.
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "bench/Figures.h"
+
+namespace bench {
+namespace {
+
+std::vector<Figure>& Figures() {
+    static std::vector<Figure> figures;
+    return figures;
+}
+
+struct Times {
+    std::vector<double> real, cpu;
+};
+
+double Median(std::vector<double> values) {
+    if (values.empty()) return 0;
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// Keeps the time of each repetition by the benchmark's name and shows nothing itself.
+class Collector : public benchmark::BenchmarkReporter {
+  public:
+    bool ReportContext(const Context&) override { return true; }
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.error_occurred) failures.push_back(run.benchmark_name() + ": " + run.error_message);
+            if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
+            Times& times = byName[run.run_name.function_name];
+            times.real.push_back(run.GetAdjustedRealTime());
+            times.cpu.push_back(run.GetAdjustedCPUTime());
+        }
+    }
+    std::map<std::string, Times> byName;
+    std::vector<std::string> failures;
+};
+
+void PrintLine(const std::string& name, double ours, double bare, double goal) {
+    const double ratio = bare > 0 ? ours / bare : 0;
+    std::printf("%-62s %7.2f %7.2f  %s\n", name.c_str(), ratio, goal, ratio <= goal ? "met" : "NOT MET");
+}
+
+void Print(const Collector& collected) {
+    std::printf("%-62s %7s %7s\n", "figure (time, ours / bare library)", "ratio", "goal");
+    for (const Figure& figure : Figures()) {
+        const auto ours = collected.byName.find(figure.name + " [ours]");
+        const auto bare = collected.byName.find(figure.name + " [bare]");
+        if (ours == collected.byName.end() || bare == collected.byName.end()) continue;
+        PrintLine(figure.name, Median(ours->second.real), Median(bare->second.real), figure.goal);
+        if (!figure.cpuName.empty())
+            PrintLine(figure.cpuName, Median(ours->second.cpu), Median(bare->second.cpu), figure.cpuGoal);
+    }
+    for (const std::string& failure : collected.failures) std::printf("failed: %s\n", failure.c_str());
+}
+
+}  // namespace
+
+void AddFigure(Figure figure) {
+    Figures().push_back(std::move(figure));
+}
+
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    for (const bench::Figure& figure : bench::Figures()) {
+        benchmark::RegisterBenchmark((figure.name + " [ours]").c_str(), figure.ours)
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark((figure.name + " [bare]").c_str(), figure.bare)
+            ->Unit(benchmark::kMillisecond);
+    }
+    bench::Collector collected;
+    benchmark::RunSpecifiedBenchmarks(&collected);
+    bench::Print(collected);
+    return collected.failures.empty() ? 0 : 1;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/ado/Recordset.h"
+
+namespace host {
+
+// Errors are what should not be. Notes are what the system's own roads leave behind: what the next rebuild of
+// the totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.
+enum class Severity { Note, Error };
+
+struct Finding {
+    Severity severity = Severity::Note;
+    std::string text;  // one line
+};
+
+// Reads the books as they stand and changes nothing. The checks stand in AuditStore, AuditLedgers,
+// AuditVouchers and AuditStock; each adds its findings here.
+class Audit {
+  public:
+    static std::vector<Finding> Run();
+
+    void Error(std::string text) { findings_.push_back({Severity::Error, std::move(text)}); }
+    void Note(std::string text) { findings_.push_back({Severity::Note, std::move(text)}); }
+
+    const std::vector<std::string>& Years() const { return years_; }  // short forms, each once
+    bool HasTable(const std::string& table);
+
+    // Calls `row` for each row of the select; nothing for a table that does not stand.
+    void Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row);
+
+    void SetYears(std::vector<std::string> years) { years_ = std::move(years); }
+
+  private:
+    std::vector<Finding> findings_;
+    std::vector<std::string> years_;
+};
+
+void AuditFile(Audit& audit);      // the file's pages
+void AuditYears(Audit& audit);     // flags, doubled years, tables; tells the audit its years
+void AuditLedgers(Audit& audit);   // leaves, ledgers and details against each other
+void AuditVouchers(Audit& audit);  // sides, unknown ledgers, running totals
+void AuditStock(Audit& audit);     // counters against movements, bills against vouchers
+
+// A sum as messages show it, rounded to paise: 0.1 + 0.2 - 0.3 is 0.
+std::string Rupees(double amount);
+bool Differ(double a, double b);  // by half a paisa or more
+
+}  // namespace host
