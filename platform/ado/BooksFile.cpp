@@ -1,13 +1,13 @@
 #include "platform/ado/BooksFile.h"
 
-#include <unistd.h>
-
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <string_view>
+
+#include <unistd.h>
 
 namespace ado {
 namespace {

@@ -12,8 +12,9 @@ enum class FileLook {
     Encrypted     // may be a books file
 };
 
-// Looks at the file at the path. `closely` also weighs the first bytes, which takes a key that does not fit as
-// the reason: a books file that a crash left with a torn end is not turned away before the library repaired it.
+// Looks at the file at the path. `closely` also weighs the first bytes, which takes a key that does not fit
+// as the reason: a books file that a crash left with a torn end is not turned away before the library
+// repaired it.
 FileLook LookAt(const std::string& path, bool closely);
 
 }  // namespace ado

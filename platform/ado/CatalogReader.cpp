@@ -27,7 +27,8 @@ std::string QuotedName(std::string_view name) {
 
 const TableInfo* CatalogReader::Table(std::string_view name) {
     std::string folded = basic::FoldCase(name);
-    if (const auto found = byFoldedName_.find(folded); found != byFoldedName_.end()) return found->second.get();
+    if (const auto found = byFoldedName_.find(folded); found != byFoldedName_.end())
+        return found->second.get();
 
     const auto tables = engine_.Prepare(
         "SELECT name, sql FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' "
@@ -40,11 +41,13 @@ const TableInfo* CatalogReader::Table(std::string_view name) {
 
     const auto columns = engine_.Prepare("PRAGMA table_info(" + QuotedName(table->name) + ")");
     while (columns->Step())
-        table->columns.push_back({std::string(columns->Text(1)), TypeOf(columns->Text(2)),
-                                  counts && columns->Integer(5) != 0});
+        table->columns.push_back(
+            {std::string(columns->Text(1)), TypeOf(columns->Text(2)), counts && columns->Integer(5) != 0});
     return byFoldedName_.emplace(std::move(folded), std::move(table)).first->second.get();
 }
 
-void CatalogReader::Forget() { byFoldedName_.clear(); }
+void CatalogReader::Forget() {
+    byFoldedName_.clear();
+}
 
 }  // namespace ado

@@ -9,8 +9,8 @@
 
 namespace ado {
 
-// The tables as the embedded store describes them. Keeps only what it found: a table that is missing is asked for
-// anew each time, since another program may just have made it.
+// The tables as the embedded store describes them. Keeps only what it found: a table that is missing is asked
+// for anew each time, since another program may just have made it.
 class CatalogReader final : public Catalog {
   public:
     explicit CatalogReader(Engine& engine) : engine_(engine) {}

@@ -89,7 +89,9 @@ struct Column::Narrow {
 // The whole cell of a narrow value.
 struct Column::Widen {
     Cell operator()(Nothing) const { return {}; }
-    Cell operator()(Flag flag) const { return flag == Flag::Null ? Cell() : Cell::Of(flag == Flag::True ? 1 : 0); }
+    Cell operator()(Flag flag) const {
+        return flag == Flag::Null ? Cell() : Cell::Of(flag == Flag::True ? 1 : 0);
+    }
     Cell operator()(std::int32_t whole) const { return whole == noWhole ? Cell() : Cell::Of(whole); }
     Cell operator()(double real) const { return std::isnan(real) ? Cell() : Cell::OfReal(real); }
     Cell operator()(TextId text) const { return text.id == TextPool::none ? Cell() : Cell::OfText(text.id); }
@@ -103,9 +105,12 @@ Column::Column(ColumnType type) {
     if (type == ColumnType::Text) values_ = Texts();
 }
 
-void Column::Add(const EngineStatement& row, int index, TextPool& pool) { Add(Read(row, index, pool)); }
+void Column::Add(const EngineStatement& row, int index, TextPool& pool) {
+    Add(Read(row, index, pool));
+}
 
-// Hands the narrow form of the cell to `place`, with the values it belongs to; False if the cell does not fit them.
+// Hands the narrow form of the cell to `place`, with the values it belongs to; False if the cell does not fit
+// them.
 template <class Place>
 bool Column::Put(const Cell& cell, Place place) {
     return std::visit(

@@ -31,8 +31,9 @@ struct Cell {
 // What a field of the type shows for a cell.
 basic::Value CellValue(const Cell& cell, ColumnType type, const TextPool& pool);
 
-// The values of one column, as narrow as its type allows: 1 byte for a boolean, 4 for a whole number or a text, 8 for
-// a double. A value that does not fit (another program may have stored it) turns the column into one of whole cells.
+// The values of one column, as narrow as its type allows: 1 byte for a boolean, 4 for a whole number or a
+// text, 8 for a double. A value that does not fit (another program may have stored it) turns the column into
+// one of whole cells.
 class Column {
   public:
     explicit Column(ColumnType type);
@@ -48,7 +49,8 @@ class Column {
     std::size_t Bytes() const;
 
   private:
-    // Nothing but Null so far, so only a count. The first other value decides the form of a column without a type.
+    // Nothing but Null so far, so only a count. The first other value decides the form of a column without a
+    // type.
     struct Nothing {};
     struct Nulls {
         using value_type = Nothing;

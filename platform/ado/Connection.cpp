@@ -17,7 +17,9 @@ constexpr const char* source = "ado.Connection";
 
 }  // namespace
 
-std::string& PropertyBag::operator()(std::string_view name) { return byFoldedName_[basic::FoldCase(name)]; }
+std::string& PropertyBag::operator()(std::string_view name) {
+    return byFoldedName_[basic::FoldCase(name)];
+}
 
 std::string PropertyBag::Get(std::string_view name) const {
     const auto found = byFoldedName_.find(basic::FoldCase(name));
@@ -27,13 +29,16 @@ std::string PropertyBag::Get(std::string_view name) const {
 Connection::Connection() = default;
 Connection::~Connection() = default;
 
-void Connection::Open(std::string_view connectionString, std::string_view user, std::string_view password, int) {
+void Connection::Open(std::string_view connectionString, std::string_view user, std::string_view password,
+                      int) {
     if (session_)
         throw basic::Error(error::ObjectOpen, "Operation is not allowed when the object is open.", source);
     if (!connectionString.empty() || !user.empty() || !password.empty())
-        throw basic::Error(error::BadArgument, "The store is named by the connection's properties alone.", source);
+        throw basic::Error(error::BadArgument, "The store is named by the connection's properties alone.",
+                           source);
     const std::string file = Properties.Get("Data Source");
-    session_ = std::make_shared<Session>(EngineFor(file), file, Properties.Get("Jet OLEDB:Database Password"));
+    session_ =
+        std::make_shared<Session>(EngineFor(file), file, Properties.Get("Jet OLEDB:Database Password"));
 }
 
 void Connection::Close() {
@@ -41,7 +46,9 @@ void Connection::Close() {
     std::exchange(session_, nullptr)->Close();
 }
 
-int Connection::State() const { return session_ ? adStateOpen : adStateClosed; }
+int Connection::State() const {
+    return session_ ? adStateOpen : adStateClosed;
+}
 
 RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recordsAffected, int) {
     if (recordsAffected != nullptr) *recordsAffected = 0;
@@ -57,13 +64,20 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     return result;
 }
 
-int Connection::BeginTrans() { return Opened()->BeginTrans(); }
-void Connection::CommitTrans() { Opened()->CommitTrans(); }
-void Connection::RollbackTrans() { Opened()->RollbackTrans(); }
+int Connection::BeginTrans() {
+    return Opened()->BeginTrans();
+}
+void Connection::CommitTrans() {
+    Opened()->CommitTrans();
+}
+void Connection::RollbackTrans() {
+    Opened()->RollbackTrans();
+}
 
 const std::shared_ptr<Session>& Connection::Opened() {
     if (!session_)
-        throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.", source);
+        throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.",
+                           source);
     return session_;
 }
 

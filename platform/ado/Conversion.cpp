@@ -57,9 +57,10 @@ Value ConvertTo(ColumnType type, const Value& value) {
     } catch (const basic::Error& failure) {
         if (failure.Number != basic::error::TypeMismatch) throw;
         const std::string kind = type == ColumnType::Boolean ? "a yes/no" : "a number";
-        throw basic::Error(error::BadValue,
-                           "Data type mismatch: '" + basic::ToText(value) + "' is no value for " + kind + " field.",
-                           "ado.Statement");
+        throw basic::Error(
+            error::BadValue,
+            "Data type mismatch: '" + basic::ToText(value) + "' is no value for " + kind + " field.",
+            "ado.Statement");
     }
 }
 

@@ -8,7 +8,8 @@ namespace ado {
 
 // The value as a field of the type takes it: numbers in texts are read, whole numbers round half to even, a
 // number for a text field becomes its classic text, any non-zero number is True. Null and fields without a
-// type take all as it is. Raises BadValue for a text that is no number, 6 "Overflow" for one that is too large.
+// type take all as it is. Raises BadValue for a text that is no number, 6 "Overflow" for one that is too
+// large.
 basic::Value ConvertTo(ColumnType type, const basic::Value& value);
 
 // The value that a literal of a statement is bound with. `where` names the place in an error's text.

@@ -9,8 +9,8 @@
 
 namespace ado {
 
-// The rows of a Select Distinct while they are read: knows a row that is alike an earlier one, texts without regard
-// to case.
+// The rows of a Select Distinct while they are read: knows a row that is alike an earlier one, texts without
+// regard to case.
 class DistinctRows {
   public:
     DistinctRows(const std::vector<Column>& columns, const TextPool& pool) : columns_(columns), pool_(pool) {}

@@ -8,7 +8,9 @@ namespace ado {
 namespace {
 
 // "server://host/books" and the like name another kind of store.
-bool IsFilePath(const std::string& source) { return !source.empty() && source.find("://") == std::string::npos; }
+bool IsFilePath(const std::string& source) {
+    return !source.empty() && source.find("://") == std::string::npos;
+}
 
 }  // namespace
 

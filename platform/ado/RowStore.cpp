@@ -29,11 +29,12 @@ RowStore::RowStore(const Plan& plan) : distinct_(plan.distinct), identified_(pla
 }
 
 void RowStore::Fill(EngineStatement& statement) {
-    const int identity = static_cast<int>(columns_.size());
+    const int identity = static_cast<int>(columns_.size());  // the column behind the last field
     std::optional<DistinctRows> seen;
     if (distinct_) seen.emplace(columns_, pool_);
     while (statement.Step()) {
-        for (int c = 0; c < identity; ++c) columns_[static_cast<std::size_t>(c)].Add(statement, c, pool_);
+        int index = 0;
+        for (Column& column : columns_) column.Add(statement, index++, pool_);
         if (seen && !seen->IsNew(rows_)) {
             for (Column& column : columns_) column.RemoveLast();
             continue;
@@ -54,10 +55,11 @@ void RowStore::Set(std::size_t row, std::size_t column, const basic::Value& valu
     columns_[column].Set(row, value.Visit(CellOf{pool_}));
 }
 
-std::size_t RowStore::Append(std::int64_t rowid) {
-    for (Column& column : columns_) column.Add(Cell());
+void RowStore::Append(const EngineStatement& row, std::int64_t rowid) {
+    int index = 0;
+    for (Column& column : columns_) column.Add(row, index++, pool_);
     rowids_.push_back(rowid);
-    return rows_++;
+    ++rows_;
 }
 
 std::size_t RowStore::Bytes() const {

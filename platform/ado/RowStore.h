@@ -13,7 +13,8 @@
 
 namespace ado {
 
-// The rows of a select, read whole and kept in compact columns: under 120 bytes for a voucher row with all its fields.
+// The rows of a select, read whole and kept in compact columns: under 120 bytes for a voucher row with all
+// its fields.
 class RowStore {
   public:
     explicit RowStore(const Plan& plan);
@@ -29,12 +30,11 @@ class RowStore {
     ColumnType TypeOf(std::size_t column) const { return types_[column]; }
 
     void Set(std::size_t row, std::size_t column, const basic::Value& value);
-    std::size_t Append(std::int64_t rowid);  // a row of Nulls at the end; gives its place
+    void Append(const EngineStatement& row, std::int64_t rowid);  // the row on which the statement stands
 
     std::size_t Bytes() const;
 
   private:
-
     std::vector<ColumnType> types_;
     std::vector<Column> columns_;
     std::vector<std::int64_t> rowids_;

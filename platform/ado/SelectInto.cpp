@@ -41,9 +41,12 @@ std::string_view AfterTableName(std::string_view sql, std::string_view word) {
     return sql.substr(NameEnd(sql, at));
 }
 
-void Run(Engine& engine, const std::string& sql) { engine.Prepare(sql)->Step(); }
+void Run(Engine& engine, const std::string& sql) {
+    engine.Prepare(sql)->Step();
+}
 
-void CopyIndex(Engine& engine, const Definition& index, const std::string& source, const std::string& target) {
+void CopyIndex(Engine& engine, const Definition& index, const std::string& source,
+               const std::string& target) {
     Run(engine, "CREATE INDEX " + QuotedName(IndexNameFor(index.name, source, target)) + " ON " +
                     QuotedName(target) + std::string(AfterTableName(index.sql, " ON ")));
 }
@@ -59,8 +62,10 @@ std::string IndexNameFor(const std::string& index, const std::string& source, co
 void SelectInto(Engine& engine, const std::string& source, const std::string& target) {
     const Definition table = DefinitionsOf(engine, "table", source).at(0);
     Run(engine, "CREATE TABLE " + QuotedName(target) + std::string(AfterTableName(table.sql, "TABLE")));
-    Run(engine, "INSERT INTO " + QuotedName(target) + " SELECT * FROM " + QuotedName(source) + " ORDER BY rowid");
-    for (const Definition& index : DefinitionsOf(engine, "index", source)) CopyIndex(engine, index, source, target);
+    Run(engine,
+        "INSERT INTO " + QuotedName(target) + " SELECT * FROM " + QuotedName(source) + " ORDER BY rowid");
+    for (const Definition& index : DefinitionsOf(engine, "index", source))
+        CopyIndex(engine, index, source, target);
 }
 
 }  // namespace ado

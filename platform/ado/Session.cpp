@@ -20,7 +20,9 @@ std::vector<basic::Value> LiteralValues(const Shape& shape, const Plan& plan) {
 }
 
 // Our own functions can stop a statement halfway, and the store would keep the half.
-bool MayStopHalfway(const std::string& sql) { return sql.find("qm_") != std::string::npos; }
+bool MayStopHalfway(const std::string& sql) {
+    return sql.find("qm_") != std::string::npos;
+}
 
 }  // namespace
 
@@ -129,9 +131,13 @@ void Session::RollbackTrans() {
     cache_.Clear();
 }
 
-void Session::Postpone(PostponedRead& read) { postponed_.push_back(&read); }
+void Session::Postpone(PostponedRead& read) {
+    postponed_.push_back(&read);
+}
 
-void Session::Forget(PostponedRead& read) { std::erase(postponed_, &read); }
+void Session::Forget(PostponedRead& read) {
+    std::erase(postponed_, &read);
+}
 
 void Session::ReadPostponed() {
     while (!postponed_.empty()) {

@@ -41,7 +41,8 @@ class Session {
 
     // Finds or translates a statement and converts its literals; raises all that is wrong with it so far.
     ReadyStatement Ready(std::string_view statement, const PlanOptions& options = {});
-    // A select with one more condition, in the store's SQL; its values are the parameters from ParameterFrom(base).
+    // A select with one more condition, in the store's SQL; its values are the parameters from
+    // ParameterFrom(base).
     ReadyStatement Narrowed(const ReadyStatement& base, const std::string& condition,
                             const std::vector<basic::Value>& values);
     static std::size_t ParameterFrom(const ReadyStatement& base) { return base.values.size() + 1; }

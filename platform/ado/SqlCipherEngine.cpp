@@ -1,10 +1,10 @@
 #include "platform/ado/SqlCipherEngine.h"
 
-#include <sqlcipher/sqlite3.h>
-
 #include <charconv>
 #include <string_view>
 #include <utility>
+
+#include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/BooksFile.h"
 #include "platform/ado/Errors.h"
@@ -82,7 +82,9 @@ std::string Quoted(std::string_view text) {
     return quoted + "'";
 }
 
-std::string Level(int level) { return "qm_level_" + std::to_string(level); }
+std::string Level(int level) {
+    return "qm_level_" + std::to_string(level);
+}
 
 [[noreturn]] void RefuseFile(FileLook look, const std::string& path) {
     if (look == FileLook::Missing)
@@ -119,10 +121,11 @@ void SqlCipherEngine::Unlock(const std::string& path, const std::string& passwor
     Run("PRAGMA key = " + Quoted(password));
     const std::string version = Ask("PRAGMA cipher_version");
     if (version.empty())
-        throw basic::Error(error::Unspecified,
-                           "A database library without encryption is loaded in this program and stands in the "
-                           "way of the books' own.",
-                           source);
+        throw basic::Error(
+            error::Unspecified,
+            "A database library without encryption is loaded in this program and stands in the "
+            "way of the books' own.",
+            source);
     int major = 0;
     std::from_chars(version.data(), version.data() + version.size(), major);
     if (major >= 4) Run("PRAGMA cipher_compatibility = 3");
@@ -158,8 +161,12 @@ std::unique_ptr<EngineStatement> SqlCipherEngine::Prepare(const std::string& sql
     return std::make_unique<SqlStatement>(store_, raised_, sql);
 }
 
-std::int64_t SqlCipherEngine::Changes() const { return sqlite3_changes(store_); }
-bool SqlCipherEngine::InTransaction() const { return sqlite3_get_autocommit(store_) == 0; }
+std::int64_t SqlCipherEngine::Changes() const {
+    return sqlite3_changes(store_);
+}
+bool SqlCipherEngine::InTransaction() const {
+    return sqlite3_get_autocommit(store_) == 0;
+}
 
 // The write lock at once: a read followed by a write inside a deferred transaction fails without waiting as
 // soon as another program has written in between.
@@ -172,13 +179,20 @@ void SqlCipherEngine::Begin() {
 void SqlCipherEngine::Commit() {
     Run("COMMIT");
     // A commit that wrote nothing waits for nothing; what was written loosely before must not stay behind it.
-    if (looseWritten_ && sqlite3_total_changes(store_) == changesAtBegin_) Run("PRAGMA wal_checkpoint(PASSIVE)");
+    if (looseWritten_ && sqlite3_total_changes(store_) == changesAtBegin_)
+        Run("PRAGMA wal_checkpoint(PASSIVE)");
     looseWritten_ = false;
 }
 
-void SqlCipherEngine::Rollback() { Run("ROLLBACK"); }
-void SqlCipherEngine::Savepoint(int level) { Run("SAVEPOINT " + Level(level)); }
-void SqlCipherEngine::Release(int level) { Run("RELEASE " + Level(level)); }
+void SqlCipherEngine::Rollback() {
+    Run("ROLLBACK");
+}
+void SqlCipherEngine::Savepoint(int level) {
+    Run("SAVEPOINT " + Level(level));
+}
+void SqlCipherEngine::Release(int level) {
+    Run("RELEASE " + Level(level));
+}
 
 void SqlCipherEngine::RollbackTo(int level) {
     Run("ROLLBACK TO " + Level(level));
@@ -206,6 +220,8 @@ std::string SqlCipherEngine::Ask(const std::string& sql) {
     return statement.Step() && statement.Kind(0) != CellKind::Null ? std::string(statement.Text(0)) : "";
 }
 
-void SqlCipherEngine::Fail() { throw FailureOf(store_, raised_); }
+void SqlCipherEngine::Fail() {
+    throw FailureOf(store_, raised_);
+}
 
 }  // namespace ado

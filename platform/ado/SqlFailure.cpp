@@ -1,11 +1,11 @@
 #include "platform/ado/SqlFailure.h"
 
-#include <sqlcipher/sqlite3.h>
-
 #include <cerrno>
 #include <cstring>
 #include <string>
 #include <utility>
+
+#include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/Engine.h"
 #include "platform/ado/Errors.h"
@@ -32,7 +32,8 @@ Failure OutOfRoom() {
 }
 
 Failure InputOutput(int systemError) {
-    // A file that may not grow is reported as a plain write error, with the reason only in the system's number.
+    // A file that may not grow is reported as a plain write error, with the reason only in the system's
+    // number.
     if (systemError == ENOSPC || systemError == EFBIG || systemError == EDQUOT) return OutOfRoom();
     std::string reason = systemError != 0 ? std::strerror(systemError) : "no reason given";
     return {error::Unspecified, "The disk could not be read or written (" + reason + ")."};
@@ -77,8 +78,12 @@ Failure Describe(int code, int systemError, const std::string& message) {
 
 }  // namespace
 
-std::chrono::milliseconds LockWait() { return lockWait; }
-void SetLockWait(std::chrono::milliseconds wait) { lockWait = wait; }
+std::chrono::milliseconds LockWait() {
+    return lockWait;
+}
+void SetLockWait(std::chrono::milliseconds wait) {
+    lockWait = wait;
+}
 
 basic::Error FailureOf(sqlite3* store, std::optional<basic::Error>& raised) {
     if (raised) return *std::exchange(raised, std::nullopt);

@@ -1,12 +1,12 @@
 #include "platform/ado/SqlFunctions.h"
 
-#include <sqlcipher/sqlite3.h>
-
 #include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/Conversion.h"
 #include "platform/ado/Errors.h"
@@ -31,7 +31,9 @@ Value As(const Arguments& a) {
     return ConvertTo(type, a[0]);
 }
 
-bool AnyNull(const Arguments& a) { return a[0].IsNull() || a[1].IsNull(); }
+bool AnyNull(const Arguments& a) {
+    return a[0].IsNull() || a[1].IsNull();
+}
 
 Value Like(const Arguments& a) {
     if (AnyNull(a)) return {};
@@ -50,7 +52,9 @@ Value LeftPart(const Arguments& a) {
     return basic::Left(basic::ToText(a[0]), static_cast<std::size_t>(count));
 }
 
-Value Text(const Arguments& a) { return basic::ToText(a[0]); }  // of Null: "Invalid use of Null"
+Value Text(const Arguments& a) {
+    return basic::ToText(a[0]);
+}  // of Null: "Invalid use of Null"
 
 // Always by doubles: whole numbers must not cut the quotient, and a zero is no silent Null.
 Value Divide(const Arguments& a) {
@@ -110,7 +114,9 @@ struct Registered {
     std::optional<basic::Error>* raised;
 };
 
-Registered& Of(sqlite3_context* context) { return *static_cast<Registered*>(sqlite3_user_data(context)); }
+Registered& Of(sqlite3_context* context) {
+    return *static_cast<Registered*>(sqlite3_user_data(context));
+}
 
 void Fail(sqlite3_context* context, const basic::Error& error) {
     Of(context).raised->emplace(error);
@@ -156,7 +162,9 @@ int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
     return basic::CompareText(view(a, lengthA), view(b, lengthB));
 }
 
-void Forget(void* registered) { delete static_cast<Registered*>(registered); }
+void Forget(void* registered) {
+    delete static_cast<Registered*>(registered);
+}
 
 }  // namespace
 

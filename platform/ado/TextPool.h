@@ -7,7 +7,8 @@
 
 namespace ado {
 
-// Texts one behind the other in one block, each known by a number. While it is filled, equal texts can share one.
+// Texts one behind the other in one block, each known by a number. While it is filled, equal texts can share
+// one.
 class TextPool {
   public:
     using Id = std::uint32_t;

@@ -91,9 +91,10 @@ void Transactions::InSavepoint(const std::function<void()>& change) {
 
 void Transactions::RefuseLost() const {
     if (!Lost()) return;
-    throw basic::Error(error::Unspecified,
-                       "The transaction was lost when an earlier statement failed: all of it has been undone.",
-                       "ado.Connection");
+    throw basic::Error(
+        error::Unspecified,
+        "The transaction was lost when an earlier statement failed: all of it has been undone.",
+        "ado.Connection");
 }
 
 }  // namespace ado
