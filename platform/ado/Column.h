@@ -54,7 +54,8 @@ class Column {
     struct Nothing {};
     struct Nulls {
         using value_type = Nothing;
-        std::size_t count = 0;
+        std::size_t count;
+        Nulls() : count(0) {}
         void push_back(Nothing) { ++count; }
         void pop_back() { --count; }
         Nothing operator[](std::size_t) const { return {}; }

@@ -74,6 +74,10 @@ void Connection::RollbackTrans() {
     Opened()->RollbackTrans();
 }
 
+int Connection::TransDepth() const {
+    return session_ ? session_->TransDepth() : 0;
+}
+
 const std::shared_ptr<Session>& Connection::Opened() {
     if (!session_)
         throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.",

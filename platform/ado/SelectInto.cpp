@@ -25,20 +25,10 @@ std::vector<Definition> DefinitionsOf(Engine& engine, std::string_view type, con
     return definitions;
 }
 
-// The end of the name that starts at `at`, quoted or not.
-std::size_t NameEnd(std::string_view sql, std::size_t at) {
-    constexpr std::string_view opening = "\"[`'", closing = "\"]`'";
-    const std::size_t quote = opening.find(sql[at]);
-    if (quote == std::string_view::npos) return sql.find_first_of(" \t\r\n(", at);
-    return sql.find(closing[quote], at + 1) + 1;
-}
-
-// What follows the table's name in a definition: the columns in their brackets, and whatever stands behind.
-std::string_view AfterTableName(std::string_view sql, std::string_view word) {
-    // The word before the name is TABLE or ON, as a word of its own.
-    const std::string upper = basic::UCase(sql);
-    const std::size_t at = sql.find_first_not_of(" \t\r\n", upper.find(word) + word.size());
-    return sql.substr(NameEnd(sql, at));
+// A definition without what it defines: from its first bracket, so the columns and whatever stands behind
+// them.
+std::string Body(const Definition& definition) {
+    return definition.sql.substr(definition.sql.find('('));
 }
 
 void Run(Engine& engine, const std::string& sql) {
@@ -48,7 +38,7 @@ void Run(Engine& engine, const std::string& sql) {
 void CopyIndex(Engine& engine, const Definition& index, const std::string& source,
                const std::string& target) {
     Run(engine, "CREATE INDEX " + QuotedName(IndexNameFor(index.name, source, target)) + " ON " +
-                    QuotedName(target) + std::string(AfterTableName(index.sql, " ON ")));
+                    QuotedName(target) + " " + Body(index));
 }
 
 }  // namespace
@@ -61,7 +51,7 @@ std::string IndexNameFor(const std::string& index, const std::string& source, co
 
 void SelectInto(Engine& engine, const std::string& source, const std::string& target) {
     const Definition table = DefinitionsOf(engine, "table", source).at(0);
-    Run(engine, "CREATE TABLE " + QuotedName(target) + std::string(AfterTableName(table.sql, "TABLE")));
+    Run(engine, "CREATE TABLE " + QuotedName(target) + " " + Body(table));
     Run(engine,
         "INSERT INTO " + QuotedName(target) + " SELECT * FROM " + QuotedName(source) + " ORDER BY rowid");
     for (const Definition& index : DefinitionsOf(engine, "index", source))

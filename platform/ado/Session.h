@@ -57,6 +57,7 @@ class Session {
     int BeginTrans();
     void CommitTrans();
     void RollbackTrans();
+    int TransDepth() const { return transactions_.Depth(); }
 
     void Postpone(PostponedRead& read);
     void Forget(PostponedRead& read);

@@ -18,6 +18,7 @@ class Transactions {
     void Commit();    // of a lost level: raises, and the level stays
     void Rollback();  // both raise NoTransaction at depth 0
     void RollbackAll();
+    int Depth() const { return depth_; }
 
     // Runs a write in the level that stands open, or on its own. `whole`: what it does in several steps is
     // undone if a later step fails. The store itself undoes a statement that breaks a rule of its table, but
