@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/ado/Scope.h"
 #include "platform/basic/Text.h"
 
 namespace ado {
@@ -18,12 +19,6 @@ ColumnType TypeOf(std::string_view declared) {
 }
 
 }  // namespace
-
-std::string QuotedName(std::string_view name) {
-    std::string quoted = "\"";
-    for (char c : name) quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + "\"";
-}
 
 const TableInfo* CatalogReader::Table(std::string_view name) {
     std::string folded = basic::FoldCase(name);

@@ -22,7 +22,4 @@ class CatalogReader final : public Catalog {
     std::unordered_map<std::string, std::unique_ptr<TableInfo>> byFoldedName_;
 };
 
-// A name as the store's SQL takes it.
-std::string QuotedName(std::string_view name);
-
 }  // namespace ado

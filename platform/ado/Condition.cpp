@@ -4,8 +4,8 @@
 #include <charconv>
 #include <utility>
 
-#include "platform/ado/CatalogReader.h"
 #include "platform/ado/Errors.h"
+#include "platform/ado/Scope.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"

@@ -1,9 +1,9 @@
 #include <utility>
 
-#include "platform/ado/CatalogReader.h"
 #include "platform/ado/Conversion.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/RecordsetImpl.h"
+#include "platform/ado/Scope.h"
 
 namespace ado {
 namespace {

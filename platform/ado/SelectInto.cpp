@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/CatalogReader.h"
+#include "platform/ado/Scope.h"
 #include "platform/basic/Text.h"
 
 namespace ado {

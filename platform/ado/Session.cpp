@@ -48,13 +48,10 @@ void Session::Close() {
 }
 
 ReadyStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
-    Shape shape = ShapeOf(statement);
-    if (options.rowid) shape.key += "\nrowid";
-    CachedStatementPtr cached = cache_.Find(shape.key);
-    if (!cached) {
-        Plan plan = Translate(shape, catalog_, options);
-        cached = cache_.Add(std::move(shape.key), std::move(plan));
-    }
+    const Shape shape = ShapeOf(statement);
+    std::string key = options.rowid ? "with rowid " + shape.key : shape.key;
+    CachedStatementPtr cached = cache_.Find(key);
+    if (!cached) cached = cache_.Add(std::move(key), Translate(shape, catalog_, options));
     std::vector<basic::Value> values = LiteralValues(shape, *cached->plan);
     return {std::move(cached), std::move(values)};
 }
