@@ -30,8 +30,10 @@ std::int32_t DayOf(Date date) {
 double TimeOf(Date date) {
     return std::abs(date.Serial - DayOf(date));
 }
+// A time just before midnight stays on its day, though a large serial has fewer digits left for it.
 Date Join(std::int32_t day, double time) {
-    return {day < 0 ? day - time : day + time};
+    const double serial = day < 0 ? day - time : day + time;
+    return {std::trunc(serial) == day ? serial : std::nextafter(serial, day)};
 }
 
 std::optional<Date> Make(int year, int month, int day) {

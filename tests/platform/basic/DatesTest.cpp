@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include "platform/basic/Clock.h"
@@ -41,6 +43,8 @@ TEST(Dates, TheTimeOfDayStaysWithItsDay) {
                  {-1.25, 0, "29/12/1899 06:00:00"},    {-1.25, 2, "31/12/1899 06:00:00"},
                  {-0.25, 0, "30/12/1899 06:00:00"},    {36982, 365, "01/04/2002"}};
     for (const auto& c : cases) EXPECT_EQ(Shown(AddDays({c.serial}, c.days)), c.shown);
+    const double beforeMidnight = std::nextafter(2, 1);
+    EXPECT_EQ(DatePart(AddDays({beforeMidnight}, 1000)).Serial, 1001);
     EXPECT_EQ(DatePart({-1.25}).Serial, -1);
     EXPECT_EQ(DatePart({36982.75}).Serial, 36982);
     EXPECT_EQ(DaysBetween({36982.9}, {36983.1}), 1);
