@@ -1,15 +1,15 @@
 #pragma once
 
-#include <sqlcipher/sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
+
+#include <sqlcipher/sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Errors.h"
@@ -129,8 +129,8 @@ inline std::string TextOfError(const std::function<void()>& call) {
     return "";
 }
 
-// Runs the body in a process of its own, for what would harm the others: limits, rights, a second program. Gives the
-// body's result, at most 255.
+// Runs the body in a process of its own, for what would harm the others: limits, rights, a second program.
+// Gives the body's result, at most 255.
 inline int InChild(const std::function<int()>& body) {
     const pid_t child = fork();
     if (child == 0) {

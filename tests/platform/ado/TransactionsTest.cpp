@@ -1,9 +1,9 @@
-#include <gtest/gtest.h>
-#include <sys/resource.h>
-
 #include <chrono>
 #include <csignal>
 #include <thread>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "platform/ado/Engine.h"
 #include "tests/platform/ado/TestStore.h"
@@ -153,7 +153,8 @@ TEST(TransactionsTest, AReadInsideDoesNotMakeTheWriteFailWhenAnotherWrote) {
     EXPECT_EQ(Rows(b, names), "b a c");
 }
 
-// No room for the file to grow from here on. The signal would end the process before the library sees the error.
+// No room for the file to grow from here on. The signal would end the process before the library sees the
+// error.
 void FillUpDisk(const TestStore& store) {
     std::signal(SIGXFSZ, SIG_IGN);
     const auto size = static_cast<rlim_t>(std::filesystem::file_size(store.Path())) + 8192;
@@ -181,8 +182,8 @@ TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
     EXPECT_EQ(Rows(store.Connect(), "Select Remark From Small Where Remark = 'before'"), "before");
 }
 
-// At each depth: either the writing or the commit fails with "disk full", each level can be rolled back, none reports
-// success, nothing is written in between, and afterwards all is as before.
+// At each depth: either the writing or the commit fails with "disk full", each level can be rolled back, none
+// reports success, nothing is written in between, and afterwards all is as before.
 class DiskFullInTransaction : public testing::TestWithParam<int> {};
 
 TEST_P(DiskFullInTransaction, LosesAllLevelsAndNeverReportsSuccess) {
