@@ -54,6 +54,8 @@ class Session {
     // For what this layer writes in the store's own SQL: the values are bound in order.
     ReadyStatement Own(std::string sql, std::vector<basic::Value> values);
 
+    Engine& engine() { return *engine_; }  // for maintenance, beside running statements
+
     int BeginTrans();
     void CommitTrans();
     void RollbackTrans();

@@ -128,7 +128,8 @@ void SqlCipherEngine::Unlock(const std::string& path, const std::string& passwor
             source);
     int major = 0;
     std::from_chars(version.data(), version.data() + version.size(), major);
-    if (major >= 4) Run("PRAGMA cipher_compatibility = 3");
+    newLibrary_ = major >= 4;  // files stay as the older library makes them
+    if (newLibrary_) Run("PRAGMA cipher_compatibility = 3");
     try {
         Ask("SELECT count(*) FROM sqlite_master");
     } catch (const basic::Error&) {
@@ -197,6 +198,36 @@ void SqlCipherEngine::Release(int level) {
 void SqlCipherEngine::RollbackTo(int level) {
     Run("ROLLBACK TO " + Level(level));
     Release(level);
+}
+
+// The moment is fixed by the first read, not by BEGIN.
+void SqlCipherEngine::BeginRead() {
+    Run("BEGIN");
+    Ask("SELECT count(*) FROM sqlite_master");
+}
+
+void SqlCipherEngine::EndRead() {
+    Run("COMMIT");
+}
+
+void SqlCipherEngine::CopyTo(const std::string& file, const std::string& password) {
+    sqlite3* made = nullptr;
+    const auto require = [&](bool well) {
+        if (well) return;
+        basic::Error failure = FailureOf(made, raised_);
+        sqlite3_close_v2(made);
+        throw failure;
+    };
+    require(sqlite3_open_v2(file.c_str(), &made, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) ==
+            SQLITE_OK);
+    require(sqlite3_exec(made, ("PRAGMA key = " + Quoted(password)).c_str(), nullptr, nullptr, nullptr) ==
+            SQLITE_OK);
+    if (newLibrary_) sqlite3_exec(made, "PRAGMA cipher_compatibility = 3", nullptr, nullptr, nullptr);
+    sqlite3_backup* const backup = sqlite3_backup_init(made, "main", store_, "main");
+    require(backup != nullptr);
+    sqlite3_backup_step(backup, -1);
+    require(sqlite3_backup_finish(backup) == SQLITE_OK);
+    require(sqlite3_close(made) == SQLITE_OK);
 }
 
 void SqlCipherEngine::BeforeLooseWrite() {

@@ -30,6 +30,9 @@ class SqlCipherEngine final : public Engine {
     void Savepoint(int level) override;
     void Release(int level) override;
     void RollbackTo(int level) override;
+    void BeginRead() override;
+    void EndRead() override;
+    void CopyTo(const std::string& file, const std::string& password) override;
     void BeforeLooseWrite() override;
 
   private:
@@ -42,6 +45,7 @@ class SqlCipherEngine final : public Engine {
 
     sqlite3* store_ = nullptr;
     std::optional<basic::Error> raised_;  // by a function of ours, on its way out through the library
+    bool newLibrary_ = false;             // its files are made differently unless it is told
     bool waits_ = false;                  // a commit waits until it is on disk
     bool looseWritten_ = false;           // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;
