@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace host {
+
+// What runs once the command line has been read; gives the exit code. A failure is raised as basic::Error.
+using Command = std::function<int()>;
+
+// Each command adds itself, with its options and help, and puts what it does into `chosen` when it is named.
+void AddCreate(CLI::App& app, Command& chosen);
+void AddPost(CLI::App& app, Command& chosen);
+void AddLedgers(CLI::App& app, Command& chosen);
+void AddYears(CLI::App& app, Command& chosen);
+void AddYearSwitch(CLI::App& app, Command& chosen);
+void AddAddYear(CLI::App& app, Command& chosen);
+void AddCheck(CLI::App& app, Command& chosen);
+void AddBackup(CLI::App& app, Command& chosen);
+
+}  // namespace host
