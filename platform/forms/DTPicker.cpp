@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
 
+#include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
 
 namespace forms {
@@ -13,6 +14,7 @@ DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent), Control(this, Focus::Ta
     setCalendarPopup(true);
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     setDisplayFormat("dd-MMM-yyyy");
+    SetValue(basic::Clock::Today());
     calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     calendarWidget()->setFirstDayOfWeek(Qt::Monday);
 }
@@ -36,17 +38,22 @@ void DTPicker::OpenList() {
     option.subControls = QStyle::SC_All;
     const QRect arrow = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
     const QPointF place = arrow.center();
-    QMouseEvent press(QEvent::MouseButtonPress, place, mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, place, mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     mousePressEvent(&press);
-    QMouseEvent release(QEvent::MouseButtonRelease, place, mapToGlobal(place), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, place, mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
     mouseReleaseEvent(&release);
 }
 
 void DTPicker::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier)) return OpenList();
+    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier))
+        return OpenList();
     QDateEdit::keyPressEvent(event);
 }
 
-void DTPicker::wheelEvent(QWheelEvent* event) { event->ignore(); }
+void DTPicker::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
 
 }  // namespace forms

@@ -77,6 +77,8 @@ int ShowMessage(const std::string& text, int flags, const std::string& title) {
     return Ask(text, flags, shown);
 }
 
-void ShowUntrappedError(std::exception_ptr error) { ShowMessage(Describe(error), 0, DefaultTitle); }
+void ShowUntrappedError(std::exception_ptr error) {
+    ShowMessage(Describe(error), 0, DefaultTitle);
+}
 
 }  // namespace forms

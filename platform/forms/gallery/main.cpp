@@ -3,8 +3,8 @@
 #include "platform/basic/Error.h"
 #include "platform/forms/gallery/frmGallery.h"
 
-// Shows every control with the log of its events. With the name of a PNG file it writes a picture of the window there
-// instead.
+// Shows every control with the log of its events. With the name of a PNG file it writes a picture of the
+// window there instead.
 int main(int argc, char** argv) try {
     auto& gallery = forms::Default<frmGallery>();
     if (argc > 1) return gallery.WritePicture(argv[1]) ? 0 : 1;
