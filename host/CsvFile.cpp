@@ -36,13 +36,11 @@ std::string Contents(const std::filesystem::path& file) {
     if (!in)
         throw basic::Error(basic::error::InvalidCall, "The file '" + file.string() + "' cannot be read",
                            "host");
-    std::string read = text.str();
-    if (read.starts_with("\xEF\xBB\xBF")) read.erase(0, 3);
-    return read;
+    return text.str();
 }
 
 // The parser does not count lines, so it is fed byte by byte.
-void Feed(csv_parser& parser, const std::string& text, Reading& reading) {
+void Feed(csv_parser& parser, std::string_view text, Reading& reading) {
     for (const char byte : text) {
         if (!reading.started && byte != '\n' && byte != '\r') {
             reading.started = true;
@@ -61,8 +59,8 @@ void Feed(csv_parser& parser, const std::string& text, Reading& reading) {
 
 }  // namespace
 
-std::vector<CsvRow> ReadCsv(const std::filesystem::path& file) {
-    const std::string text = Contents(file);
+std::vector<CsvRow> ParseCsv(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     Reading reading;
     csv_parser parser;
     csv_init(&parser, CSV_STRICT | CSV_STRICT_FINI);
@@ -74,6 +72,10 @@ std::vector<CsvRow> ReadCsv(const std::filesystem::path& file) {
     }
     csv_free(&parser);
     return reading.rows;
+}
+
+std::vector<CsvRow> ReadCsv(const std::filesystem::path& file) {
+    return ParseCsv(Contents(file));
 }
 
 }  // namespace host

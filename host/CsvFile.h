@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace host {
@@ -11,9 +12,11 @@ struct CsvRow {
     std::vector<std::string> fields;
 };
 
-// All rows of a comma-separated file: quoted fields, doubled quotes and line ends inside quotes are read; a
-// byte order mark is skipped; empty lines are left out. Raises basic::Error for a file that cannot be read or
-// a quote that never ends.
+// All rows of a comma-separated text: quoted fields, doubled quotes and line ends inside quotes are read; a
+// byte order mark is skipped; empty lines are left out. Raises basic::Error for a quote that never ends.
+std::vector<CsvRow> ParseCsv(std::string_view text);
+
+// The same of a file. Raises basic::Error also for one that cannot be read.
 std::vector<CsvRow> ReadCsv(const std::filesystem::path& file);
 
 }  // namespace host

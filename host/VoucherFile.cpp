@@ -175,13 +175,16 @@ std::size_t VoucherFile::RowCount() const {
     return count;
 }
 
-VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year) {
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year) {
     Checker checker(books, year);
-    const std::vector<CsvRow> rows = ReadCsv(file);
     if (rows.empty()) checker.Blame({1, {}}, "", "the file is empty");
     if (!rows.empty() && checker.Header(rows.front()))
         for (std::size_t i = 1; i < rows.size(); ++i) checker.Row(rows[i]);
     return checker.Finish();
+}
+
+VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year) {
+    return CheckVouchers(ReadCsv(file), books, year);
 }
 
 }  // namespace host

@@ -59,7 +59,10 @@ struct VoucherFile {
     std::size_t RowCount() const;
 };
 
-// `year` is the first year of the financial year that the dates must lie in.
+// Checks the rows of such a file, its header the first of them. `year` is the first year of the financial
+// year that the dates must lie in.
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year);
+
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year);
 
 }  // namespace host

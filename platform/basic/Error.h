@@ -27,6 +27,7 @@ inline constexpr std::int32_t DivisionByZero = 11;
 inline constexpr std::int32_t TypeMismatch = 13;
 inline constexpr std::int32_t ObjectNotSet = 91;
 inline constexpr std::int32_t InvalidNull = 94;
+inline constexpr std::int32_t NotSupported = 438;
 }  // namespace error
 
 // Throws Error with the number and its classic description ("Overflow", "Type mismatch", ...).

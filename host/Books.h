@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+namespace host {
+
+// The file that holds the books, in a folder of its own, and its password.
+inline constexpr const char* BooksFile = "QmAccount.mdb";
+inline constexpr const char* BooksPassword = "quintel";
+
+// The first year of a financial year that books can be laid down for.
+inline constexpr int LowestYear = 1900;
+inline constexpr int HighestYear = 9998;
+
+// Lays down new books in the folder, which is made where it is missing. Without a year they are the delivered
+// books: no year is known and tb_Ledger2001 is missing, both left to the first start, and everything else of
+// 2001 stands empty. With a year that year is known, bears the flag, and has all its tables.
+//
+// The books are put together in a folder of their own inside `folder` and moved to their place when they are
+// complete and on disk; `fill` may add to them there before. After a failure nothing is left behind. Throws
+// Failure where books stand already, where the folder cannot be written, on a full disk, and whatever `fill`
+// throws.
+void CreateBooks(const std::filesystem::path& folder, std::optional<int> year = {},
+                 const std::function<void(const std::filesystem::path& folder)>& fill = {});
+
+}  // namespace host
