@@ -19,8 +19,9 @@ int Check(const std::string& folder) {
     const std::vector<Finding> findings = Audit::Run();
     for (const Finding& finding : findings)
         std::cout << (finding.severity == Severity::Error ? "error: " : "note:  ") << finding.text << "\n";
-    const auto errors = std::count_if(findings.begin(), findings.end(),
-                                      [](const Finding& finding) { return finding.severity == Severity::Error; });
+    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.severity == Severity::Error;
+    });
     std::cout << errors << " errors, " << static_cast<std::ptrdiff_t>(findings.size()) - errors << " notes\n";
     return errors == 0 ? ExitOk : ExitFailed;
 }
@@ -32,7 +33,8 @@ void AddCheck(CLI::App& app, Command& chosen) {
     auto* command = app.add_subcommand("check", "Audit the books and change nothing");
     command->add_option("DIR", *folder, "Folder of the books")->required();
     command->footer(
-        "Errors are what should not be. Notes are what the system's own roads leave: what the next rebuild of the\n"
+        "Errors are what should not be. Notes are what the system's own roads leave: what the next rebuild "
+        "of the\n"
         "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
         "Example: qmhost check books");
     command->callback([folder, &chosen] { chosen = [folder] { return Check(*folder); }; });

@@ -29,7 +29,8 @@ int ListLedgers(const ListOptions& options) {
 
 int ListYears(const ListOptions& options) {
     const OpenBooks books(options.folder);
-    for (const Year& year : ReadYears()) std::cout << year.longForm << (year.current ? "  current" : "") << "\n";
+    for (const Year& year : ReadYears())
+        std::cout << year.longForm << (year.current ? "  current" : "") << "\n";
     return ExitOk;
 }
 
@@ -39,8 +40,9 @@ void AddLedgers(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<ListOptions>();
     auto* command = app.add_subcommand("ledgers", "List ledgers by number and name");
     command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option("--where", options->where,
-                        "Only those of the current year that meet a condition on Ledger_Master and Ledger_Details");
+    command->add_option(
+        "--where", options->where,
+        "Only those of the current year that meet a condition on Ledger_Master and Ledger_Details");
     command->footer("Example: qmhost ledgers books --where \"PrimaryGrp = 'Suppliers'\"");
     command->callback([options, &chosen] { chosen = [options] { return ListLedgers(*options); }; });
 }

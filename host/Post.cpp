@@ -1,9 +1,8 @@
-#include <unistd.h>
-
 #include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <unistd.h>
 
 #include "core/modGeneral.h"
 #include "host/Command.h"
@@ -23,7 +22,8 @@ struct PostOptions {
 // A bar on the terminal, redrawn when a percent is done; nothing where the errors go to a file.
 class ProgressBar {
   public:
-    explicit ProgressBar(std::size_t total) : total_(total), shown_(isatty(STDERR_FILENO) != 0 && total > 0) {}
+    explicit ProgressBar(std::size_t total)
+        : total_(total), shown_(isatty(STDERR_FILENO) != 0 && total > 0) {}
     ~ProgressBar() {
         if (shown_) std::cerr << "\r\x1b[K" << std::flush;
     }
@@ -34,8 +34,8 @@ class ProgressBar {
         const std::size_t percent = shown_ ? rows * 100 / total_ : 0;
         if (percent == percent_) return;
         percent_ = percent;
-        std::cerr << "\r[" << std::string(percent / 4, '#') << std::string(25 - percent / 4, ' ') << "] " << percent
-                  << " %" << std::flush;
+        std::cerr << "\r[" << std::string(percent / 4, '#') << std::string(25 - percent / 4, ' ') << "] "
+                  << percent << " %" << std::flush;
     }
 
   private:
@@ -45,8 +45,8 @@ class ProgressBar {
 
 int TellFaults(const std::string& file, const VoucherFile& vouchers) {
     for (const Fault& fault : vouchers.faults)
-        std::cerr << file << ":" << fault.line << ": " << (fault.column.empty() ? "" : "column " + fault.column + ": ")
-                  << fault.reason << "\n";
+        std::cerr << file << ":" << fault.line << ": "
+                  << (fault.column.empty() ? "" : "column " + fault.column + ": ") << fault.reason << "\n";
     std::cerr << "qmhost: " << vouchers.faults.size() << " faults; nothing was posted\n";
     return ExitFailed;
 }
@@ -62,8 +62,8 @@ int Post(const PostOptions& options) {
     const auto year = basic::ToInteger(basic::Value(qm::shared().FinYear));
     const VoucherFile vouchers = ReadVoucherFile(options.file, books.Host(), year);
     if (!vouchers.faults.empty()) return TellFaults(options.file, vouchers);
-    const std::string size =
-        std::to_string(vouchers.vouchers.size()) + " vouchers, " + std::to_string(vouchers.RowCount()) + " rows";
+    const std::string size = std::to_string(vouchers.vouchers.size()) + " vouchers, " +
+                             std::to_string(vouchers.RowCount()) + " rows";
     if (options.dryRun) {
         std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
         return ExitOk;
@@ -77,7 +77,8 @@ int Post(const PostOptions& options) {
     }
     TellPosted(result);
     std::cerr << options.file << ": " << result.failure << "\n"
-              << "qmhost: " << result.posted.size() << " of " << vouchers.vouchers.size() << " vouchers were posted\n";
+              << "qmhost: " << result.posted.size() << " of " << vouchers.vouchers.size()
+              << " vouchers were posted\n";
     return ExitFailed;
 }
 
@@ -87,12 +88,14 @@ void AddPost(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<PostOptions>();
     auto* command = app.add_subcommand("post", "Post a file of vouchers");
     command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option("FILE", options->file, "Comma-separated: voucher,date,type,side,ledger,amount,narration")
+    command
+        ->add_option("FILE", options->file, "Comma-separated: voucher,date,type,side,ledger,amount,narration")
         ->required();
     command->add_option("--year", options->year, "Post into this year (2001) instead of the current one");
     command->add_flag("--dry-run", options->dryRun, "Check the file and stop before posting");
     command->footer(
-        "The whole file is checked first; with a fault in it nothing is posted. A voucher whose row fails is taken\n"
+        "The whole file is checked first; with a fault in it nothing is posted. A voucher whose row fails is "
+        "taken\n"
         "back, and the run stops there.\n"
         "Example: qmhost post books april.csv --dry-run");
     command->callback([options, &chosen] { chosen = [options] { return Post(*options); }; });

@@ -4,8 +4,8 @@
 
 namespace host {
 
-// The shared connection on the books of a folder without the class's start, which would begin the first year: for commands that
-// look and change nothing. Closed at the end.
+// The shared connection on the books of a folder without the class's start, which would begin the first year:
+// for commands that look and change nothing. Closed at the end.
 class ReadOnlyBooks {
   public:
     explicit ReadOnlyBooks(const std::string& folder);

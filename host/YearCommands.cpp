@@ -30,7 +30,8 @@ int SetYear(const YearOptions& options) {
 
 bool Known(const std::string& shortForm) {
     const std::vector<Year> years = ReadYears();
-    return std::any_of(years.begin(), years.end(), [&](const Year& year) { return year.ShortForm() == shortForm; });
+    return std::any_of(years.begin(), years.end(),
+                       [&](const Year& year) { return year.ShortForm() == shortForm; });
 }
 
 bool IsLongForm(const std::string& text) {
@@ -52,8 +53,8 @@ bool Confirmed(const YearOptions& options, const std::string& current) {
     if (options.yes) return true;
     std::cout << "Adding " << options.year << " folds the totals of " << current
               << " into its opening balances and gives the new year\n"
-              << "the openings and totals that " << current << " has now. This cannot be undone. Go on? [y/N] "
-              << std::flush;
+              << "the openings and totals that " << current
+              << " has now. This cannot be undone. Go on? [y/N] " << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
@@ -78,8 +79,10 @@ int AddYear(const YearOptions& options) {
     if (Known(options.year.substr(0, 4))) Fail("the books already know the year " + options.year);
     const std::vector<std::string> never = LedgersNeverPosted(books.Host());
     if (!never.empty())
-        Fail(std::to_string(never.size()) + " ledgers were never posted to in this year (the first is '" + never.front() +
-             "'): their balances cannot be folded. Make the new year on its screen, or open the final results once, "
+        Fail(std::to_string(never.size()) + " ledgers were never posted to in this year (the first is '" +
+             never.front() +
+             "'): their balances cannot be folded. Make the new year on its screen, or open the final "
+             "results once, "
              "which sets their totals to 0");
     if (!Confirmed(options, CurrentYear())) {
         std::cout << "nothing was changed\n";
@@ -102,12 +105,14 @@ void AddYearSwitch(CLI::App& app, Command& chosen) {
 
 void AddAddYear(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<YearOptions>();
-    auto* command = app.add_subcommand("add-year", "Set up a new year by the class and make it the current one");
+    auto* command =
+        app.add_subcommand("add-year", "Set up a new year by the class and make it the current one");
     command->add_option("DIR", options->folder, "Folder of the books")->required();
     command->add_option("YEAR", options->year, "Both years, such as 2002-2003")->required();
     command->add_flag("--yes", options->yes, "Do not ask");
     command->footer(
-        "The old year's openings are rewritten and cannot be brought back: make a backup first. The year has no stock\n"
+        "The old year's openings are rewritten and cannot be brought back: make a backup first. The year has "
+        "no stock\n"
         "tables; a year made on the screen has.\n"
         "Example: qmhost add-year books 2002-2003");
     command->callback([options, &chosen] { chosen = [options] { return AddYear(*options); }; });
