@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include "platform/basic/Error.h"
@@ -24,6 +25,7 @@ ComboBox::ComboBox(QWidget* parent)
     : QComboBox(parent), Control(this, Focus::Takes), Change(this), Click(this) {
     setInsertPolicy(NoInsert);
     setMaxVisibleItems(20);
+    setItemDelegate(new QStyledItemDelegate(this));  // the one that the style sheet reaches
     connect(this, &QComboBox::activated, this, [this](int row) {
         if (row == index_) return;
         Take(row, itemText(row));

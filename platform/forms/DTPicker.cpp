@@ -3,6 +3,7 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
@@ -15,8 +16,11 @@ DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent), Control(this, Focus::Ta
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     setDisplayFormat("dd-MMM-yyyy");
     SetValue(basic::Clock::Today());
-    calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+    QCalendarWidget& calendar = *calendarWidget();
+    calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar.setFirstDayOfWeek(Qt::Monday);
+    for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar.setWeekdayTextFormat(day, {});  // no red
+    calendar.setMinimumSize(calendar.sizeHint() + QSize(40, 40));
 }
 
 basic::Date DTPicker::Value() {

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QProgressDialog>
+#include <QPushButton>
 
 #include "platform/forms/Application.h"
 #include "platform/forms/Style.h"
@@ -50,6 +51,8 @@ class Progress::Box : public QObject {
         dialog_.setMinimumDuration(AppearsAfter);
         dialog_.setAutoClose(false);
         dialog_.setAutoReset(false);
+        for (auto* button : dialog_.findChildren<QPushButton*>())
+            button->setAutoDefault(false);  // Enter goes on waiting
         if (cancel == Cancel::None) dialog_.setWindowFlag(Qt::WindowCloseButtonHint, false);
         offered_ = cancel == Cancel::Offered;
         since_.start();
