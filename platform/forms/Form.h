@@ -52,8 +52,16 @@ class Form : public basic::ControlHost {
     void SetHeight(int height);
 
     std::vector<basic::Control*> Controls()
-        override;                    // in the order of their making, without the parts of user controls
-    Control* ActiveControl() const;  // the one that has the focus; null if none or not loaded
+        override;  // in the order of their making, without the parts of user controls
+    // Those of one kind, in the same order: `for (TextBox* box : ControlsOf<TextBox>()) box->SetText("");`
+    template <class T>
+    std::vector<T*> ControlsOf() {
+        std::vector<T*> found;
+        for (basic::Control* control : Controls())
+            if (auto* wanted = dynamic_cast<T*>(control)) found.push_back(wanted);
+        return found;
+    }
+    Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
     FormWindow* Window() const { return window_; }  // null unless loaded
 
   protected:

@@ -112,6 +112,7 @@ TEST_F(FormTest, ControlsComeInTheOrderOfTheirMaking) {
                 ElementsAre("Label lblFirst", "TextBox txtFirst", "Label lblSecond", "TextBox txtSecond",
                             "TextBox txtThird", "Frame fmeBox", "OptionButton optOne", "OptionButton optTwo",
                             "ComboBox cmbList", "CommandButton cmdSave", "CommandButton cmdExit"));
+    EXPECT_THAT(form.ControlsOf<OptionButton>(), ElementsAre(form.ui().optOne, form.ui().optTwo));
 }
 
 TEST_F(FormTest, OpensCentredAndFitsTheScreen) {
