@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -42,11 +43,17 @@ class Engine {
     virtual void Savepoint(int level) = 0;
     virtual void Release(int level) = 0;
     virtual void RollbackTo(int level) = 0;  // and releases it
+    virtual void BeginRead() = 0;            // holds the present moment in view; others may go on writing
+    virtual void EndRead() = 0;
+    virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
     virtual void BeforeLooseWrite() = 0;     // a write outside transactions need not reach the disk at once
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises
 // ado::error::BadArgument.
 std::unique_ptr<Engine> EngineFor(const std::string& source);
+
+// How long a statement waits for another program from the next Open on: 5 s unless a test shortens it.
+void SetLockWait(std::chrono::milliseconds wait);
 
 }  // namespace ado

@@ -30,15 +30,19 @@ std::int32_t DayOf(Date date) {
 double TimeOf(Date date) {
     return std::abs(date.Serial - DayOf(date));
 }
+// A time just before midnight stays on its day, though a large serial has fewer digits left for it.
 Date Join(std::int32_t day, double time) {
-    return {day < 0 ? day - time : day + time};
+    const double serial = day < 0 ? day - time : day + time;
+    return {std::trunc(serial) == day ? serial : std::nextafter(serial, day)};
 }
 
 std::optional<Date> Make(int year, int month, int day) {
+    // Tested first, since the calendar's own types are narrower and would wrap.
+    if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
     const std::chrono::year_month_day date{std::chrono::year{year},
                                            std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    if (year < 100 || year > 9999 || month < 1 || day < 1 || !date.ok()) return std::nullopt;
+    if (!date.ok()) return std::nullopt;
     return Date{static_cast<double>((sys_days{date} - DayZero).count())};
 }
 

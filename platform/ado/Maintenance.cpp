@@ -1,0 +1,93 @@
+#include "platform/ado/Maintenance.h"
+
+#include <filesystem>
+
+#include "platform/ado/Errors.h"
+#include "platform/ado/Scope.h"
+#include "platform/ado/Session.h"
+#include "platform/basic/Number.h"
+
+namespace ado {
+namespace {
+
+std::vector<std::string> FirstColumn(Engine& engine, const std::string& sql, int column = 0) {
+    std::vector<std::string> values;
+    const auto statement = engine.Prepare(sql);
+    while (statement->Step()) values.emplace_back(statement->Text(column));
+    return values;
+}
+
+TableSums SumTable(Engine& engine, const std::string& table) {
+    TableSums result;
+    result.name = table;
+    const std::vector<std::string> columns =
+        FirstColumn(engine, "PRAGMA table_info(" + QuotedName(table) + ")", 1);
+    std::string list = "count(*)";
+    for (const std::string& column : columns) {
+        const std::string name = QuotedName(column);
+        list += ", total(CASE WHEN typeof(" + name + ") = 'text' THEN length(" + name + ") ELSE " + name +
+                " END)";
+    }
+    const auto sums = engine.Prepare("SELECT " + list + " FROM " + QuotedName(table));
+    if (!sums->Step()) return result;
+    result.rows = sums->Integer(0);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        result.sums[columns[i]] = basic::NumberText(sums->Real(static_cast<int>(i) + 1));
+    return result;
+}
+
+void RemoveCopy(const std::string& file) {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"})
+        std::filesystem::remove(file + suffix, ignored);
+}
+
+}  // namespace
+
+std::vector<std::string> CheckIntegrity(Connection& connection) {
+    try {
+        std::vector<std::string> faults =
+            FirstColumn(connection.Opened()->engine(), "PRAGMA integrity_check");
+        if (faults.size() == 1 && faults.front() == "ok") faults.clear();
+        return faults;
+    } catch (const basic::Error& error) {
+        return {error.Description};  // a page that does not check out ends the walk
+    }
+}
+
+Snapshot::Snapshot(Connection& connection) : connection_(connection) {
+    connection.Opened()->engine().BeginRead();
+}
+
+Snapshot::~Snapshot() {
+    try {
+        connection_.Opened()->engine().EndRead();
+    } catch (const basic::Error&) {
+        // Nothing was written: there is nothing to lose.
+        return;
+    }
+}
+
+void BackUp(Connection& connection, const std::string& file) {
+    if (std::filesystem::exists(file))
+        throw basic::Error(error::BadArgument, "The file '" + file + "' exists; a copy never overwrites.",
+                           "ado.Maintenance");
+    try {
+        connection.Opened()->engine().CopyTo(file, connection.Properties.Get("Jet OLEDB:Database Password"));
+    } catch (const basic::Error&) {
+        RemoveCopy(file);
+        throw;
+    }
+}
+
+std::vector<TableSums> SumTables(Connection& connection) {
+    Engine& engine = connection.Opened()->engine();
+    std::vector<TableSums> tables;
+    for (const std::string& name : FirstColumn(
+             engine,
+             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name"))
+        tables.push_back(SumTable(engine, name));
+    return tables;
+}
+
+}  // namespace ado
