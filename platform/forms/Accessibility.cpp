@@ -16,11 +16,14 @@ bool IsNamed(QWidget& widget) {
 }
 
 // A tool tip reads "Save      Ctrl+S": what stands before the run of blanks.
-QString FromToolTip(const QWidget& widget) { return widget.toolTip().section("  ", 0, 0).trimmed(); }
+QString FromToolTip(const QWidget& widget) {
+    return widget.toolTip().section("  ", 0, 0).trimmed();
+}
 
 QString FromFrame(const QWidget& widget) {
     for (const QWidget* around = widget.parentWidget(); around; around = around->parentWidget())
-        if (const auto* frame = qobject_cast<const QGroupBox*>(around)) return WithoutMnemonic(frame->title());
+        if (const auto* frame = qobject_cast<const QGroupBox*>(around))
+            return WithoutMnemonic(frame->title());
     return WithoutMnemonic(widget.window()->windowTitle());
 }
 

@@ -13,9 +13,12 @@
 namespace forms {
 namespace {
 
-constexpr std::int32_t NoWindows = 429;  // "can't create object": the number for a part that cannot start here
+constexpr std::int32_t NoWindows =
+    429;  // "can't create object": the number for a part that cannot start here
 
-[[noreturn]] void Refuse(const char* why) { throw basic::Error(NoWindows, why, "forms.Application"); }
+[[noreturn]] void Refuse(const char* why) {
+    throw basic::Error(NoWindows, why, "forms.Application");
+}
 
 // Never destroyed: windows and their style may be in use until the process ends.
 void MakeApplication() {
@@ -39,8 +42,10 @@ bool DisplayAvailable() {
 void EnsureApplication() {
     if (!QCoreApplication::instance()) {
         if (!DisplayAnswers())
-            Refuse("The screens cannot be shown: there is no display. Start the program where DISPLAY or WAYLAND_DISPLAY "
-                   "names one that answers.");
+            Refuse(
+                "The screens cannot be shown: there is no display. Start the program where DISPLAY or "
+                "WAYLAND_DISPLAY "
+                "names one that answers.");
         MakeApplication();
     }
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
@@ -60,7 +65,11 @@ void SetMousePointer(int pointer) {
     }
 }
 
-PointerPause::PointerPause() : before_(screenPointer) { SetMousePointer(vbDefault); }
-PointerPause::~PointerPause() { SetMousePointer(before_); }
+PointerPause::PointerPause() : before_(screenPointer) {
+    SetMousePointer(vbDefault);
+}
+PointerPause::~PointerPause() {
+    SetMousePointer(before_);
+}
 
 }  // namespace forms

@@ -2,12 +2,13 @@
 
 namespace forms {
 
-// Whether windows can be shown here: the host runs a window application, or the environment names a display that answers.
+// Whether windows can be shown here: the host runs a window application, or the environment names a display
+// that answers.
 bool DisplayAvailable();
 
-// Makes sure that windows can be shown. A host's own application is used as it is; where there is none, one is made and
-// kept to the end of the process. Raises an error, and never ends the process, where there is no display, where the host
-// runs an application without windows, and on any thread but the application's.
+// Makes sure that windows can be shown. A host's own application is used as it is; where there is none, one
+// is made and kept to the end of the process. Raises an error, and never ends the process, where there is no
+// display, where the host runs an application without windows, and on any thread but the application's.
 void EnsureApplication();
 
 // The pointer over all windows: 0 the usual one, 11 the hourglass.

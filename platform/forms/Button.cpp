@@ -4,12 +4,18 @@
 
 namespace forms {
 
-CommandButton::CommandButton(QWidget* parent) : QPushButton(parent), Control(this, Focus::Takes), Click(this) {
+CommandButton::CommandButton(QWidget* parent)
+    : QPushButton(parent), Control(this, Focus::Takes), Click(this) {
+    setAutoDefault(false);  // only the button that the designer names is the default
     connect(this, &QPushButton::clicked, this, [this] { Click.Fire(); });
 }
 
-std::string CommandButton::Caption() const { return FromQt(text()); }
-void CommandButton::SetCaption(const std::string& caption) { setText(ToQt(caption)); }
+std::string CommandButton::Caption() const {
+    return FromQt(text());
+}
+void CommandButton::SetCaption(const std::string& caption) {
+    setText(ToQt(caption));
+}
 
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent), Control(this, Focus::Takes), Click(this) {
     connect(this, &QCheckBox::toggled, this, [this] { Click.Fire(); });

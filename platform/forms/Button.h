@@ -40,8 +40,8 @@ class CheckBox : public QCheckBox, public Control {
     bool locked_ = false;
 };
 
-// One of the options of its container: choosing it lets go of the others. Becoming True fires Click, also by code; a user's
-// click on the chosen one fires it again. Becoming False fires nothing.
+// One of the options of its container: choosing it lets go of the others. Becoming True fires Click, also by
+// code; a user's click on the chosen one fires it again. Becoming False fires nothing.
 class OptionButton : public QRadioButton, public Control {
   public:
     explicit OptionButton(QWidget* parent);

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include "platform/basic/Error.h"
@@ -20,10 +21,11 @@ bool OpensList(const QKeyEvent& key) {
 
 }  // namespace
 
-ComboBox::ComboBox(QWidget* parent) : QComboBox(parent), Control(this, Focus::Takes), Change(this), Click(this) {
+ComboBox::ComboBox(QWidget* parent)
+    : QComboBox(parent), Control(this, Focus::Takes), Change(this), Click(this) {
     setInsertPolicy(NoInsert);
-    setDuplicatesEnabled(true);  // else Enter in a typed combo would choose a line
     setMaxVisibleItems(20);
+    setItemDelegate(new QStyledItemDelegate(this));  // the one that the style sheet reaches
     connect(this, &QComboBox::activated, this, [this](int row) {
         if (row == index_) return;
         Take(row, itemText(row));
@@ -31,7 +33,9 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent), Control(this, Focus::Ta
     });
 }
 
-std::string ComboBox::Text() const { return FromQt(text_); }
+std::string ComboBox::Text() const {
+    return FromQt(text_);
+}
 
 void ComboBox::SetText(const std::string& text) {
     const QString wanted = ToQt(text);
@@ -55,7 +59,8 @@ void ComboBox::AddItem(const std::string& text) {
 }
 
 void ComboBox::CheckLine(int index) const {
-    if (index < 0 || index >= count()) throw basic::Error(InvalidArrayIndex, "Invalid property array index", "forms.ComboBox");
+    if (index < 0 || index >= count())
+        throw basic::Error(InvalidArrayIndex, "Invalid property array index", "forms.ComboBox");
 }
 
 std::string ComboBox::List(int index) const {
@@ -75,7 +80,8 @@ void ComboBox::SetItemData(int index, std::int32_t value) {
 }
 
 void ComboBox::SetListIndex(int index) {
-    if (index < -1 || index >= count()) throw basic::Error(InvalidValue, "Invalid property value", "forms.ComboBox");
+    if (index < -1 || index >= count())
+        throw basic::Error(InvalidValue, "Invalid property value", "forms.ComboBox");
     if (index == -1) return Take(-1, {});
     if (index == index_) return;
     Take(index, itemText(index));
@@ -113,6 +119,9 @@ void ComboBox::showEvent(QShowEvent* event) {
 void ComboBox::PrepareTyping() {
     if (!lineEdit() || std::exchange(typing_, true)) return;
     setCompleter(nullptr);
+    // By themselves they would choose the line that reads as what was typed.
+    disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     lineEdit()->setReadOnly(locked_);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString& typed) {
         index_ = -1;

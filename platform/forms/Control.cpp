@@ -1,9 +1,8 @@
 #include "platform/forms/Control.h"
 
-#include <cmath>
-
 #include <QColor>
 #include <QPalette>
+#include <cmath>
 
 #include "platform/forms/FormWindow.h"
 #include "platform/forms/Text.h"
@@ -22,18 +21,40 @@ Control::Control(QWidget* widget, Focus focus)
     widget->setFocusPolicy(focus == Focus::Takes ? Qt::TabFocus : Qt::NoFocus);
 }
 
-std::string Control::Name() const { return FromQt(widget_->objectName()); }
-bool Control::Enabled() const { return widget_->isEnabledTo(widget_->parentWidget()); }
-void Control::SetEnabled(bool enabled) { widget_->setEnabled(enabled); }
-bool Control::Visible() const { return !widget_->isHidden(); }
-void Control::SetVisible(bool visible) { widget_->setVisible(visible); }
-std::string Control::ToolTipText() const { return FromQt(widget_->toolTip()); }
-void Control::SetToolTipText(const std::string& text) { widget_->setToolTip(ToQt(text)); }
+std::string Control::Name() const {
+    return FromQt(widget_->objectName());
+}
+bool Control::Enabled() const {
+    return widget_->isEnabledTo(widget_->parentWidget());
+}
+void Control::SetEnabled(bool enabled) {
+    widget_->setEnabled(enabled);
+}
+bool Control::Visible() const {
+    return !widget_->isHidden();
+}
+void Control::SetVisible(bool visible) {
+    widget_->setVisible(visible);
+}
+std::string Control::ToolTipText() const {
+    return FromQt(widget_->toolTip());
+}
+void Control::SetToolTipText(const std::string& text) {
+    widget_->setToolTip(ToQt(text));
+}
 
-int Control::Left() const { return TwipsFromPixels(widget_->x(), widget_); }
-int Control::Top() const { return TwipsFromPixels(widget_->y(), widget_); }
-int Control::Width() const { return TwipsFromPixels(widget_->width(), widget_); }
-int Control::Height() const { return TwipsFromPixels(widget_->height(), widget_); }
+int Control::Left() const {
+    return TwipsFromPixels(widget_->x(), widget_);
+}
+int Control::Top() const {
+    return TwipsFromPixels(widget_->y(), widget_);
+}
+int Control::Width() const {
+    return TwipsFromPixels(widget_->width(), widget_);
+}
+int Control::Height() const {
+    return TwipsFromPixels(widget_->height(), widget_);
+}
 void Control::Move(int left, int top, int width, int height) {
     const auto pixels = [this](int twips) { return PixelsFromTwips(twips, widget_); };
     widget_->setGeometry(pixels(left), pixels(top), pixels(width), pixels(height));
@@ -59,7 +80,8 @@ int TwipsFromPixels(int pixels, const QWidget* widget) {
 
 QColor ToColor(unsigned colour) {
     if (colour == vbHighlight) return QPalette().color(QPalette::Highlight);
-    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF), static_cast<int>(colour >> 16 & 0xFF));
+    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                  static_cast<int>(colour >> 16 & 0xFF));
 }
 
 unsigned FromColor(const QColor& colour) {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
-
 #include <QWidget>
+#include <string>
 
 #include "platform/basic/Control.h"
 #include "platform/forms/Event.h"
@@ -12,9 +11,9 @@ namespace forms {
 // Whether a control can hold the focus at all (a label cannot).
 enum class Focus { Never, Takes };
 
-// What all controls share. A control is a toolkit widget that is also a Control: `class TextBox : public QLineEdit, public
-// Control`. Texts are UTF-8; places and sizes are in twips (1440 to an inch) relative to the container; colours are
-// 0xBBGGRR, as the system writes them (255 is red).
+// What all controls share. A control is a toolkit widget that is also a Control: `class TextBox : public
+// QLineEdit, public Control`. Texts are UTF-8; places and sizes are in twips (1440 to an inch) relative to
+// the container; colours are 0xBBGGRR, as the system writes them (255 is red).
 class Control : public basic::Control {
   public:
     Control(QWidget* widget, Focus focus);
@@ -35,16 +34,17 @@ class Control : public basic::Control {
     int Height() const;
     void Move(int left, int top, int width, int height);  // of no use inside a layout
 
-    // Gives it the focus. From another control of its form the other's Validate runs first and may hold it; called inside a
-    // Validate it decides where the focus goes. A control that is disabled or hidden takes none, and nothing happens.
+    // Gives it the focus. From another control of its form the other's Validate runs first and may hold it;
+    // called inside a Validate it decides where the focus goes. A control that is disabled or hidden takes
+    // none, and nothing happens.
     void SetFocus();
     bool TakesFocus() const { return focus_ == Focus::Takes; }
-    // Completes an edit that is open inside the control (a grid's cell). False if it was refused: then the focus, or the
-    // command whose key was pressed, goes no further.
+    // Completes an edit that is open inside the control (a grid's cell). False if it was refused: then the
+    // focus, or the command whose key was pressed, goes no further.
     virtual bool FinishEdit() { return true; }
 
-    // These fire only when the focus goes from one control to another: not for a drop-down list or a cell editor of its own,
-    // a message box, another form or another program.
+    // These fire only when the focus goes from one control to another: not for a drop-down list or a cell
+    // editor of its own, a message box, another form or another program.
     Event<> GotFocus, LostFocus;
     Event<bool&> Validate;  // before the focus leaves; True holds it
 
@@ -58,11 +58,13 @@ class Control : public basic::Control {
     Focus focus_;
 };
 
-// Twips are a 1440th of an inch: 15 to a pixel at 96 dots per inch. The widget says which screen's density counts.
+// Twips are a 1440th of an inch: 15 to a pixel at 96 dots per inch. The widget says which screen's density
+// counts.
 int PixelsFromTwips(int twips, const QWidget* widget);
 int TwipsFromPixels(int pixels, const QWidget* widget);
 
-// A colour of the system (0xBBGGRR, or 0x8000000D for the highlight colour) as the toolkit names it, and back.
+// A colour of the system (0xBBGGRR, or 0x8000000D for the highlight colour) as the toolkit names it, and
+// back.
 QColor ToColor(unsigned colour);
 unsigned FromColor(const QColor& colour);
 

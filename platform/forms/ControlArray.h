@@ -8,8 +8,8 @@
 
 namespace forms {
 
-// The controls that share a name and are told apart by an index: `ControlArray<TextBox> Text1{*this, "Text1"}` gives
-// `Text1(3)`. In the designer they are called Text1_1, Text1_2 and so on.
+// The controls that share a name and are told apart by an index: `ControlArray<TextBox> Text1{*this,
+// "Text1"}` gives `Text1(3)`. In the designer they are called Text1_1, Text1_2 and so on.
 template <class T>
 class ControlArray {
   public:
@@ -23,7 +23,8 @@ class ControlArray {
         const std::string name = name_ + '_' + std::to_string(index);
         T* const control = dynamic_cast<T*>(parent.findChild<QWidget*>(ToQt(name)));
         if (!control)
-            throw basic::Error(340, "Control array element '" + std::to_string(index) + "' doesn't exist", "forms");
+            throw basic::Error(340, "Control array element '" + std::to_string(index) + "' doesn't exist",
+                               "forms");
         return *control;
     }
 

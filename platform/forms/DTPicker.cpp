@@ -3,7 +3,9 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 
+#include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
 
 namespace forms {
@@ -13,8 +15,12 @@ DTPicker::DTPicker(QWidget* parent) : QDateEdit(parent), Control(this, Focus::Ta
     setCalendarPopup(true);
     setDateRange(QDate(100, 1, 1), QDate(9999, 12, 31));
     setDisplayFormat("dd-MMM-yyyy");
-    calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+    SetValue(basic::Clock::Today());
+    QCalendarWidget& calendar = *calendarWidget();
+    calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar.setFirstDayOfWeek(Qt::Monday);
+    for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar.setWeekdayTextFormat(day, {});  // no red
+    calendar.setMinimumSize(calendar.sizeHint() + QSize(40, 40));
 }
 
 basic::Date DTPicker::Value() {
@@ -36,17 +42,22 @@ void DTPicker::OpenList() {
     option.subControls = QStyle::SC_All;
     const QRect arrow = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
     const QPointF place = arrow.center();
-    QMouseEvent press(QEvent::MouseButtonPress, place, mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, place, mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     mousePressEvent(&press);
-    QMouseEvent release(QEvent::MouseButtonRelease, place, mapToGlobal(place), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, place, mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
     mouseReleaseEvent(&release);
 }
 
 void DTPicker::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier)) return OpenList();
+    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier))
+        return OpenList();
     QDateEdit::keyPressEvent(event);
 }
 
-void DTPicker::wheelEvent(QWheelEvent* event) { event->ignore(); }
+void DTPicker::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
 
 }  // namespace forms

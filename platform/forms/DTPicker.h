@@ -7,8 +7,8 @@
 
 namespace forms {
 
-// A box for a date, shown as "dd-MMM-yyyy" with English month names, with a calendar to choose from. Setting Value fires
-// nothing.
+// A box for a date, shown as "dd-MMM-yyyy" with English month names, with a calendar to choose from. It
+// starts at today. Setting Value fires nothing.
 class DTPicker : public QDateEdit, public Control {
   public:
     explicit DTPicker(QWidget* parent);

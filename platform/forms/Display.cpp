@@ -1,5 +1,7 @@
 #include "platform/forms/Display.h"
 
+#include <QDir>
+#include <QLibraryInfo>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
@@ -8,9 +10,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
-
-#include <QDir>
-#include <QLibraryInfo>
 
 namespace forms {
 namespace {

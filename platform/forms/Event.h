@@ -7,10 +7,10 @@ class QWidget;
 
 namespace forms {
 
-// Runs `body` as an event of the form that `owner` belongs to. An error that leaves the body is shown as the platform shows
-// one that nobody trapped, and the window stays open: nothing thrown may travel through the toolkit's event loop. While the
-// body runs, an Unload of that form waits; it is carried out when its outermost event returns. Nothing runs for a window
-// that has been unloaded.
+// Runs `body` as an event of the form that `owner` belongs to. An error that leaves the body is shown as the
+// platform shows one that nobody trapped, and the window stays open: nothing thrown may travel through the
+// toolkit's event loop. While the body runs, an Unload of that form waits; it is carried out when its
+// outermost event returns. Nothing runs for a window that has been unloaded.
 void RunEvent(QWidget* owner, const std::function<void()>& body);
 
 // One event of a control, such as Click or Validate. A form sets the handler in Wire(); the control fires it.
@@ -27,7 +27,8 @@ class Event {
     }
     explicit operator bool() const { return static_cast<bool>(handler_); }
 
-    // Runs the handler, if there is one, and returns when it has. Arguments by reference hand its answer back.
+    // Runs the handler, if there is one, and returns when it has. Arguments by reference hand its answer
+    // back.
     void Fire(Args... args) const {
         if (!handler_) return;
         const auto handler = handler_;  // kept alive: the handler may set another one

@@ -49,12 +49,13 @@ bool EventRouter::eventFilter(QObject* object, QEvent* event) {
         case QEvent::KeyPress:
             return OnKey(*window, widget, *static_cast<QKeyEvent*>(event));
         case QEvent::Shortcut:
-            return OnMnemonic(*window, widget);
+            return OnMnemonic(*window, widget, static_cast<QShortcutEvent*>(event)->isAmbiguous());
         case QEvent::FocusIn:
             OnFocusIn(*window, widget, static_cast<QFocusEvent*>(event)->reason());
             return false;
         case QEvent::EnabledChange:
-            if (Control* active = window->Active(); active && active->Widget() == &widget && !widget.isEnabled())
+            if (Control* active = window->Active();
+                active && active->Widget() == &widget && !widget.isEnabled())
                 window->LeaveDisabled();
             return false;
         default:
@@ -62,7 +63,8 @@ bool EventRouter::eventFilter(QObject* object, QEvent* event) {
     }
 }
 
-// An unused key travels up through the parents; the form sees it once, on its way to the widget that has the focus.
+// An unused key travels up through the parents; the form sees it once, on its way to the widget that has the
+// focus.
 bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key) {
     const QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
     if (&widget != focused || !IsCtrlLetter(key)) return false;
@@ -82,10 +84,14 @@ bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
     return !window.MoveFocus(*control);
 }
 
-bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget) {
+// A letter that two controls share only moves the focus, from one to the other.
+bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous) {
     auto* const control = dynamic_cast<Control*>(&widget);
     if (!control) return false;
-    if (control->TakesFocus()) return !window.MoveFocus(*control);  // a button: then the toolkit clicks it
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+        if (window.MoveFocus(*control) && !ambiguous) button->click();
+        return true;
+    }
     const auto* label = qobject_cast<QLabel*>(&widget);
     Control* const target = label ? Control::Of(label->buddy()) : control;
     if (target) window.MoveFocus(*target);

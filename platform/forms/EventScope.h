@@ -6,7 +6,8 @@
 
 namespace forms {
 
-// Counts a running event of a window; when the outermost has returned, an Unload that waited for it is carried out.
+// Counts a running event of a window; when the outermost has returned, an Unload that waited for it is
+// carried out.
 class EventScope {
   public:
     explicit EventScope(FormWindow* window);

@@ -72,7 +72,6 @@ class FlexGrid : public GridView, public Control {
     Event<int, int, int, int, bool&> BeforeRowColChange;  // old row and column, new row and column, Cancel
     Event<int, int, int, int> AfterRowColChange;          // old, new
 
-
     CellShown Shown(int row, int col) const override;
     QPoint Current() const override { return {col_, row_}; }
 

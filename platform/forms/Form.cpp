@@ -1,10 +1,9 @@
 #include "platform/forms/Form.h"
 
-#include <algorithm>
-
 #include <QEventLoop>
 #include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/Accessibility.h"
@@ -18,6 +17,8 @@
 namespace forms {
 namespace {
 
+constexpr QMargins FrameAllowance(4, 32, 4,
+                                  4);  // pixels for the system's title and border, unknown before it shows
 constexpr std::int32_t ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
 
 // The forms that are shown, the topmost last.
@@ -28,12 +29,14 @@ std::vector<Form*>& Shown() {
 
 void CentreOn(QWidget& window, const QWidget* below) {
     const QScreen* screen = below ? below->screen() : window.screen();
-    const QRect room = screen->availableGeometry();
+    const QRect room = screen->availableGeometry() - FrameAllowance;
     window.resize(window.size().boundedTo(room.size()));
     QRect place(QPoint(), window.size());
     place.moveCenter(below ? below->geometry().center() : room.center());
-    place.moveLeft(std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width() + 1)));
-    place.moveTop(std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height() + 1)));
+    place.moveLeft(
+        std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width() + 1)));
+    place.moveTop(
+        std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height() + 1)));
     window.move(place.topLeft());
 }
 
@@ -84,7 +87,8 @@ void Form::Show(ShowMode mode) {
     if (below && below->Visible()) below->Activate();
 }
 
-// Brings the window to the front and runs Form_Activate; the first control gets the focus if Form_Activate gave it to none.
+// Brings the window to the front and runs Form_Activate; the first control gets the focus if Form_Activate
+// gave it to none.
 void Form::Activate() {
     const QPointer<FormWindow> window = window_;
     window->activating_ = true;
@@ -141,7 +145,9 @@ void Form::Discard() {
     }
 }
 
-bool Form::Visible() const { return window_ && window_->isVisible(); }
+bool Form::Visible() const {
+    return window_ && window_->isVisible();
+}
 
 std::string Form::Name() {
     EnsureLoaded();
@@ -208,6 +214,8 @@ std::vector<basic::Control*> Form::Controls() {
     return controls;
 }
 
-Control* Form::ActiveControl() const { return window_ ? window_->Active() : nullptr; }
+Control* Form::ActiveControl() const {
+    return window_ ? window_->Active() : nullptr;
+}
 
 }  // namespace forms

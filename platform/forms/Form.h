@@ -10,13 +10,14 @@
 
 namespace forms {
 
-inline constexpr int vbDefault = 0;     // mouse pointers
+inline constexpr int vbDefault = 0;  // mouse pointers
 inline constexpr int vbHourglass = 11;
 
 enum ShowMode { vbModeless = 0, vbModal = 1 };
 
-// A screen. The object is not its window: loading builds the window and runs Form_Load, unloading runs Form_Unload and
-// destroys the window, and the object's own members live on from one showing to the next. Screens derive from FormOf.
+// A screen. The object is not its window: loading builds the window and runs Form_Load, unloading runs
+// Form_Unload and destroys the window, and the object's own members live on from one showing to the next.
+// Screens derive from FormOf.
 class Form : public basic::ControlHost {
   public:
     Form() = default;
@@ -25,15 +26,16 @@ class Form : public basic::ControlHost {
     Form& operator=(const Form&) = delete;
 
     bool Loaded() const { return window_ != nullptr; }
-    // Builds the window, if it is not there, and runs Form_Load. What Form_Load throws goes to the caller, and the form is
-    // then as unloaded as before. Raises an error where there is no display.
+    // Builds the window, if it is not there, and runs Form_Load. What Form_Load throws goes to the caller,
+    // and the form is then as unloaded as before. Raises an error where there is no display.
     void EnsureLoaded();
-    // Shows the window, loading it first, and runs Form_Activate. Shown modally, it returns when the window is hidden or
-    // unloaded; then Form_Activate of the form below runs.
+    // Shows the window, loading it first, and runs Form_Activate. Shown modally, it returns when the window
+    // is hidden or unloaded; then Form_Activate of the form below runs.
     void Show(ShowMode mode = vbModeless);
     void Hide();  // the window and its contents stay
-    // Runs Form_Unload and destroys the window; an error in Form_Unload is shown and the window goes all the same. Called
-    // inside an event of this form, it waits until that has returned. Nothing happens if the form is not loaded.
+    // Runs Form_Unload and destroys the window; an error in Form_Unload is shown and the window goes all the
+    // same. Called inside an event of this form, it waits until that has returned. Nothing happens if the
+    // form is not loaded.
     void Unload();
     bool Visible() const;
 
@@ -49,14 +51,24 @@ class Form : public basic::ControlHost {
     int Height();
     void SetHeight(int height);
 
-    std::vector<basic::Control*> Controls() override;  // in the order of their making, without the parts of user controls
-    Control* ActiveControl() const;                    // the one that has the focus; null if none or not loaded
-    FormWindow* Window() const { return window_; }     // null unless loaded
+    std::vector<basic::Control*> Controls()
+        override;  // in the order of their making, without the parts of user controls
+    // Those of one kind, in the same order: `for (TextBox* box : ControlsOf<TextBox>()) box->SetText("");`
+    template <class T>
+    std::vector<T*> ControlsOf() {
+        std::vector<T*> found;
+        for (basic::Control* control : Controls())
+            if (auto* wanted = dynamic_cast<T*>(control)) found.push_back(wanted);
+        return found;
+    }
+    Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
+    FormWindow* Window() const { return window_; }  // null unless loaded
 
   protected:
     virtual void Wire() {}  // sets the handlers of the controls; runs before Form_Load
     virtual void Form_Load() {}
-    virtual void Form_Activate() {}  // after each showing, and when a form shown modally above has closed; never after a box
+    virtual void Form_Activate() {
+    }  // after each showing, and when a form shown modally above has closed; never after a box
     virtual void Form_Unload() {}
     virtual void Form_Resize() {}
     // Ctrl+letter, before the control that has the focus gets the key. keyCode is the capital letter's code.
@@ -97,7 +109,8 @@ class FormOf : public Form {
     std::unique_ptr<UiClass> ui_;
 };
 
-// The one default instance of a form, made at its first use. It is never destroyed: what it keeps outlives its windows.
+// The one default instance of a form, made at its first use. It is never destroyed: what it keeps outlives
+// its windows.
 template <class F>
 F& Default() {
     static F* const instance = new F;

@@ -19,7 +19,8 @@ Control* FirstIn(QWidget* container) {
     QWidget* const start = container->window();
     for (QWidget* widget = start->nextInFocusChain(); widget != start; widget = widget->nextInFocusChain()) {
         auto* control = dynamic_cast<Control*>(widget);
-        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) && widget->focusPolicy() & Qt::TabFocus)
+        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) &&
+            widget->focusPolicy() & Qt::TabFocus)
             return control;
     }
     return nullptr;
@@ -44,9 +45,13 @@ FormWindow::FormWindow(Form& form) : form_(&form) {
     setMouseTracking(true);
 }
 
-FormWindow* FormWindow::Of(QWidget* widget) { return widget ? dynamic_cast<FormWindow*>(widget->window()) : nullptr; }
+FormWindow* FormWindow::Of(QWidget* widget) {
+    return widget ? dynamic_cast<FormWindow*>(widget->window()) : nullptr;
+}
 
-Control* FormWindow::Active() const { return active_ ? Control::Of(active_) : nullptr; }
+Control* FormWindow::Active() const {
+    return active_ ? Control::Of(active_) : nullptr;
+}
 
 bool FormWindow::MoveFocus(Control& target) {
     if (!CanHaveFocus(target)) {  // a container hands it on to its first control
@@ -68,12 +73,13 @@ bool FormWindow::MoveFocus(Control& target) {
     const QPointer<FormWindow> self = this;
     const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
     if (!self || !form_) return false;
-    if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active()) Transfer(*control);
+    if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
+        Transfer(*control);
     return goes;
 }
 
-// Asks the active control whether the focus may leave; `destination` comes back as where it goes now. False if it does not
-// go where it was sent.
+// Asks the active control whether the focus may leave; `destination` comes back as where it goes now. False
+// if it does not go where it was sent.
 bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
     const QPointer<QWidget> sent = destination;
     bool hold = false;
@@ -153,14 +159,16 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     if (form_) form_->Unload();
 }
 
-// Enter presses the default button the way Alt+letter presses one: the focus goes there first, with Validate.
+// Enter presses the button that has the focus, else the default button the way Alt+letter presses one: the
+// focus goes there first, with Validate.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) return QDialog::keyPressEvent(event);
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused->click();
     for (QPushButton* button : findChildren<QPushButton*>()) {
-        if (!button->isDefault() || !button->isVisible() || !button->isEnabled()) continue;
         Control* const control = Control::Of(button);
-        if (!control || MoveFocus(*control)) button->click();
+        if (!button->isDefault() || !button->isVisible() || !button->isEnabled() || !control) continue;
+        if (MoveFocus(*control)) button->click();
         return;
     }
 }

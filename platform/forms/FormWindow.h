@@ -10,7 +10,8 @@ namespace forms {
 class Control;
 class Form;
 
-// The window of a loaded form. It keeps which control has the focus, and how many of the form's events are running.
+// The window of a loaded form. It keeps which control has the focus, and how many of the form's events are
+// running.
 class FormWindow : public QDialog {
   public:
     explicit FormWindow(Form& form);
@@ -18,11 +19,13 @@ class FormWindow : public QDialog {
     Form* Owner() const { return form_; }  // null once the form has let go of the window
     Control* Active() const;               // the control that has the focus as the form sees it
 
-    // Gives the focus to `target` by the rules of Control::SetFocus. False if it was held or went elsewhere by Validate.
+    // Gives the focus to `target` by the rules of Control::SetFocus. False if it was held or went elsewhere
+    // by Validate.
     bool MoveFocus(Control& target);
     // Gives it to the first control in tab order, with its GotFocus, if none has it.
     void FocusFirst();
-    // The focus left the active control without being asked for (it was disabled or hidden, or the toolkit moved it).
+    // The focus left the active control without being asked for (it was disabled or hidden, or the toolkit
+    // moved it).
     void Adopt(Control& control);
     void LeaveDisabled();
 
@@ -47,10 +50,10 @@ class FormWindow : public QDialog {
 
     Form* form_;
     QPointer<QWidget> active_;
-    QPointer<QWidget> wanted_;       // where a SetFocus inside Validate wants to go
+    QPointer<QWidget> wanted_;  // where a SetFocus inside Validate wants to go
     bool validating_ = false;
     bool transferring_ = false;
-    bool activating_ = false;        // between show and the first GotFocus
+    bool activating_ = false;  // between show and the first GotFocus
     int runningEvents_ = 0;
     bool unloadWanted_ = false;
     QEventLoop* modalLoop_ = nullptr;

@@ -12,9 +12,15 @@ Label::Label(QWidget* parent) : QLabel(parent), Control(this, Focus::Never), Cli
     setMouseTracking(true);
 }
 
-std::string Label::Caption() const { return FromQt(text()); }
-void Label::SetCaption(const std::string& caption) { setText(ToQt(caption)); }
-unsigned Label::ForeColor() const { return FromColor(palette().color(QPalette::WindowText)); }
+std::string Label::Caption() const {
+    return FromQt(text());
+}
+void Label::SetCaption(const std::string& caption) {
+    setText(ToQt(caption));
+}
+unsigned Label::ForeColor() const {
+    return FromColor(palette().color(QPalette::WindowText));
+}
 
 void Label::SetForeColor(unsigned colour) {
     QPalette colours = palette();
@@ -34,9 +40,15 @@ void Label::mouseMoveEvent(QMouseEvent* event) {
     MouseMove.Fire();
 }
 
-Frame::Frame(QWidget* parent) : QGroupBox(parent), Control(this, Focus::Never) { setMouseTracking(true); }
-std::string Frame::Caption() const { return FromQt(title()); }
-void Frame::SetCaption(const std::string& caption) { setTitle(ToQt(caption)); }
+Frame::Frame(QWidget* parent) : QGroupBox(parent), Control(this, Focus::Never) {
+    setMouseTracking(true);
+}
+std::string Frame::Caption() const {
+    return FromQt(title());
+}
+void Frame::SetCaption(const std::string& caption) {
+    setTitle(ToQt(caption));
+}
 
 PictureBox::PictureBox(QWidget* parent)
     : QLabel(parent), Control(this, Focus::Never), MouseDown(this), MouseMove(this), MouseUp(this) {}
@@ -53,8 +65,14 @@ void PictureBox::FireMouse(const Event<int, int, int>& what, const QMouseEvent& 
     what.Fire(button, TwipsFromPixels(place.x(), this), TwipsFromPixels(place.y(), this));
 }
 
-void PictureBox::mousePressEvent(QMouseEvent* event) { FireMouse(MouseDown, *event); }
-void PictureBox::mouseMoveEvent(QMouseEvent* event) { FireMouse(MouseMove, *event); }
-void PictureBox::mouseReleaseEvent(QMouseEvent* event) { FireMouse(MouseUp, *event); }
+void PictureBox::mousePressEvent(QMouseEvent* event) {
+    FireMouse(MouseDown, *event);
+}
+void PictureBox::mouseMoveEvent(QMouseEvent* event) {
+    FireMouse(MouseMove, *event);
+}
+void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    FireMouse(MouseUp, *event);
+}
 
 }  // namespace forms

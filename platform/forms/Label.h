@@ -26,7 +26,8 @@ class Label : public QLabel, public Control {
     void mouseMoveEvent(QMouseEvent* event) override;
 };
 
-// A titled group. Its "&" letter moves the focus to the first control inside; options inside it are one group.
+// A titled group. Its "&" letter moves the focus to the first control inside; options inside it are one
+// group.
 class Frame : public QGroupBox, public Control {
   public:
     explicit Frame(QWidget* parent);
@@ -42,7 +43,8 @@ class PictureBox : public QLabel, public Control {
     explicit PictureBox(QWidget* parent);
 
     std::string TypeName() const override { return "PictureBox"; }
-    void SetPicture(const std::string& path);  // a file or a resource such as ":/forms/previous.svg"; "" for none
+    void SetPicture(
+        const std::string& path);  // a file or a resource such as ":/forms/previous.svg"; "" for none
 
     Event<int, int, int> MouseDown, MouseMove, MouseUp;
 

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <cstdint>
-
 #include <QListWidget>
+#include <cstdint>
 
 #include "platform/forms/Control.h"
 
 namespace forms {
 
-// A list of lines, of which one or (selectionMode MultiSelection in the designer) any number can be selected. Indexes count
-// from 0; one out of range raises 381 "Invalid property array index".
+// A list of lines, of which one or (selectionMode MultiSelection in the designer) any number can be selected.
+// Indexes count from 0; one out of range raises 381 "Invalid property array index".
 class ListBox : public QListWidget, public Control, public basic::ListControl {
   public:
     explicit ListBox(QWidget* parent);
@@ -30,6 +29,9 @@ class ListBox : public QListWidget, public Control, public basic::ListControl {
 
     Event<> Click;  // a line was chosen, by mouse, by key or by ListIndex
     Event<> DblClick;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override;
 
   private:
     QListWidgetItem& Item(int index) const;

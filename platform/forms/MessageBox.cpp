@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* DefaultTitle = "Tovik Softwares";
 constexpr int YesNo = 4, Information = 64;
+constexpr int IconSide = 36;
 constexpr int AnswerOk = 1, AnswerYes = 6, AnswerNo = 7;
 
 // Remembers who had the focus and gives it back: the toolkit itself does not always do so.
@@ -38,7 +39,9 @@ int Ask(const std::string& text, int flags, const std::string& title) {
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(WithLineEnds(text)));
-    if (flags & Information) box.setIcon(flags & YesNo ? QMessageBox::Question : QMessageBox::Information);
+    const char* const icon = flags & YesNo ? ":/forms/icons/question.svg" : ":/forms/icons/information.svg";
+    if (flags & Information)
+        box.setIconPixmap(QIcon(icon).pixmap(QSize(IconSide, IconSide), box.devicePixelRatio()));
     if (!(flags & YesNo)) {
         box.exec();
         return AnswerOk;
@@ -77,6 +80,8 @@ int ShowMessage(const std::string& text, int flags, const std::string& title) {
     return Ask(text, flags, shown);
 }
 
-void ShowUntrappedError(std::exception_ptr error) { ShowMessage(Describe(error), 0, DefaultTitle); }
+void ShowUntrappedError(std::exception_ptr error) {
+    ShowMessage(Describe(error), 0, DefaultTitle);
+}
 
 }  // namespace forms

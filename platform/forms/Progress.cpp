@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 #include <QProgressDialog>
+#include <QPushButton>
 
 #include "platform/forms/Application.h"
 #include "platform/forms/Style.h"
@@ -40,7 +41,8 @@ bool IsInput(QEvent::Type type) {
 class Progress::Box : public QObject {
   public:
     Box(const std::string& what, int steps, Cancel cancel)
-        : dialog_(ToQt(what), cancel == Cancel::Offered ? tr("&Cancel") : QString(), 0, steps, QApplication::activeWindow()),
+        : dialog_(ToQt(what), cancel == Cancel::Offered ? tr("&Cancel") : QString(), 0, steps,
+                  QApplication::activeWindow()),
           focus_(QApplication::focusWidget()) {
         Style::Apply(dialog_);
         dialog_.setWindowTitle("Tovik Softwares");
@@ -49,6 +51,8 @@ class Progress::Box : public QObject {
         dialog_.setMinimumDuration(AppearsAfter);
         dialog_.setAutoClose(false);
         dialog_.setAutoReset(false);
+        for (auto* button : dialog_.findChildren<QPushButton*>())
+            button->setAutoDefault(false);  // Enter goes on waiting
         if (cancel == Cancel::None) dialog_.setWindowFlag(Qt::WindowCloseButtonHint, false);
         offered_ = cancel == Cancel::Offered;
         since_.start();
@@ -84,9 +88,9 @@ class Progress::Box : public QObject {
         const auto* widget = qobject_cast<QWidget*>(object);
         if (!widget) return false;  // the window below a widget hands on to it
         const bool ours = widget->window() == &dialog_;
-        const bool refusesClose = ours && !offered_ && event->type() == QEvent::Close;
-        if (refusesClose) event->ignore();
-        return !ours || refusesClose;
+        if (ours && (offered_ || event->type() != QEvent::Close)) return false;
+        event->ignore();
+        return true;
     }
 
   private:
@@ -99,7 +103,11 @@ class Progress::Box : public QObject {
 Progress::Progress(const std::string& what, int steps, Cancel cancel)
     : box_(std::make_unique<Box>(what, steps, cancel)) {}
 Progress::~Progress() = default;
-bool Progress::Step(int done) { return box_->Step(done); }
-bool Progress::Visible() const { return box_->Visible(); }
+bool Progress::Step(int done) {
+    return box_->Step(done);
+}
+bool Progress::Visible() const {
+    return box_->Visible();
+}
 
 }  // namespace forms

@@ -6,8 +6,9 @@
 
 namespace forms {
 
-// A wait that shows how far it is. The box appears when it has lasted half a second. While it lives, keys and clicks for all
-// other windows are dropped. Cancel is for work that stopping leaves whole; anything else is waited for.
+// A wait that shows how far it is. The box appears when it has lasted half a second. While it lives, keys and
+// clicks for all other windows are dropped. Cancel is for work that stopping leaves whole; anything else is
+// waited for.
 class Progress {
   public:
     enum class Cancel { None, Offered };

@@ -6,15 +6,19 @@
 #include <QStyleFactory>
 #include <QWidget>
 
-static void RegisterResources() { Q_INIT_RESOURCE(forms); }  // must stand outside of any namespace
+static void RegisterResources() {
+    Q_INIT_RESOURCE(forms);
+}  // must stand outside of any namespace
 
 namespace forms {
 namespace {
 
 QPalette Colours() {
-    const QColor ink(0x1F2A33), paper(0xFFFFFF), ground(0xF4F6F7), line(0xC6CED5), accent(0x2B6A94), faint(0x8A97A1);
+    const QColor ink(0x1F2A33), paper(0xFFFFFF), ground(0xF4F6F7), line(0xC6CED5), accent(0x2B6A94),
+        faint(0x8A97A1);
     QPalette colours;
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
         colours.setColor(role, ink);
     for (const auto role : {QPalette::Window, QPalette::AlternateBase}) colours.setColor(role, ground);
     for (const auto role : {QPalette::Base, QPalette::Button, QPalette::ToolTipBase, QPalette::Light})

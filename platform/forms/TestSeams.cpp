@@ -17,7 +17,9 @@ namespace {
 Script* current = nullptr;
 
 // Yes and No are flag 4; where a box was not expected, it is answered with the button that does nothing.
-int SafeAnswer(int flags) { return flags & 4 ? 7 : 1; }
+int SafeAnswer(int flags) {
+    return flags & 4 ? 7 : 1;
+}
 
 void PrintStackAndAbort(int) {
     void* frames[100];
@@ -29,7 +31,9 @@ void PrintStackAndAbort(int) {
 
 }  // namespace
 
-Script::Script(Report report) : report_(std::move(report)) { current = this; }
+Script::Script(Report report) : report_(std::move(report)) {
+    current = this;
+}
 
 Script::~Script() {
     current = nullptr;
@@ -41,16 +45,22 @@ Script& Script::Box(ExpectedBox box) {
     return *this;
 }
 
-Script& Script::Box(std::string text, int answer) { return Box(ExpectedBox{std::move(text), answer}); }
+Script& Script::Box(std::string text, int answer) {
+    return Box(ExpectedBox{std::move(text), answer});
+}
 
 Script& Script::Modal(std::string formName, std::function<void(Form&)> visit) {
     steps_.push_back({std::nullopt, std::move(formName), std::move(visit)});
     return *this;
 }
 
-std::string Script::Step::Description() const { return box ? "box \"" + box->text + '"' : "form " + formName; }
+std::string Script::Step::Description() const {
+    return box ? "box \"" + box->text + '"' : "form " + formName;
+}
 
-std::string Script::Next() const { return steps_.empty() ? "nothing" : steps_.front().Description(); }
+std::string Script::Next() const {
+    return steps_.empty() ? "nothing" : steps_.front().Description();
+}
 
 int Script::AnswerBox(const std::string& text, int flags, const std::string& title) {
     if (steps_.empty() || !steps_.front().box || steps_.front().box->text != text) {
@@ -60,7 +70,8 @@ int Script::AnswerBox(const std::string& text, int flags, const std::string& tit
     const ExpectedBox box = *steps_.front().box;
     steps_.pop_front();
     if (box.title != title) report_("box \"" + text + "\" has the title \"" + title + '"');
-    if (box.flags && *box.flags != flags) report_("box \"" + text + "\" has the flags " + std::to_string(flags));
+    if (box.flags && *box.flags != flags)
+        report_("box \"" + text + "\" has the flags " + std::to_string(flags));
     return box.answer;
 }
 
@@ -86,7 +97,8 @@ Watchdog::Watchdog(std::chrono::seconds patience) : state_(std::make_unique<Stat
     signal(SIGABRT, PrintStackAndAbort);
     state_->waiter = std::thread([state = state_.get(), patience, watched = pthread_self()] {
         std::unique_lock lock(state->mutex);
-        if (!state->ended.wait_for(lock, patience, [state] { return state->over; })) pthread_kill(watched, SIGABRT);
+        if (!state->ended.wait_for(lock, patience, [state] { return state->over; }))
+            pthread_kill(watched, SIGABRT);
     });
 }
 

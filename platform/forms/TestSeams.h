@@ -11,10 +11,11 @@ namespace forms {
 
 class Form;
 
-// What a test says in advance, in order: the message boxes and the modally shown forms that are to come, what is answered to
-// the one and done in the other. While a script lives, no box is shown and no modal loop is run: a form shown modally is shown, visited
-// and, if it is still visible after the visit, unloaded. A box or a form that comes unexpected is reported and closed; one that never came is
-// reported when the script ends. One script at a time.
+// What a test says in advance, in order: the message boxes and the modally shown forms that are to come, what
+// is answered to the one and done in the other. While a script lives, no box is shown and no modal loop is
+// run: a form shown modally is shown, visited and, if it is still visible after the visit, unloaded. A box or
+// a form that comes unexpected is reported and closed; one that never came is reported when the script ends.
+// One script at a time.
 class Script {
   public:
     using Report = std::function<void(const std::string&)>;

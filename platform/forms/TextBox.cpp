@@ -7,26 +7,32 @@
 
 namespace forms {
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent), Control(this, Focus::Takes), Change(this), KeyPress(this) {
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent), Control(this, Focus::Takes), Change(this), KeyPress(this) {
     connect(this, &QLineEdit::textChanged, this, [this] { Change.Fire(); });
 }
 
-std::string TextBox::Text() const { return FromQt(text()); }
+std::string TextBox::Text() const {
+    return FromQt(text());
+}
 
 void TextBox::SetText(const std::string& text) {
     setText(ToQt(text));
     setCursorPosition(0);
 }
 
-void TextBox::SetLocked(bool locked) { setReadOnly(locked); }
-
-void TextBox::SetBackColor(unsigned colour) {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, ToColor(colour));
-    setPalette(colours);
+void TextBox::SetLocked(bool locked) {
+    setReadOnly(locked);
 }
 
-unsigned TextBox::BackColor() const { return FromColor(palette().color(QPalette::Base)); }
+void TextBox::SetBackColor(unsigned colour) {
+    backColor_ = colour;
+    setStyleSheet("QLineEdit { background: " + ToColor(colour).name() + "; }");
+}
+
+unsigned TextBox::BackColor() const {
+    return backColor_.value_or(FromColor(palette().color(QPalette::Base)));
+}
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
@@ -56,10 +62,13 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 
 TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), Control(this, Focus::Takes), Change(this) {
     setTabChangesFocus(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // lines wrap
     connect(this, &QPlainTextEdit::textChanged, this, [this] { Change.Fire(); });
 }
 
-std::string TextArea::Text() const { return FromQt(toPlainText().replace("\n", "\r\n")); }
+std::string TextArea::Text() const {
+    return FromQt(toPlainText().replace("\n", "\r\n"));
+}
 
 void TextArea::SetText(const std::string& text) {
     if (text != Text()) setPlainText(ToQt(WithLineEnds(text)));

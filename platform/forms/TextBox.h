@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <optional>
 
 #include "platform/forms/Control.h"
 
@@ -21,12 +22,16 @@ class TextBox : public QLineEdit, public Control {
     unsigned BackColor() const;
 
     Event<> Change;
-    // Each typed character before it is taken; set to 0 it is dropped. Backspace comes as 8, Ctrl+letter as 1 to 26.
+    // Each typed character before it is taken; set to 0 it is dropped. Backspace comes as 8, Ctrl+letter as 1
+    // to 26.
     Event<int&> KeyPress;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+
+  private:
+    std::optional<unsigned> backColor_;
 };
 
 // A text box of several lines, parted by "\r\n" in its Text.

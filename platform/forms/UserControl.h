@@ -6,8 +6,9 @@
 
 namespace forms {
 
-// A control made of others, drawn by the designer like a form: `class ucAddPanel : public forms::UserControlOf<Ui::ucAddPanel>`.
-// Its parts belong to it, not to the form: the form's Controls do not list them.
+// A control made of others, drawn by the designer like a form: `class ucAddPanel : public
+// forms::UserControlOf<Ui::ucAddPanel>`. Its parts belong to it, not to the form: the form's Controls do not
+// list them.
 class UserControl : public QWidget, public Control {
   public:
     explicit UserControl(QWidget* parent) : QWidget(parent), Control(this, Focus::Never), EnterFocus(this) {}

@@ -25,7 +25,9 @@ class VSFlexGrid : public FlexGrid {
 
     // Cells. The second pair of a range is its other corner.
     const basic::Value& CellData(int row, int col) const { return Model().Extra(row, col).Data; }
-    void SetCellData(int row, int col, basic::Value value) { Model().Extra(row, col).Data = std::move(value); }
+    void SetCellData(int row, int col, basic::Value value) {
+        Model().Extra(row, col).Data = std::move(value);
+    }
     bool CellChecked(int row, int col) const { return Model().Extra(row, col).Checked; }
     void SetCellChecked(int row, int col, bool checked);
     void SetCellForeColor(int row1, int col1, int row2, int col2, unsigned colour);

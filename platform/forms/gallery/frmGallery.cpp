@@ -52,7 +52,8 @@ void frmGallery::Form_Load() {
     ui().cmbNumber->AddItem("<New>");
     for (int year = 2001; year < 2009; ++year)
         ui().lstYears->AddItem(std::to_string(year) + '-' + std::to_string(year + 1));
-    for (const char* ledger : {"Cash", "Sharma & Sons", "State Bank", "Wages"}) ui().lstLedgers->AddItem(ledger);
+    for (const char* ledger : {"Cash", "Sharma & Sons", "State Bank", "Wages"})
+        ui().lstLedgers->AddItem(ledger);
     ui().cmbType->SetText("Receipt");
     ui().cmbNumber->SetText("<New>");
     ui().lstYears->SetListIndex(0);

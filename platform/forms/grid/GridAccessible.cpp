@@ -21,7 +21,8 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     void setText(QAccessible::Text, const QString&) override {}
     void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::TableCellInterface ? static_cast<QAccessibleTableCellInterface*>(this) : nullptr;
+        return type == QAccessible::TableCellInterface ? static_cast<QAccessibleTableCellInterface*>(this)
+                                                       : nullptr;
     }
 
     QRect rect() const override {
@@ -30,7 +31,8 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
     }
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Description) return table_.columnDescription(col_);
-        return kind == QAccessible::Name || kind == QAccessible::Value ? Grid().Shown(row_, col_).Text : QString();
+        return kind == QAccessible::Name || kind == QAccessible::Value ? Grid().Shown(row_, col_).Text
+                                                                       : QString();
     }
     QAccessible::Role role() const override {
         const CellShown shown = Grid().Shown(row_, col_);
@@ -94,20 +96,29 @@ void GridAccessible::Announce(GridView& grid, int row, int col) {
     QAccessible::updateAccessibility(&event);
 }
 
-GridView* GridAccessible::Grid() const { return static_cast<GridView*>(widget()); }
+GridView* GridAccessible::Grid() const {
+    return static_cast<GridView*>(widget());
+}
 
 QAccessibleInterface* GridAccessible::Cell(int row, int col) const {
     if (row < 0 || col < 0 || row >= rowCount() || col >= columnCount()) return nullptr;
     const int index = row * columnCount() + col;
     auto& id = cells_[index];
     if (!id)
-        id = QAccessible::registerAccessibleInterface(new CellAccessible(const_cast<GridAccessible&>(*this), row, col));
+        id = QAccessible::registerAccessibleInterface(
+            new CellAccessible(const_cast<GridAccessible&>(*this), row, col));
     return QAccessible::accessibleInterface(id);
 }
 
-int GridAccessible::rowCount() const { return Grid()->RowAxis().Count(); }
-int GridAccessible::columnCount() const { return Grid()->ColAxis().Count(); }
-int GridAccessible::childCount() const { return rowCount() * columnCount(); }
+int GridAccessible::rowCount() const {
+    return Grid()->RowAxis().Count();
+}
+int GridAccessible::columnCount() const {
+    return Grid()->ColAxis().Count();
+}
+int GridAccessible::childCount() const {
+    return rowCount() * columnCount();
+}
 
 QAccessibleInterface* GridAccessible::child(int index) const {
     return columnCount() == 0 ? nullptr : Cell(index / columnCount(), index % columnCount());
@@ -138,7 +149,9 @@ QString GridAccessible::columnDescription(int column) const {
     return Grid()->Shown(0, column).Text.simplified();
 }
 
-int GridAccessible::selectedCellCount() const { return Grid()->Current().y() >= 0 ? 1 : 0; }
+int GridAccessible::selectedCellCount() const {
+    return Grid()->Current().y() >= 0 ? 1 : 0;
+}
 
 QList<QAccessibleInterface*> GridAccessible::selectedCells() const {
     QAccessibleInterface* const cell = Cell(Grid()->Current().y(), Grid()->Current().x());

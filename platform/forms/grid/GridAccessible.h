@@ -7,14 +7,14 @@ namespace forms {
 
 class GridView;
 
-// What a screen reader sees of a grid or list: a table of cells, each with its text, its heading and its state. Cells are
-// made when they are asked for.
+// What a screen reader sees of a grid or list: a table of cells, each with its text, its heading and its
+// state. Cells are made when they are asked for.
 class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
   public:
     explicit GridAccessible(GridView& grid);
     ~GridAccessible() override;
 
-    static void Install();                        // for all grids, once
+    static void Install();                                   // for all grids, once
     static void Announce(GridView& grid, int row, int col);  // the cell is now the current one
 
     GridView* Grid() const;

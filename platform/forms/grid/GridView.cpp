@@ -5,11 +5,11 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-
-#include "platform/forms/grid/GridAccessible.h"
 #include <algorithm>
 #include <climits>
 #include <utility>
+
+#include "platform/forms/grid/GridAccessible.h"
 
 namespace forms {
 

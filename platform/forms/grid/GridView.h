@@ -32,7 +32,7 @@ class GridView : public QAbstractScrollArea {
 
     // For what draws and reads the cells.
     virtual CellShown Shown(int row, int col) const = 0;
-    virtual bool Active() const { return hasFocus(); }  // marks are bright
+    virtual bool Active() const { return hasFocus(); }   // marks are bright
     virtual QPoint Current() const { return {-1, -1}; }  // column and row of the current cell
 
   protected:
