@@ -68,7 +68,7 @@ TEST(ClassState, WithoutAConnectionCallsRaiseOrLog) {
     EXPECT_THROW(host.GetSuppliers(), basic::Error);
     EXPECT_THROW(host.GetNextTrnID(), basic::Error);
     test::BoxScript boxes;
-    boxes.ExpectLog("Class-ClQm", "Object variable not set");
+    boxes.ExpectLog("Class-ClQm", "The record set has no connection");
     EXPECT_FALSE(host.InsertVoucher(1, 1, "J", "D", "", 1, 1, "A"));
 }
 
