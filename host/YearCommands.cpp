@@ -79,8 +79,8 @@ int AddYear(const YearOptions& options) {
     if (Known(options.year.substr(0, 4))) Fail("the books already know the year " + options.year);
     const std::vector<std::string> unset = LedgersWithNullTotal(books.Host());
     if (!unset.empty())
-        Fail(std::to_string(unset.size()) + " ledgers were never posted to in this year (the first is '" +
-             unset.front() +
+        Fail(std::to_string(unset.size()) +
+             " ledgers have no debit or no credit total in this year yet (the first is '" + unset.front() +
              "'): their balances cannot be folded. Make the new year on its screen, or open the final "
              "results once, "
              "which sets their totals to 0");
