@@ -44,6 +44,10 @@ class Engine {
     virtual void Release(int level) = 0;
     virtual void RollbackTo(int level) = 0;  // and releases it
     virtual void BeforeLooseWrite() = 0;     // a write outside transactions need not reach the disk at once
+    virtual void BeginReading() = 0;         // all reads are of one moment until EndReading
+    virtual void EndReading() = 0;
+    // Copies the whole store into a new file under the password.
+    virtual void CopyTo(const std::string& file, const std::string& password) = 0;
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises

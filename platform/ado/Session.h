@@ -59,6 +59,10 @@ class Session {
     void RollbackTrans();
     int TransDepth() const { return transactions_.Depth(); }
 
+    void BeginReading();  // all reads are of one moment until EndReading; raises where a transaction is open
+    void EndReading();
+    void CopyTo(const std::string& file, const std::string& password);
+
     void Postpone(PostponedRead& read);
     void Forget(PostponedRead& read);
 

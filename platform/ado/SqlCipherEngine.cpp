@@ -116,8 +116,7 @@ void SqlCipherEngine::Open(const std::string& path, const std::string& password)
     }
 }
 
-// Gives the key and tries it on the first page: the library itself takes any key and says nothing.
-void SqlCipherEngine::Unlock(const std::string& path, const std::string& password) {
+void SqlCipherEngine::GiveKey(const std::string& password) {
     Run("PRAGMA key = " + Quoted(password));
     const std::string version = Ask("PRAGMA cipher_version");
     if (version.empty())
@@ -129,6 +128,11 @@ void SqlCipherEngine::Unlock(const std::string& path, const std::string& passwor
     int major = 0;
     std::from_chars(version.data(), version.data() + version.size(), major);
     if (major >= 4) Run("PRAGMA cipher_compatibility = 3");
+}
+
+// Gives the key and tries it on the first page: the library itself takes any key and says nothing.
+void SqlCipherEngine::Unlock(const std::string& path, const std::string& password) {
+    GiveKey(password);
     try {
         Ask("SELECT count(*) FROM sqlite_master");
     } catch (const basic::Error&) {
@@ -202,6 +206,28 @@ void SqlCipherEngine::RollbackTo(int level) {
 void SqlCipherEngine::BeforeLooseWrite() {
     WaitForDisk(false);
     looseWritten_ = true;
+}
+
+void SqlCipherEngine::BeginReading() {
+    Run("BEGIN");
+    Ask("SELECT count(*) FROM sqlite_master");  // the moment is that of the first read
+}
+
+void SqlCipherEngine::EndReading() {
+    Run("ROLLBACK");
+}
+
+void SqlCipherEngine::CopyTo(const std::string& file, const std::string& password) {
+    SqlCipherEngine copy;
+    const int code =
+        sqlite3_open_v2(file.c_str(), &copy.store_,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK) copy.Fail();
+    copy.GiveKey(password);
+    sqlite3_backup* backup = sqlite3_backup_init(copy.store_, "main", store_, "main");
+    if (backup == nullptr) copy.Fail();
+    sqlite3_backup_step(backup, -1);
+    if (sqlite3_backup_finish(backup) != SQLITE_OK) copy.Fail();
 }
 
 // Switched only when the other kind of write comes, so that a stream of either kind pays nothing for it.

@@ -31,8 +31,12 @@ class SqlCipherEngine final : public Engine {
     void Release(int level) override;
     void RollbackTo(int level) override;
     void BeforeLooseWrite() override;
+    void BeginReading() override;
+    void EndReading() override;
+    void CopyTo(const std::string& file, const std::string& password) override;
 
   private:
+    void GiveKey(const std::string& password);
     void Unlock(const std::string& source, const std::string& password);
     void Configure();
     void Run(const std::string& sql);
