@@ -9,6 +9,11 @@ if(QM_SANITIZE)
   target_compile_options(qm_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(qm_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(QM_FUZZ)
+  # Coverage in every library, so that the fuzzers find their way; their main comes with each (tests/fuzz).
+  target_compile_options(qm_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(qm_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # qm_library(NAME SOURCES... LINK...): a folder's library. All are linked into libqmcls.so or libqmscreens.so.
 function(qm_library name)

@@ -43,11 +43,10 @@ class Engine {
     virtual void Savepoint(int level) = 0;
     virtual void Release(int level) = 0;
     virtual void RollbackTo(int level) = 0;  // and releases it
+    virtual void BeginRead() = 0;            // holds the present moment in view; others may go on writing
+    virtual void EndRead() = 0;
+    virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
     virtual void BeforeLooseWrite() = 0;     // a write outside transactions need not reach the disk at once
-    virtual void BeginReading() = 0;         // all reads are of one moment until EndReading
-    virtual void EndReading() = 0;
-    // Copies the whole store into a new file under the password.
-    virtual void CopyTo(const std::string& file, const std::string& password) = 0;
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises

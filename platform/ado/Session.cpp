@@ -128,20 +128,6 @@ void Session::RollbackTrans() {
     cache_.Clear();
 }
 
-void Session::BeginReading() {
-    if (transactions_.Depth() > 0)
-        throw basic::Error(error::BadArgument, "A transaction is open.", "ado.Connection");
-    engine_->BeginReading();
-}
-
-void Session::EndReading() {
-    engine_->EndReading();
-}
-
-void Session::CopyTo(const std::string& file, const std::string& password) {
-    engine_->CopyTo(file, password);
-}
-
 void Session::Postpone(PostponedRead& read) {
     postponed_.push_back(&read);
 }

@@ -54,14 +54,12 @@ class Session {
     // For what this layer writes in the store's own SQL: the values are bound in order.
     ReadyStatement Own(std::string sql, std::vector<basic::Value> values);
 
+    Engine& engine() { return *engine_; }  // for maintenance, beside running statements
+
     int BeginTrans();
     void CommitTrans();
     void RollbackTrans();
     int TransDepth() const { return transactions_.Depth(); }
-
-    void BeginReading();  // all reads are of one moment until EndReading; raises where a transaction is open
-    void EndReading();
-    void CopyTo(const std::string& file, const std::string& password);
 
     void Postpone(PostponedRead& read);
     void Forget(PostponedRead& read);

@@ -208,13 +208,14 @@ void SqlCipherEngine::BeforeLooseWrite() {
     looseWritten_ = true;
 }
 
-void SqlCipherEngine::BeginReading() {
+// The moment is fixed by the first read, not by BEGIN.
+void SqlCipherEngine::BeginRead() {
     Run("BEGIN");
-    Ask("SELECT count(*) FROM sqlite_master");  // the moment is that of the first read
+    Ask("SELECT count(*) FROM sqlite_master");
 }
 
-void SqlCipherEngine::EndReading() {
-    Run("ROLLBACK");
+void SqlCipherEngine::EndRead() {
+    Run("COMMIT");
 }
 
 void SqlCipherEngine::CopyTo(const std::string& file, const std::string& password) {

@@ -30,10 +30,10 @@ class SqlCipherEngine final : public Engine {
     void Savepoint(int level) override;
     void Release(int level) override;
     void RollbackTo(int level) override;
-    void BeforeLooseWrite() override;
-    void BeginReading() override;
-    void EndReading() override;
+    void BeginRead() override;
+    void EndRead() override;
     void CopyTo(const std::string& file, const std::string& password) override;
+    void BeforeLooseWrite() override;
 
   private:
     void GiveKey(const std::string& password);

@@ -2,7 +2,11 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
+#include <limits>
+
+#include "platform/basic/Error.h"
 
 namespace basic {
 namespace {
@@ -37,7 +41,7 @@ Decimal Decimal::Of(double number) {
     const std::string written(text.data(), end.ptr);  // "-1.23456789012345e+02"
     const std::size_t e = written.find('e');
     Decimal decimal;
-    if (e == std::string::npos) return decimal;  // not finite
+    if (e == std::string::npos) Raise(error::Overflow);  // not finite
     decimal.negative = written[0] == '-';
     for (const char c : written.substr(0, e))
         if (c >= '0' && c <= '9') decimal.digits += c;
@@ -50,7 +54,9 @@ double Decimal::ToDouble() const {
     const std::string text =
         (negative ? "-0." : "0.") + (digits.empty() ? "0" : digits) + "e" + std::to_string(point);
     double number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
+    // Only the reading of the very largest numbers lies above them all.
+    if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc())
+        return std::copysign(std::numeric_limits<double>::max(), negative ? -1 : 1);
     return number;
 }
 

@@ -12,7 +12,7 @@ struct Decimal {
     std::string digits;  // without zeros at either end; "" is zero
     int point = 0;       // digits before the decimal point; may be negative or beyond the digits
 
-    static Decimal Of(double number);
+    static Decimal Of(double number);  // raises 6 "Overflow" for an infinite number or none at all
     double ToDouble() const;
 
     // Rounded at `places` decimals; a tie goes away from zero, or to the even digit.

@@ -1,8 +1,6 @@
 #include "platform/basic/Format.h"
 
 #include <array>
-#include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 
@@ -49,9 +47,9 @@ std::string& LocaleName() {
 Grouping GroupingOfLocale() {
     const std::string name = LocaleName().substr(0, LocaleName().find_first_of(".@"));
     if (name.ends_with("_IN")) return {',', '.', 3, 2};
-    for (const char* language : {"de", "es", "it", "nl", "pt", "da", "id", "tr"})
-        if (name == language || (name.starts_with(language) && name[2] == '_' && !name.ends_with("_CH")))
-            return {'.', ',', 3, 3};
+    for (const char* known : {"de", "de_DE", "de_AT", "de_BE", "de_LU", "es_AR", "es_CL", "es_CO", "es_ES",
+                              "it_IT", "nl_NL", "nl_BE", "pt_BR", "da_DK", "id_ID", "tr_TR"})
+        if (name == known) return {'.', ',', 3, 3};
     return {};
 }
 
@@ -85,13 +83,16 @@ std::string FormatDate(Date date, std::string_view mask) {
     if (mask == "dd-MMM-yyyy")
         return TwoDigits(day.Day) + "-" + months[static_cast<std::size_t>(day.Month) - 1] + "-" + year;
     if (mask == "dd/MM/yyyy") return TwoDigits(day.Day) + "/" + TwoDigits(day.Month) + "/" + year;
-    const int seconds =
-        static_cast<int>(std::lround(std::abs(date.Serial - DatePart(date).Serial) * 86400)) % 86400;
+    const int seconds = SecondsOfDay(date);
     return TwoDigits(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) + ":" + TwoDigits(seconds % 60);
 }
 
 bool IsDateMask(std::string_view mask) {
     return mask == "dd-MMM-yyyy" || mask == "dd/MM/yyyy" || mask == "hh:mm:ss";
+}
+
+bool ReadsAsDate(const Value& text) {
+    return IsDate(text) || (IsNumeric(text) && IsDateSerial(ToDouble(text)));
 }
 
 const NumberMask& FindNumberMask(std::string_view mask) {
@@ -107,7 +108,7 @@ std::string Format(const Value& value, std::string_view mask) {
     const NumberMask* number = isDate ? nullptr : &FindNumberMask(mask);
     if (value.IsNull()) return {};
     if (const auto* text = value.As<std::string>()) {
-        if (isDate) return IsDate(value) || IsNumeric(value) ? FormatDate(ToDate(value), mask) : *text;
+        if (isDate) return ReadsAsDate(value) ? FormatDate(ToDate(value), mask) : *text;
         return IsNumeric(value) ? FormatNumber(WholeNumber(*text), *number) : *text;
     }
     return isDate ? FormatDate(ToDate(value), mask) : FormatNumber(ToDouble(value), *number);

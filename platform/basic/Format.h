@@ -10,7 +10,8 @@ namespace basic {
 // Shows a value by one of the masks that this system uses: "#,##,###.00", "##,#00.00", "######.00",
 // "#,##,###", "0.00", "standard" (any case), "dd-MMM-yyyy", "dd/MM/yyyy", "hh:mm:ss". Any other mask
 // raises 5. Number masks round half away from zero on the decimal reading, and group by three with ',' and
-// '.'; only "standard" follows the user's locale (en_IN: 12,34,567.00). Null and "" give ""; a text that is
+// '.'; only "standard" follows the user's locale (en_IN: 12,34,567.00; commas by three where it is
+// not known). Null and "" give ""; a text that is
 // no number (for a date mask: no date) comes back as it is. Month names are English.
 std::string Format(const Value& value, std::string_view mask);
 

@@ -1,5 +1,6 @@
 #include "platform/basic/Number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -74,16 +75,27 @@ struct NumberReader {
         }
         Exponent();
     }
+    // Of a number out of range: whether it is too small, so 0, rather than too large.
+    bool IsTiny() const {
+        const std::size_t e = std::min(clean.find('e'), clean.size());
+        const std::size_t point = std::min(clean.find('.'), e);
+        const auto first = static_cast<std::int64_t>(clean.find_first_of("123456789"));
+        std::int64_t exponent = 0;
+        if (e < clean.size()) {
+            const char* sign = clean.data() + e + 1;
+            const char* digits = *sign == '-' ? sign : sign + 1;
+            if (std::from_chars(digits, clean.data() + clean.size(), exponent).ec != std::errc())
+                return *sign == '-';
+        }
+        return exponent < first - static_cast<std::int64_t>(point);
+    }
     // nullopt: too large for a number.
     std::optional<double> Number() const {
         if (!hasDigits) return 0;
         double number = 0;
         const auto result = std::from_chars(clean.data(), clean.data() + clean.size(), number);
-        if (result.ec == std::errc::result_out_of_range) {
-            if (clean.find("e-") != std::string::npos) return 0;
-            return std::nullopt;
-        }
-        return number;
+        if (result.ec == std::errc()) return number;
+        return IsTiny() ? std::optional(0.0) : std::nullopt;
     }
 };
 

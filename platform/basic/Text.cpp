@@ -34,7 +34,9 @@ Code Next(std::string_view text, std::size_t& at) {
 Code NextFolded(std::string_view text, std::size_t& at) {
     if (IsAscii(text[at])) return static_cast<unsigned char>(LowerAscii(text[at++]));
     const Code code = Next(text, at);
-    return code < 0x110000 ? utf8proc_tolower(utf8proc_toupper(code)) : code;
+    // The dotted capital and the dotless small I of Turkish are no case of the plain letter.
+    if (code >= 0x110000 || code == 0x130 || code == 0x131) return code;
+    return utf8proc_tolower(utf8proc_toupper(code));
 }
 
 // The byte place behind `count` characters from `from`.
@@ -97,7 +99,8 @@ std::string Trim(std::string_view text) {
 }
 
 std::string UCase(std::string_view text) {
-    return Changed(text, utf8proc_toupper);
+    // The sharp s has no capital in ordinary writing.
+    return Changed(text, [](Code code) { return code == 0xDF ? code : utf8proc_toupper(code); });
 }
 std::string LCase(std::string_view text) {
     return Changed(text, utf8proc_tolower);
@@ -131,7 +134,7 @@ int CompareText(std::string_view a, std::string_view b) {
 }
 
 bool EqualText(std::string_view a, std::string_view b) {
-    return CompareText(a, b) == 0;
+    return a == b || CompareText(a, b) == 0;
 }
 
 bool LikeText(std::string_view text, std::string_view pattern) {

@@ -18,7 +18,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::string DateText(Date date) {
     const std::string day = Format(date, "dd/MM/yyyy");
-    return DatePart(date) == date ? day : day + " " + Format(date, "hh:mm:ss");
+    return SecondsOfDay(date) == 0 ? day : day + " " + Format(date, "hh:mm:ss");
 }
 
 }  // namespace
@@ -57,8 +57,10 @@ bool ToBoolean(const Value& value) {
 
 Date ToDate(const Value& value) {
     if (const auto* text = value.As<std::string>())
-        return IsNumeric(value) ? Date{WholeNumber(*text)} : ReadDate(*text);
-    return {ToDouble(value)};
+        if (!IsNumeric(value)) return ReadDate(*text);
+    const Date date{ToDouble(value)};
+    if (!IsDateSerial(date.Serial)) Raise(error::Overflow);
+    return date;
 }
 
 std::string TextOrEmpty(const Value& value) {

@@ -55,13 +55,13 @@ class Value {
 
 // Conversions. Each raises 94 "Invalid use of Null" for Null and 13 "Type mismatch" for a text that is no
 // number.
-std::string ToText(
-    const Value& value);              // "1500", "1500.5", "True", dates as dd/MM/yyyy (with the time if any)
-double ToDouble(const Value& value);  // texts by the whole reading that knows grouped numbers; True is -1
-std::int32_t ToLong(const Value& value);     // rounds half to even; raises 6 "Overflow" beyond 32 bits
+std::string ToText(const Value& value);   // "1500", "1500.5", "True", "01/04/2001", "01/04/2001 13:05:00"
+double ToDouble(const Value& value);      // texts by the whole reading that knows grouped numbers; True is -1
+std::int32_t ToLong(const Value& value);  // rounds half to even; raises 6 "Overflow" beyond 32 bits
 std::int16_t ToInteger(const Value& value);  // the same in 16 bits
 bool ToBoolean(const Value& value);          // any number but 0 is True; "True" and "False" are read
-Date ToDate(const Value& value);             // numbers are serials; texts as IsDate takes them
+Date ToDate(const Value& value);  // numbers are serials, raises 6 beyond the years 100 to 9999; texts as
+                                  // IsDate takes them
 
 std::string TextOrEmpty(const Value& value);  // ToText, but Null joined to a text reads ""
 double NumberOrZero(const Value& value);      // ToDouble, but Null reads 0

@@ -34,7 +34,7 @@ TEST_F(MaintenanceTest, ACopyIsOfOneMomentAndOpensWithThePassword) {
         EXPECT_EQ(sums[1].name, "Small");
         EXPECT_EQ(sums[2].rows, 300);
         EXPECT_EQ(sums[2].sums.at("LedgerDrAmt"), "75");
-        EXPECT_EQ(sums[2].sums.at("LedgerName"), "0");
+        EXPECT_EQ(sums[2].sums.at("LedgerName"), "12000");
         BackUp(*c, Copy());
     }
     EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001"), "");

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/basic/Error.h"
+
+namespace test {
+
+// The number of the error that `action` raises, 0 for none.
+template <class Action>
+std::int32_t Raised(Action action) {
+    try {
+        action();
+    } catch (const basic::Error& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+}  // namespace test
