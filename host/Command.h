@@ -13,5 +13,12 @@ using Command = std::function<int()>;
 
 // Each command adds itself, with its options and help, and puts what it does into `chosen` when it is named.
 void AddCreate(CLI::App& app, Command& chosen);
+void AddPost(CLI::App& app, Command& chosen);
+void AddLedgers(CLI::App& app, Command& chosen);
+void AddYears(CLI::App& app, Command& chosen);
+void AddYearSwitch(CLI::App& app, Command& chosen);
+void AddAddYear(CLI::App& app, Command& chosen);
+void AddCheck(CLI::App& app, Command& chosen);
+void AddBackup(CLI::App& app, Command& chosen);
 
 }  // namespace host

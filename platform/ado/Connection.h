@@ -60,10 +60,10 @@ class Connection {
     void RollbackTrans();    // undoes the innermost only; raises NoTransaction
     int TransDepth() const;  // how many are open, levels that the store lost by itself included
 
-    Session& Opened();  // for this layer: the open store; raises ObjectClosed
+    const std::shared_ptr<Session>& Opened();  // for this layer: the open store; raises ObjectClosed
 
   private:
-    std::unique_ptr<Session> session_;
+    std::shared_ptr<Session> session_;  // record sets hold it weakly: with Close it is gone for them
 };
 
 using ConnectionPtr = std::shared_ptr<Connection>;

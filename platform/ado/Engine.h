@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -48,5 +49,8 @@ class Engine {
 // By the form of the source: a file path gives the embedded store; anything else raises
 // ado::error::BadArgument.
 std::unique_ptr<Engine> EngineFor(const std::string& source);
+
+// How long a statement waits for another program from the next Open on: 5 s unless a test shortens it.
+void SetLockWait(std::chrono::milliseconds wait);
 
 }  // namespace ado

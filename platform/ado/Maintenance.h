@@ -1,6 +1,7 @@
 #pragma once
 
-#include <functional>
+#include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,31 @@ namespace ado {
 // Reads every page and index of the store: a line for each fault, none if all is well.
 std::vector<std::string> CheckIntegrity(Connection& connection);
 
-// Copies the store as it stands at one moment into a new file under the same password, while others may go on
-// writing. Raises BadArgument where the file exists, and what reading or writing raises; a copy that failed
-// is removed.
+// Holds one moment of the store in view while it lives: what is read meanwhile is of that moment, while
+// others go on writing. No transaction may be open.
+class Snapshot {
+  public:
+    explicit Snapshot(Connection& connection);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+  private:
+    Connection& connection_;
+};
+
+// Copies the store into a new file under the same password, while others may go on writing; within a
+// Snapshot, as of its moment. Raises BadArgument where the file exists, and what reading or writing raises; a
+// copy that failed is removed.
 void BackUp(Connection& connection, const std::string& file);
+
+struct TableSums {
+    std::string name;
+    std::int64_t rows = 0;
+    std::map<std::string, std::string> sums;  // of each column's numbers, written with 15 digits
+};
+
+// Rows and sums of every table, by name.
+std::vector<TableSums> SumTables(Connection& connection);
 
 }  // namespace ado

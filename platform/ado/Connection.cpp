@@ -1,0 +1,94 @@
+#include "platform/ado/Connection.h"
+
+#include <utility>
+
+#include "platform/ado/Command.h"
+#include "platform/ado/Constants.h"
+#include "platform/ado/Errors.h"
+#include "platform/ado/Recordset.h"
+#include "platform/ado/RecordsetImpl.h"
+#include "platform/ado/Session.h"
+#include "platform/basic/Text.h"
+
+namespace ado {
+namespace {
+
+constexpr const char* source = "ado.Connection";
+
+}  // namespace
+
+std::string& PropertyBag::operator()(std::string_view name) {
+    return byFoldedName_[basic::FoldCase(name)];
+}
+
+std::string PropertyBag::Get(std::string_view name) const {
+    const auto found = byFoldedName_.find(basic::FoldCase(name));
+    return found == byFoldedName_.end() ? "" : found->second;
+}
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+
+void Connection::Open(std::string_view connectionString, std::string_view user, std::string_view password,
+                      int) {
+    if (session_)
+        throw basic::Error(error::ObjectOpen, "Operation is not allowed when the object is open.", source);
+    if (!connectionString.empty() || !user.empty() || !password.empty())
+        throw basic::Error(error::BadArgument, "The store is named by the connection's properties alone.",
+                           source);
+    const std::string file = Properties.Get("Data Source");
+    session_ =
+        std::make_shared<Session>(EngineFor(file), file, Properties.Get("Jet OLEDB:Database Password"));
+}
+
+void Connection::Close() {
+    Opened();
+    std::exchange(session_, nullptr)->Close();
+}
+
+int Connection::State() const {
+    return session_ ? adStateOpen : adStateClosed;
+}
+
+RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recordsAffected, int) {
+    if (recordsAffected != nullptr) *recordsAffected = 0;
+    const std::shared_ptr<Session>& session = Opened();
+    auto result = std::make_shared<Recordset>();
+    const ReadyStatement ready = session->Ready(statement);
+    if (ready.plan().kind == StatementKind::Select) {
+        result->Internals().OpenOn(session, statement);
+    } else {
+        const std::int64_t affected = session->Execute(ready);
+        if (recordsAffected != nullptr) *recordsAffected = affected;
+    }
+    return result;
+}
+
+int Connection::BeginTrans() {
+    return Opened()->BeginTrans();
+}
+void Connection::CommitTrans() {
+    Opened()->CommitTrans();
+}
+void Connection::RollbackTrans() {
+    Opened()->RollbackTrans();
+}
+
+int Connection::TransDepth() const {
+    return session_ ? session_->TransDepth() : 0;
+}
+
+const std::shared_ptr<Session>& Connection::Opened() {
+    if (!session_)
+        throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.",
+                           source);
+    return session_;
+}
+
+RecordsetPtr Command::Execute(std::int64_t* recordsAffected) const {
+    if (!ActiveConnection)
+        throw basic::Error(error::ObjectClosed, "The command has no connection.", "ado.Command");
+    return ActiveConnection->Execute(CommandText, recordsAffected, CommandType);
+}
+
+}  // namespace ado

@@ -1,0 +1,124 @@
+#include <utility>
+
+#include "platform/ado/Conversion.h"
+#include "platform/ado/Errors.h"
+#include "platform/ado/RecordsetImpl.h"
+#include "platform/ado/Scope.h"
+
+namespace ado {
+namespace {
+
+constexpr const char* origin = "ado.Recordset";
+
+struct Assignments {
+    std::vector<std::string> columns;
+    std::vector<basic::Value> values;
+};
+
+Assignments AssignmentsOf(const PendingEdit& edit, const std::vector<Output>& outputs) {
+    Assignments assignments;
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        if (!edit.values[i]) continue;
+        assignments.columns.push_back(QuotedName(outputs[i].column));
+        assignments.values.push_back(*edit.values[i]);
+    }
+    return assignments;
+}
+
+std::string UpdateSql(const std::string& table, const Assignments& assignments) {
+    std::string sql = "UPDATE " + QuotedName(table) + " SET ";
+    const char* comma = "";
+    for (const std::string& column : assignments.columns) {
+        sql += comma + column + " = ?";
+        comma = ", ";
+    }
+    return sql + " WHERE rowid = ?";
+}
+
+std::string InsertSql(const std::string& table, const Assignments& assignments) {
+    if (assignments.columns.empty()) return "INSERT INTO " + QuotedName(table) + " DEFAULT VALUES";
+    std::string columns, marks;
+    for (const std::string& column : assignments.columns) {
+        const char* comma = columns.empty() ? "" : ", ";
+        columns += comma + column;
+        marks += std::string(comma) + "?";
+    }
+    return "INSERT INTO " + QuotedName(table) + " (" + columns + ") VALUES (" + marks + ")";
+}
+
+std::string ReadBackSql(const std::string& table, const std::vector<Output>& outputs) {
+    std::string columns;
+    for (const Output& output : outputs)
+        columns +=
+            (columns.empty() ? "" : ", ") + (output.column.empty() ? "NULL" : QuotedName(output.column));
+    return "SELECT " + columns + " FROM " + QuotedName(table) + " WHERE rowid = ?1";
+}
+
+[[noreturn]] void RefuseEditing(const std::string& why) {
+    throw basic::Error(error::NotUpdatable, "The record set cannot be edited: " + why + ".", origin);
+}
+
+}  // namespace
+
+void Recordset::Impl::RefuseReadOnly() const {
+    RefuseClosed();
+    if (lockType == adLockReadOnly) RefuseEditing("it was opened for reading only");
+    if (!plan->rowid) RefuseEditing("its rows are not those of one table");
+}
+
+PendingEdit& Recordset::Impl::EditRecord(std::size_t field) {
+    RefuseReadOnly();
+    if (Outputs()[field].column.empty())
+        RefuseEditing("'" + Outputs()[field].name + "' is no field of its table");
+    if (edit.kind == PendingEdit::Kind::None) {
+        CurrentRow();
+        edit.kind = PendingEdit::Kind::Edit;
+        edit.values.resize(Outputs().size());
+    }
+    return edit;
+}
+
+void Recordset::Impl::AddRecord() {
+    edit.kind = PendingEdit::Kind::Add;
+    edit.values.assign(Outputs().size(), std::nullopt);
+}
+
+void Recordset::Impl::Store() {
+    if (edit.kind == PendingEdit::Kind::Edit) StoreEdit();
+    if (edit.kind == PendingEdit::Kind::Add) StoreAdded();
+    edit = {};
+}
+
+void Recordset::Impl::StoreEdit() {
+    const std::size_t row = CurrentRow();
+    Assignments assignments = AssignmentsOf(edit, Outputs());
+    const std::string sql = UpdateSql(plan->table, assignments);
+    assignments.values.emplace_back(static_cast<double>(rows->RowId(row)));
+    const std::shared_ptr<Session> on = OpenSession();
+    if (on->Execute(on->Own(sql, std::move(assignments.values))) == 0)
+        throw basic::Error(error::NoCurrentRecord,
+                           "The record has been deleted; the change cannot be stored.", origin);
+    for (std::size_t i = 0; i < edit.values.size(); ++i)
+        if (edit.values[i]) rows->Set(row, i, *edit.values[i]);
+}
+
+// The new record goes to the end of the set, whether it passes Filter or not, and becomes the current one.
+void Recordset::Impl::StoreAdded() {
+    RowStore& all = Rows();
+    const std::shared_ptr<Session> on = OpenSession();
+    Assignments assignments = AssignmentsOf(edit, Outputs());
+    const std::string sql = InsertSql(plan->table, assignments);
+    on->Execute(on->Own(sql, std::move(assignments.values)));
+
+    const RunningStatement last = on->Start(on->Own("SELECT last_insert_rowid()", {}));
+    last->Step();
+    const std::int64_t rowid = last->Integer(0);
+    const RunningStatement added =
+        on->Start(on->Own(ReadBackSql(plan->table, Outputs()), {basic::Value(static_cast<double>(rowid))}));
+    added->Step();
+    all.Append(*added, rowid);
+    if (visible) visible->push_back(static_cast<std::uint32_t>(all.Rows() - 1));
+    position = Count() - 1;
+}
+
+}  // namespace ado

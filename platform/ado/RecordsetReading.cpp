@@ -1,0 +1,182 @@
+#include <utility>
+
+#include "platform/ado/Errors.h"
+#include "platform/ado/RecordsetImpl.h"
+#include "platform/basic/Text.h"
+
+namespace ado {
+namespace {
+
+constexpr const char* origin = "ado.Recordset";
+
+// A source of one word, or of one bracketed name, is a table.
+bool IsTableName(std::string_view source) {
+    if (source.starts_with('[')) return source.find(']') == source.size() - 1;
+    return !source.empty() && source.find_first_of(" \t\r\n(*,;'\"=") == std::string_view::npos;
+}
+
+std::string StatementOf(std::string_view source) {
+    std::string trimmed = basic::Trim(source);
+    if (!IsTableName(trimmed)) return std::string(source);
+    return trimmed.starts_with('[') ? "Select * From " + trimmed : "Select * From [" + trimmed + "]";
+}
+
+}  // namespace
+
+void RefuseNoRecord() {
+    throw basic::Error(
+        error::NoCurrentRecord,
+        "Either BOF or EOF is True, or the current record has been deleted. The operation needs a "
+        "current record.",
+        origin);
+}
+
+Recordset::Impl::~Impl() {
+    Forget();
+}
+
+void Recordset::Impl::OpenOn(const std::shared_ptr<Session>& openSession, std::string_view statement) {
+    session = openSession;
+    source = statement;
+    terms.clear();
+    filter.clear();
+    Run();
+    open = true;
+}
+
+void Recordset::Impl::Run() {
+    Forget();
+    const std::shared_ptr<Session> on = OpenSession();
+    plan = Statement(*on).cached->plan;
+    namesMet_.clear();
+    if (MayPostpone()) {
+        on->Postpone(*this);
+    } else {
+        Read();
+    }
+    position = 0;
+}
+
+void Recordset::Impl::Forget() {
+    if (const std::shared_ptr<Session> on = session.lock()) on->Forget(*this);
+    edit = {};
+    rows.reset();
+    failure.reset();
+    visible.reset();
+    filteredByStore = false;
+}
+
+void Recordset::Impl::RefuseClosed() const {
+    if (open) return;
+    throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.", origin);
+}
+
+std::shared_ptr<Session> Recordset::Impl::OpenSession() const {
+    if (std::shared_ptr<Session> on = session.lock()) return on;
+    throw basic::Error(error::ObjectClosed, "The connection of the record set is closed.", origin);
+}
+
+ReadyStatement Recordset::Impl::Statement(Session& on) const {
+    PlanOptions options;
+    options.rowid = lockType != adLockReadOnly;
+    ReadyStatement ready = on.Ready(StatementOf(source), options);
+    if (ready.plan().kind != StatementKind::Select)
+        throw basic::Error(error::BadArgument, "A record set opens on a select or a table.", origin);
+    return ready;
+}
+
+// Nothing can go wrong with the values of such a select, so its errors still come at Open.
+bool Recordset::Impl::MayPostpone() const {
+    if (plan->table.empty() || plan->aggregate || plan->distinct || !plan->where.empty()) return false;
+    for (const Output& output : plan->outputs)
+        if (output.column.empty()) return false;
+    return true;
+}
+
+// The source with the Filter as a further condition, if all of it means the same to the store.
+std::optional<ReadyStatement> Recordset::Impl::WithFilter(Session& on, const ReadyStatement& base) const {
+    if (terms.empty() || !MayPostpone()) return {};
+    std::string condition;
+    std::vector<basic::Value> values;
+    for (const FilterTerm& term : terms) {
+        const Output& output = Outputs()[term.field];
+        const auto sql = ComparisonSql(term.comparison, output, Session::ParameterFrom(base) + values.size());
+        if (!sql) return {};
+        condition += (condition.empty() ? "" : " AND ") + *sql;
+        values.push_back(ComparedValue(term.comparison, output));
+    }
+    return on.Narrowed(base, condition, values);
+}
+
+void Recordset::Impl::Read() {
+    const std::shared_ptr<Session> on = OpenSession();
+    ReadyStatement ready = Statement(*on);
+    plan = ready.cached->plan;
+    if (auto narrowed = WithFilter(*on, ready)) {
+        ready = *std::move(narrowed);
+        filteredByStore = true;
+    }
+    RowStore fresh(*plan);
+    fresh.Fill(*on->Start(ready));
+    rows = std::move(fresh);
+    ApplyFilter();
+}
+
+void Recordset::Impl::ReadNow() noexcept {
+    try {
+        if (!rows) Read();
+    } catch (const basic::Error& error) {
+        failure = error;
+    }
+}
+
+RowStore& Recordset::Impl::Rows() {
+    if (failure) throw basic::Error(*failure);
+    if (!rows) {
+        OpenSession()->Forget(*this);
+        Read();
+    }
+    return *rows;
+}
+
+std::int64_t Recordset::Impl::Count() {
+    RefuseClosed();
+    const RowStore& all = Rows();
+    return static_cast<std::int64_t>(visible ? visible->size() : all.Rows());
+}
+
+std::size_t Recordset::Impl::RowAt(std::int64_t at) {
+    const auto index = static_cast<std::size_t>(at);
+    return visible ? (*visible)[index] : index;
+}
+
+void Recordset::Impl::ApplyFilter() {
+    visible.reset();
+    position = 0;
+    if (terms.empty() || filteredByStore) return;
+    visible.emplace();
+    for (std::size_t row = 0; row < rows->Rows(); ++row) {
+        bool meets = true;
+        for (const FilterTerm& term : terms) meets = meets && term.comparison.Meets(*rows, row, term.field);
+        if (meets) visible->push_back(static_cast<std::uint32_t>(row));
+    }
+}
+
+std::size_t Recordset::Impl::CurrentRow() {
+    if (position < 0 || position >= Count()) RefuseNoRecord();
+    return RowAt(position);
+}
+
+std::size_t Recordset::Impl::FieldAt(std::string_view name) {
+    RefuseClosed();
+    for (const auto& [met, field] : namesMet_)
+        if (met == name) return field;
+    const auto found = FindOutput(Outputs(), name);
+    if (!found)
+        throw basic::Error(error::ItemNotFound, "The record set has no field '" + std::string(name) + "'.",
+                           origin);
+    namesMet_.emplace_back(name, *found);
+    return *found;
+}
+
+}  // namespace ado

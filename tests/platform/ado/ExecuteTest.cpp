@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include "platform/ado/Command.h"
+#include "tests/platform/ado/TestStore.h"
+
+namespace ado {
+namespace {
+
+using test::Affected;
+using test::ErrorOf;
+using test::Rows;
+using test::TestStore;
+
+class ExecuteTest : public testing::Test {
+  protected:
+    void Run(const std::string& statement) { c->Execute(statement); }
+    TestStore store;
+    ConnectionPtr c = store.Connect();
+};
+
+TEST_F(ExecuteTest, CountsRowsMatchedAndNeverAnEarlierStatements) {
+    EXPECT_EQ(Affected(c, "Insert Into Small (Id, Remark) Values (1, 'a')"), 1);
+    EXPECT_EQ(Affected(c, "Insert Into Small (Id, Remark) Values (2, 'b')"), 1);
+    EXPECT_EQ(Affected(c, "Update Small Set Remark = 'same'"), 2);
+    EXPECT_EQ(Affected(c, "Update Small Set Remark = 'same'"), 2);
+    EXPECT_EQ(Affected(c, "Update Small Set Remark = 'x' Where Id = 7"), 0);
+    EXPECT_EQ(Affected(c, "Select Id From Small"), 0);
+    EXPECT_EQ(Affected(c, "Insert Into Small Select Id, Remark From Small"), 2);
+    EXPECT_EQ(Affected(c, "Select * Into Small2 From Small"), 0);
+    EXPECT_EQ(Affected(c, "Delete * From Small"), 4);
+    EXPECT_EQ(c->Execute("Delete From Small")->State(), adStateClosed);
+}
+
+TEST_F(ExecuteTest, RefusesASecondStatementAndRunsNothingOfIt) {
+    for (const char* statement :
+         {"Delete From Small; Delete From Groups", "Insert Into Small (Id) Values (1); x",
+          "Delete From Small -- x", "Insert Into Small (Id, Remark) Values (1)",
+          "Delete  FROM SmallWHERE  Id=5", "Delete From Small Where Id = 'x"})
+        EXPECT_NE(ErrorOf(c, statement), 0) << statement;
+    Run("Insert Into Small (Id) Values (1)");
+    EXPECT_EQ(Rows(c, "Select Id From Small"), "1");
+}
+
+struct Stored {
+    const char* literal;
+    const char* field;  // of tb_Ledger2001
+    const char* reads;  // "" where the value is refused
+};
+
+class StoredValue : public ExecuteTest, public testing::WithParamInterface<Stored> {};
+
+TEST_P(StoredValue, IsConvertedToItsFieldOrRefused) {
+    const auto& [literal, field, reads] = GetParam();
+    const std::string fieldName = field,
+                      insert = "Insert Into tb_Ledger2001 (" + fieldName + ") Values (" + literal + ")";
+    const std::string update = "Update tb_Ledger2001 Set " + fieldName + " = " + literal;
+    if (reads[0] == '\0') {
+        EXPECT_NE(ErrorOf(c, insert), 0);
+        Run("Insert Into tb_Ledger2001 (LedgerTrnNo) Values (Null)");
+        EXPECT_NE(ErrorOf(c, update), 0);
+        return;
+    }
+    Run(insert);
+    Run("Insert Into tb_Ledger2001 (LedgerTxnDate) Values (Null)");
+    Run(update);
+    EXPECT_EQ(Rows(c, "Select " + fieldName + " From tb_Ledger2001"), std::string(reads) + " " + reads);
+}
+
+const Stored stored[] = {
+    {"'2002'", "LedgerTrnNo", "2002"},     {"' 12 '", "LedgerTrnNo", "12"},
+    {"2.5", "LedgerTrnNo", "2"},           {"3.5", "LedgerTrnNo", "4"},
+    {"-7", "LedgerTrnNo", "-7"},           {"''", "LedgerTrnNo", ""},
+    {"'abc'", "LedgerTrnNo", ""},          {"3000000000", "LedgerTrnNo", ""},
+    {"0.3", "LedgerDrAmt", "0.3"},         {"1234567.891", "LedgerDrAmt", "1234567.891"},
+    {"'12.5'", "LedgerDrAmt", "12.5"},     {"1E+16", "LedgerDrAmt", "1E+16"},
+    {"'abc'", "LedgerDrAmt", ""},          {"0", "LedgerName", "0"},
+    {"1500.50", "LedgerName", "1500.5"},   {"'1500.0'", "LedgerName", "1500.0"},
+    {"' a '", "LedgerName", " a "},        {"5", "LedgerMcGenerated", "True"},
+    {"-1", "LedgerMcGenerated", "True"},   {"0", "LedgerMcGenerated", "False"},
+    {"True", "LedgerMcGenerated", "True"}, {"Null", "LedgerMcGenerated", "False"},
+};
+INSTANTIATE_TEST_SUITE_P(Literals, StoredValue, testing::ValuesIn(stored));
+
+TEST_F(ExecuteTest, TellsWhichValueAndTableAnErrorIsAbout) {
+    const std::string text =
+        test::TextOfError([&] { Run("Insert Into tb_Ledger2001 (LedgerTrnNo) Values ('abc')"); });
+    EXPECT_NE(text.find("'abc'"), std::string::npos) << text;
+    EXPECT_NE(text.find("tb_Ledger2001"), std::string::npos) << text;
+    EXPECT_EQ(ErrorOf(c, "Insert Into tb_Ledger2001 (LedgerTrnNo) Values ('abc')"), error::BadValue);
+    EXPECT_EQ(ErrorOf(c, "Insert Into tb_Ledger2001 (LedgerTrnNo) Values (3000000000)"),
+              basic::error::Overflow);
+}
+
+TEST_F(ExecuteTest, AnUnwrittenBooleanIsFalseAndDefaultsHold) {
+    Run("Insert Into tb_Ledger2001 (LedgerTrnNo) Values (1)");
+    Run("Insert Into tblsysTPL (Type) Values ('T')");
+    EXPECT_EQ(Rows(c, "Select LedgerMcGenerated, LedgerName From tb_Ledger2001"), "False|-");
+    EXPECT_EQ(c->Execute("Select * From tblsysTPL")->Fields("ParticularDr").Value(), basic::Value(" "));
+    EXPECT_EQ(c->Execute("Select * From tblsysTPL")->Fields("AmtDr").Value(), basic::Value(0.0));
+}
+
+TEST_F(ExecuteTest, NullCountsAsFalseEitherWay) {
+    Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerMcGenerated) Values (1, True)");
+    Run("Insert Into tb_Ledger2001 (LedgerTrnNo) Values (2)");
+    Run("Insert Into tb_Ledger2001 (LedgerName) Values ('n')");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerMcGenerated"), "1");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where Not LedgerMcGenerated"), "2 -");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerMcGenerated = -1"), "1");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerTrnNo <> 1"), "2");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where Not (LedgerTrnNo = 1)"), "2");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerName Is Null"), "1 2");
+}
+
+TEST_F(ExecuteTest, TextsCompareWithoutRegardToCaseBeyondAscii) {
+    for (const char* name : {"Äpfel", "zebra", "äPFEL", "Birne"})
+        Run("Insert Into Small (Remark) Values ('" + std::string(name) + "')");
+    EXPECT_EQ(Rows(c, "Select Remark From Small Where Remark = 'ÄPFEL'"), "Äpfel äPFEL");
+    EXPECT_EQ(Rows(c, "Select Remark From Small Where Remark Like 'äp%'"), "Äpfel äPFEL");
+    EXPECT_EQ(Rows(c, "Select Remark From Small Where Remark Like '_IRNE'"), "Birne");
+    EXPECT_EQ(Rows(c, "Select UCase(Remark) As U From Small Where Remark = 'äpfel'"), "ÄPFEL ÄPFEL");
+    EXPECT_EQ(Rows(c, "Select Distinct Remark From Small Order By Remark Desc"), "Äpfel zebra Birne");
+    EXPECT_EQ(Rows(c, "Select Remark From Small Where Remark In ('BIRNE', 'x')"), "Birne");
+    EXPECT_EQ(Rows(c, "Select Remark From Small Where Id = 'abc'"), "");
+}
+
+TEST_F(ExecuteTest, RowsComeAsTheyWereInsertedWhateverTheIndex) {
+    for (const char* values : {"3, 20", "1, 10", "2, 20", "4, 10"})
+        Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate) Values (" + std::string(values) + ")");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerTxnDate >= 10"), "3 1 2 4");
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Order By LedgerTxnDate"), "1 4 3 2");
+    EXPECT_EQ(Rows(c, "Select Distinct LedgerTxnDate From tb_Ledger2001"), "20 10");
+}
+
+TEST_F(ExecuteTest, InsertSelectMatchesByNameAndChecksItsValues) {
+    Run("Insert Into Small (Id, Remark) Values (7, 'seven')");
+    Run("Insert Into Small Select Remark As Remark, 8 As Id From Small");
+    EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "7|seven 8|seven");
+    EXPECT_NE(ErrorOf(c, "Insert Into Small Select Id As Nothing From Small"), 0);
+    EXPECT_NE(ErrorOf(c, "Insert Into Small Select Remark As Id From Small"), 0);
+    EXPECT_EQ(Rows(c, "Select Id From Small"), "7 8");
+}
+
+TEST_F(ExecuteTest, ACounterNeverGivesANumberTwice) {
+    Run("Insert Into Groups (Head) Values ('a')");
+    Run("Insert Into Groups (Head) Values ('b')");
+    Run("Delete From Groups Where Group_Id = 2");
+    Run("Insert Into Groups (Head) Values ('c')");
+    EXPECT_EQ(Rows(c, "Select Group_Id, Head From Groups"), "1|a 3|c");
+}
+
+TEST_F(ExecuteTest, SelectIntoKeepsDefinitionOrderAndIndexes) {
+    for (const char* no : {"2", "1", "3"})
+        Run("Insert Into tb_Ledger2001 (LedgerTrnNo) Values (" + std::string(no) + ")");
+    c->BeginTrans();
+    Run("Select * Into TB_LEDGER2002  From tb_ledger2001");
+    c->CommitTrans();
+    EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2002"), "2 1 3");
+    Run("Insert Into tb_Ledger2002 (LedgerTrnNo) Values (4)");
+    EXPECT_EQ(Rows(c, "Select LedgerMcGenerated From tb_Ledger2002 Where LedgerTrnNo = 4"), "False");
+    EXPECT_EQ(ErrorOf(c, "Insert Into tb_Ledger2002 (LedgerTrnNo) Values ('x')"), error::BadValue);
+    EXPECT_EQ(test::TextOfError([&] { Run("Select * Into tb_Ledger2002 From tb_Ledger2001"); }),
+              "Table 'tb_Ledger2002' already exists.");
+    EXPECT_EQ(ErrorOf(c, "Select * Into tb_Ledger2003 From Nothing"), error::NoSuchTable);
+
+    c->Close();
+    sqlite3* plain = nullptr;
+    sqlite3_open(store.Path().c_str(), &plain);
+    sqlite3_exec(plain, "PRAGMA key = 'it''s a secret'", nullptr, nullptr, nullptr);
+    EXPECT_EQ(sqlite3_exec(plain, "DROP INDEX ix_TB_LEDGER2002_LedgerTxnDate", nullptr, nullptr, nullptr),
+              SQLITE_OK)
+        << sqlite3_errmsg(plain);
+    sqlite3_close(plain);
+}
+
+TEST_F(ExecuteTest, SeesATableThatAnotherProgramJustMade) {
+    const ConnectionPtr other = store.Connect();
+    EXPECT_EQ(ErrorOf(c, "Select * From tb_Ledger2002"), error::NoSuchTable);
+    other->Execute("Select * Into tb_Ledger2002 From tb_Ledger2001");
+    EXPECT_EQ(Rows(c, "Select * From tb_Ledger2002"), "");
+}
+
+TEST_F(ExecuteTest, ASubselectGivesOneValueOrFails) {
+    Run("Insert Into Small (Id, Remark) Values (1, 'a')");
+    EXPECT_EQ(Rows(c, "Select Id From Small Where Id = (Select Id From Small Where Remark = 'a')"), "1");
+    Run("Insert Into Small (Id, Remark) Values (2, 'a')");
+    EXPECT_NE(ErrorOf(c, "Select Id From Small Where Id = (Select Id From Small Where Remark = 'a')"), 0);
+}
+
+TEST_F(ExecuteTest, DividesByDoublesAndFailsByZero) {
+    Run("Insert Into Small (Id) Values (7)");
+    EXPECT_EQ(Rows(c, "Select Id From Small Where Id / 2 = 3.5"), "7");
+    EXPECT_EQ(ErrorOf(c, "Select Id From Small Where Id / 0 = 1"), basic::error::DivisionByZero);
+}
+
+TEST_F(ExecuteTest, SumsReadAsTheClassicText) {
+    Run("Insert Into tb_Ledger2001 (LedgerDrAmt) Values (0.1)");
+    Run("Insert Into tb_Ledger2001 (LedgerDrAmt) Values (0.2)");
+    EXPECT_EQ(Rows(c, "Select Sum(LedgerDrAmt) As T, Max(LedgerTrnNo) As M From tb_Ledger2001"), "0.3|-");
+    Run("Update tb_Ledger2001 Set LedgerName = LedgerDrAmt * 10000");
+    EXPECT_EQ(Rows(c, "Select LedgerName From tb_Ledger2001"), "1000 2000");
+}
+
+TEST_F(ExecuteTest, ACommandRunsItsText) {
+    Command command;
+    command.CommandText = "Select Id From Small";
+    EXPECT_EQ(ErrorOf([&] { command.Execute(); }), error::ObjectClosed);
+    command.ActiveConnection = c;
+    EXPECT_TRUE(command.Execute()->Eof());
+}
+
+TEST_F(ExecuteTest, TheSameStatementRunsAsOftenAsThereAreShapesAndBeyond) {
+    for (int round = 0; round < 2; ++round)
+        for (int shape = 0; shape < 600; ++shape)
+            Run("Select Id As Name" + std::to_string(shape) + " From Small");
+    EXPECT_EQ(Rows(c, "Select Id From Small Where Id = 1"), "");
+}
+
+}  // namespace
+}  // namespace ado

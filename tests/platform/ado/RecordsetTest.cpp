@@ -1,0 +1,244 @@
+#include <gtest/gtest.h>
+
+#include "platform/ado/Recordset.h"
+#include "tests/platform/ado/TestStore.h"
+
+namespace ado {
+namespace {
+
+using basic::Value;
+using test::ErrorOf;
+using test::Rows;
+using test::RowsOf;
+using test::TestStore;
+
+class RecordsetTest : public testing::Test {
+  protected:
+    void Run(const std::string& statement) { c->Execute(statement); }
+    void Fill(int rows) {
+        for (int i = 1; i <= rows; ++i)
+            Run("Insert Into Small (Id, Remark) Values (" + std::to_string(i) + ", 'r" + std::to_string(i) +
+                "')");
+    }
+    TestStore store;
+    ConnectionPtr c = store.Connect();
+    Recordset set;
+};
+
+TEST_F(RecordsetTest, WalksToBothEndsAndNoFurther) {
+    Fill(2);
+    set.Open("Small", c, adOpenKeyset);
+    EXPECT_FALSE(set.Bof() || set.Eof());
+    EXPECT_EQ(set.AbsolutePosition(), 1);
+    set.MoveNext();
+    set.MoveNext();
+    EXPECT_TRUE(set.Eof());
+    EXPECT_EQ(set.AbsolutePosition(), -3);
+    EXPECT_EQ(ErrorOf([&] { set.MoveNext(); }), error::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { set["Id"]; }), error::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { set.Find("Id = 1"); }), error::NoCurrentRecord);
+    set.MovePrevious();
+    EXPECT_EQ(set["Remark"], Value("r2"));
+    set.MoveFirst();
+    set.MovePrevious();
+    EXPECT_TRUE(set.Bof());
+    EXPECT_EQ(set.AbsolutePosition(), -2);
+    EXPECT_EQ(ErrorOf([&] { set.MovePrevious(); }), error::NoCurrentRecord);
+    set.MoveNext();
+    EXPECT_EQ(set.AbsolutePosition(), 1);
+    set.MoveLast();
+    EXPECT_EQ(set.AbsolutePosition(), 2);
+    set.SetAbsolutePosition(1);
+    EXPECT_EQ(set["Id"], Value(std::int16_t{1}));
+    EXPECT_EQ(ErrorOf([&] { set.SetAbsolutePosition(3); }), error::NoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, AnEmptySetStandsAtBothEnds) {
+    set.Open("Select Id From Small", c);
+    EXPECT_TRUE(set.Eof() && set.Bof());
+    EXPECT_EQ(set.RecordCount(), 0);
+    for (const auto& move :
+         {&Recordset::MoveFirst, &Recordset::MoveNext, &Recordset::MovePrevious, &Recordset::MoveLast})
+        EXPECT_EQ(ErrorOf([&] { (set.*move)(); }), error::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { set.Find("Id = 1"); }), error::NoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, FindsForwardOnlyFromWhereItStands) {
+    Fill(5);
+    set.Open("Small", c, adOpenStatic);
+    set.Find("Id = 3");
+    EXPECT_EQ(set.AbsolutePosition(), 3);
+    set.Find("Id = 3");
+    EXPECT_EQ(set.AbsolutePosition(), 3);  // the current row counts
+    set.Find("Id >= 3", 1);
+    EXPECT_EQ(set.AbsolutePosition(), 4);
+    set.Find("Remark = 'R5'");
+    EXPECT_EQ(set.AbsolutePosition(), 5);
+    set.MoveFirst();
+    set.Find("Id = 1", 1);
+    EXPECT_TRUE(set.Eof());
+    set.MoveLast();
+    set.Find("Id = 2");  // lies behind
+    EXPECT_TRUE(set.Eof());
+    set.MoveFirst();
+    EXPECT_EQ(ErrorOf([&] { set.Find("Id = 1 And Remark = 'r1'"); }), error::BadArgument);
+    EXPECT_EQ(ErrorOf([&] { set.Find("Id = 1", 0, -1); }), error::BadArgument);
+}
+
+TEST_F(RecordsetTest, StaysAsReadWhileAllChanges) {
+    Fill(3);
+    Recordset postponed, read, filtered;
+    postponed.Open("Small", c, adOpenDynamic);
+    filtered.Open("Small", c, adOpenDynamic);
+    filtered.SetFilter("Id > 1");
+    read.Open("Select Id From Small Where Id > 0", c, adOpenDynamic);
+    c->BeginTrans();
+    Run("Delete From Small Where Id < 3");
+    Run("Insert Into Small (Id) Values (9)");
+    c->CommitTrans();
+    c->BeginTrans();
+    Run("Delete From Small");
+    c->RollbackTrans();
+    EXPECT_EQ(RowsOf(read), "1 2 3");
+    EXPECT_EQ(RowsOf(postponed), "1|r1 2|r2 3|r3");
+    EXPECT_EQ(RowsOf(filtered), "2|r2 3|r3");
+    EXPECT_EQ(Rows(c, "Select Id From Small"), "3 9");
+}
+
+TEST_F(RecordsetTest, WritingWhileItsOwnRowsGoByEnds) {
+    Fill(3);
+    set.Open("Select * From Small", c, adOpenForwardOnly, adLockOptimistic);
+    for (int rounds = 0; !set.Eof() && rounds < 10; set.MoveNext(), ++rounds)
+        Run("Insert Into Small (Id) Values (100)");
+    EXPECT_EQ(Rows(c, "Select Id From Small"), "1 2 3 100 100 100");
+}
+
+TEST_F(RecordsetTest, TellsAtOpenWhatIsWrongWithItsSource) {
+    EXPECT_EQ(ErrorOf([&] { set.Open("Nothing", c); }), error::NoSuchTable);
+    EXPECT_EQ(ErrorOf([&] { set.Open("Select Nothing From Small", c); }), error::UnknownName);
+    EXPECT_EQ(ErrorOf([&] { set.Open("Select From", c); }), error::Statement);
+    EXPECT_EQ(ErrorOf([&] { set.Open("Delete From Small", c); }), error::BadArgument);
+    EXPECT_EQ(ErrorOf([&] { Recordset().Open("Small"); }), error::ObjectClosed);
+    EXPECT_EQ(set.State(), adStateClosed);
+    for (const auto& use :
+         {&Recordset::MoveFirst, &Recordset::Requery, &Recordset::Close, &Recordset::AddNew})
+        EXPECT_EQ(ErrorOf([&] { (set.*use)(); }), error::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { set.Eof(); }), error::ObjectClosed);
+}
+
+TEST_F(RecordsetTest, OpensAgainOnItsLastSource) {
+    Fill(1);
+    set.SetSource("Select Remark From Small");
+    set.SetActiveConnection(c);
+    set.Open();
+    EXPECT_EQ(ErrorOf([&] { set.Open(); }), error::ObjectOpen);
+    EXPECT_EQ(RowsOf(set), "r1");
+    set.Close();
+    Fill(1);
+    set.Open();
+    EXPECT_EQ(RowsOf(set), "r1 r1");
+    set.Close();
+    set.Open("[Small]");
+    EXPECT_EQ(RowsOf(set), "1|r1 1|r1");
+}
+
+TEST_F(RecordsetTest, KnowsItsCursor) {
+    set.Open("Small", c);
+    EXPECT_EQ(set.CursorType(), adOpenForwardOnly);
+    EXPECT_EQ(set.LockType(), adLockReadOnly);
+    EXPECT_EQ(set.CursorLocation(), adUseServer);
+    set.Close();
+    set.SetCursorLocation(adUseClient);
+    set.Open("Small", c, adOpenForwardOnly, adLockOptimistic);
+    EXPECT_EQ(set.CursorType(), adOpenStatic);
+    const RecordsetPtr handed = c->Execute("Select * From Small");
+    EXPECT_EQ(handed->CursorType(), adOpenForwardOnly);
+    EXPECT_EQ(handed->LockType(), adLockReadOnly);
+}
+
+TEST_F(RecordsetTest, OnlyAForwardOnlySetSeesNewRowsByMovingFirst) {
+    Fill(1);
+    Recordset forward, fixed;
+    forward.Open("Small", c);
+    fixed.Open("Small", c, adOpenStatic);
+    Fill(1);
+    fixed.MoveFirst();
+    EXPECT_EQ(fixed.RecordCount(), 1);
+    forward.MoveFirst();
+    EXPECT_EQ(forward.RecordCount(), 2);
+    fixed.Requery();
+    EXPECT_EQ(fixed.RecordCount(), 2);
+    Run("Delete From Small");
+    EXPECT_EQ(ErrorOf([&] { forward.MoveFirst(); }), error::NoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, RequeryKeepsTheFilterAndClearingItShowsAll) {
+    Fill(3);
+    for (const char* source : {"Select Id From Small Order By Id", "Select Distinct Id From Small"}) {
+        Recordset rows;
+        rows.Open(source, c, adOpenStatic);
+        rows.SetFilter("Id = 2");
+        EXPECT_EQ(RowsOf(rows), "2");
+        rows.Requery();
+        EXPECT_EQ(rows.Filter(), "Id = 2");
+        EXPECT_EQ(rows.RecordCount(), 1);
+        rows.SetFilter("Id > 1");
+        EXPECT_EQ(RowsOf(rows), "2 3");
+        rows.SetFilter("Id = 7");
+        EXPECT_TRUE(rows.Eof() && rows.Bof());
+        rows.SetFilter("");
+        EXPECT_EQ(RowsOf(rows), "1 2 3");
+    }
+}
+
+TEST_F(RecordsetTest, FieldsHaveNamesTypesAndValuesOfTheirKind) {
+    Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerName, LedgerDrAmt) Values (1, 'n', 2)");
+    Fill(1);
+    set.Open("Select * From tb_Ledger2001, Small", c);
+    const Value values[] = {1, "n", {}, 2.0, false, std::int16_t{1}, "r1"};
+    const int types[] = {adInteger, adVarWChar, adInteger, adDouble, adBoolean, adSmallInt, adVarWChar};
+    ASSERT_EQ(set.FieldCount(), std::size(types));
+    for (std::size_t i = 0; i < set.FieldCount(); ++i) {
+        EXPECT_EQ(set.Fields(i).Type(), types[i]) << set.Fields(i).Name();
+        EXPECT_EQ(set.Fields(i).Value(), values[i]) << set.Fields(i).Name();
+        EXPECT_EQ(set.ValueAt(0, i), values[i]);
+    }
+    EXPECT_EQ(set.Fields("LEDGERNAME").Name(), "LedgerName");
+    EXPECT_EQ(ErrorOf([&] { set.Fields("Nothing"); }), error::ItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { set.Fields(7); }), error::ItemNotFound);
+    EXPECT_EQ(ErrorOf([&] { set.ValueAt(1, 0); }), error::NoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, ANameThatOccursTwiceIsReachedByItsTable) {
+    Run("Insert Into Groups (Head) Values ('g')");
+    Fill(1);
+    Run("Select * Into Other From Small");
+    Run("Update Other Set Remark = 'other'");
+    set.Open("Select * From Small, Other Where Small.Id = Other.Id", c);
+    EXPECT_EQ(set["Remark"], Value("r1"));
+    EXPECT_EQ(set["other.remark"], Value("other"));
+    EXPECT_EQ(set["Small.Remark"], Value("r1"));
+}
+
+TEST_F(RecordsetTest, AValueThatDoesNotFitItsFieldReadsAsItIs) {
+    TestStore loose(
+        "CREATE TABLE T (N INTEGER, B BOOLEAN, S SMALLINT); INSERT INTO T VALUES (1, 1, 1), (1.5, 7, 70000);"
+        "INSERT INTO T VALUES ('x', NULL, -2147483648), (3000000000, 0, 2)");
+    set.Open("T", loose.Connect());
+    EXPECT_EQ(RowsOf(set), "1|True|1 1.5|7|70000 x|-|-2147483648 3000000000|False|2");
+}
+
+TEST_F(RecordsetTest, OutlivesItsConnectionOnlyClosed) {
+    Fill(1);
+    set.Open("Select Id From Small Where Id = 1", c, adOpenStatic);
+    Recordset postponed;
+    postponed.Open("Small", c, adOpenStatic);
+    c->Close();
+    EXPECT_EQ(set.RecordCount(), 1);
+    EXPECT_EQ(ErrorOf([&] { set.Requery(); }), error::ObjectClosed);
+    EXPECT_EQ(ErrorOf([&] { postponed.Eof(); }), error::ObjectClosed);
+    postponed.Close();
+}
+
+}  // namespace
+}  // namespace ado

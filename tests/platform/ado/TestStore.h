@@ -1,0 +1,150 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include <sqlcipher/sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/ado/Connection.h"
+#include "platform/ado/Errors.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Error.h"
+#include "platform/basic/Value.h"
+
+namespace ado::test {
+
+// A voucher table like that of the books, two small ones, and a counter.
+inline constexpr const char* tables = R"(
+    CREATE TABLE tb_Ledger2001 (
+        LedgerTrnNo       INTEGER CHECK (typeof(LedgerTrnNo) IN ('integer', 'null')),
+        LedgerName        TEXT    CHECK (typeof(LedgerName) IN ('text', 'integer', 'null')),
+        LedgerTxnDate     INTEGER CHECK (typeof(LedgerTxnDate) IN ('integer', 'null')),
+        LedgerDrAmt       DOUBLE  CHECK (typeof(LedgerDrAmt) IN ('real', 'integer', 'null')),
+        LedgerMcGenerated BOOLEAN NOT NULL ON CONFLICT REPLACE DEFAULT 0
+            CHECK (typeof(LedgerMcGenerated) = 'integer' AND LedgerMcGenerated IN (0, 1)));
+    CREATE INDEX ix_tb_Ledger2001_LedgerTxnDate ON tb_Ledger2001 (LedgerTxnDate);
+    CREATE TABLE tblsysTPL (ParticularDr TEXT DEFAULT ' ', AmtDr DOUBLE DEFAULT 0, Type TEXT);
+    CREATE TABLE Small (Id SMALLINT, Remark TEXT);
+    CREATE TABLE Groups (Group_Id INTEGER PRIMARY KEY AUTOINCREMENT, Head TEXT);
+)";
+
+// A fresh store in a folder of its own, encrypted and in write-ahead mode, as new books are.
+class TestStore {
+  public:
+    static constexpr const char* password = "it's a secret";
+
+    explicit TestStore(const std::string& definitions = tables) {
+        std::string pattern = (std::filesystem::temp_directory_path() / "adotest-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        folder_ = pattern;
+        sqlite3* store = nullptr;
+        sqlite3_open(Path().c_str(), &store);
+        const std::string script =
+            "PRAGMA key = 'it''s a secret'; PRAGMA journal_mode = WAL; BEGIN; " + definitions + "; COMMIT;";
+        const int code = sqlite3_exec(store, script.c_str(), nullptr, nullptr, nullptr);
+        const std::string message = sqlite3_errmsg(store);
+        sqlite3_close(store);
+        if (code != SQLITE_OK) throw std::runtime_error(message);
+    }
+    ~TestStore() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    TestStore(const TestStore&) = delete;
+    TestStore& operator=(const TestStore&) = delete;
+
+    const std::filesystem::path& Folder() const { return folder_; }
+    std::string Path() const { return (folder_ / "books.mdb").string(); }
+
+    ConnectionPtr Connect(const std::string& key = password) const {
+        auto connection = std::make_shared<Connection>();
+        connection->Properties("Data Source") = Path();
+        connection->Properties("Jet OlEDB:Database Password") = key;
+        connection->Open();
+        return connection;
+    }
+
+    // Changes one byte of the file.
+    void Flip(std::streamoff at) const {
+        std::fstream file(Path(), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekg(at);
+        const int byte = file.get();
+        file.seekp(at);
+        file.put(static_cast<char>(byte ^ 1));
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+// The rows of a set from its current one, as "a|b a|b"; Null reads "-".
+inline std::string RowsOf(Recordset& rows) {
+    std::string all;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        if (!all.empty()) all += " ";
+        for (std::size_t i = 0; i < rows.FieldCount(); ++i) {
+            const basic::Value value = rows.Fields(i).Value();
+            all += (i > 0 ? "|" : "") + (value.IsNull() ? std::string("-") : basic::ToText(value));
+        }
+    }
+    return all;
+}
+
+inline std::string Rows(const ConnectionPtr& connection, const std::string& select) {
+    return RowsOf(*connection->Execute(select));
+}
+
+inline std::int64_t Affected(const ConnectionPtr& connection, const std::string& statement) {
+    std::int64_t count = -1;
+    connection->Execute(statement, &count);
+    return count;
+}
+
+// The number of the error that the call raises, 0 if it raises none.
+inline std::int32_t ErrorOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const basic::Error& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+inline std::int32_t ErrorOf(const ConnectionPtr& connection, const std::string& statement) {
+    return ErrorOf([&] { connection->Execute(statement); });
+}
+
+inline std::string TextOfError(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const basic::Error& error) {
+        return error.Description;
+    }
+    return "";
+}
+
+// Runs the body in a process of its own, for what would harm the others: limits, rights, a second program.
+// Gives the body's result, at most 255.
+inline int InChild(const std::function<int()>& body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        int result = 255;
+        try {
+            result = body();
+        } catch (const basic::Error& error) {
+            std::fprintf(stderr, "in the child: %d %s\n", error.Number, error.what());
+        }
+        _exit(result);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
+}
+
+}  // namespace ado::test

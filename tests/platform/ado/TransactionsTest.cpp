@@ -1,0 +1,232 @@
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "platform/ado/Engine.h"
+#include "tests/platform/ado/TestStore.h"
+
+namespace ado {
+namespace {
+
+using test::Affected;
+using test::ErrorOf;
+using test::Rows;
+using test::TestStore;
+
+constexpr const char* names = "Select Remark From Small";
+
+void Add(const ConnectionPtr& connection, const std::string& remark) {
+    connection->Execute("Insert Into Small (Remark) Values ('" + remark + "')");
+}
+
+TEST(TransactionsTest, UndoesTheInnermostLevelOnly) {
+    TestStore store;
+    const ConnectionPtr c = store.Connect();
+    EXPECT_EQ(c->BeginTrans(), 1);
+    Add(c, "a");
+    EXPECT_EQ(c->BeginTrans(), 2);
+    Add(c, "b");
+    EXPECT_EQ(c->BeginTrans(), 3);
+    Add(c, "c");
+    c->CommitTrans();
+    c->RollbackTrans();
+    EXPECT_EQ(c->TransDepth(), 1);
+    EXPECT_EQ(Rows(c, names), "a");
+    c->CommitTrans();
+    EXPECT_EQ(Rows(c, names), "a");
+}
+
+TEST(TransactionsTest, RefusesToEndWhatWasNotBegun) {
+    TestStore store;
+    const ConnectionPtr c = store.Connect();
+    EXPECT_EQ(ErrorOf([&] { c->CommitTrans(); }), error::NoTransaction);
+    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
+    c->BeginTrans();
+    c->CommitTrans();
+    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
+}
+
+TEST(TransactionsTest, CloseRollsBackWhatIsOpenAndKeepsTheRest) {
+    TestStore store;
+    const ConnectionPtr c = store.Connect();
+    Add(c, "kept");
+    c->BeginTrans();
+    Add(c, "lost");
+    c->Close();
+    EXPECT_EQ(Rows(store.Connect(), names), "kept");
+}
+
+TEST(TransactionsTest, ATableMadeInsideARolledBackLevelIsGone) {
+    TestStore store;
+    const ConnectionPtr c = store.Connect();
+    c->BeginTrans();
+    c->Execute("Select * Into Small2002 From Small");
+    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
+    c->RollbackTrans();
+    EXPECT_EQ(ErrorOf(c, "Insert Into Small2002 (Id) Values (1)"), error::NoSuchTable);
+    c->Execute("Select * Into Small2002 From Small");
+    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
+}
+
+TEST(TransactionsTest, AFailedStatementInsideLeavesTheRestOfTheLevel) {
+    TestStore store;
+    const ConnectionPtr c = store.Connect();
+    Add(c, "a");
+    Add(c, "b");
+    c->BeginTrans();
+    c->Execute("Update Small Set Id = 1");
+    // The second row stops the statement; the first must not stay changed.
+    c->Execute("Update Small Set Id = 0 Where Remark = 'b'");
+    EXPECT_NE(ErrorOf(c, "Update Small Set Id = 6 / Id"), 0);
+    c->CommitTrans();
+    EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "1|a 0|b");
+}
+
+// Another program holds the write lock for a while, or for good.
+class SecondProgram {
+  public:
+    SecondProgram(const TestStore& store, std::chrono::milliseconds hold) {
+        int ready[2];
+        if (pipe(ready) != 0) throw std::runtime_error("no pipe");
+        child_ = fork();
+        if (child_ == 0) {
+            const ConnectionPtr other = store.Connect();
+            other->BeginTrans();
+            other->Execute("Insert Into Small (Remark) Values ('other')");
+            (void)!write(ready[1], "x", 1);
+            std::this_thread::sleep_for(hold);
+            other->CommitTrans();
+            _exit(0);
+        }
+        char byte = 0;
+        (void)!read(ready[0], &byte, 1);
+        close(ready[0]);
+        close(ready[1]);
+    }
+    ~SecondProgram() {
+        kill(child_, SIGKILL);
+        waitpid(child_, nullptr, 0);
+    }
+
+  private:
+    pid_t child_;
+};
+
+TEST(TransactionsTest, WaitsForAnotherProgramThatWrites) {
+    TestStore store;
+    SecondProgram other(store, std::chrono::milliseconds(300));
+    const ConnectionPtr c = store.Connect();
+    EXPECT_EQ(Rows(c, names), "");  // reading does not wait
+    Add(c, "mine");
+    EXPECT_EQ(Rows(c, names), "other mine");
+}
+
+TEST(TransactionsTest, GivesUpWithAClearErrorWhenItLastsTooLong) {
+    TestStore store;
+    SecondProgram other(store, std::chrono::minutes(1));
+    SetLockWait(std::chrono::milliseconds(100));
+    const ConnectionPtr c = store.Connect();
+    EXPECT_EQ(ErrorOf([&] { Add(c, "mine"); }), error::Locked);
+    EXPECT_EQ(ErrorOf([&] { c->BeginTrans(); }), error::Locked);
+    EXPECT_EQ(c->TransDepth(), 0);
+    const std::string text = test::TextOfError([&] { Add(c, "mine"); });
+    EXPECT_NE(text.find("Another program is writing"), std::string::npos) << text;
+    EXPECT_EQ(Rows(c, names), "");
+    SetLockWait(std::chrono::seconds(5));
+}
+
+TEST(TransactionsTest, AReadInsideDoesNotMakeTheWriteFailWhenAnotherWrote) {
+    TestStore store;
+    const ConnectionPtr a = store.Connect(), b = store.Connect();
+    Recordset open;
+    open.Open("Small", a, adOpenKeyset, adLockOptimistic);
+    EXPECT_TRUE(open.Eof());
+    Add(b, "b");
+    Add(a, "a");
+    a->BeginTrans();
+    EXPECT_EQ(Rows(a, names), "b a");
+    Add(a, "c");
+    a->CommitTrans();
+    EXPECT_EQ(Rows(b, names), "b a c");
+}
+
+// No room for the file to grow from here on. The signal would end the process before the library sees the
+// error.
+void FillUpDisk(const TestStore& store) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const auto size = static_cast<rlim_t>(std::filesystem::file_size(store.Path())) + 8192;
+    const rlimit limit{size, size};
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+constexpr const char* big = "a remark that is long enough to fill the disk before long, and again and again";
+
+std::int32_t FillUntilFull(const ConnectionPtr& c) {
+    return ErrorOf([&] {
+        for (int i = 0; i < 2000; ++i) Add(c, big);
+    });
+}
+
+TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
+    TestStore store;
+    EXPECT_EQ(test::InChild([&] {
+                  const ConnectionPtr c = store.Connect();
+                  Add(c, "before");
+                  FillUpDisk(store);
+                  return FillUntilFull(c) == error::DiskFull ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(Rows(store.Connect(), "Select Remark From Small Where Remark = 'before'"), "before");
+}
+
+// At each depth: either the writing or the commit fails with "disk full", each level can be rolled back, none
+// reports success, nothing is written in between, and afterwards all is as before.
+class DiskFullInTransaction : public testing::TestWithParam<int> {};
+
+TEST_P(DiskFullInTransaction, LosesAllLevelsAndNeverReportsSuccess) {
+    TestStore store;
+    const int depth = GetParam();
+    EXPECT_EQ(test::InChild([&] {
+                  const ConnectionPtr c = store.Connect();
+                  Add(c, "before");
+                  FillUpDisk(store);
+                  for (int i = 0; i < depth; ++i) c->BeginTrans();
+                  std::int32_t failure = FillUntilFull(c);
+                  for (int i = 1; i < depth && failure == 0; ++i) c->CommitTrans();
+                  if (failure == 0) failure = ErrorOf([&] { c->CommitTrans(); });
+                  if (failure != error::DiskFull) return 1;
+                  if (c->TransDepth() == 0) return 2;
+                  if (ErrorOf([&] { c->CommitTrans(); }) == 0) return 3;
+                  if (ErrorOf([&] { Add(c, "stray"); }) == 0) return 4;
+                  c->BeginTrans();  // a routine that did not notice keeps its own pair
+                  if (ErrorOf([&] { c->CommitTrans(); }) == 0) return 5;
+                  while (c->TransDepth() > 0) c->RollbackTrans();
+                  return Rows(c, names) == "before" ? 0 : 6;
+              }),
+              0);
+    EXPECT_EQ(Rows(store.Connect(), names), "before");
+}
+INSTANTIATE_TEST_SUITE_P(Depths, DiskFullInTransaction, testing::Values(1, 2, 3));
+
+TEST(DurabilityTest, WhatIsCommittedOutlivesAKilledProcess) {
+    TestStore store;
+    EXPECT_EQ(test::InChild([&] {
+                  const ConnectionPtr c = store.Connect();
+                  Add(c, "loose");
+                  c->BeginTrans();
+                  Add(c, "committed");
+                  c->CommitTrans();
+                  c->BeginTrans();
+                  Add(c, "open");
+                  kill(getpid(), SIGKILL);
+                  return 0;
+              }),
+              255);
+    EXPECT_EQ(Rows(store.Connect(), names), "loose committed");
+}
+
+}  // namespace
+}  // namespace ado
