@@ -13,8 +13,8 @@ using namespace ado;
 Plan Of(const std::string& statement, bool rowid = false) {
     static test::PlainStore store;
     const Plan plan = Translate(ShapeOf(statement), store, {.rowid = rowid});
-    if (plan.kind != StatementKind::SelectInto)
-        EXPECT_EQ(store.Prepare(plan.Sql()), "") << statement << "\n" << plan.Sql();
+    const bool hasSql = plan.kind != StatementKind::SelectInto;
+    EXPECT_EQ(hasSql ? store.Prepare(plan.Sql()) : "", "") << statement << "\n" << plan.Sql();
     return plan;
 }
 
