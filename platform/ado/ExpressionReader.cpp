@@ -67,9 +67,9 @@ Expression ExpressionReader::In(Expression left, bool negated) {
 
 Expression ExpressionReader::Like(const Expression& text, bool negated) {
     const std::string pattern = TextOperand();
-    const std::string like =
-        "qm_like(" +
-        (text.type == ColumnType::Boolean ? AsText(text, plan_).sql : text.sql) + ", " + pattern + ")";
+    const std::string like = "qm_like(" +
+                             (text.type == ColumnType::Boolean ? AsText(text, plan_).sql : text.sql) + ", " +
+                             pattern + ")";
     return Of(negated ? "(NOT " + like + ")" : like, ColumnType::Boolean);
 }
 

@@ -66,12 +66,12 @@ std::string InsertReader::GivenValues() {
 std::string InsertReader::SelectedValues() {
     const bool byName = columns_.empty();
     std::size_t place = 0;
-    const std::string sql = SelectReader(tokens_, catalog_, plan_)
-                                .Inserted([&](const std::string& name) -> const ColumnInfo& {
-                                    if (byName) return Add(name);
-                                    if (place == columns_.size()) RefuseCount();
-                                    return *columns_[place++];
-                                });
+    const std::string sql =
+        SelectReader(tokens_, catalog_, plan_).Inserted([&](const std::string& name) -> const ColumnInfo& {
+            if (byName) return Add(name);
+            if (place == columns_.size()) RefuseCount();
+            return *columns_[place++];
+        });
     if (!byName && place != columns_.size()) RefuseCount();
     return sql;
 }

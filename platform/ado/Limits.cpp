@@ -9,10 +9,10 @@
 namespace ado {
 namespace {
 
-constexpr int MostParentheses = 60;          // as written; redundant ones vanish in the translation
-constexpr int MostNesting = 14;              // the parser's stack holds 100 entries, a level takes up to 6
-constexpr std::size_t MostLiterals = 999;    // the store's parameters
-constexpr std::size_t MostOperators = 900;   // the store's expressions are at most 1000 deep
+constexpr int MostParentheses = 60;         // as written; redundant ones vanish in the translation
+constexpr int MostNesting = 14;             // the parser's stack holds 100 entries, a level takes up to 6
+constexpr std::size_t MostLiterals = 999;   // the store's parameters
+constexpr std::size_t MostOperators = 900;  // the store's expressions are at most 1000 deep
 
 bool IsOperator(const Token& token) {
     constexpr std::string_view words[] = {"And", "Or", "Not"};

@@ -32,7 +32,8 @@ ColumnRef Scope::Find(std::string_view table, std::string_view column) const {
         const ColumnInfo* info = ColumnOf(*ref.info, column);
         if (info == nullptr) continue;
         if (found.column != nullptr)
-            Refuse(error::Statement, "The field '" + std::string(column) + "' could refer to more than one table of the statement");
+            Refuse(error::Statement, "The field '" + std::string(column) +
+                                         "' could refer to more than one table of the statement");
         found = {&ref, info};
     }
     return found.column == nullptr && outer_ != nullptr ? outer_->Find(table, column) : found;
@@ -40,8 +41,7 @@ ColumnRef Scope::Find(std::string_view table, std::string_view column) const {
 
 const TableInfo& RequireTable(Catalog& catalog, const std::string& name) {
     const TableInfo* table = catalog.Table(name);
-    if (table == nullptr)
-        Refuse(error::NoSuchTable, "The table '" + name + "' is not in the books");
+    if (table == nullptr) Refuse(error::NoSuchTable, "The table '" + name + "' is not in the books");
     return *table;
 }
 

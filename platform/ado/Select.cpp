@@ -101,7 +101,8 @@ void SelectReader::AllColumns() {
     const auto found = std::find_if(tables.begin(), tables.end(), [&](const TableRef& table) {
         return basic::EqualText(table.alias, name);
     });
-    if (found == tables.end()) Refuse(error::UnknownName, "The statement's From names no table '" + name + "'");
+    if (found == tables.end())
+        Refuse(error::UnknownName, "The statement's From names no table '" + name + "'");
     TableColumns(*found);
 }
 

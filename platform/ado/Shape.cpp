@@ -23,7 +23,7 @@ bool IsControl(char c) {
 }
 
 [[noreturn]] void Refuse(const std::string& text) {
-    Refuse(error::Statement, text);
+    ado::Refuse(error::Statement, text);
 }
 
 constexpr std::size_t UsualLiterals = 12;  // a voucher's row has ten

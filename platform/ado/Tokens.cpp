@@ -17,8 +17,8 @@ constexpr std::array<std::string_view, 30> Keywords{
 
 // Words of wider dialects, told by name where they stand in the way.
 constexpr std::array<std::string_view, 19> Unsupported{
-    "all",    "any",   "between",   "cross", "distinctrow", "exists", "full", "having", "inner", "join",
-    "left",   "limit", "pivot",     "right", "some",        "top",    "transform", "union", "with"};
+    "all",  "any",   "between", "cross", "distinctrow", "exists", "full",      "having", "inner", "join",
+    "left", "limit", "pivot",   "right", "some",        "top",    "transform", "union",  "with"};
 
 template <class Words>
 bool Holds(const Words& words, std::string_view text) {
@@ -46,7 +46,8 @@ std::string SymbolAt(std::string_view key, std::size_t at) {
     if (two == "<=" || two == ">=" || two == "<>") return std::string(two);
     if (std::string_view("(),.*+-/=<>").find(key[at]) != std::string_view::npos)
         return std::string(1, key[at]);
-    Refuse(error::Statement, "Syntax error: the character '" + std::string(1, key[at]) + "' is not supported");
+    Refuse(error::Statement,
+           "Syntax error: the character '" + std::string(1, key[at]) + "' is not supported");
 }
 
 }  // namespace
