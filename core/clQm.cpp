@@ -20,7 +20,13 @@ ado::RecordsetPtr OpenList(const std::string& sql) {
 }  // namespace
 
 clQm::~clQm() {
-    if (shared().Connection && shared().Connection->State() == ado::adStateOpen) shared().Connection->Close();
+    try {
+        if (shared().Connection && shared().Connection->State() == ado::adStateOpen)
+            shared().Connection->Close();
+    } catch (const basic::Error&) {
+        // A full disk, say. The host gave the class back and is not ended for it; what was written stays in
+        // the books' log, and the next Open takes it in.
+    }
     shared().Connection.reset();
 }
 

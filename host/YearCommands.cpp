@@ -41,7 +41,7 @@ bool IsLongForm(const std::string& text) {
 }
 
 // A Null total would end the fold of the balances half-way.
-std::vector<std::string> LedgersNeverPosted(qm::clQm& host) {
+std::vector<std::string> LedgersWithNullTotal(qm::clQm& host) {
     std::vector<std::string> names;
     const ado::RecordsetPtr rows = host.Ledgers("(LedDetDRTxnTot Is Null Or LedDetCRTxnTot Is Null)");
     for (; !rows->Eof(); rows->MoveNext()) names.push_back(basic::TextOrEmpty(rows->Fields(1).Value()));
@@ -77,10 +77,10 @@ int AddYear(const YearOptions& options) {
     OpenBooks books(options.folder);
     if (!IsLongForm(options.year)) Fail("a year is written like 2002-2003, not '" + options.year + "'");
     if (Known(options.year.substr(0, 4))) Fail("the books already know the year " + options.year);
-    const std::vector<std::string> never = LedgersNeverPosted(books.Host());
-    if (!never.empty())
-        Fail(std::to_string(never.size()) + " ledgers were never posted to in this year (the first is '" +
-             never.front() +
+    const std::vector<std::string> unset = LedgersWithNullTotal(books.Host());
+    if (!unset.empty())
+        Fail(std::to_string(unset.size()) +
+             " ledgers have no debit or no credit total in this year yet (the first is '" + unset.front() +
              "'): their balances cannot be folded. Make the new year on its screen, or open the final "
              "results once, "
              "which sets their totals to 0");

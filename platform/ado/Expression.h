@@ -1,13 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/ado/Dialect.h"
 #include "platform/ado/Scope.h"
-#include "platform/ado/Tokens.h"
 
 namespace ado {
 
@@ -15,55 +13,32 @@ namespace ado {
 struct Expression {
     std::string sql;
     ColumnType type = ColumnType::Any;
-    std::optional<std::size_t> parameter;  // the literal's place in Plan::parameters
+    std::optional<std::size_t> parameter;  // of a literal: its place in Plan::parameters
     bool isText = false;                   // of a literal: a text
-    bool isNull = false;                   // the word NULL
+    bool isNull = false;                   // the word Null
     std::optional<bool> truth;             // the words True and False
     ColumnRef column;                      // of a plain column
+    bool meetsTexts = false;  // a text that reads as a number equals it; so the store has it for columns
 };
 
-// Translates a select that stands in parentheses; gives its SQL and the type of its one value.
-using SubselectTranslator = std::function<Expression(const Scope& outer)>;
+Expression Of(std::string sql, ColumnType type);
 
-// Reads conditions and values: a recursive descent by precedence, Or binding least.
-class ExpressionReader {
-  public:
-    ExpressionReader(TokenReader& tokens, const Shape& shape, const Scope& scope, Plan& plan,
-                     SubselectTranslator subselect)
-        : tokens_(tokens), shape_(shape), scope_(scope), plan_(plan), subselect_(std::move(subselect)) {}
+// Makes the two sides of a comparison fit each other:
+// a number beside texts is compared as its text; a text literal beside a number counts as the number that it
+// reads as, any other is unequal; beside a boolean any number but 0 is True.
+void Align(Expression& left, Expression& right, Plan& plan);
 
-    Expression Condition();  // Or, And, Not, comparisons
-    Expression Column();     // a field's name, with or without its table
-    bool SawAggregate() const { return sawAggregate_; }
+// Whether the comparison goes without regard to case; then the left side is to be collated.
+bool ComparesTexts(const Expression& left, const Expression& right);
+std::string Collated(const Expression& e, bool texts);
 
-    // The expression as it may be stored in a column: literals are converted when they are bound, all else by
-    // a function of the store that refuses what the column's type refuses.
-    std::string Stored(const Expression& value, const ColumnInfo& column);
+// As an operand of arithmetic, True being -1. Raises error::BadValue for a text; `sign` tells where it stood.
+Expression AsNumber(Expression e, const std::string& sign);
+// As a text, booleans being "True" and "False". Null stays Null.
+Expression AsText(Expression e, Plan& plan);
 
-  private:
-    Expression And();
-    Expression Not();
-    Expression Comparison();
-    Expression Sum();
-    Expression Product();
-    Expression Signed();
-    Expression Primary();
-    Expression Literal();
-    Expression Name();
-    Expression Call(const std::string& function);
-    Expression Iif();
-    Expression Aggregate(const std::string& function);
-    Expression In(const Expression& left, bool negated);
-    Expression Arithmetic(const Expression& left, const std::string& sign, const Expression& right);
-    Expression Compared(Expression left, const std::string& sign, Expression right);
-    void MatchTypes(const Expression& side, Expression& other);
-
-    TokenReader& tokens_;
-    const Shape& shape_;
-    const Scope& scope_;
-    Plan& plan_;
-    SubselectTranslator subselect_;
-    bool sawAggregate_ = false;
-};
+// As it may be stored in a column: a literal is converted when it is bound, all else by a function of the
+// store that refuses what the column's type refuses.
+std::string Stored(const Expression& value, const ColumnInfo& column, Plan& plan);
 
 }  // namespace ado

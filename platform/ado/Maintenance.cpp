@@ -50,8 +50,9 @@ std::vector<std::string> CheckIntegrity(Connection& connection) {
             FirstColumn(connection.Opened()->engine(), "PRAGMA integrity_check");
         if (faults.size() == 1 && faults.front() == "ok") faults.clear();
         return faults;
-    } catch (const basic::Error& error) {
-        return {error.Description};  // a page that does not check out ends the walk
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::Damaged) throw;
+        return {failure.Description};  // a page that does not check out ends the walk
     }
 }
 

@@ -1,7 +1,6 @@
 #include "platform/ado/Scope.h"
 
-#include "platform/ado/Errors.h"
-#include "platform/basic/Error.h"
+#include "platform/ado/Refusal.h"
 #include "platform/basic/Text.h"
 
 namespace ado {
@@ -19,6 +18,13 @@ std::string QuotedName(std::string_view name) {
     return "\"" + basic::Replace(name, "\"", "\"\"") + "\"";
 }
 
+void Scope::Add(TableRef table) {
+    for (const TableRef& other : tables_)
+        if (basic::EqualText(other.alias, table.alias))
+            Refuse(error::Statement, "Two tables of the statement are called '" + table.alias + "'");
+    tables_.push_back(std::move(table));
+}
+
 ColumnRef Scope::Find(std::string_view table, std::string_view column) const {
     ColumnRef found;
     for (const TableRef& ref : tables_) {
@@ -26,10 +32,8 @@ ColumnRef Scope::Find(std::string_view table, std::string_view column) const {
         const ColumnInfo* info = ColumnOf(*ref.info, column);
         if (info == nullptr) continue;
         if (found.column != nullptr)
-            throw basic::Error(
-                error::Statement,
-                "The field '" + std::string(column) + "' could refer to more than one table of the statement",
-                "ado");
+            Refuse(error::Statement, "The field '" + std::string(column) +
+                                         "' could refer to more than one table of the statement");
         found = {&ref, info};
     }
     return found.column == nullptr && outer_ != nullptr ? outer_->Find(table, column) : found;
@@ -37,16 +41,14 @@ ColumnRef Scope::Find(std::string_view table, std::string_view column) const {
 
 const TableInfo& RequireTable(Catalog& catalog, const std::string& name) {
     const TableInfo* table = catalog.Table(name);
-    if (table == nullptr)
-        throw basic::Error(error::NoSuchTable, "The table '" + name + "' is not in the books", "ado");
+    if (table == nullptr) Refuse(error::NoSuchTable, "The table '" + name + "' is not in the books");
     return *table;
 }
 
 const ColumnInfo& RequireColumn(const TableInfo& table, const std::string& name) {
     const ColumnInfo* column = ColumnOf(table, name);
     if (column == nullptr)
-        throw basic::Error(error::UnknownName, "The table '" + table.name + "' has no field '" + name + "'",
-                           "ado");
+        Refuse(error::UnknownName, "The table '" + table.name + "' has no field '" + name + "'");
     return *column;
 }
 

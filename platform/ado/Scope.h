@@ -26,7 +26,7 @@ struct ColumnRef {
 class Scope {
   public:
     explicit Scope(const Scope* outer = nullptr) : outer_(outer) {}
-    void Add(TableRef table) { tables_.push_back(std::move(table)); }
+    void Add(TableRef table);  // raises error::Statement for a second one of that name
     const std::vector<TableRef>& Tables() const { return tables_; }
 
     // nullptr column where no table bears the name. Raises error::Statement for a bare name that two tables

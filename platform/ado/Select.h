@@ -5,15 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/ado/Expression.h"
+#include "platform/ado/ExpressionReader.h"
 
 namespace ado {
 
 // Translates one select, from the word Select on, in the three places where one may stand.
 class SelectReader {
   public:
-    SelectReader(TokenReader& tokens, const Shape& shape, Catalog& catalog, Plan& plan)
-        : tokens_(tokens), shape_(shape), catalog_(catalog), plan_(plan) {}
+    SelectReader(TokenReader& tokens, Catalog& catalog, Plan& plan)
+        : tokens_(tokens), catalog_(catalog), plan_(plan) {}
 
     // A statement of its own: fills the plan's head, where, tail and outputs.
     void Whole(const PlanOptions& options);
@@ -30,23 +30,30 @@ class SelectReader {
     };
 
     void Read(const Scope* outer);
+    void RefuseUnsupportedStart() const;
+    void FindFrom();
     void Tables();
     void Items();
-    void AllColumns(const std::string& table);
+    void AllColumns();
+    void TableColumns(const TableRef& table);
     void OneItem();
-    void WhereGroupOrder();
-    void OrderKey();
+    void Where();
+    void GroupBy();
+    void OrderBy();
+    Expression OrderKey();
+    const Item* ItemCalledHere() const;
+    void CheckGrouping() const;
     std::string RowidOrder() const;
     std::string From() const;
-    ExpressionReader& Expressions() { return *expressions_; }
 
     TokenReader& tokens_;
-    const Shape& shape_;
     Catalog& catalog_;
     Plan& plan_;
     Scope scope_;
     std::unique_ptr<ExpressionReader> expressions_;
     std::vector<Item> items_;
+    std::vector<ColumnRef> bare_;  // the columns of the list and of Order By that are not within Max or Sum
+    std::vector<ColumnRef> keys_;  // of Group By
     bool distinct_ = false;
     bool aggregate_ = false;
     std::string where_, group_, order_;

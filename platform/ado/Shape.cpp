@@ -1,11 +1,11 @@
 // Cuts a statement into its shape and its literals: the one pass that every statement pays, so it works on
 // bytes.
+#include <algorithm>
 #include <charconv>
 
 #include "platform/ado/Dialect.h"
-#include "platform/ado/Errors.h"
+#include "platform/ado/Refusal.h"
 #include "platform/ado/Tokens.h"
-#include "platform/basic/Error.h"
 
 namespace ado {
 namespace {
@@ -17,13 +17,23 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-[[noreturn]] void Refuse(const std::string& text) {
-    throw basic::Error(error::Statement, text, "ado");
+// The marks of the literals are among these.
+bool IsControl(char c) {
+    return (c >= 0 && c < ' ') || c == 0x7f;
 }
+
+[[noreturn]] void Refuse(const std::string& text) {
+    ado::Refuse(error::Statement, text);
+}
+
+constexpr std::size_t UsualLiterals = 12;  // a voucher's row has ten
 
 class Cutter {
   public:
-    explicit Cutter(std::string_view statement) : text_(statement) { shape_.key.reserve(statement.size()); }
+    explicit Cutter(std::string_view statement) : text_(statement) {
+        shape_.key.reserve(statement.size());
+        shape_.literals.reserve(UsualLiterals);
+    }
 
     Shape Cut() {
         while (at_ < text_.size()) {
@@ -41,7 +51,7 @@ class Cutter {
             else if (c == ';')
                 End();
             else
-                shape_.key += text_[at_++];
+                Symbol();
         }
         if (!shape_.key.empty() && shape_.key.back() == ' ') shape_.key.pop_back();
         return std::move(shape_);
@@ -62,8 +72,16 @@ class Cutter {
     void Bracketed() {
         const std::size_t end = text_.find(']', at_);
         if (end == std::string_view::npos) Refuse("Syntax error: a name in brackets does not end");
+        if (end == at_ + 1) Refuse("Syntax error: a name in brackets is empty");
+        if (std::any_of(text_.begin() + at_, text_.begin() + end, IsControl))
+            Refuse("Syntax error: a name in brackets holds a control character");
         shape_.key.append(text_, at_, end + 1 - at_);
         at_ = end + 1;
+    }
+
+    void Symbol() {
+        if (IsControl(text_[at_])) Refuse("Syntax error: the statement holds a control character");
+        shape_.key += text_[at_++];
     }
 
     // A doubled quote stands for one.
@@ -86,7 +104,7 @@ class Cutter {
         const char* const from = text_.data() + at_;
         const auto result = std::from_chars(from, text_.data() + text_.size(), literal.number);
         literal.text.assign(from, result.ptr);
-        if (result.ec != std::errc()) Refuse("Syntax error: the number " + literal.text + " is too large");
+        if (result.ec != std::errc()) Refuse("Syntax error: the number " + literal.text + " is out of range");
         at_ += static_cast<std::size_t>(result.ptr - from);
         Add(std::move(literal), NumberMark);
     }

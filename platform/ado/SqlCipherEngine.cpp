@@ -116,8 +116,7 @@ void SqlCipherEngine::Open(const std::string& path, const std::string& password)
     }
 }
 
-// Gives the key and tries it on the first page: the library itself takes any key and says nothing.
-void SqlCipherEngine::Unlock(const std::string& path, const std::string& password) {
+void SqlCipherEngine::GiveKey(const std::string& password) {
     Run("PRAGMA key = " + Quoted(password));
     const std::string version = Ask("PRAGMA cipher_version");
     if (version.empty())
@@ -128,8 +127,12 @@ void SqlCipherEngine::Unlock(const std::string& path, const std::string& passwor
             source);
     int major = 0;
     std::from_chars(version.data(), version.data() + version.size(), major);
-    newLibrary_ = major >= 4;  // files stay as the older library makes them
-    if (newLibrary_) Run("PRAGMA cipher_compatibility = 3");
+    if (major >= 4) Run("PRAGMA cipher_compatibility = 3");
+}
+
+// Gives the key and tries it on the first page: the library itself takes any key and says nothing.
+void SqlCipherEngine::Unlock(const std::string& path, const std::string& password) {
+    GiveKey(password);
     try {
         Ask("SELECT count(*) FROM sqlite_master");
     } catch (const basic::Error&) {
@@ -200,6 +203,11 @@ void SqlCipherEngine::RollbackTo(int level) {
     Release(level);
 }
 
+void SqlCipherEngine::BeforeLooseWrite() {
+    WaitForDisk(false);
+    looseWritten_ = true;
+}
+
 // The moment is fixed by the first read, not by BEGIN.
 void SqlCipherEngine::BeginRead() {
     Run("BEGIN");
@@ -211,28 +219,16 @@ void SqlCipherEngine::EndRead() {
 }
 
 void SqlCipherEngine::CopyTo(const std::string& file, const std::string& password) {
-    sqlite3* made = nullptr;
-    const auto require = [&](bool well) {
-        if (well) return;
-        basic::Error failure = FailureOf(made, raised_);
-        sqlite3_close_v2(made);
-        throw failure;
-    };
-    require(sqlite3_open_v2(file.c_str(), &made, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) ==
-            SQLITE_OK);
-    require(sqlite3_exec(made, ("PRAGMA key = " + Quoted(password)).c_str(), nullptr, nullptr, nullptr) ==
-            SQLITE_OK);
-    if (newLibrary_) sqlite3_exec(made, "PRAGMA cipher_compatibility = 3", nullptr, nullptr, nullptr);
-    sqlite3_backup* const backup = sqlite3_backup_init(made, "main", store_, "main");
-    require(backup != nullptr);
+    SqlCipherEngine copy;
+    const int code =
+        sqlite3_open_v2(file.c_str(), &copy.store_,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK) copy.Fail();
+    copy.GiveKey(password);
+    sqlite3_backup* backup = sqlite3_backup_init(copy.store_, "main", store_, "main");
+    if (backup == nullptr) copy.Fail();
     sqlite3_backup_step(backup, -1);
-    require(sqlite3_backup_finish(backup) == SQLITE_OK);
-    require(sqlite3_close(made) == SQLITE_OK);
-}
-
-void SqlCipherEngine::BeforeLooseWrite() {
-    WaitForDisk(false);
-    looseWritten_ = true;
+    if (sqlite3_backup_finish(backup) != SQLITE_OK) copy.Fail();
 }
 
 // Switched only when the other kind of write comes, so that a stream of either kind pays nothing for it.

@@ -36,6 +36,7 @@ class SqlCipherEngine final : public Engine {
     void BeforeLooseWrite() override;
 
   private:
+    void GiveKey(const std::string& password);
     void Unlock(const std::string& source, const std::string& password);
     void Configure();
     void Run(const std::string& sql);
@@ -45,7 +46,6 @@ class SqlCipherEngine final : public Engine {
 
     sqlite3* store_ = nullptr;
     std::optional<basic::Error> raised_;  // by a function of ours, on its way out through the library
-    bool newLibrary_ = false;             // its files are made differently unless it is told
     bool waits_ = false;                  // a commit waits until it is on disk
     bool looseWritten_ = false;           // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;

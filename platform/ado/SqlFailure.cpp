@@ -39,11 +39,21 @@ Failure InputOutput(int systemError) {
     return {error::Unspecified, "The disk could not be read or written (" + reason + ")."};
 }
 
-// What is left under the library's general error code is told apart by its text.
+Failure PageDamaged() {
+    return {
+        error::Damaged,
+        "The books file is damaged: a page of it does not check out. Nothing was changed; please restore a "
+        "backup."};
+}
+
+// What is left under the library's general error code is told apart by its text. Without any reason of its
+// own it is the decryption that failed: some reads of a damaged page end so, a copy of the whole file among
+// them.
 Failure General(const std::string& message) {
     constexpr std::string_view missing = "no such table: ";
     if (message.starts_with(missing))
         return {error::NoSuchTable, "The books hold no table '" + message.substr(missing.size()) + "'."};
+    if (message == sqlite3_errstr(SQLITE_ERROR)) return PageDamaged();
     return {error::Unspecified, "The store refused the statement: " + message + "."};
 }
 
@@ -63,9 +73,7 @@ Failure Describe(int code, int systemError, const std::string& message) {
             return {error::ReadOnly, "The books file or its folder cannot be written to."};
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
-            return {error::Damaged,
-                    "The books file is damaged: a page of it does not check out. Nothing was changed; "
-                    "please restore a backup."};
+            return PageDamaged();
         case SQLITE_CONSTRAINT:
         case SQLITE_MISMATCH:
             return {error::BadValue, "A value does not suit its field (" + message + ")."};

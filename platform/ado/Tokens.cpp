@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/ado/Errors.h"
-#include "platform/basic/Error.h"
+#include "platform/ado/Limits.h"
+#include "platform/ado/Refusal.h"
 #include "platform/basic/Text.h"
 
 namespace ado {
@@ -14,6 +14,17 @@ constexpr std::array<std::string_view, 30> Keywords{
     "select", "distinct", "into",   "from", "where",  "group",   "order", "by",     "asc",   "desc",
     "insert", "values",   "update", "set",  "delete", "and",     "or",    "not",    "in",    "is",
     "null",   "like",     "as",     "true", "false",  "between", "join",  "having", "union", "exists"};
+
+// Words of wider dialects, told by name where they stand in the way.
+constexpr std::array<std::string_view, 19> Unsupported{
+    "all",  "any",   "between", "cross", "distinctrow", "exists", "full",      "having", "inner", "join",
+    "left", "limit", "pivot",   "right", "some",        "top",    "transform", "union",  "with"};
+
+template <class Words>
+bool Holds(const Words& words, std::string_view text) {
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view word) { return basic::EqualText(word, text); });
+}
 
 std::string Shown(const Token& token) {
     switch (token.kind) {
@@ -35,16 +46,14 @@ std::string SymbolAt(std::string_view key, std::size_t at) {
     if (two == "<=" || two == ">=" || two == "<>") return std::string(two);
     if (std::string_view("(),.*+-/=<>").find(key[at]) != std::string_view::npos)
         return std::string(1, key[at]);
-    throw basic::Error(error::Statement,
-                       "Syntax error: the character '" + std::string(1, key[at]) + "' is not supported",
-                       "ado");
+    Refuse(error::Statement,
+           "Syntax error: the character '" + std::string(1, key[at]) + "' is not supported");
 }
 
 }  // namespace
 
 bool IsKeyword(std::string_view word) {
-    return std::any_of(Keywords.begin(), Keywords.end(),
-                       [&](std::string_view keyword) { return basic::EqualText(keyword, word); });
+    return Holds(Keywords, word);
 }
 
 std::vector<Token> TokensOf(std::string_view key) {
@@ -73,6 +82,10 @@ std::vector<Token> TokensOf(std::string_view key) {
     }
     tokens.push_back({});
     return tokens;
+}
+
+TokenReader::TokenReader(std::string_view key) : tokens_(TokensOf(key)) {
+    CheckSize(tokens_);
 }
 
 const Token& TokenReader::Peek(std::size_t ahead) const {
@@ -126,8 +139,9 @@ void TokenReader::ExpectEnd() const {
 }
 
 void TokenReader::Refuse(const std::string& text) const {
-    throw basic::Error(error::Statement, "Syntax error: " + text + " where " + Shown(Peek()) + " stands",
-                       "ado");
+    if (Peek().kind == TokenKind::Name && Holds(Unsupported, Peek().text))
+        ado::Refuse(error::Statement, "Syntax error: '" + Peek().text + "' is not supported in statements");
+    ado::Refuse(error::Statement, "Syntax error: " + text + " where " + Shown(Peek()) + " stands");
 }
 
 }  // namespace ado

@@ -30,7 +30,7 @@ std::vector<Token> TokensOf(std::string_view key);
 // Walks the tokens of one statement.
 class TokenReader {
   public:
-    explicit TokenReader(std::string_view key) : tokens_(TokensOf(key)) {}
+    explicit TokenReader(std::string_view key);  // raises error::Statement for what is too long or too deep
 
     const Token& Peek(std::size_t ahead = 0) const;
     Token Take();

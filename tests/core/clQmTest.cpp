@@ -1,4 +1,9 @@
+#include <csignal>
+#include <cstdlib>
+#include <optional>
+
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "core/clQm.h"
 #include "core/modGeneral.h"
@@ -28,6 +33,34 @@ TEST(ClassState, DataPathOpensAtOnceAndOutlivesTheInstance) {
     next.dataPath("   ");  // blanks are kept and open nothing
     EXPECT_EQ(next.dataPath(), "   ");
     EXPECT_EQ(qm::shared().Connection, nullptr);
+}
+
+// No room for a file to grow from here on. The signal would end the process before the library sees the
+// error.
+void FillUpDisk(const std::string& file) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const auto size = static_cast<rlim_t>(std::filesystem::file_size(file));
+    const rlimit limit{size, size};
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+// Releasing the class never ends the host's process, and what was written stays in the books' log.
+TEST(ClassState, AFullDiskAtTheEndOfTheInstanceLeavesTheHostAlive) {
+    test::FreshBooks books;
+    books.CloseHost();
+    const auto writeAndRelease = [&] {
+        std::optional<qm::clQm> host(std::in_place);
+        host->dataPath(books.DataPath());
+        for (int i = 0; i < 200; ++i)
+            books.Run("Insert Into tblError (frmName, ErrDesc) Values ('x', '" + std::string(900, 'y') +
+                      "')");
+        FillUpDisk(books.DataPath() + "QmAccount.mdb");
+        host.reset();
+        std::_Exit(qm::shared().Connection == nullptr ? 0 : 1);
+    };
+    EXPECT_EXIT(writeAndRelease(), testing::ExitedWithCode(0), "");
+    books.OpenHost();
+    EXPECT_EQ(books.One("Select Sum(1) As Written From tblError"), "200");
 }
 
 TEST(ClassState, PathAndNameRunTogetherAndAFailedOpenIsRaised) {
@@ -68,7 +101,7 @@ TEST(ClassState, WithoutAConnectionCallsRaiseOrLog) {
     EXPECT_THROW(host.GetSuppliers(), basic::Error);
     EXPECT_THROW(host.GetNextTrnID(), basic::Error);
     test::BoxScript boxes;
-    boxes.ExpectLog("Class-ClQm", "Object variable not set");
+    boxes.ExpectLog("Class-ClQm", "The record set has no connection");
     EXPECT_FALSE(host.InsertVoucher(1, 1, "J", "D", "", 1, 1, "A"));
 }
 
