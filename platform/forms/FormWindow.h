@@ -45,7 +45,7 @@ class FormWindow : public QDialog {
     friend class EventScope;
 
     Control* Neighbour(bool next) const;
-    bool LetGo(Control& target, QPointer<QWidget>& destination);
+    bool LetGo(Control& active, QPointer<QWidget>& destination);
     void Transfer(Control& target);
 
     Form* form_;
