@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int32_t LastClassicNumber = 65535;
 
-class ErrorInfo : public IErrorInfo {
+class ErrorInfo final : public IErrorInfo {
   public:
     ErrorInfo(std::string source, std::string description)
         : source_(std::move(source)), description_(std::move(description)) {}

@@ -20,7 +20,7 @@ class InUse {
     static bool Any() { return count_ != 0; }
 
   private:
-    static std::atomic<long> count_;
+    static inline std::atomic<long> count_{0};
 };
 
 // The reference count of one object, 1 when it is made.

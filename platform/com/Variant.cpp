@@ -49,7 +49,8 @@ basic::Value DefaultOf(IDispatch* object) {
     if (object == nullptr) basic::Raise(basic::error::ObjectNotSet, "com");
     DISPPARAMS none{};
     Variant held;
-    if (FAILED(object->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &held, nullptr, nullptr)))
+    if (FAILED(
+            object->Invoke(DISPID_VALUE, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, &held, nullptr, nullptr)))
         basic::Raise(basic::error::NotSupported, "com");
     if (held.vt == VT_DISPATCH) Mismatch();
     return ValueOf(held);
@@ -58,25 +59,42 @@ basic::Value DefaultOf(IDispatch* object) {
 basic::Value Read(VARTYPE type, const void* data) {
     switch (type) {
         case VT_EMPTY:
-        case VT_NULL: return basic::Null{};
-        case VT_I1: return static_cast<std::int16_t>(At<std::int8_t>(data));
-        case VT_UI1: return static_cast<std::int16_t>(At<std::uint8_t>(data));
-        case VT_I2: return At<std::int16_t>(data);
-        case VT_UI2: return static_cast<std::int32_t>(At<std::uint16_t>(data));
+        case VT_NULL:
+            return basic::Null{};
+        case VT_I1:
+            return static_cast<std::int16_t>(At<std::int8_t>(data));
+        case VT_UI1:
+            return static_cast<std::int16_t>(At<std::uint8_t>(data));
+        case VT_I2:
+            return At<std::int16_t>(data);
+        case VT_UI2:
+            return static_cast<std::int32_t>(At<std::uint16_t>(data));
         case VT_I4:
-        case VT_INT: return At<std::int32_t>(data);
+        case VT_INT:
+            return At<std::int32_t>(data);
         case VT_UI4:
-        case VT_UINT: return NumberOf(At<std::uint32_t>(data));
-        case VT_I8: return NumberOf(At<std::int64_t>(data));
-        case VT_UI8: return NumberOf(At<std::uint64_t>(data));
-        case VT_R4: return static_cast<double>(At<float>(data));
-        case VT_R8: return At<double>(data);
-        case VT_CY: return static_cast<double>(At<std::int64_t>(data)) / CurrencyUnit;
-        case VT_DATE: return basic::Date{At<DATE>(data)};
-        case VT_BOOL: return At<VARIANT_BOOL>(data) != VARIANT_FALSE;
-        case VT_BSTR: return TextOf(At<BSTR>(data));
-        case VT_DISPATCH: return DefaultOf(At<IDispatch*>(data));
-        default: Mismatch();
+        case VT_UINT:
+            return NumberOf(At<std::uint32_t>(data));
+        case VT_I8:
+            return NumberOf(At<std::int64_t>(data));
+        case VT_UI8:
+            return NumberOf(At<std::uint64_t>(data));
+        case VT_R4:
+            return static_cast<double>(At<float>(data));
+        case VT_R8:
+            return At<double>(data);
+        case VT_CY:
+            return static_cast<double>(At<std::int64_t>(data)) / CurrencyUnit;
+        case VT_DATE:
+            return basic::Date{At<DATE>(data)};
+        case VT_BOOL:
+            return At<VARIANT_BOOL>(data) != VARIANT_FALSE;
+        case VT_BSTR:
+            return TextOf(At<BSTR>(data));
+        case VT_DISPATCH:
+            return DefaultOf(At<IDispatch*>(data));
+        default:
+            Mismatch();
     }
 }
 
@@ -128,13 +146,26 @@ void Convert(const VARIANT& value, VARTYPE type, VARIANT& to) {
     if (Target(value).vt != VT_EMPTY) {
         const basic::Value held = ValueOf(value);
         switch (type) {
-            case VT_BOOL: to.boolVal = BoolOf(basic::ToBoolean(held)); break;
-            case VT_I2: to.iVal = basic::ToInteger(held); break;
-            case VT_I4: to.lVal = basic::ToLong(held); break;
-            case VT_R8: to.dblVal = basic::ToDouble(held); break;
-            case VT_DATE: to.date = basic::ToDate(held).Serial; break;
-            case VT_BSTR: to.bstrVal = MakeBstr(basic::ToText(held)); break;
-            default: Mismatch();
+            case VT_BOOL:
+                to.boolVal = BoolOf(basic::ToBoolean(held));
+                break;
+            case VT_I2:
+                to.iVal = basic::ToInteger(held);
+                break;
+            case VT_I4:
+                to.lVal = basic::ToLong(held);
+                break;
+            case VT_R8:
+                to.dblVal = basic::ToDouble(held);
+                break;
+            case VT_DATE:
+                to.date = basic::ToDate(held).Serial;
+                break;
+            case VT_BSTR:
+                to.bstrVal = MakeBstr(basic::ToText(held));
+                break;
+            default:
+                Mismatch();
         }
     }
     to.vt = type;
