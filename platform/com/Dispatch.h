@@ -47,12 +47,12 @@ struct Binding;
 template <class Class, class Return, class... P, Return (Class::*Function)(P...)>
 struct Binding<Function> {
     static HRESULT Call(void* object, void* const* data) {
-        return Call(*static_cast<Class*>(object), data, std::index_sequence_for<P...>{});
+        return Spread(*static_cast<Class*>(object), data, std::index_sequence_for<P...>{});
     }
 
   private:
     template <std::size_t... I>
-    static HRESULT Call(Class& object, [[maybe_unused]] void* const* data, std::index_sequence<I...>) {
+    static HRESULT Spread(Class& object, [[maybe_unused]] void* const* data, std::index_sequence<I...>) {
         if constexpr (std::is_same_v<Return, HRESULT>)
             return (object.*Function)(Passed<P>(data[I])...);
         else
