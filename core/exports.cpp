@@ -8,7 +8,7 @@ namespace {
 constexpr const char* ProgId = "QmClass.clQm";
 
 IUnknown* NewClQm() {
-    return new qm::clQmObject;
+    return static_cast<_clQm*>(new qm::clQmObject);
 }
 
 }  // namespace

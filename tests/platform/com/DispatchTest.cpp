@@ -7,6 +7,7 @@
 #include "platform/basic/Error.h"
 #include "platform/com/Bstr.h"
 #include "platform/com/Dispatch.h"
+#include "platform/com/ErrorInfo.h"
 #include "platform/com/Object.h"
 #include "platform/com/Variant.h"
 

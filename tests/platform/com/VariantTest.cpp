@@ -1,3 +1,4 @@
+#include <cstring>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ template <class T>
 VARIANT Of(VARTYPE type, T data) {
     VARIANT value{};
     value.vt = type;
-    *reinterpret_cast<T*>(&value.lVal) = data;
+    std::memcpy(&value.lVal, &data, sizeof data);
     return value;
 }
 
