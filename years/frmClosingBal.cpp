@@ -3,6 +3,7 @@
 #include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
+#include "platform/ado/Constants.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 

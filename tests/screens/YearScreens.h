@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QApplication>
 #include <QTest>
 #include <functional>
 #include <string>
@@ -28,9 +29,12 @@ class YearScreensTest : public testing::Test {
         Run("Insert Into Fnncl_Yr_Mstr (Fnncl_Yr) Values ('" + longForm + "')");
     }
 
+    static void BringToFront(const forms::Form& form) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == form.Window(); }));
+    }
     static void Show(forms::Form& form) {
         form.Show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.Window()));
+        BringToFront(form);
     }
     static std::string Active(const forms::Form& form) {
         return form.ActiveControl() ? form.ActiveControl()->Name() : "";

@@ -45,6 +45,7 @@ TEST_F(FinYearTest, SetMovesTheFlagAndLeavesTheYearString) {
 TEST_F(FinYearTest, TheNewYearIsListedWhenItsScreenHasClosed) {
     Show(form);
     script.Modal("frmNewFinYear", [&](forms::Form& shown) {
+        BringToFront(shown);
         Type(shown, "2002");
         Key(shown, Qt::Key_S, Qt::AltModifier);
         Key(shown, Qt::Key_E, Qt::AltModifier);
@@ -88,7 +89,9 @@ TEST_F(FinYearTest, OfTwoFlaggedYearsTheLastStandsSelectedAlone) {
 TEST_F(FinYearTest, NoYearAtAllIsAnErrorThatNobodyTraps) {
     Run("Delete From Fnncl_Yr_Mstr");
     script.Box(
-        "Run-time error '3021':\n\nEither BOF or EOF is True, or the current record has been deleted.");
+        "Run-time error '3021':\n\nEither BOF or EOF is True, or the current record has been deleted. The "
+        "operation "
+        "needs a current record.");
     form.Show();
     EXPECT_TRUE(form.Visible());
     form.Unload();

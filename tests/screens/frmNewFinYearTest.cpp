@@ -85,7 +85,6 @@ TEST_F(NewFinYearTest, TheNewYearTakesTheBalancesOver) {
     EXPECT_EQ(Active(form), "cmdExit");
     Key(form, Qt::Key_Space);
     EXPECT_FALSE(form.Loaded());
-    EXPECT_EQ(Errors(), Lines{});
 }
 
 TEST_F(NewFinYearTest, TheNewYearHasItsTablesItemsAndRegister) {
@@ -160,7 +159,8 @@ TEST_F(NewFinYearTest, AfterAMissingPreviousYearAKnownYearPasses) {
                  {"2002", "Year Already Added"}};
     for (const auto& year : years) {
         EXPECT_EQ(Say(year.typed), year.said) << year.typed;
-        if (!*year.said) EXPECT_EQ(form.ui().txtTo->Text(), std::to_string(std::stoi(year.typed) + 1));
+        if (*year.said) continue;
+        EXPECT_EQ(form.ui().txtTo->Text(), std::to_string(std::stoi(year.typed) + 1));
     }
     form.Window()->close();
 }
