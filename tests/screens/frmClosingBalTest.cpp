@@ -40,7 +40,7 @@ TEST_F(ClosingBalTest, ManualSaveWritesTheFigureOfThisLedgerAndYearAndShowsNothi
         EXPECT_EQ(Balances(), (Lines{Row(stock, "2001|-12.5"), Row(other, "2001|0"), Row(stock, "2000|1")}));
         EXPECT_TRUE(form.Visible());
         Retype(form, "300");
-        Click(ui().cmdSave);
+        Key(form, Qt::Key_Return);
         Key(form, Qt::Key_X, Qt::ControlModifier);
         EXPECT_FALSE(form.Visible());
     });
