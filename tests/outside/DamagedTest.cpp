@@ -95,7 +95,8 @@ TEST_F(Damaged, AFlippedByteIsNoticedWhereItIsReadAndByTheCheck) {
     OpenBooks();
     boxes.ExpectLog("Class-ClQm", PageDamaged);
     EXPECT_FALSE(Post(2));
-    EXPECT_EQ(ErrorOf([&] { books.Fresh().Host().DeleteVoucher(1); }, ado::error::Damaged), PageDamaged);
+    boxes.ExpectLog("Class-ClQm", PageDamaged);
+    EXPECT_FALSE(books.Fresh().Host().DeleteVoucher(1));
     EXPECT_EQ(ado::CheckIntegrity(qm::Conn()), std::vector{PageDamaged});
     EXPECT_EQ(books.Fresh().Host().Ledgers()->RecordCount(), 2);
     EXPECT_EQ(
@@ -113,7 +114,7 @@ TEST_F(Damaged, AFolderThatCannotBeWrittenIsRefusedAtOnce) {
             if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0))
                 return 254;
             const std::string text = ErrorOf([&] { OpenBooks(); }, ado::error::ReadOnly);
-            return text == "The books file or its folder cannot be written to." ? 0 : 1;
+            return text == "The books file '" + books.File() + "' cannot be written to." ? 0 : 1;
         }),
         0);
     fs::permissions(folder, fs::perms(0755));
@@ -146,7 +147,6 @@ TEST_F(Damaged, AFullDiskFailsThePostingAndLeavesTheBooksAsBefore) {
     EXPECT_EQ(books.Look(), Rows({1, 2}));
     OpenBooks();
     EXPECT_TRUE(Post(3));
-    EXPECT_EQ(books.Fresh().Rows("Select * From tblError").size(), 0U);
     books.Fresh().CloseHost();
     EXPECT_EQ(books.Look(), Rows({1, 2, 3}));
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <csignal>
 #include <random>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -34,7 +35,7 @@ TEST(Killed, KeepsEveryPostingThatWasReportedAndHalvesNone) {
         SCOPED_TRACE("round " + std::to_string(round));
         const bool whileOpening = round % 5 == 0;
         const int rows = whileOpening ? 0 : static_cast<int>(random() % 30);
-        const useconds_t after = random() % (whileOpening ? 150'000 : 15'000);
+        const auto after = static_cast<useconds_t>(random() % (whileOpening ? 150'000 : 15'000));
         const PostedRows told = ToldBeforeKill(books, rows, after);
 
         const PostedRows before = std::exchange(standing, books.Look());
