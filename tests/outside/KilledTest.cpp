@@ -7,14 +7,14 @@
 #include <unistd.h>
 
 #include "tests/outside/PostedBooks.h"
-#include "tests/outside/Poster.h"
+#include "tests/outside/RunningPoster.h"
 
 namespace test {
 namespace {
 
 // Starts a program that posts without end and kills it a little after it has told of `rows` rows.
 PostedRows ToldBeforeKill(const PostedBooks& books, int rows, useconds_t after) {
-    Poster poster(books.DataPath(), 1000000);
+    RunningPoster poster(books.DataPath(), 1000000);
     PostedRows told;
     for (std::optional<std::string> line; static_cast<int>(told.size()) < rows && (line = poster.Line());)
         told.insert(*line);

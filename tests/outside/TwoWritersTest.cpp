@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/outside/PostedBooks.h"
-#include "tests/outside/Poster.h"
+#include "tests/outside/RunningPoster.h"
 
 namespace test {
 namespace {
@@ -12,7 +12,7 @@ TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
     PostedBooks books;
     PostedRows told;
     {
-        Poster withList(books.DataPath(), 500, true), other(books.DataPath(), 500);
+        RunningPoster withList(books.DataPath(), 500, true), other(books.DataPath(), 500);
         std::vector<std::string> lines = withList.Lines();
         ASSERT_FALSE(lines.empty());
         EXPECT_EQ(lines.back(), "list 1");

@@ -1,4 +1,4 @@
-#include "tests/outside/Poster.h"
+#include "tests/outside/RunningPoster.h"
 
 #include <csignal>
 #include <stdexcept>
@@ -10,7 +10,7 @@
 
 namespace test {
 
-Poster::Poster(const std::string& dataPath, int vouchers, bool withList) {
+RunningPoster::RunningPoster(const std::string& dataPath, int vouchers, bool withList) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     const std::string count = std::to_string(vouchers);
@@ -24,7 +24,7 @@ Poster::Poster(const std::string& dataPath, int vouchers, bool withList) {
     said_ = fdopen(ends[0], "r");
 }
 
-Poster::~Poster() {
+RunningPoster::~RunningPoster() {
     if (child_ > 0) {
         Kill();
         Wait();
@@ -32,24 +32,24 @@ Poster::~Poster() {
     std::fclose(said_);
 }
 
-std::optional<std::string> Poster::Line() {
+std::optional<std::string> RunningPoster::Line() {
     std::string line;
     for (int c; (c = std::fgetc(said_)) != EOF; line += static_cast<char>(c))
         if (c == '\n') return line;
     return {};
 }
 
-std::vector<std::string> Poster::Lines() {
+std::vector<std::string> RunningPoster::Lines() {
     std::vector<std::string> lines;
     for (std::optional<std::string> line; (line = Line());) lines.push_back(*line);
     return lines;
 }
 
-void Poster::Kill() {
+void RunningPoster::Kill() {
     kill(child_, SIGKILL);
 }
 
-int Poster::Wait() {
+int RunningPoster::Wait() {
     int status = 0;
     waitpid(std::exchange(child_, -1), &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);

@@ -10,12 +10,12 @@
 namespace test {
 
 // The program poster, started by a test; killed at the end if it still runs.
-class Poster {
+class RunningPoster {
   public:
-    Poster(const std::string& dataPath, int vouchers, bool withList = false);
-    ~Poster();
-    Poster(const Poster&) = delete;
-    Poster& operator=(const Poster&) = delete;
+    RunningPoster(const std::string& dataPath, int vouchers, bool withList = false);
+    ~RunningPoster();
+    RunningPoster(const RunningPoster&) = delete;
+    RunningPoster& operator=(const RunningPoster&) = delete;
 
     std::optional<std::string> Line();  // the next one; waits for it; nothing once the program has ended
     std::vector<std::string> Lines();   // all that are left
