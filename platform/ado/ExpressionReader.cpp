@@ -8,11 +8,11 @@ namespace ado {
 using basic::EqualText;
 
 Expression ExpressionReader::Condition() {
-    return Chain("Or", &ExpressionReader::And);
+    return Chain("OR", &ExpressionReader::And);
 }
 
 Expression ExpressionReader::And() {
-    return Chain("And", &ExpressionReader::Not);
+    return Chain("AND", &ExpressionReader::Not);
 }
 
 // One level of parentheses for the whole chain: the store's parser takes only so many.

@@ -56,7 +56,8 @@ TEST(Shape, SameShapeWhateverTheValueButNotWhateverItsKind) {
 }
 
 TEST(Shape, RefusesWhatDoesNotEndAndWhatFollows) {
-    for (const char* statement : {"a = 'x", "a = \"x''", "[a", "Delete From T; Delete From S"})
+    for (const char* statement : {"a = 'x", "a = \"x''", "[a", "[]", "Delete From T; Delete From S", "T; ;",
+                                  "a = \x01", "[a\x02]", "1E999"})
         EXPECT_THROW(ShapeOf(statement), basic::Error) << statement;
 }
 

@@ -1,0 +1,200 @@
+#include <list>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/basic/Error.h"
+#include "platform/com/Bstr.h"
+#include "platform/com/Dispatch.h"
+#include "platform/com/ErrorInfo.h"
+#include "platform/com/Object.h"
+#include "platform/com/Variant.h"
+
+namespace {
+
+using com::Bind;
+using com::Variant;
+
+// A class with one member of each sort.
+class Till final : public com::Object<IDispatch, Till> {
+  public:
+    Till() : Object(IID_IDispatch, Table()) {}
+
+    void Post(std::int32_t number, double* amount, BSTR note, std::int32_t* count) {
+        log += std::to_string(number) + "/" + com::TextOf(note) + ";";
+        *amount += 1;
+        *count = ++posts;
+    }
+    void GetNote(BSTR* note) { *note = com::MakeBstr(log); }
+    void LetNote(BSTR note) { log = com::TextOf(note); }
+    HRESULT Fail() { return com::ResultOf(5); }
+    void Throw() { basic::Raise(basic::error::InvalidNull, "till"); }
+    void Itself(IDispatch** self) {
+        AddRef();
+        *self = this;
+    }
+    void Twice(VARIANT* given, VARIANT* doubled) {
+        com::Store(com::ValueOf(*given).IsNull() ? basic::Value("nothing")
+                                                 : basic::ToDouble(com::ValueOf(*given)) * 2,
+                   *doubled);
+    }
+
+    std::string log;
+    std::int32_t posts = 0;
+
+  private:
+    static const std::vector<com::Member>& Table() {
+        static const std::vector<com::Member> table{
+            {"Twice",
+             DISPID_VALUE,
+             DISPATCH_PROPERTYGET,
+             {{"given", VT_VARIANT, true}},
+             VT_VARIANT,
+             Bind<&Till::Twice>},
+            {"Post",
+             1,
+             DISPATCH_METHOD,
+             {{"number", VT_I4}, {"amount", VT_R8}, {"note", VT_BSTR, true}},
+             VT_I4,
+             Bind<&Till::Post>},
+            {"Note", 2, DISPATCH_PROPERTYGET, {}, VT_BSTR, Bind<&Till::GetNote>},
+            {"Note", 2, DISPATCH_PROPERTYPUT, {{"value", VT_BSTR}}, VT_EMPTY, Bind<&Till::LetNote>},
+            {"Fail", 3, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Fail>},
+            {"Throw", 4, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Throw>},
+            {"Itself", 5, DISPATCH_PROPERTYGET, {}, VT_DISPATCH, Bind<&Till::Itself>},
+        };
+        return table;
+    }
+};
+
+class Dispatch : public testing::Test {
+  protected:
+    // Arguments in the order of rgvarg: the last one first, the named ones before the others.
+    HRESULT Invoke(DISPID id, std::uint16_t flags, std::vector<VARIANT> arguments = {},
+                   std::vector<DISPID> named = {}) {
+        DISPPARAMS parameters{arguments.data(), named.data(), static_cast<std::uint32_t>(arguments.size()),
+                              static_cast<std::uint32_t>(named.size())};
+        VariantClear(&result);
+        return till->Invoke(id, IID_NULL, 0, flags, &parameters, &result, &failure, &bad);
+    }
+    static VARIANT Number(std::int32_t number) {
+        VARIANT value{};
+        value.vt = VT_I4;
+        value.lVal = number;
+        return value;
+    }
+    static VARIANT Missing() {
+        VARIANT value = Number(DISP_E_PARAMNOTFOUND);
+        value.vt = VT_ERROR;
+        return value;
+    }
+    VARIANT Text(const char* text) {
+        texts.emplace_back();
+        com::Store(basic::Value(text), texts.back());
+        return texts.back();
+    }
+
+    com::Ptr<Till> till{new Till};
+    std::list<Variant> texts;
+    Variant result;
+    EXCEPINFO failure{};
+    std::uint32_t bad = 99;
+};
+
+TEST_F(Dispatch, NamesAreFoundWithoutRegardToCaseAndArgumentsByTheirPlace) {
+    std::u16string post = u"POST", note = u"Note", amount = u"aMount", nothing = u"Nothing";
+    char16_t* names[] = {post.data(), note.data(), amount.data()};
+    DISPID ids[3];
+    EXPECT_EQ(till->GetIDsOfNames(IID_NULL, names, 3, 0, ids), S_OK);
+    EXPECT_EQ(std::vector(ids, ids + 3), (std::vector<DISPID>{1, 2, 1}));
+    names[1] = nothing.data();
+    EXPECT_EQ(till->GetIDsOfNames(IID_NULL, names, 3, 0, ids), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(std::vector(ids, ids + 3), (std::vector<DISPID>{1, DISPID_UNKNOWN, 1}));
+    names[0] = nothing.data();
+    EXPECT_EQ(till->GetIDsOfNames(IID_NULL, names, 1, 0, ids), DISP_E_UNKNOWNNAME);
+}
+
+TEST_F(Dispatch, PositionalArgumentsComeLastFirstAndAreConverted) {
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD, {Text("rent"), Number(5), Text("12")}), S_OK);
+    EXPECT_EQ(till->log, "12/rent;");
+    EXPECT_EQ(com::ValueOf(result), basic::Value(1));
+}
+
+TEST_F(Dispatch, NamedArgumentsStandInAnyOrderAndOptionalOnesMayBeLeftOut) {
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD, {Text("a"), Number(1), Number(7)}, {2, 1}), S_OK);
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD, {Number(1), Number(8)}), S_OK);
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {Missing(), Number(1), Number(9)}), S_OK);
+    EXPECT_EQ(till->log, "7/a;8/;9/;");
+}
+
+TEST_F(Dispatch, AnArgumentByReferenceOfTheVeryTypeIsTheCallersOwn) {
+    double amount = 4;
+    VARIANT reference{};
+    reference.vt = VT_R8 | VT_BYREF;
+    reference.byref = &amount;
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD, {reference, Number(1)}), S_OK);
+    EXPECT_EQ(amount, 5);
+    VARIANT outer{};
+    outer.vt = VT_VARIANT | VT_BYREF;
+    outer.pvarVal = &reference;
+    ASSERT_EQ(Invoke(1, DISPATCH_METHOD, {outer, Number(1)}), S_OK);
+    EXPECT_EQ(amount, 6);
+}
+
+TEST_F(Dispatch, WrongCallsAreToldApartAndTheArgumentIsPointedOut) {
+    const struct {
+        DISPID id;
+        std::vector<VARIANT> arguments;
+        std::vector<DISPID> named;
+        HRESULT expected;
+        std::uint32_t bad;
+    } cases[] = {
+        {1, {Number(1)}, {}, DISP_E_BADPARAMCOUNT, 99},
+        {1, {Number(1), Number(2), Number(3), Number(4)}, {}, DISP_E_BADPARAMCOUNT, 99},
+        {1, {Missing(), Number(1)}, {}, DISP_E_PARAMNOTOPTIONAL, 0},
+        {1, {Number(1), Text("abc")}, {}, DISP_E_TYPEMISMATCH, 1},
+        {1, {Number(1), Text("3000000000")}, {}, DISP_E_OVERFLOW, 1},
+        {1, {Number(1), Number(2)}, {9}, DISP_E_PARAMNOTFOUND, 0},
+        {1, {Number(1), Number(2)}, {0}, DISP_E_PARAMNOTFOUND, 0},
+        {3, {Number(1)}, {DISPID_PROPERTYPUT}, DISP_E_PARAMNOTFOUND, 0},
+        {77, {}, {}, DISP_E_MEMBERNOTFOUND, 99},
+        {2, {}, {}, DISP_E_MEMBERNOTFOUND, 99},  // a property is no method
+    };
+    for (const auto& row : cases) {
+        bad = 99;
+        EXPECT_EQ(Invoke(row.id, DISPATCH_METHOD, row.arguments, row.named), row.expected);
+        EXPECT_EQ(bad, row.bad);
+    }
+    DISPPARAMS none{};
+    EXPECT_EQ(till->Invoke(3, IID_IUnknown, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+              DISP_E_UNKNOWNINTERFACE);
+    EXPECT_EQ(till->posts, 0);
+}
+
+TEST_F(Dispatch, APropertyIsLetByItsNamedValueAndGot) {
+    ASSERT_EQ(Invoke(2, DISPATCH_PROPERTYPUT, {Number(12)}, {DISPID_PROPERTYPUT}), S_OK);
+    ASSERT_EQ(Invoke(2, DISPATCH_PROPERTYGET | DISPATCH_METHOD), S_OK);
+    EXPECT_EQ(com::ValueOf(result), basic::Value("12"));
+}
+
+TEST_F(Dispatch, AnObjectGivesItsDefaultMemberAsAValueAndForArguments) {
+    ASSERT_EQ(Invoke(5, DISPATCH_PROPERTYGET, {Number(21)}), S_OK);
+    EXPECT_EQ(com::ValueOf(result), basic::Value(42.0));
+    ASSERT_EQ(Invoke(5, DISPATCH_PROPERTYGET), S_OK);
+    EXPECT_EQ(com::ValueOf(result), basic::Value("nothing"));
+}
+
+TEST_F(Dispatch, AFailureTellsItsSourceItsTextAndItsNumber) {
+    EXPECT_EQ(Invoke(4, DISPATCH_METHOD), DISP_E_EXCEPTION);
+    EXPECT_EQ(failure.scode, AsResult(0x800A005E));
+    EXPECT_EQ(com::TextOf(failure.bstrSource), "till");
+    EXPECT_EQ(com::TextOf(failure.bstrDescription), "Invalid use of Null");
+    SysFreeString(failure.bstrSource);
+    SysFreeString(failure.bstrDescription);
+    EXPECT_EQ(Invoke(3, DISPATCH_METHOD), DISP_E_EXCEPTION);
+    EXPECT_EQ(failure.scode, AsResult(0x800A0005));
+    EXPECT_EQ(failure.bstrDescription, nullptr) << "not the older failure's text";
+}
+
+}  // namespace
