@@ -1,0 +1,29 @@
+#pragma once
+
+namespace forms {
+
+// Whether windows can be shown here: the host runs a window application, or the environment names a display
+// that answers.
+bool DisplayAvailable();
+
+// Makes sure that windows can be shown. A host's own application is used as it is; where there is none, one
+// is made and kept to the end of the process. Raises an error, and never ends the process, where there is no
+// display, where the host runs an application without windows, and on any thread but the application's.
+void EnsureApplication();
+
+// The pointer over all windows: 0 the usual one, 11 the hourglass.
+void SetMousePointer(int pointer);
+
+// While it lives, the usual pointer is shown: a message box that waits for the user shows no hourglass.
+class PointerPause {
+  public:
+    PointerPause();
+    ~PointerPause();
+    PointerPause(const PointerPause&) = delete;
+    PointerPause& operator=(const PointerPause&) = delete;
+
+  private:
+    int before_;
+};
+
+}  // namespace forms

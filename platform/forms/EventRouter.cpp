@@ -1,0 +1,108 @@
+#include "platform/forms/EventRouter.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPointer>
+
+#include "platform/forms/Control.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/FormWindow.h"
+
+namespace forms {
+namespace {
+
+// AltGr is no Ctrl: some systems report it as Ctrl and Alt together, some as a group switch.
+bool IsCtrlLetter(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return modifiers == Qt::ControlModifier && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z;
+}
+
+}  // namespace
+
+void EventRouter::Install() {
+    static QPointer<QObject> installed;
+    if (installed) return;
+    installed = new EventRouter;
+    installed->setParent(QCoreApplication::instance());
+    QCoreApplication::instance()->installEventFilter(installed);
+}
+
+bool EventRouter::eventFilter(QObject* object, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Shortcut:
+        case QEvent::FocusIn:
+        case QEvent::EnabledChange:
+            break;
+        default:
+            return false;
+    }
+    if (!object->isWidgetType()) return false;
+    QWidget& widget = *static_cast<QWidget*>(object);
+    FormWindow* const window = FormWindow::Of(&widget);
+    if (!window || !window->Owner()) return false;
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return OnKey(*window, widget, *static_cast<QKeyEvent*>(event));
+        case QEvent::Shortcut:
+            return OnMnemonic(*window, widget, static_cast<QShortcutEvent*>(event)->isAmbiguous());
+        case QEvent::FocusIn:
+            OnFocusIn(*window, widget, static_cast<QFocusEvent*>(event)->reason());
+            return false;
+        case QEvent::EnabledChange:
+            if (Control* active = window->Active();
+                active && active->Widget() == &widget && !widget.isEnabled())
+                window->LeaveDisabled();
+            return false;
+        default:
+            return OnPress(*window, widget);
+    }
+}
+
+// An unused key travels up through the parents; the form sees it once, on its way to the widget that has the
+// focus.
+bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key) {
+    const QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
+    if (&widget != focused || !IsCtrlLetter(key)) return false;
+    const QPointer<FormWindow> form = &window;
+    const QPointer<QWidget> target = &widget;
+    bool goesOn = true;
+    if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = active->FinishEdit(); });
+    if (!goesOn || !form || !form->Owner()) return true;
+    const int shift = vbCtrlMask + (key.modifiers() & Qt::ShiftModifier ? vbShiftMask : 0);
+    RunEvent(form, [&] { form->Owner()->Form_KeyDown(key.key(), shift); });
+    return !form || !form->Owner() || !target || form->focusWidget() != target;
+}
+
+bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
+    Control* const control = Control::Of(&widget);
+    if (!control || !control->TakesFocus() || !control->Widget()->isEnabled()) return false;
+    return !window.MoveFocus(*control);
+}
+
+// A letter that two controls share only moves the focus, from one to the other.
+bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous) {
+    auto* const control = dynamic_cast<Control*>(&widget);
+    if (!control) return false;
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+        if (window.MoveFocus(*control) && !ambiguous) button->click();
+        return true;
+    }
+    const auto* label = qobject_cast<QLabel*>(&widget);
+    Control* const target = label ? Control::Of(label->buddy()) : control;
+    if (target) window.MoveFocus(*target);
+    return true;
+}
+
+void EventRouter::OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason reason) {
+    const bool betweenWindows = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                                reason == Qt::MenuBarFocusReason;
+    Control* const control = Control::Of(&widget);
+    if (control && !betweenWindows) window.Adopt(*control);
+}
+
+}  // namespace forms

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+class QWidget;
+
+namespace forms {
+
+class FormWindow;
+
+// Watches the events of all forms' windows and carries out what the toolkit does otherwise: a mouse press or
+// an Alt+letter moves the focus first, with Validate, and is dropped if that holds it; Ctrl+letter goes to
+// the form before the control.
+class EventRouter : public QObject {
+  public:
+    static void Install();  // once for the running application
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    static bool OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key);
+    static bool OnPress(FormWindow& window, QWidget& widget);
+    static bool OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous);
+    static void OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason reason);
+};
+
+}  // namespace forms

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+
+class QEventLoop;
+
+namespace forms {
+
+class Control;
+class Form;
+
+// The window of a loaded form. It keeps which control has the focus, and how many of the form's events are
+// running.
+class FormWindow : public QDialog {
+  public:
+    explicit FormWindow(Form& form);
+
+    Form* Owner() const { return form_; }  // null once the form has let go of the window
+    Control* Active() const;               // the control that has the focus as the form sees it
+
+    // Gives the focus to `target` by the rules of Control::SetFocus. False if it was held or went elsewhere
+    // by Validate.
+    bool MoveFocus(Control& target);
+    // Gives it to the first control in tab order, with its GotFocus, if none has it.
+    void FocusFirst();
+    // The focus left the active control without being asked for (it was disabled or hidden, or the toolkit
+    // moved it).
+    void Adopt(Control& control);
+    void LeaveDisabled();
+
+    static FormWindow* Of(QWidget* widget);  // the form's window that the widget is in; null if none
+
+    void reject() override {}  // Esc closes nothing
+
+  protected:
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    friend class Form;
+    friend class EventScope;
+
+    Control* Neighbour(bool next) const;
+    bool LetGo(Control& active, QPointer<QWidget>& destination);
+    void Transfer(Control& target);
+
+    Form* form_;
+    QPointer<QWidget> active_;
+    QPointer<QWidget> wanted_;  // where a SetFocus inside Validate wants to go
+    bool validating_ = false;
+    bool transferring_ = false;
+    bool activating_ = false;  // between show and the first GotFocus
+    int runningEvents_ = 0;
+    bool unloadWanted_ = false;
+    QEventLoop* modalLoop_ = nullptr;
+};
+
+}  // namespace forms

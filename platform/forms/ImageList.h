@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QHash>
+#include <QIcon>
+#include <string>
+
+namespace forms {
+
+// Pictures by key, for the nodes of a tree.
+class ImageList {
+  public:
+    void Add(const std::string& key,
+             const std::string& image);        // a file or a resource such as ":/forms/icons/new.svg"
+    QIcon Icon(const std::string& key) const;  // raises 35601 for a key that is not there
+
+  private:
+    QHash<QString, QIcon> icons_;
+};
+
+}  // namespace forms
