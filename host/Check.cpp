@@ -22,7 +22,7 @@ int Check(const std::string& folder) {
     const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
         return finding.severity == Severity::Error;
     });
-    std::cout << errors << " errors, " << static_cast<std::ptrdiff_t>(findings.size()) - errors << " notes\n";
+    std::cout << Counted(errors, "error") << ", " << Counted(findings.size() - errors, "note") << "\n";
     return errors == 0 ? ExitOk : ExitFailed;
 }
 
