@@ -213,7 +213,7 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     const std::string voucher =
         Header + "1,02-Apr-2001,R,D,Cash,1,n\n1,02-Apr-2001,R,C,Current Account,1,n\n";
     EXPECT_THAT(Post(voucher).said, HasSubstr("'02-Apr-2001' lies outside the year 2002-2003"));
-    EXPECT_EQ(Post(voucher, "--year 2001").said, "posted 1 vouchers, 2 rows\n");
+    EXPECT_EQ(Post(voucher, "--year 2001").said, "posted 1 voucher, 2 rows\n");
     EXPECT_EQ(Ask("SELECT count(*) FROM tb_Ledger2001 WHERE LedgerTrnNo = 61"), "2\n");
     EXPECT_EQ(Ask("SELECT count(*) FROM tb_Ledger2002"), "0\n");
     EXPECT_EQ(CurrentYear(), "2002-2003\n");
@@ -254,15 +254,15 @@ TEST_F(QmhostCommands, CheckTellsNotesFromErrorsAndChangesNothing) {
         "note:  totals of ledger 17 in 2001: they are not the sums of its rows until the next rebuild "
         "(totals 7 "
         "and 0, rows 0 and 0)\n";
-    expect(note + "0 errors, 1 notes\n", 0);
+    expect(note + "0 errors, 1 note\n", 0);
     Ask("INSERT INTO tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerDrAmt, LedgerCrAmt) VALUES (61, 17, 7, "
         "0)");
-    expect("error: voucher 61 of 2001: debit 7, credit 0\n1 errors, 0 notes\n", 1);
+    expect("error: voucher 61 of 2001: debit 7, credit 0\n1 error, 0 notes\n", 1);
 
     // Nor is the first year begun where none is known yet.
     fs::remove_all(books);
     ASSERT_EQ(Qmhost("create " + Books()).code, 0);
-    expect("note:  years: none yet; the first start makes 2001-2002\n0 errors, 1 notes\n", 0);
+    expect("note:  years: none yet; the first start makes 2001-2002\n0 errors, 1 note\n", 0);
     EXPECT_EQ(Qmhost("years " + Books()).said, "2001-2002  current\n");
 }
 
