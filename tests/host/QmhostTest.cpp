@@ -288,6 +288,7 @@ TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {
         EXPECT_EQ(outcome.code, 2) << arguments;
         EXPECT_THAT(outcome.said, StartsWith("qmhost: ")) << arguments;
     }
+    EXPECT_THAT(Qmhost("chekc " + Books()).said, HasSubstr("chekc"));
     const std::string none = (folder / "none").string();
     for (const std::string command : {"post DIR x.csv", "ledgers DIR", "years DIR", "year DIR 2001",
                                       "add-year DIR 2001-2002 --yes", "check DIR", "backup DIR copy.mdb"}) {
