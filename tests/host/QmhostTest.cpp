@@ -150,7 +150,8 @@ TEST_F(QmhostCommands, PostNamesEveryFaultByLineAndColumnAndPostsNothing) {
         std::string said;
         int count = 0;
         for (std::string line; std::getline(lines, line); ++count) said += File() + line + "\n";
-        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(count) + " faults; nothing was posted\n");
+        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(count) +
+                                    (count == 1 ? " fault" : " faults") + "; nothing was posted\n");
         EXPECT_EQ(outcome.code, 1);
     }
     EXPECT_EQ(Post(Header + "1,02-Apr-2001,R,D,Cash,1,\"n").said, "qmhost: line 2: a quote never ends\n");
