@@ -150,7 +150,8 @@ TEST_F(QmhostCommands, PostNamesEveryFaultByLineAndColumnAndPostsNothing) {
         std::string said;
         int count = 0;
         for (std::string line; std::getline(lines, line); ++count) said += File() + line + "\n";
-        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(count) + " faults; nothing was posted\n");
+        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(count) +
+                                    (count == 1 ? " fault" : " faults") + "; nothing was posted\n");
         EXPECT_EQ(outcome.code, 1);
     }
     EXPECT_EQ(Post(Header + "1,02-Apr-2001,R,D,Cash,1,\"n").said, "qmhost: line 2: a quote never ends\n");
@@ -288,6 +289,7 @@ TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {
         EXPECT_EQ(outcome.code, 2) << arguments;
         EXPECT_THAT(outcome.said, StartsWith("qmhost: ")) << arguments;
     }
+    EXPECT_THAT(Qmhost("chekc " + Books()).said, HasSubstr("chekc"));
     const std::string none = (folder / "none").string();
     for (const std::string command : {"post DIR x.csv", "ledgers DIR", "years DIR", "year DIR 2001",
                                       "add-year DIR 2001-2002 --yes", "check DIR", "backup DIR copy.mdb"}) {
