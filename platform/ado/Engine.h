@@ -46,7 +46,7 @@ class Engine {
     virtual void BeginRead() = 0;            // holds the present moment in view; others may go on writing
     virtual void EndRead() = 0;
     virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
-    virtual void BeforeLooseWrite() = 0;     // a write outside transactions need not reach the disk at once
+    virtual void BeforeLooseWrite() = 0;  // a write outside transactions need not reach the disk at once
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises
