@@ -1,5 +1,7 @@
 #include "platform/ado/ExpressionReader.h"
 
+#include <algorithm>
+
 #include "platform/ado/Refusal.h"
 #include "platform/basic/Text.h"
 
@@ -130,7 +132,9 @@ Expression ExpressionReader::Primary() {
             break;
     }
     if (!tokens_.TakeSymbol("(")) tokens_.Refuse("a value is expected");
-    Expression inner = tokens_.AtWord("Select") ? subselect_(scope_) : Condition();
+    const bool select = tokens_.AtWord("Select");
+    if (select && inAggregate_) Refuse(error::Statement, "Max and Sum take no select in parentheses");
+    Expression inner = select ? subselect_(scope_) : Condition();
     tokens_.ExpectSymbol(")");
     return inner;
 }
@@ -224,14 +228,17 @@ Expression ExpressionReader::Iif() {
 }
 
 Expression ExpressionReader::Aggregate(const std::string& function) {
-    if (!aggregatesAllowed_)
+    if (!aggregatesAllowed_ || inAggregate_)
         Refuse(error::Statement, function + " stands only in the list of a select, and not within another");
-    sawAggregate_ = true;
-    aggregatesAllowed_ = false;
-    const std::size_t columnsBefore = columns_.size();
+    sawAggregate_ = inAggregate_ = true;
+    const std::vector<ColumnRef> before = TakeColumns();
     Expression of = Sum();
-    columns_.resize(columnsBefore);
-    aggregatesAllowed_ = true;
+    inAggregate_ = false;
+    // The store would take it for an aggregate of the outer select.
+    if (!columns_.empty() && std::none_of(columns_.begin(), columns_.end(),
+                                          [&](const ColumnRef& column) { return scope_.Holds(column); }))
+        Refuse(error::Statement, function + " takes a field of its own select's tables");
+    columns_ = before;
     if (EqualText(function, "Max"))
         return Of("max(" + Collated(of, of.type == ColumnType::Text) + ")", of.type);
     of = AsNumber(std::move(of), function);

@@ -56,6 +56,7 @@ class ExpressionReader {
     SubselectTranslator subselect_;
     std::vector<ColumnRef> columns_;
     bool aggregatesAllowed_ = false;
+    bool inAggregate_ = false;
     bool sawAggregate_ = false;
 };
 

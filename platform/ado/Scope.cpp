@@ -1,5 +1,7 @@
 #include "platform/ado/Scope.h"
 
+#include <algorithm>
+
 #include "platform/ado/Refusal.h"
 #include "platform/basic/Text.h"
 
@@ -23,6 +25,11 @@ void Scope::Add(TableRef table) {
         if (basic::EqualText(other.alias, table.alias))
             Refuse(error::Statement, "Two tables of the statement are called '" + table.alias + "'");
     tables_.push_back(std::move(table));
+}
+
+bool Scope::Holds(const ColumnRef& column) const {
+    return std::any_of(tables_.begin(), tables_.end(),
+                       [&](const TableRef& table) { return &table == column.table; });
 }
 
 ColumnRef Scope::Find(std::string_view table, std::string_view column) const {

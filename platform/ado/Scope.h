@@ -28,6 +28,7 @@ class Scope {
     explicit Scope(const Scope* outer = nullptr) : outer_(outer) {}
     void Add(TableRef table);  // raises error::Statement for a second one of that name
     const std::vector<TableRef>& Tables() const { return tables_; }
+    bool Holds(const ColumnRef& column) const;  // it is of one of these tables, not of one around
 
     // nullptr column where no table bears the name. Raises error::Statement for a bare name that two tables
     // bear.

@@ -187,7 +187,8 @@ const SelectReader::Item* SelectReader::ItemCalledHere() const {
 // The store would take any row's value for a column that differs within a group.
 void SelectReader::CheckGrouping() const {
     for (const ColumnRef& column : bare_)
-        if (std::none_of(keys_.begin(), keys_.end(), [&](const ColumnRef& key) { return Same(key, column); }))
+        if (scope_.Holds(column) &&
+            std::none_of(keys_.begin(), keys_.end(), [&](const ColumnRef& key) { return Same(key, column); }))
             Refuse(error::Statement, "The field '" + column.column->name +
                                          "' stands neither in Group By nor within Max or Sum");
 }
@@ -239,7 +240,9 @@ Expression SelectReader::OneValue(const Scope& outer) {
     if (items_.size() != 1 || distinct_ || !group_.empty())
         Refuse(error::Statement, "A select in parentheses gives one value of one field");
     const Expression& value = items_.front().value;
-    const std::string list = aggregate_ ? value.sql : "qm_single(" + value.sql + ")";
+    // The rowid makes it an aggregate of this select even if the value is of the outer one.
+    const std::string rowid = QuotedName(scope_.Tables().front().alias) + ".rowid";
+    const std::string list = aggregate_ ? value.sql : "qm_single(" + value.sql + ", " + rowid + ")";
     return Of("(SELECT " + list + From() + where_ + ")", value.type);
 }
 

@@ -133,7 +133,8 @@ void Call(sqlite3_context* context, int count, sqlite3_value** values) {
     }
 }
 
-// The state of qm_single while its rows go by: nothing yet, or the one value.
+// qm_single(value, rowid): the rowid only ties it to its select. Its state while the rows go by: nothing yet,
+// or the one value.
 Value*& Single(sqlite3_context* context, bool make) {
     static Value* none = nullptr;
     void* place = sqlite3_aggregate_context(context, make ? sizeof(Value*) : 0);
@@ -173,7 +174,7 @@ void InstallFunctions(sqlite3* store, std::optional<basic::Error>& raised) {
     for (const Function& f : functions)
         sqlite3_create_function_v2(store, f.name, f.arity, form, new Registered{&f, &raised}, Call, nullptr,
                                    nullptr, Forget);
-    sqlite3_create_function_v2(store, "qm_single", 1, form, new Registered{nullptr, &raised}, nullptr,
+    sqlite3_create_function_v2(store, "qm_single", 2, form, new Registered{nullptr, &raised}, nullptr,
                                SingleStep, SingleEnd, Forget);
     sqlite3_create_collation(store, "QMTEXT", SQLITE_UTF8, nullptr, Collate);
 }

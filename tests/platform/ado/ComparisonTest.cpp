@@ -82,6 +82,7 @@ TEST_F(Comparison, FitsItsTwoSides) {
         {"Name = (Select 'DEF' From T As U Where U.Id = 1)", "2"},
         {"Id = (Select Id From T Where Qty = 0)", "2"},
         {"Id = (Select Id From T Where Qty = 99)", ""},
+        {"Id = (Select T.Id From T As U Where U.Id = 3)", "1 2 3"},
         {"1 = (Select Max(U.Id) From T As U Where U.Id < T.Id)", "2"},
     };
     for (const auto& [condition, ids] : cases) EXPECT_EQ(Ids(condition), ids) << condition;

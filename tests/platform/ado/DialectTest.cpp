@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/Embedded.h"
 #include "platform/ado/Dialect.h"
 #include "platform/ado/Errors.h"
 #include "tests/platform/ado/PlainStore.h"
@@ -11,8 +12,25 @@ namespace {
 
 using namespace ado;
 
+// The tables of the books, with those of one year.
+test::PlainStore& Books() {
+    static test::PlainStore store{std::string(host::Embedded("schema.sql"))};
+    static const bool copied = [] {
+        for (const auto& [from, to] : {std::pair{"tblsysLedgerstr", "tb_Ledger2001"},
+                                       {"tblsysItemLedstr", "tblItemLed2001"},
+                                       {"tblsysPOstr", "tblPO2001"},
+                                       {"tblsysPODetstr", "tblPODet2001"},
+                                       {"tblSysBills", "tblBills2001"},
+                                       {"ItemMasterstr", "ItemMaster2001"}})
+            store.Copy(from, to);
+        return true;
+    }();
+    static_cast<void>(copied);
+    return store;
+}
+
 Plan Of(const std::string& statement, bool rowid = false) {
-    static test::PlainStore store;
+    test::PlainStore& store = Books();
     const Plan plan = Translate(ShapeOf(statement), store, {.rowid = rowid});
     const bool hasSql = plan.kind != StatementKind::SelectInto;
     EXPECT_EQ(hasSql ? store.Prepare(plan.Sql()) : "", "") << statement << "\n" << plan.Sql();

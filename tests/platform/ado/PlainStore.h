@@ -7,34 +7,25 @@
 
 #include <sqlcipher/sqlite3.h>
 
-#include "host/Embedded.h"
 #include "platform/ado/Dialect.h"
 #include "platform/basic/Text.h"
 
 namespace ado::test {
 
-// The tables of the books in the memory of the plain library: tells the translator about them and takes what
+// Tables in the memory of the plain library: tells the translator about them and takes what
 // it made of a statement, so that nothing slips through that the store would refuse.
 class PlainStore final : public Catalog {
   public:
-    PlainStore() {
+    explicit PlainStore(const std::string& definitions) {
         sqlite3_open(":memory:", &db_);
-        Run(std::string(host::Embedded("schema.sql")));
-        for (const auto& [stem, table] :
-             std::map<std::string, std::string>{{"tblsysLedgerstr", "tb_Ledger2001"},
-                                                {"tblsysItemLedstr", "tblItemLed2001"},
-                                                {"tblsysPOstr", "tblPO2001"},
-                                                {"tblsysPODetstr", "tblPODet2001"},
-                                                {"tblSysBills", "tblBills2001"},
-                                                {"ItemMasterstr", "ItemMaster2001"}})
-            CopyDefinition(stem, table);
+        Run(definitions);
         const auto nothing = [](sqlite3_context* context, int, sqlite3_value**) {
             sqlite3_result_null(context);
         };
         for (const char* name : {"qm_like", "qm_ucase", "qm_left", "qm_cstr", "qm_div", "qm_bool", "qm_int",
                                  "qm_long", "qm_real", "qm_text"})
             sqlite3_create_function(db_, name, -1, SQLITE_UTF8, nullptr, nothing, nullptr, nullptr);
-        sqlite3_create_function(db_, "qm_single", 1, SQLITE_UTF8, nullptr, nullptr, nothing,
+        sqlite3_create_function(db_, "qm_single", 2, SQLITE_UTF8, nullptr, nullptr, nothing,
                                 [](sqlite3_context*) {});
         sqlite3_create_collation(db_, "QMTEXT", SQLITE_UTF8, nullptr,
                                  [](void*, int, const void*, int, const void*) { return 0; });
@@ -42,6 +33,11 @@ class PlainStore final : public Catalog {
     ~PlainStore() override { sqlite3_close(db_); }
     PlainStore(const PlainStore&) = delete;
     PlainStore& operator=(const PlainStore&) = delete;
+
+    // Makes a table with the fields of another.
+    void Copy(const std::string& from, const std::string& to) {
+        Run("CREATE TABLE " + to + DefinitionOf(from));
+    }
 
     const TableInfo* Table(std::string_view name) override {
         auto& info = byFoldedName_[basic::FoldCase(name)];
@@ -61,10 +57,6 @@ class PlainStore final : public Catalog {
     void Run(const std::string& sql) {
         if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
             throw std::runtime_error(sqlite3_errmsg(db_));
-    }
-
-    void CopyDefinition(const std::string& from, const std::string& to) {
-        Run("CREATE TABLE " + to + DefinitionOf(from));
     }
 
     // What stands behind the table's name in its definition.
