@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 #include <string>
 
 #include <dlfcn.h>
@@ -31,6 +32,18 @@ Routine* Find(const char* name) {
     return Library() == nullptr ? nullptr : reinterpret_cast<Routine*>(dlsym(Library(), name));
 }
 
+template <class Routine>
+Routine* Need(const char* name) {
+    auto* routine = Find<Routine>(name);
+    if (routine == nullptr)
+        throw basic::Error(
+            CannotLoad,
+            "The screens cannot be loaded: libqmscreens.so is missing beside libqmcls.so, or a "
+            "package that it needs is not installed",
+            "core.Screens");
+    return routine;
+}
+
 bool Named(const char* variable) {
     const char* value = std::getenv(variable);
     return value != nullptr && *value != '\0';
@@ -50,15 +63,23 @@ bool LoadScreens() {
 }
 
 void ShowMainMenu() {
-    auto* show = Find<void()>("qmShowMainMenu");
-    if (show == nullptr)
-        throw basic::Error(
-            CannotLoad,
-            "The screens cannot be loaded: libqmscreens.so is missing beside libqmcls.so, or a "
-            "package that it needs is not installed",
-            "core.Screens");
-    if (!LoadScreens()) return;
+    auto* show = Need<void()>("qmShowMainMenu");
+    LoadScreens();
     show();
+}
+
+void OpenScreen(const std::string& form) {
+    auto* open = Need<void(const char*)>("qmOpenScreen");
+    LoadScreens();
+    open(form.c_str());
+}
+
+std::vector<std::string> ScreenNames() {
+    auto* names = Find<const char*()>("qmScreenNames");
+    std::vector<std::string> list;
+    std::istringstream lines(names == nullptr ? "" : names());
+    for (std::string line; std::getline(lines, line);) list.push_back(line);
+    return list;
 }
 
 }  // namespace qm

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace qm {
 
 // Whether a window could be shown at all: a display is named by the environment.
@@ -11,5 +14,12 @@ bool LoadScreens();
 
 // Loads the screens and shows the main menu modally. Raises where the screens or a display are missing.
 void ShowMainMenu();
+
+// Opens one screen modally by its form's name, such as "frmFinYear", on the books that are open. Raises where
+// there is no such screen and, as above, where none can be shown.
+void OpenScreen(const std::string& form);
+
+// The names that OpenScreen knows; none where the screens cannot be loaded.
+std::vector<std::string> ScreenNames();
 
 }  // namespace qm

@@ -13,6 +13,7 @@
 #include "platform/forms/TestSeams.h"
 #include "platform/forms/Text.h"
 #include "platform/forms/UserControl.h"
+#include "platform/forms/grid/TextMeasure.h"
 
 namespace forms {
 namespace {
@@ -177,6 +178,11 @@ void Form::Minimize() {
 void Form::SetBorderless() {
     EnsureLoaded();
     window_->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+}
+
+int Form::TextWidth(const std::string& text) {
+    EnsureLoaded();
+    return TwipsFromPixels(TextMeasure(window_->font()).Width(text), window_);
 }
 
 int Form::Top() {

@@ -44,8 +44,10 @@ class Form : public basic::ControlHost {
     void SetCaption(const std::string& caption);
     void SetMousePointer(int pointer);  // 0 the usual one, 11 the hourglass
     void Minimize();
-    void SetBorderless();  // a window without the system's frame; call it in Form_Load
-    int Top();             // twips
+    // A window without the system's frame, which its background moves; call it in Form_Load.
+    void SetBorderless();
+    int TextWidth(const std::string& text);  // twips, in the window's font; of the longest line
+    int Top();                               // twips
     void SetTop(int top);
     int Width();
     int Height();

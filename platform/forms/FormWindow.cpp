@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QPushButton>
+#include <QWindow>
 
 #include "platform/forms/Form.h"
 #include "platform/forms/UserControl.h"
@@ -178,8 +179,20 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
     if (form_ && isVisible()) RunEvent(this, [this] { form_->Form_Resize(); });
 }
 
+// A window without a frame is moved by its background: by the system where that can do it.
+void FormWindow::mousePressEvent(QMouseEvent* event) {
+    QDialog::mousePressEvent(event);
+    const bool frameless = windowFlags() & Qt::FramelessWindowHint;
+    if (!frameless || event->button() != Qt::LeftButton) return;
+    event->accept();
+    if (!windowHandle()->startSystemMove()) grip_ = event->globalPosition().toPoint() - pos();
+}
+
 void FormWindow::mouseMoveEvent(QMouseEvent* event) {
     QDialog::mouseMoveEvent(event);
+    const bool held = event->buttons() & Qt::LeftButton;
+    if (!grip_.isNull() && held) return move(event->globalPosition().toPoint() - grip_);
+    grip_ = {};
     if (form_) RunEvent(this, [this] { form_->Form_MouseMove(); });
 }
 

@@ -38,6 +38,7 @@ class FormWindow : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
@@ -57,6 +58,7 @@ class FormWindow : public QDialog {
     int runningEvents_ = 0;
     bool unloadWanted_ = false;
     QEventLoop* modalLoop_ = nullptr;
+    QPoint grip_;  // where in the window the mouse drags it
 };
 
 }  // namespace forms

@@ -28,6 +28,11 @@ void Label::SetForeColor(unsigned colour) {
     setPalette(colours);
 }
 
+void Label::mousePressEvent(QMouseEvent* event) {
+    QLabel::mousePressEvent(event);
+    if (Click) event->accept();  // it does not drag the form then
+}
+
 void Label::mouseReleaseEvent(QMouseEvent* event) {
     QLabel::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) Click.Fire();

@@ -22,6 +22,7 @@ class Label : public QLabel, public Control {
     Event<> MouseMove;
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 };

@@ -1,0 +1,37 @@
+#include "shell/ScreenTable.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/forms/Form.h"
+
+namespace qm {
+namespace {
+
+template <class F>
+void ShowModal() {
+    forms::Default<F>().Show(forms::vbModal);
+}
+
+// Form, key, opener; in the order of the menu, then those that no row leads to.
+constexpr std::array<ScreenEntry, 0> Table{};
+
+const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
+    const auto found =
+        std::find_if(Table.begin(), Table.end(), [&](const ScreenEntry& e) { return e.*name == wanted; });
+    return wanted.empty() || found == Table.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::span<const ScreenEntry> ScreenTable() {
+    return Table;
+}
+const ScreenEntry* ScreenByForm(std::string_view form) {
+    return Find(&ScreenEntry::Form, form);
+}
+const ScreenEntry* ScreenByKey(std::string_view key) {
+    return Find(&ScreenEntry::Key, key);
+}
+
+}  // namespace qm

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "platform/forms/Controls.h"
+#include "platform/forms/VSFlexGrid.h"
+#include "ui_frmNewMenu.h"
+
+namespace qm {
+
+// The main menu: a window without frame, two grids as menus. The options of a category appear as soon as the
+// mouse is over it; a click on an option opens its screen. By keyboard: arrows, Enter, Alt and the first
+// letter of a category or an option, Esc.
+class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
+  public:
+    // Opens the books in dataPath and reads the current year, then shows the menu modally. Raises what
+    // opening raises.
+    void Load();
+
+  protected:
+    void Wire() override;
+    void Form_Load() override;
+    void Form_MouseMove() override;
+
+  private:
+    void ClearOptions();
+    void ShowCategory(int row);
+    void MarkOption(int row);
+    void Press(forms::VSFlexGrid& grid);
+    void Release(forms::VSFlexGrid& grid);
+    void OpenOption(int row);
+    void StepCategory(int step);
+    void StepOption(int step);
+    bool Letter(int keyCode);
+
+    void vsFinOptions_MouseMove();
+    void vsFinOptions_KeyDown(int& keyCode, int shift);
+    void vsOptions_MouseMove();
+    void vsOptions_Click();
+    void vsOptions_KeyDown(int& keyCode, int shift);
+    void lblMinimize_Click();
+    void cmdExit_Click();
+
+    int pressedRow_ = -1;
+};
+
+}  // namespace qm
