@@ -20,5 +20,7 @@ void AddYearSwitch(CLI::App& app, Command& chosen);
 void AddAddYear(CLI::App& app, Command& chosen);
 void AddCheck(CLI::App& app, Command& chosen);
 void AddBackup(CLI::App& app, Command& chosen);
+void AddMenu(CLI::App& app, Command& chosen);
+void AddOpen(CLI::App& app, Command& chosen);
 
 }  // namespace host

@@ -20,8 +20,9 @@ int Run(int argc, char** argv) {
     app.require_subcommand(0, 1);  // none is told below, so that an unknown one is named first
     app.footer("Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
     host::Command chosen;
-    for (const auto add : {host::AddCreate, host::AddPost, host::AddLedgers, host::AddYears,
-                           host::AddYearSwitch, host::AddAddYear, host::AddCheck, host::AddBackup})
+    for (const auto add :
+         {host::AddMenu, host::AddOpen, host::AddCreate, host::AddPost, host::AddLedgers, host::AddYears,
+          host::AddYearSwitch, host::AddAddYear, host::AddCheck, host::AddBackup})
         add(app, chosen);
     try {
         app.parse(argc, argv);

@@ -1,4 +1,5 @@
 #include "tests/screens/YearScreens.h"
+#include "tests/support/BoxScript.h"
 #include "years/frmClosingBal.h"
 
 namespace {
@@ -53,7 +54,7 @@ TEST_F(ClosingBalTest, OnlyTheKeysOfANumberAreTaken) {
         ui().txtClosingBal->SetFocus();
         Type(form, "a1,2 .e5-x+");
         EXPECT_EQ(ui().txtClosingBal->Text(), "12.5-");
-        boxes.Expect("Please enter a valid numeric quantity");
+        ExpectBox("Please enter a valid numeric quantity");
         Click(ui().cmdExit);
         EXPECT_EQ(Active(form), "txtClosingBal");
         Key(form, Qt::Key_S, Qt::ControlModifier);  // asks nobody
@@ -66,7 +67,7 @@ TEST_F(ClosingBalTest, OnlyTheKeysOfANumberAreTaken) {
 
 TEST_F(ClosingBalTest, AnEmptyFigureIsRefused) {
     Open(stock, [&] {
-        boxes.Expect("Please specify the Stock Closing Balance");
+        ExpectBox("Please specify the Stock Closing Balance");
         Click(ui().cmdSave);
         EXPECT_EQ(Active(form), "txtClosingBal");
         Key(form, Qt::Key_E, Qt::AltModifier);
@@ -102,11 +103,11 @@ TEST_F(ClosingBalTest, TheAutomaticSaveIsAlwaysRefused) {
     const char* const refusal = "Cannot bring stock balances from inventory\r\n\r\nPlease specify manually";
     Open(stock, [&] {
         Key(form, Qt::Key_A, Qt::AltModifier);
-        boxes.Expect(refusal);
+        ExpectBox(refusal);
         Click(ui().cmdSave);
         Key(form, Qt::Key_G, Qt::ControlModifier);
         EXPECT_EQ(ui().txtAuto->Text(), "");
-        boxes.Expect(refusal);
+        ExpectBox(refusal);
         Key(form, Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(Active(form), "cmdSave");
     });
@@ -119,6 +120,7 @@ TEST_F(ClosingBalTest, ALedgerWithoutARowIsRolledBackAndLogged) {
     Open(9999, [&] {
         ui().txtClosingBal->SetFocus();
         Type(form, "7");
+        test::BoxScript boxes;
         boxes.ExpectLog("frmClosingBal", "");
         Click(ui().cmdSave);
         EXPECT_TRUE(form.Visible());
@@ -134,11 +136,12 @@ TEST_F(ClosingBalTest, AFailingStatementIsRolledBackAndLogged) {
     Open(stock, [&] {
         ui().txtClosingBal->SetFocus();
         Type(form, "7");
+        test::BoxScript boxes;
         boxes.ExpectLog("frmClosingBal", "");
         Click(ui().cmdSave);
     });
     EXPECT_EQ(qm::Conn().TransDepth(), 0);
-    EXPECT_EQ(One("Select frmName From tblError"), "frmClosingBal");
+    EXPECT_EQ(Rows("Select frmName From tblError"), Lines{"frmClosingBal"});
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ class NewFinYearTest : public YearScreensTest {
         return errors;
     }
     void ExpectFailures(int count) {
-        for (int i = 0; i < count; ++i) boxes.Expect(Failed);
+        for (int i = 0; i < count; ++i) ExpectBox(Failed);
     }
     // Types the year, leaves the box by Tab and saves by the mouse.
     void Save(const char* year) {
@@ -134,7 +134,7 @@ TEST_F(NewFinYearTest, ARefusedYearHoldsTheFocusAndTheWindowsOwnCloseGetsOut) {
     for (const auto& leave : std::vector<std::function<void()>>{
              [&] { Click(form.ui().cmdExit); }, [&] { Key(form, Qt::Key_E, Qt::AltModifier); },
              [&] { Click(form.ui().cmdSave); }, [&] { Key(form, Qt::Key_Return); }}) {
-        boxes.Expect("Only Numeric Data Acceptable");
+        ExpectBox("Only Numeric Data Acceptable");
         leave();
         EXPECT_EQ(Active(form), "txtFrom");
     }

@@ -1,0 +1,163 @@
+#include <QTimer>
+
+#include "ScreenFixture.h"
+#include "core/clQm.h"
+#include "shell/ScreenTable.h"
+#include "shell/frmNewMenu.h"
+
+using namespace testing;
+
+namespace {
+
+class MenuTest : public test::ScreenTest {
+  protected:
+    // The host's call, with the menu visited while it stands.
+    void InMenu(const std::function<void(qm::frmNewMenu& menu)>& visit) {
+        script.Modal("frmNewMenu",
+                     [visit](forms::Form& form) { visit(dynamic_cast<qm::frmNewMenu&>(form)); });
+        books.Host().QmMainMenu();
+        EXPECT_FALSE(forms::Default<qm::frmNewMenu>().Loaded());
+    }
+    // Captions and keys of the rows that have any, with their row.
+    static test::Lines Shown(qm::frmNewMenu& menu) {
+        test::Lines lines;
+        const forms::VSFlexGrid& grid = *menu.ui().vsOptions;
+        for (int row = 0; row < grid.Rows(); ++row) {
+            const std::string key = basic::TextOrEmpty(grid.CellData(row, 1));
+            if (!grid.TextMatrix(row, 1).empty() || !key.empty())
+                lines.push_back(std::to_string(row) + " " + grid.TextMatrix(row, 1) + " " + key);
+        }
+        return lines;
+    }
+    // The row that is marked; -1: none.
+    static int Marked(qm::frmNewMenu& menu) {
+        const forms::VSFlexGrid& grid = *menu.ui().vsOptions;
+        for (int row = 0; row < grid.Rows(); ++row)
+            if (grid.CellBackColor(row, 1) != forms::NoColor) return row;
+        return -1;
+    }
+};
+
+const test::Lines Masters = {"0 Set Financial Year frmFinYear", "3 Group Master frmGrpMain",
+                             "6 Ledger Master Ledger_Master"};
+const test::Lines Transactions = {"0 Voucher Entry fVoucher"};
+const test::Lines Reports = {"0 Final Results frmTPL", "3 Day Book frmDayBook", "6 Ledger frmPartyLedger"};
+
+TEST_F(MenuTest, OptionsFollowTheMouseOverTheCategories) {
+    InMenu([](qm::frmNewMenu& menu) {
+        forms::VSFlexGrid& categories = *menu.ui().vsFinOptions;
+        EXPECT_EQ(categories.TextMatrix(10, 0), "\tTransactions");
+        EXPECT_THAT(Shown(menu), IsEmpty());
+        const std::pair<int, test::Lines> walk[] = {
+            {5, Masters}, {7, Masters}, {15, Reports}, {0, Reports}, {10, Transactions}};
+        for (const auto& [row, options] : walk) {
+            Hover(categories, row);
+            EXPECT_THAT(Shown(menu), ElementsAreArray(options)) << "row " << row;
+        }
+    });
+}
+
+TEST_F(MenuTest, OnlyALiveOptionIsMarkedAndBearsTheHand) {
+    InMenu([](qm::frmNewMenu& menu) {
+        forms::VSFlexGrid& options = *menu.ui().vsOptions;
+        const auto pointer = [&] { return options.viewport()->cursor().shape(); };
+        Hover(*menu.ui().vsFinOptions, 10);
+        Hover(options, 0, 1);
+        EXPECT_EQ(Marked(menu), 0);
+        EXPECT_EQ(pointer(), Qt::PointingHandCursor);
+        Hover(options, 3, 1);
+        EXPECT_EQ(Marked(menu), -1);
+        EXPECT_EQ(pointer(), Qt::ArrowCursor);
+        QTest::mousePress(options.viewport(), Qt::LeftButton, {}, Place(options, 6, 1));
+        EXPECT_EQ(Marked(menu), 6);
+        QTest::mouseRelease(options.viewport(), Qt::LeftButton, {}, Place(options, 6, 1));
+        EXPECT_EQ(Marked(menu), -1) << "a click on a row without a key does nothing";
+    });
+}
+
+// Every row whose screen stands opens it and is live again afterwards; the others do nothing.
+TEST_F(MenuTest, WalksAllScreensWithTheMouse) {
+    InMenu([&](qm::frmNewMenu& menu) {
+        for (const int category : {5, 10, 15}) {
+            Hover(*menu.ui().vsFinOptions, category);
+            for (const int row : {0, 3, 6}) {
+                const std::string key = basic::TextOrEmpty(menu.ui().vsOptions->CellData(row, 1));
+                if (const auto* screen = qm::ScreenByKey(key)) script.Modal(std::string(screen->Form));
+                ClickCell(*menu.ui().vsOptions, row, 1);
+                EXPECT_TRUE(menu.Visible());
+                EXPECT_EQ(script.LeftOver(), 0U);
+            }
+        }
+        Click(menu.ui().lblClose);
+        EXPECT_FALSE(menu.Loaded());
+    });
+    EXPECT_EQ(test::FreshBooks::One("Select Count(*) From Fnncl_Yr_Mstr"), "1")
+        << "the connection stays open for the host";
+}
+
+TEST_F(MenuTest, WalksAllScreensWithTheKeyboard) {
+    InMenu([&](qm::frmNewMenu& menu) {
+        const auto focused = [&] { return menu.ActiveControl()->Name(); };
+        EXPECT_EQ(focused(), "vsFinOptions");
+        for (const auto& options : {Masters, Transactions, Reports}) {
+            Key(menu, Qt::Key_Down);
+            EXPECT_THAT(Shown(menu), ElementsAreArray(options));
+            Key(menu, Qt::Key_Right);
+            EXPECT_EQ(focused(), "vsOptions");
+            for (const std::string& option : options) {
+                EXPECT_EQ(Marked(menu), std::stoi(option));
+                const auto* screen = qm::ScreenByKey(option.substr(option.rfind(' ') + 1));
+                if (screen) script.Modal(std::string(screen->Form));
+                Key(menu, Qt::Key_Return);
+                EXPECT_EQ(script.LeftOver(), 0U);
+                Key(menu, Qt::Key_Down);
+            }
+            EXPECT_EQ(Marked(menu), std::stoi(options.back())) << "there is none below the last";
+            Key(menu, Qt::Key_Left);
+            EXPECT_EQ(Marked(menu), -1);
+        }
+        Key(menu, Qt::Key_M, Qt::AltModifier);
+        EXPECT_THAT(Shown(menu), ElementsAreArray(Masters));
+        if (qm::ScreenByKey("frmFinYear")) script.Modal("frmFinYear");
+        Key(menu, Qt::Key_S, Qt::AltModifier);
+        EXPECT_EQ(script.LeftOver(), 0U);
+        Key(menu, Qt::Key_Escape);
+        EXPECT_FALSE(menu.Loaded());
+    });
+}
+
+TEST_F(MenuTest, LabelsTurnRedUnderTheMouseAndTheBackgroundMovesTheWindow) {
+    InMenu([](qm::frmNewMenu& menu) {
+        const unsigned calm = menu.ui().lblClose->ForeColor();
+        for (forms::Label* label : {menu.ui().lblClose, menu.ui().lblMinimize}) {
+            Hover(label, {5, 5});
+            EXPECT_EQ(label->ForeColor(), forms::vbRed);
+        }
+        Hover(menu.ui().lblTitle, {5, 5});
+        EXPECT_EQ(menu.ui().lblClose->ForeColor(), calm);
+        EXPECT_EQ(menu.ui().lblMinimize->ForeColor(), calm);
+
+        const QPoint before = menu.Window()->pos();
+        const auto drag = [&](forms::Label* label) {
+            QTest::mousePress(label, Qt::LeftButton, {}, {4, 4});
+            Hover(label, {24, 14}, Qt::LeftButton);
+        };
+        drag(menu.ui().lblClose);
+        EXPECT_EQ(menu.Window()->pos(), before) << "a label that is clicked drags nothing";
+        drag(menu.ui().lblTitle);
+        EXPECT_EQ(menu.Window()->pos(), before + QPoint(20, 10));
+        QTest::mouseRelease(menu.ui().lblTitle, Qt::LeftButton, {}, {4, 4});
+        Click(menu.ui().lblMinimize);
+        EXPECT_TRUE(menu.Window()->isMinimized());
+    });
+}
+
+TEST_F(MenuTest, BooksThatCannotBeOpenedAreTheHostsError) {
+    books.CloseHost();
+    qm::clQm host;
+    host.dataPath("");
+    EXPECT_THROW(host.QmMainMenu(), basic::Error);
+    EXPECT_FALSE(forms::Default<qm::frmNewMenu>().Loaded());
+}
+
+}  // namespace
