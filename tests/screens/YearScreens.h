@@ -31,5 +31,7 @@ class YearScreensTest : public test::ScreenTest {
         Key(form, Qt::Key_Delete);
         Type(form, text);
     }
-    void ExpectBox(const std::string& text) { script.Box({.text = text, .flags = qm::vbInformation}); }
+    void ExpectBox(const std::string& text) {
+        script.Box(forms::Script::ExpectedBox{.text = text, .flags = qm::vbInformation});
+    }
 };
