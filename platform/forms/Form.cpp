@@ -59,6 +59,7 @@ void Form::EnsureLoaded() {
         try {
             BuildWindow(*window_);
             Style::Apply(*window_);
+            window_->ensurePolished();  // later it would undo the colours that Form_Load sets
             NameForAssistance(*window_);
             Wire();
             Form_Load();
