@@ -183,7 +183,9 @@ void Form::SetBorderless() {
 
 int Form::TextWidth(const std::string& text) {
     EnsureLoaded();
-    return TwipsFromPixels(TextMeasure(window_->font()).Width(text), window_);
+    QFont font = window_->font();
+    font.setBold(true);
+    return TwipsFromPixels(TextMeasure(font).Width(text), window_);
 }
 
 int Form::Top() {
