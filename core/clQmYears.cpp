@@ -1,6 +1,7 @@
 // The year calls of the class.
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/OpeningBalance.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
@@ -30,24 +31,6 @@ std::string MoveFlag(ado::Recordset& current, const std::string& sFinYear) {
     }
     wanted.Close();
     return moved;
-}
-
-// Puts the ledger's closing figure into its opening balance, on the side on which it falls. A Null total
-// raises.
-void FoldTotals(ado::Recordset& row) {
-    const double debit = basic::ToDouble(row["LedDetDRTxnTot"]),
-                 credit = basic::ToDouble(row["LedDetCRTxnTot"]);
-    const double opening = basic::ToDouble(row["Opening_Bal"]);
-    const bool onCredit = basic::TextOrEmpty(row["Bal_Type"]) == "C";
-    const double folded = onCredit ? opening + credit - debit : opening + debit - credit;
-    row.Fields("Opening_Bal").SetValue(folded < 0 ? -folded : folded);
-    if (folded < 0)
-        row.Fields("Bal_Type").SetValue(onCredit ? "D" : "C");
-    else if (!onCredit)
-        row.Fields("Bal_Type").SetValue("D");
-    row.Fields("LedDetCRTxnTot").SetValue(0.0);
-    row.Fields("LedDetDRTxnTot").SetValue(0.0);
-    row.Fields("Closing_Bal").SetValue(0.0);
 }
 
 }  // namespace
@@ -105,7 +88,8 @@ void clQm::CarryForwardBalances() {
     rows.Open("Select * From Ledger_Details Where Fnncl_Yr = " + shared().FinYear, shared().Connection,
               ado::adOpenForwardOnly, ado::adLockOptimistic);
     if (!rows.Eof() && !rows.Bof()) rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext()) FoldTotals(rows);  // the move stores the edit
+    for (; !rows.Eof(); rows.MoveNext())  // the move stores the edit; a Null total raises
+        FoldTotals(rows, basic::ToDouble(rows["LedDetDRTxnTot"]), basic::ToDouble(rows["LedDetCRTxnTot"]));
     rows.Close();
 }
 

@@ -23,7 +23,7 @@ METHOD, GET, PUT = 1, 2, 4
 DISPID_PROPERTYPUT = -3
 DISP_E_EXCEPTION = 0x80020009
 
-VT_EMPTY, VT_NULL, VT_I2, VT_I4, VT_R8, VT_DATE, VT_BSTR, VT_DISPATCH, VT_BOOL = 0, 1, 2, 3, 5, 7, 8, 9, 11
+VT_I2, VT_I4, VT_R8, VT_DATE, VT_BSTR, VT_DISPATCH, VT_BOOL = 2, 3, 5, 7, 8, 9, 11
 
 
 class VariantData(ctypes.Union):
@@ -102,7 +102,8 @@ class Library:
         if isinstance(value, float):
             return Variant(VT_R8, data=VariantData(double=value))
         text = value.encode("utf-16-le")
-        return Variant(VT_BSTR, data=VariantData(pointer=self.exports.SysAllocStringLen(text, len(text) // 2)))
+        made = self.exports.SysAllocStringLen(text, len(text) // 2)
+        return Variant(VT_BSTR, data=VariantData(pointer=made))
 
     def value(self, variant):
         """The Python value of a result, which it takes over: a text is freed, an object belongs to its wrapper."""
@@ -112,7 +113,8 @@ class Library:
             return Dispatch(self, ctypes.c_void_p(variant.pointer))
         if variant.vt == VT_BOOL:
             return variant.short != 0
-        return {VT_I2: variant.short, VT_I4: variant.long, VT_R8: variant.double, VT_DATE: variant.double}.get(variant.vt)
+        plain = {VT_I2: "short", VT_I4: "long", VT_R8: "double", VT_DATE: "double"}
+        return getattr(variant, plain[variant.vt]) if variant.vt in plain else None
 
     def take_text(self, bstr):
         text = ctypes.string_at(bstr, self.exports.SysStringLen(bstr) * 2).decode("utf-16-le") if bstr else ""
@@ -148,7 +150,8 @@ class Dispatch:
             names = [DISPID_PROPERTYPUT]
         # The named ones come first, the others behind them with the last one first.
         values = [self._library.variant(value) for value in [*named.values(), *reversed(positional)]]
-        arguments = Arguments((Variant * len(values))(*values), (ctypes.c_int32 * len(names))(*names), len(values), len(names))
+        arguments = Arguments((Variant * len(values))(*values), (ctypes.c_int32 * len(names))(*names),
+                              len(values), len(names))
         result, failure = Variant(), Failure()
         outcome = member(self._pointer, INVOKE)(
             self._pointer, own, guid(IID_NULL), 0, flags, ctypes.byref(arguments), ctypes.byref(result),
@@ -157,7 +160,8 @@ class Dispatch:
             if value.vt == VT_BSTR:
                 self._library.exports.SysFreeString(value.pointer)
         if outcome & 0xFFFFFFFF == DISP_E_EXCEPTION:
-            raise ComError(failure.scode, self._library.take_text(failure.description), self._library.take_text(failure.source))
+            take = self._library.take_text
+            raise ComError(failure.scode, take(failure.description), take(failure.source))
         check(outcome)
         return self._library.value(result)
 
@@ -204,7 +208,8 @@ def post_change_delete(host):
     number = host.GetNextTrnID()
     posted = [
         host.InsertVoucher(number, FIRST_OF_APRIL_2001, "R", "D", "Counter sale", 1500.5, cash, cash_name),
-        host.InsertVoucher(number, FIRST_OF_APRIL_2001, "R", "C", "Counter sale", lLedCode=sales, sLedName=sales_name, dAmt=1500.5),
+        host.InsertVoucher(number, FIRST_OF_APRIL_2001, "R", "C", "Counter sale",
+                           lLedCode=sales, sLedName=sales_name, dAmt=1500.5),
     ]
     print(f"posted voucher {number}: {cash_name} to {sales_name} 1500.50: {posted}")
     following = host.VchrTrnNo()

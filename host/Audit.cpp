@@ -35,6 +35,11 @@ bool Audit::HasTable(const std::string& table) {
     }
 }
 
+std::int32_t IdOf(ado::Recordset& row, std::string_view field) {
+    const basic::Value id = row[field];
+    return id.IsNull() ? 0 : basic::ToLong(id);
+}
+
 std::string Rupees(double amount) {
     return basic::NumberText(basic::Round(amount, 2));
 }

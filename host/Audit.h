@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/ado/Recordset.h"
@@ -46,6 +48,10 @@ void AuditYears(Audit& audit);     // flags, doubled years, tables; tells the au
 void AuditLedgers(Audit& audit);   // leaves, ledgers and details against each other
 void AuditVouchers(Audit& audit);  // sides, unknown ledgers, running totals
 void AuditStock(Audit& audit);     // counters against movements, bills against vouchers
+
+// A number that a row bears. Books that are not whole hold rows without one, which the audit must not fall
+// over: it counts as 0, which no row of the system bears.
+std::int32_t IdOf(ado::Recordset& row, std::string_view field);
 
 // A sum as messages show it, rounded to paise: 0.1 + 0.2 - 0.3 is 0.
 std::string Rupees(double amount);

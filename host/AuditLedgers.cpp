@@ -21,9 +21,9 @@ Chart ReadTree(Audit& audit) {
     Chart chart;
     audit.Each("Select Group_Id, Group_Head_Name, Parent_Id From Group_Head_Master",
                [&](ado::Recordset& row) {
-                   const Id id = basic::ToLong(row["Group_Id"]);
+                   const Id id = IdOf(row, "Group_Id");
                    const std::string name = basic::TextOrEmpty(row["Group_Head_Name"]);
-                   const bool isPrimary = basic::NumberOrZero(row["Parent_Id"]) == 0;
+                   const bool isPrimary = IdOf(row, "Parent_Id") == 0;
                    (isPrimary ? chart.primary : chart.leaves)[id] = name;
                    if (isPrimary) chart.primaryNames.insert(basic::FoldCase(name));
                });
@@ -32,7 +32,7 @@ Chart ReadTree(Audit& audit) {
 
 void CheckLedgers(Audit& audit, Chart& chart) {
     audit.Each("Select Ledger_ID, Name, Group_Id, PrimaryGrp From Ledger_Master", [&](ado::Recordset& row) {
-        const Id id = basic::ToLong(row["Ledger_ID"]);
+        const Id id = IdOf(row, "Ledger_ID");
         const std::string name = basic::TextOrEmpty(row["Name"]);
         const std::string primary = basic::TextOrEmpty(row["PrimaryGrp"]);
         if (!chart.ledgers.emplace(id, name).second) audit.Error(Named(id, name) + ": stands twice");
@@ -41,7 +41,7 @@ void CheckLedgers(Audit& audit, Chart& chart) {
             audit.Error(Named(id, name) + ": has no leaf in the group tree");
         else if (leaf->second != name)
             audit.Note(Named(id, name) + ": is named '" + leaf->second + "' in the group tree");
-        if (!chart.primary.contains(static_cast<Id>(basic::NumberOrZero(row["Group_Id"]))))
+        if (!chart.primary.contains(IdOf(row, "Group_Id")))
             audit.Error(Named(id, name) + ": its group is no primary group of the tree, so no tree shows it");
         if (!chart.primaryNames.contains(basic::FoldCase(primary)))
             audit.Error(Named(id, name) + ": its primary group '" + primary + "' does not stand");
@@ -54,7 +54,7 @@ void CheckLedgers(Audit& audit, Chart& chart) {
 void CheckDetails(Audit& audit, const Chart& chart) {
     std::map<std::pair<Id, Id>, int> rowsOf;
     audit.Each("Select Ledger_ID, Fnncl_Yr, Bal_Type From Ledger_Details", [&](ado::Recordset& row) {
-        const Id id = basic::ToLong(row["Ledger_ID"]), year = basic::ToLong(row["Fnncl_Yr"]);
+        const Id id = IdOf(row, "Ledger_ID"), year = IdOf(row, "Fnncl_Yr");
         const std::string side = basic::TextOrEmpty(row["Bal_Type"]);
         ++rowsOf[{id, year}];
         if (side != "D" && side != "C")

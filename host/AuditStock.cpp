@@ -14,7 +14,7 @@ std::map<Id, Movements> ReadMovements(Audit& audit, const std::string& year) {
     std::map<Id, Movements> sums;
     audit.Each("Select ItemLedItemID, ItemLedTrnRptQty, ItemLedTrnIssQty From tblItemLed" + year,
                [&](ado::Recordset& row) {
-                   Movements& sum = sums[basic::ToLong(row["ItemLedItemID"])];
+                   Movements& sum = sums[IdOf(row, "ItemLedItemID")];
                    sum.received += basic::NumberOrZero(row["ItemLedTrnRptQty"]);
                    sum.issued += basic::NumberOrZero(row["ItemLedTrnIssQty"]);
                });
@@ -24,7 +24,7 @@ std::map<Id, Movements> ReadMovements(Audit& audit, const std::string& year) {
 void CheckCounters(Audit& audit, const std::string& year, std::map<Id, Movements> sums) {
     audit.Each(
         "Select Item_ID, Item_Name, ReceivedQty, IssuedQty From ItemMaster" + year, [&](ado::Recordset& row) {
-            const Id item = basic::ToLong(row["Item_ID"]);
+            const Id item = IdOf(row, "Item_ID");
             const double received = basic::NumberOrZero(row["ReceivedQty"]);
             const double issued = basic::NumberOrZero(row["IssuedQty"]);
             const Movements sum = sums[item];
@@ -42,9 +42,9 @@ void CheckCounters(Audit& audit, const std::string& year, std::map<Id, Movements
 void CheckBills(Audit& audit, const std::string& year) {
     std::set<Id> vouchers;
     audit.Each("Select LedgerTrnNo From tb_Ledger" + year,
-               [&](ado::Recordset& row) { vouchers.insert(basic::ToLong(row["LedgerTrnNo"])); });
+               [&](ado::Recordset& row) { vouchers.insert(IdOf(row, "LedgerTrnNo")); });
     audit.Each("Select BillID, BillTxnID, BillVchrNo From tblBills" + year, [&](ado::Recordset& row) {
-        const Id voucher = basic::ToLong(row["BillVchrNo"]);
+        const Id voucher = IdOf(row, "BillVchrNo");
         if (!vouchers.contains(voucher))
             audit.Error("bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
                         basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": its voucher " +

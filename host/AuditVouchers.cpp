@@ -21,7 +21,7 @@ YearRows ReadRows(Audit& audit, const std::string& year) {
     audit.Each(
         "Select LedgerTrnNo, LedgerCode, LedgerDrAmt, LedgerCrAmt, LedgerMcGenerated From tb_Ledger" + year,
         [&](ado::Recordset& row) {
-            const Id voucher = basic::ToLong(row["LedgerTrnNo"]), ledger = basic::ToLong(row["LedgerCode"]);
+            const Id voucher = IdOf(row, "LedgerTrnNo"), ledger = IdOf(row, "LedgerCode");
             const bool ofStock = !basic::ToBoolean(row["LedgerMcGenerated"]);
             const Sides amounts{basic::NumberOrZero(row["LedgerDrAmt"]),
                                 basic::NumberOrZero(row["LedgerCrAmt"])};
@@ -64,7 +64,7 @@ void CheckTotals(Audit& audit, const std::string& year, const YearRows& rows) {
     audit.Each(
         "Select Ledger_ID, LedDetDRTxnTot, LedDetCRTxnTot From Ledger_Details Where Fnncl_Yr = " + year,
         [&](ado::Recordset& row) {
-            const Id ledger = basic::ToLong(row["Ledger_ID"]);
+            const Id ledger = IdOf(row, "Ledger_ID");
             const double debit = basic::NumberOrZero(row["LedDetDRTxnTot"]);
             const double credit = basic::NumberOrZero(row["LedDetCRTxnTot"]);
             const Sides sums = SumOf(rows.byLedger, ledger), stock = SumOf(rows.stockByLedger, ledger);
@@ -84,7 +84,7 @@ void CheckTotals(Audit& audit, const std::string& year, const YearRows& rows) {
 void AuditVouchers(Audit& audit) {
     std::set<Id> ledgers;
     audit.Each("Select Ledger_ID From Ledger_Master",
-               [&](ado::Recordset& row) { ledgers.insert(basic::ToLong(row["Ledger_ID"])); });
+               [&](ado::Recordset& row) { ledgers.insert(IdOf(row, "Ledger_ID")); });
     for (const std::string& year : audit.Years()) {
         const YearRows rows = ReadRows(audit, year);
         CheckSides(audit, year, rows);

@@ -8,6 +8,7 @@
 #include "core/modGeneral.h"
 #include "host/Audit.h"
 #include "host/Command.h"
+#include "host/Counted.h"
 #include "host/Exit.h"
 #include "host/ReadOnlyBooks.h"
 
@@ -19,10 +20,9 @@ int Check(const std::string& folder) {
     const std::vector<Finding> findings = Audit::Run();
     for (const Finding& finding : findings)
         std::cout << (finding.severity == Severity::Error ? "error: " : "note:  ") << finding.text << "\n";
-    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
-        return finding.severity == Severity::Error;
-    });
-    std::cout << errors << " errors, " << static_cast<std::ptrdiff_t>(findings.size()) - errors << " notes\n";
+    const auto isError = [](const Finding& finding) { return finding.severity == Severity::Error; };
+    const auto errors = static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isError));
+    std::cout << Counted(errors, "error") << ", " << Counted(findings.size() - errors, "note") << "\n";
     return errors == 0 ? ExitOk : ExitFailed;
 }
 

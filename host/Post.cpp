@@ -6,6 +6,7 @@
 
 #include "core/modGeneral.h"
 #include "host/Command.h"
+#include "host/Counted.h"
 #include "host/Exit.h"
 #include "host/OpenBooks.h"
 #include "host/Posting.h"
@@ -47,7 +48,7 @@ int TellFaults(const std::string& file, const VoucherFile& vouchers) {
     for (const Fault& fault : vouchers.faults)
         std::cerr << file << ":" << fault.line << ": "
                   << (fault.column.empty() ? "" : "column " + fault.column + ": ") << fault.reason << "\n";
-    std::cerr << "qmhost: " << vouchers.faults.size() << " faults; nothing was posted\n";
+    std::cerr << "qmhost: " << Counted(vouchers.faults.size(), "fault") << "; nothing was posted\n";
     return ExitFailed;
 }
 
@@ -62,8 +63,8 @@ int Post(const PostOptions& options) {
     const auto year = basic::ToInteger(basic::Value(qm::shared().FinYear));
     const VoucherFile vouchers = ReadVoucherFile(options.file, books.Host(), year);
     if (!vouchers.faults.empty()) return TellFaults(options.file, vouchers);
-    const std::string size = std::to_string(vouchers.vouchers.size()) + " vouchers, " +
-                             std::to_string(vouchers.RowCount()) + " rows";
+    const std::string size =
+        Counted(vouchers.vouchers.size(), "voucher") + ", " + Counted(vouchers.RowCount(), "row");
     if (options.dryRun) {
         std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
         return ExitOk;

@@ -17,7 +17,7 @@ int Complain(const std::string& text, int code) {
 int Run(int argc, char** argv) {
     CLI::App app("Drives the accounts module: lays down, fills, lists and looks after its books.", "qmhost");
     app.set_version_flag("--version", "qmhost " QM_VERSION, "Print the version and exit");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);  // none is told below, so that an unknown one is named first
     app.footer("Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
     host::Command chosen;
     for (const auto add :
@@ -30,6 +30,7 @@ int Run(int argc, char** argv) {
         if (error.get_exit_code() == 0) return app.exit(error);
         return Complain(std::string(error.what()) + " (see qmhost --help)", host::ExitUsage);
     }
+    if (!chosen) return Complain("A subcommand is required (see qmhost --help)", host::ExitUsage);
     return chosen();
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/forms/Form.h"
+#include "years/frmFinYear.h"
 
 namespace qm {
 namespace {
@@ -14,7 +15,9 @@ void ShowModal() {
 }
 
 // Form, key, opener; in the order of the menu, then those that no row leads to.
-constexpr std::array<ScreenEntry, 0> Table{};
+constexpr auto Table = std::to_array<ScreenEntry>({
+    {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+});
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
     const auto found =

@@ -67,9 +67,11 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
 int Connection::BeginTrans() {
     return Opened()->BeginTrans();
 }
+
 void Connection::CommitTrans() {
     Opened()->CommitTrans();
 }
+
 void Connection::RollbackTrans() {
     Opened()->RollbackTrans();
 }

@@ -66,7 +66,7 @@ std::string InsertReader::GivenValues() {
 std::string InsertReader::SelectedValues() {
     const bool byName = columns_.empty();
     std::size_t place = 0;
-    const std::string sql =
+    std::string sql =
         SelectReader(tokens_, catalog_, plan_).Inserted([&](const std::string& name) -> const ColumnInfo& {
             if (byName) return Add(name);
             if (place == columns_.size()) RefuseCount();

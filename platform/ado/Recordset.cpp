@@ -47,24 +47,31 @@ void Recordset::Close() {
 int Recordset::State() const {
     return impl_->open ? adStateOpen : adStateClosed;
 }
+
 int Recordset::CursorType() const {
     return impl_->cursorType;
 }
+
 int Recordset::LockType() const {
     return impl_->lockType;
 }
+
 int Recordset::CursorLocation() const {
     return impl_->location;
 }
+
 void Recordset::SetCursorLocation(int location) {
     impl_->location = location;
 }
+
 const std::string& Recordset::Source() const {
     return impl_->source;
 }
+
 void Recordset::SetSource(std::string_view source) {
     impl_->source = source;
 }
+
 void Recordset::SetActiveConnection(ConnectionPtr connection) {
     impl_->connection = std::move(connection);
 }
@@ -72,9 +79,11 @@ void Recordset::SetActiveConnection(ConnectionPtr connection) {
 bool Recordset::Eof() const {
     return impl_->position >= impl_->Count();
 }
+
 bool Recordset::Bof() const {
     return impl_->Count() == 0 || impl_->position < 0;
 }
+
 std::int64_t Recordset::RecordCount() const {
     return impl_->Count();
 }

@@ -49,7 +49,7 @@ void Session::Close() {
 
 ReadyStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
     const Shape shape = ShapeOf(statement);
-    std::string key = options.rowid ? "with rowid " + shape.key : shape.key;
+    std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
     CachedStatementPtr cached = cache_.Find(key);
     if (!cached) cached = cache_.Add(std::move(key), Translate(shape, catalog_, options));
     std::vector<basic::Value> values = LiteralValues(shape, *cached->plan);
@@ -74,7 +74,7 @@ ReadyStatement Session::Narrowed(const ReadyStatement& base, const std::string& 
 }
 
 ReadyStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
-    std::string key = "own " + sql;
+    std::string key = "\nown " + sql;
     CachedStatementPtr cached = cache_.Find(key);
     if (!cached) {
         Plan plan;

@@ -168,6 +168,7 @@ std::unique_ptr<EngineStatement> SqlCipherEngine::Prepare(const std::string& sql
 std::int64_t SqlCipherEngine::Changes() const {
     return sqlite3_changes(store_);
 }
+
 bool SqlCipherEngine::InTransaction() const {
     return sqlite3_get_autocommit(store_) == 0;
 }
@@ -191,9 +192,11 @@ void SqlCipherEngine::Commit() {
 void SqlCipherEngine::Rollback() {
     Run("ROLLBACK");
 }
+
 void SqlCipherEngine::Savepoint(int level) {
     Run("SAVEPOINT " + Level(level));
 }
+
 void SqlCipherEngine::Release(int level) {
     Run("RELEASE " + Level(level));
 }

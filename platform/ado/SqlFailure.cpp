@@ -89,6 +89,7 @@ Failure Describe(int code, int systemError, const std::string& message) {
 std::chrono::milliseconds LockWait() {
     return lockWait;
 }
+
 void SetLockWait(std::chrono::milliseconds wait) {
     lockWait = wait;
 }

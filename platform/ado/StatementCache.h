@@ -15,7 +15,7 @@ namespace ado {
 
 // A translated statement with its prepared copies that are not in use at the moment.
 struct CachedStatement {
-    std::string key;
+    std::string key;  // the shape's; a line break, which no shape holds, sets apart what this layer adds
     std::string sql;
     std::shared_ptr<const Plan> plan;
     std::vector<std::unique_ptr<EngineStatement>> idle;

@@ -66,7 +66,6 @@ class Ptr {
 
     Interface* operator->() const { return held_; }
     Interface* Get() const { return held_; }
-    Interface* Detach() { return std::exchange(held_, nullptr); }
 
   private:
     Interface* held_ = nullptr;

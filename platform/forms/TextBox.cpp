@@ -41,7 +41,8 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete || before == vbKeyTab) return QLineEdit::keyPressEvent(event);
     int ascii = before;
     KeyPress.Fire(ascii);
-    if (ascii == 0) return event->accept();
+    const bool enter = before == vbKeyReturn;  // no filter keeps it from the default button
+    if (ascii == 0) return enter ? event->ignore() : event->accept();
     if (ascii == before) return QLineEdit::keyPressEvent(event);
     insert(QString(QChar(static_cast<char16_t>(ascii))));
 }

@@ -16,7 +16,7 @@ namespace {
 using namespace ado;
 
 void CheckTranslation(const Shape& shape, bool rowid) {
-    static test::PlainStore store(fuzz::StatementWriter::Tables);
+    static ado::test::PlainStore store(fuzz::StatementWriter::Tables);
     Plan plan;
     const std::int32_t raised = fuzz::Raised([&] { plan = Translate(shape, store, {.rowid = rowid}); });
     fuzz::Check(raised == 0 || raised == error::Statement || raised == error::NoSuchTable ||

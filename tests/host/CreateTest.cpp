@@ -5,6 +5,7 @@
 
 #include "host/Books.h"
 #include "host/BooksStore.h"
+#include "tests/host/Qmhost.h"
 #include "tests/host/TempFolder.h"
 
 // The command as it is called from a shell.
@@ -13,19 +14,6 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
-
-struct Outcome {
-    int code;
-    std::string said;  // both streams
-};
-
-Outcome Qmhost(const std::string& arguments) {
-    FILE* run = popen((QMHOST " " + arguments + " 2>&1").c_str(), "r");
-    std::string said;
-    char part[4096];
-    for (std::size_t length; (length = fread(part, 1, sizeof part, run)) > 0;) said.append(part, length);
-    return {WEXITSTATUS(pclose(run)), said};
-}
 
 TEST(Create, TellsTheThreeOutcomesApart) {
     const TempFolder folder;

@@ -10,10 +10,10 @@ using namespace ado;
 class Comparison : public ::testing::Test {
   protected:
     std::string Ids(const std::string& condition) {
-        return test::Rows(connection_, "Select Id From T Where " + condition);
+        return ado::test::Rows(connection_, "Select Id From T Where " + condition);
     }
 
-    test::TestStore store_{R"(
+    ado::test::TestStore store_{R"(
         CREATE TABLE T (Id INTEGER, Flag BOOLEAN NOT NULL DEFAULT 0, Qty DOUBLE, Name TEXT, Code TEXT);
         INSERT INTO T VALUES (1, 1, 5.0, 'Äbc', '5'), (2, 0, 0.0, 'def', 'x'), (3, 0, NULL, NULL, NULL))"};
     ConnectionPtr connection_ = store_.Connect();
@@ -86,7 +86,7 @@ TEST_F(Comparison, FitsItsTwoSides) {
         {"1 = (Select Max(U.Id) From T As U Where U.Id < T.Id)", "2"},
     };
     for (const auto& [condition, ids] : cases) EXPECT_EQ(Ids(condition), ids) << condition;
-    EXPECT_EQ(test::ErrorOf(connection_, "Select Id From T Where Id = (Select Id From T As U)"),
+    EXPECT_EQ(ado::test::ErrorOf(connection_, "Select Id From T Where Id = (Select Id From T As U)"),
               error::Statement);
 }
 
@@ -101,7 +101,8 @@ TEST_F(Comparison, StoresWhatTheFieldTakes) {
     for (const auto& [field, value, stored] : cases) {
         connection_->BeginTrans();
         connection_->Execute(std::string("Update T Set ") + field + " = " + value + " Where Id = 1");
-        EXPECT_EQ(test::Rows(connection_, std::string("Select ") + field + " From T Where Id = 1"), stored)
+        EXPECT_EQ(ado::test::Rows(connection_, std::string("Select ") + field + " From T Where Id = 1"),
+                  stored)
             << field << " = " << value;
         connection_->RollbackTrans();
     }

@@ -13,8 +13,8 @@ namespace {
 using namespace ado;
 
 // The tables of the books, with those of one year.
-test::PlainStore& Books() {
-    static test::PlainStore store{std::string(host::Embedded("schema.sql"))};
+ado::test::PlainStore& Books() {
+    static ado::test::PlainStore store{std::string(host::Embedded("schema.sql"))};
     static const bool copied = [] {
         for (const auto& [from, to] : {std::pair{"tblsysLedgerstr", "tb_Ledger2001"},
                                        {"tblsysItemLedstr", "tblItemLed2001"},
@@ -30,7 +30,7 @@ test::PlainStore& Books() {
 }
 
 Plan Of(const std::string& statement, bool rowid = false) {
-    test::PlainStore& store = Books();
+    ado::test::PlainStore& store = Books();
     const Plan plan = Translate(ShapeOf(statement), store, {.rowid = rowid});
     const bool hasSql = plan.kind != StatementKind::SelectInto;
     EXPECT_EQ(hasSql ? store.Prepare(plan.Sql()) : "", "") << statement << "\n" << plan.Sql();
@@ -39,11 +39,11 @@ Plan Of(const std::string& statement, bool rowid = false) {
 
 // The number of the error, 0 if the statement is taken.
 std::int32_t Refusal(const std::string& statement) {
-    return test::ErrorOf([&] { Of(statement); });
+    return ado::test::ErrorOf([&] { Of(statement); });
 }
 
 std::string TextOfRefusal(const std::string& statement) {
-    return test::TextOfError([&] { Of(statement); });
+    return ado::test::TextOfError([&] { Of(statement); });
 }
 
 TEST(Dialect, TakesEveryStatementOfTheSystem) {

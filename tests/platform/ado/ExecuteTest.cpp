@@ -47,6 +47,10 @@ struct Stored {
     const char* reads;  // "" where the value is refused
 };
 
+void PrintTo(const Stored& value, std::ostream* out) {
+    *out << value.literal << " to " << value.field;
+}
+
 class StoredValue : public ExecuteTest, public testing::WithParamInterface<Stored> {};
 
 TEST_P(StoredValue, IsConvertedToItsFieldOrRefused) {

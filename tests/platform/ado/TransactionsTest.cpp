@@ -85,48 +85,52 @@ TEST(TransactionsTest, AFailedStatementInsideLeavesTheRestOfTheLevel) {
     EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "1|a 0|b");
 }
 
-// Another program holds the write lock for a while, or for good.
+// Another program that writes, and holds the write lock until it is told to go on.
 class SecondProgram {
   public:
-    SecondProgram(const TestStore& store, std::chrono::milliseconds hold) {
-        int ready[2];
-        if (pipe(ready) != 0) throw std::runtime_error("no pipe");
+    explicit SecondProgram(const TestStore& store) {
+        int ready[2], go[2];
+        if (pipe(ready) != 0 || pipe(go) != 0) throw std::runtime_error("no pipe");
         child_ = fork();
         if (child_ == 0) {
             const ConnectionPtr other = store.Connect();
             other->BeginTrans();
             other->Execute("Insert Into Small (Remark) Values ('other')");
-            (void)!write(ready[1], "x", 1);
-            std::this_thread::sleep_for(hold);
+            char byte = 'x';
+            (void)!write(ready[1], &byte, 1);
+            (void)!read(go[0], &byte, 1);
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
             other->CommitTrans();
             _exit(0);
         }
         char byte = 0;
         (void)!read(ready[0], &byte, 1);
-        close(ready[0]);
-        close(ready[1]);
+        go_ = go[1];
     }
     ~SecondProgram() {
         kill(child_, SIGKILL);
         waitpid(child_, nullptr, 0);
     }
+    void CommitSoon() const { (void)!write(go_, "x", 1); }
 
   private:
     pid_t child_;
+    int go_;
 };
 
 TEST(TransactionsTest, WaitsForAnotherProgramThatWrites) {
     TestStore store;
-    SecondProgram other(store, std::chrono::milliseconds(300));
+    const SecondProgram other(store);
     const ConnectionPtr c = store.Connect();
     EXPECT_EQ(Rows(c, names), "");  // reading does not wait
+    other.CommitSoon();
     Add(c, "mine");
     EXPECT_EQ(Rows(c, names), "other mine");
 }
 
 TEST(TransactionsTest, GivesUpWithAClearErrorWhenItLastsTooLong) {
     TestStore store;
-    SecondProgram other(store, std::chrono::minutes(1));
+    const SecondProgram other(store);
     SetLockWait(std::chrono::milliseconds(100));
     const ConnectionPtr c = store.Connect();
     EXPECT_EQ(ErrorOf([&] { Add(c, "mine"); }), error::Locked);

@@ -1,0 +1,52 @@
+#include <algorithm>
+#include <csignal>
+#include <random>
+#include <utility>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "tests/outside/PostedBooks.h"
+#include "tests/outside/RunningPoster.h"
+
+namespace test {
+namespace {
+
+// Starts a program that posts without end and kills it a little after it has told of `rows` rows.
+PostedRows ToldBeforeKill(const PostedBooks& books, int rows, useconds_t after) {
+    RunningPoster poster(books.DataPath(), 1000000);
+    PostedRows told;
+    for (std::optional<std::string> line; static_cast<int>(told.size()) < rows && (line = poster.Line());)
+        told.insert(*line);
+    usleep(after);
+    poster.Kill();
+    for (const std::string& line : poster.Lines()) told.insert(line);
+    EXPECT_EQ(poster.Wait(), -SIGKILL);
+    return told;
+}
+
+// The moments spread over the opening of the books and over all steps of a posting. The same books go from
+// round to round, so each opening finds what the killed program before it left.
+TEST(Killed, KeepsEveryPostingThatWasReportedAndHalvesNone) {
+    PostedBooks books;
+    PostedRows standing;
+    std::mt19937 random(20010401);  // repeatable but for the machine's own timing
+    for (int round = 0; round < 25; ++round) {
+        SCOPED_TRACE("round " + std::to_string(round));
+        const bool whileOpening = round % 5 == 0;
+        const int rows = whileOpening ? 0 : static_cast<int>(random() % 30);
+        const auto after = static_cast<useconds_t>(random() % (whileOpening ? 150'000 : 15'000));
+        const PostedRows told = ToldBeforeKill(books, rows, after);
+
+        const PostedRows before = std::exchange(standing, books.Look());
+        PostedRows known = before;
+        known.insert(told.begin(), told.end());
+        EXPECT_TRUE(std::includes(standing.begin(), standing.end(), known.begin(), known.end()))
+            << "a row that was reported is gone";
+        EXPECT_LE(standing.size(), known.size() + 1) << "more than the one row that could not be told";
+    }
+    EXPECT_GT(standing.size(), 50U);
+}
+
+}  // namespace
+}  // namespace test

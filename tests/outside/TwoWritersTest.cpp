@@ -1,0 +1,31 @@
+#include <gtest/gtest.h>
+
+#include "tests/outside/PostedBooks.h"
+#include "tests/outside/RunningPoster.h"
+
+namespace test {
+namespace {
+
+// Nobody reserves a number, so both may draw the same one; that is how it is. The wait for the other one's
+// short transactions is the class's own: not one posting may fail.
+TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
+    PostedBooks books;
+    PostedRows told;
+    {
+        RunningPoster withList(books.DataPath(), 500, true), other(books.DataPath(), 500);
+        std::vector<std::string> lines = withList.Lines();
+        ASSERT_FALSE(lines.empty());
+        EXPECT_EQ(lines.back(), "list 1");
+        lines.pop_back();
+        told.insert(lines.begin(), lines.end());
+        lines = other.Lines();
+        told.insert(lines.begin(), lines.end());
+        EXPECT_EQ(withList.Wait(), 0);
+        EXPECT_EQ(other.Wait(), 0);
+    }
+    EXPECT_EQ(told.size(), 2000U);
+    EXPECT_EQ(books.Look(), told);
+}
+
+}  // namespace
+}  // namespace test

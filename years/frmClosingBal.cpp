@@ -1,0 +1,126 @@
+#include "years/frmClosingBal.h"
+
+#include "core/ErrorModule.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "platform/ado/Constants.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+
+namespace qm {
+namespace {
+
+constexpr unsigned DimField = 0xF7F6F4;  // of a field that nobody types into
+
+}  // namespace
+
+void frmClosingBal::Load(std::int32_t ledgerId) {
+    ledgerId_ = ledgerId;
+    optManually_Click();
+    Show(forms::vbModal);
+}
+
+void frmClosingBal::Wire() {
+    ui().optAutomatically->Click = [this] { optAutomatically_Click(); };
+    ui().optManually->Click = [this] { optManually_Click(); };
+    ui().cmdGetBal->Click = [this] { cmdGetBal_Click(); };
+    ui().txtClosingBal->KeyPress = [this](int& keyAscii) { txtClosingBal_KeyPress(keyAscii); };
+    ui().txtClosingBal->Validate = [this](bool& cancel) { txtClosingBal_Validate(cancel); };
+    ui().cmdSave->Click = [this] { cmdSave_Click(); };
+    ui().cmdExit->Click = [this] { Unload(); };
+}
+
+void frmClosingBal::Form_Load() {
+    ui().txtAuto->SetBackColor(DimField);
+}
+
+void frmClosingBal::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    switch (keyCode) {
+        case 'G':
+            return cmdGetBal_Click();
+        case 'S':
+            return cmdSave_Click();
+        case 'X':
+            return Unload();
+        default:
+            return;
+    }
+}
+
+// The frame around cmdGetBal, which optManually_Click disabled, stays so: the button is reached by Ctrl+G
+// only. Kept.
+void frmClosingBal::optAutomatically_Click() {
+    const bool automatic = ui().optAutomatically->Value();
+    ui().txtAuto->SetEnabled(automatic);
+    ui().cmdGetBal->SetEnabled(automatic);
+    ui().fmeManually->SetEnabled(false);
+    ui().txtClosingBal->SetEnabled(false);
+    if (automatic) ui().txtClosingBal->SetBackColor(ui().txtAuto->BackColor());
+}
+
+void frmClosingBal::optManually_Click() {
+    const bool manual = ui().optManually->Value();
+    ui().fmeManually->SetEnabled(manual);
+    ui().txtClosingBal->SetEnabled(manual);
+    ui().fmeAutomatically->SetEnabled(false);
+    ui().cmdGetBal->SetEnabled(false);
+    if (manual) ui().txtClosingBal->SetBackColor(forms::vbWhite);
+}
+
+// There is no link to the inventory, so there is never a figure to show.
+void frmClosingBal::cmdGetBal_Click() {
+    ui().txtAuto->SetText("");
+    stockUnavailable_ = true;
+}
+
+void frmClosingBal::txtClosingBal_KeyPress(int& keyAscii) {
+    const bool digit = keyAscii >= '0' && keyAscii <= '9';
+    if (!digit && keyAscii != '.' && keyAscii != forms::vbKeyBack && keyAscii != '-') keyAscii = 0;
+}
+
+void frmClosingBal::txtClosingBal_Validate(bool& cancel) {
+    const std::string text = basic::Trim(ui().txtClosingBal->Text());
+    if (text.empty() || basic::IsNumeric(text)) return;
+    MsgBox("Please enter a valid numeric quantity", vbInformation, AppTitle);
+    cancel = true;
+}
+
+bool frmClosingBal::ValidateBalance() {
+    if (ui().optAutomatically->Value() && basic::Trim(ui().txtAuto->Text()).empty()) {
+        MsgBox("Cannot bring stock balances from inventory\r\n\r\nPlease specify manually", vbInformation,
+               AppTitle);
+        optAutomatically_Click();
+        if (!stockUnavailable_) ui().cmdGetBal->SetFocus();
+        return false;
+    }
+    if (!ui().optManually->Value()) return true;
+    if (basic::Trim(ui().txtClosingBal->Text()).empty()) {
+        MsgBox("Please specify the Stock Closing Balance", vbInformation, AppTitle);
+        ui().txtClosingBal->SetFocus();
+        return false;
+    }
+    return true;
+}
+
+// A figure in txtAuto would not be taken: an automatic save would write 0. Success shows nothing.
+void frmClosingBal::cmdSave_Click() {
+    if (!ValidateBalance()) return;
+    try {
+        double value = 0;
+        if (ui().optManually->Value()) value = basic::PrefixValue(ui().txtClosingBal->Text());
+        Conn().BeginTrans();
+        std::int64_t recordsAffected = 0;
+        Conn().Execute("Update Ledger_Details Set Closing_Bal = " + basic::NumberText(value) +
+                           " Where Ledger_id = " + std::to_string(ledgerId_) +
+                           " And Fnncl_Yr = " + shared().FinYear,
+                       &recordsAffected, ado::adCmdText);
+        RequireRecords(recordsAffected);
+        Conn().CommitTrans();
+    } catch (const basic::Error& error) {
+        RollbackOpen();
+        LogError(Name(), error);
+    }
+}
+
+}  // namespace qm
