@@ -25,6 +25,8 @@ void TellCount(const std::string& verb, std::int64_t count) {
     MsgBox(verb + " " + std::to_string(count) + " record(s)", vbInformation, AppTitle);
 }
 
+constexpr int MostLevels = 5000;
+
 struct Group {
     std::int16_t parent = 0;
     std::int16_t id = 0;
@@ -120,10 +122,11 @@ void UpdateRecords(const std::string& table, const std::vector<std::string>& fie
 }
 
 void GetPrimaryGroup(const std::string& groupName) {
-    const Group group = FindGroup(groupName);
-    if (group.parent != 0) {
-        GetPrimaryGroup(GroupName(group.parent));
-        return;
+    Group group = FindGroup(groupName);
+    for (int level = 0; group.parent != 0; ++level) {
+        if (level == MostLevels)
+            throw basic::Error(28, "Out of stack space", "DBCode");  // groups that hold each other
+        group = FindGroup(GroupName(group.parent));
     }
     shared().PrimaryGroupName = group.name;
     shared().PrimaryGroupId = group.id;

@@ -35,8 +35,9 @@ void ClearControl(basic::Control& control) {
 bool IsDateInFinYear(basic::Date date, std::int16_t year) {
     const basic::Date day = basic::DatePart(date);
     const std::int16_t nextYear = basic::ToInteger(year + 1.0);
-    return day >= basic::ReadDate("01-Apr-" + std::to_string(year)) &&
-           day <= basic::ReadDate("31-Mar-" + std::to_string(nextYear));
+    const basic::Date first = basic::ReadDate("01-Apr-" + std::to_string(year));
+    const basic::Date last = basic::ReadDate("31-Mar-" + std::to_string(nextYear));
+    return day >= first && day <= last;
 }
 
 void FillComboFromQuery(basic::ListControl& combo, const std::string& sql, bool emptyLine) {

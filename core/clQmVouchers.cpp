@@ -1,4 +1,6 @@
 // The voucher calls of the class: one row, one transaction each, with no check that the sides balance.
+#include <limits>
+
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/clQm.h"
@@ -109,7 +111,10 @@ std::int32_t clQm::GetNextTrnID() {
 basic::Value clQm::VchrTrnNo() {
     ado::Recordset rows;
     rows.Open("Select Max(ledgerTrnNo) as high from " + YearTable("tb_ledger"), shared().Connection);
-    return basic::ToLong(basic::NumberOrZero(rows.Fields(0).Value()) + 1);
+    const double next = basic::NumberOrZero(rows.Fields(0).Value()) + 1;
+    if (next > std::numeric_limits<std::int32_t>::max())
+        return next;  // a variant widens, where a 32-bit number would not
+    return basic::ToLong(next);
 }
 
 bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::string& sTrnCate,

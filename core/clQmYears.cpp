@@ -18,8 +18,9 @@ void SetFlag(const char* flag, const basic::Value& yearId) {
 
 // What the flag does for one present current row: gives the year then current, "" for an unknown one.
 std::string MoveFlag(ado::Recordset& current, const std::string& sFinYear) {
-    const std::string present = basic::Left(basic::ToText(current["Fnncl_Yr"]), 4);
-    if (present == sFinYear) return present;
+    const basic::Value year = current["Fnncl_Yr"];  // a Null equals no year
+    const std::string present = basic::Left(basic::TextOrEmpty(year), 4);
+    if (!year.IsNull() && present == sFinYear) return present;
     std::string moved;
     ado::Recordset wanted;
     wanted.Open(YearFields + std::string(" Left(Fnncl_Yr, 4) = \"") + sFinYear + "\"", shared().Connection,

@@ -51,7 +51,8 @@ void AddLedger(const Texts& header, const Texts& cells, const std::string& year)
 
     Texts fields{"Ledger_ID", "Group_Id", "Name", "PrimaryGrp"}, values{id, parent, name, group};
     fields.insert(fields.end(), header.begin() + 4, header.end());
-    values.insert(values.end(), cells.begin() + 4, cells.end());
+    // The screen stores a blank before each contact detail, also when its box was empty.
+    for (auto cell = cells.begin() + 4; cell != cells.end(); ++cell) values.push_back(" " + *cell);
     AddRow("Ledger_Master", fields, values, false);
     AddRow("Ledger_Details", {"Ledger_ID", "Fnncl_Yr", "Opening_Bal", "Closing_Bal", "Bal_Type"},
            {id, year, opening, opening, side}, false);

@@ -70,7 +70,6 @@ void SetUp(forms::VSFlexGrid& grid, int cols, const std::vector<int>& captionRow
     grid.SetCols(cols);
     grid.SetGridLines(false);
     grid.SetHighLight(false);
-    grid.SetScrollBars(false);
     for (int row = 0; row < MenuRows; ++row) grid.SetRowHeight(row, RowTwips);
     for (const int row : captionRows) grid.SetRowHeight(row, CaptionTwips);
 }

@@ -20,8 +20,11 @@ Value Convert(ColumnType type, const Value& value) {
             return basic::ToInteger(value);
         case ColumnType::Long:
             return basic::ToLong(value);
-        case ColumnType::Double:
-            return basic::ToDouble(value);
+        case ColumnType::Double: {
+            const double number = basic::ToDouble(value);
+            if (!std::isfinite(number)) basic::Raise(basic::error::Overflow, "ado.Statement");
+            return number;
+        }
         case ColumnType::Text:
             return basic::ToText(value);
         case ColumnType::Any:
@@ -51,7 +54,7 @@ struct Binder {
 }  // namespace
 
 Value ConvertTo(ColumnType type, const Value& value) {
-    if (value.IsNull()) return value;
+    if (value.IsNull()) return type == ColumnType::Boolean ? Value(false) : value;  // a boolean is never Null
     try {
         return Convert(type, value);
     } catch (const basic::Error& failure) {

@@ -31,10 +31,11 @@ class Field {
     std::size_t index_;
 };
 
-// The rows of one select: a snapshot that is read whole, so no statement stays open behind it and writing,
-// committing or rolling back while it stands is safe. A record set over one table with a lock type other than
-// adLockReadOnly can be edited: a move, Update or AddNew stores a pending edit into exactly the row it stands
-// on.
+// The rows of one select: a snapshot that is read whole at Open, so no statement stays open behind it and
+// writing, committing or rolling back while it stands is safe. A record set over one table with a lock type
+// other than adLockReadOnly can be edited: a move, Update or AddNew stores a pending edit into exactly the
+// row it stands on. (A static, read-only set over a whole table is read when it is first looked at, or before
+// the next write of its connection: so Open and Filter over a long table read only the rows of the filter.)
 class Recordset : public std::enable_shared_from_this<Recordset> {
   public:
     Recordset();

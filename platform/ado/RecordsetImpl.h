@@ -87,7 +87,8 @@ struct Recordset::Impl final : PostponedRead {
 
     std::shared_ptr<Session> OpenSession() const;  // raises ObjectClosed
     ReadyStatement Statement(Session& on) const;
-    bool MayPostpone() const;
+    bool MayPostpone() const;    // the read may wait for a Filter
+    bool MayBeNarrowed() const;  // the store may apply the Filter
     std::optional<ReadyStatement> WithFilter(Session& on, const ReadyStatement& base) const;
     void Read();
 };

@@ -85,8 +85,14 @@ ReadyStatement Recordset::Impl::Statement(Session& on) const {
     return ready;
 }
 
+// Lists over a whole table open static and read-only and set their Filter next: only they wait for it.
 // Nothing can go wrong with the values of such a select, so its errors still come at Open.
 bool Recordset::Impl::MayPostpone() const {
+    if (cursorType != adOpenStatic || lockType != adLockReadOnly) return false;
+    return MayBeNarrowed();
+}
+
+bool Recordset::Impl::MayBeNarrowed() const {
     if (plan->table.empty() || plan->aggregate || plan->distinct || !plan->where.empty()) return false;
     for (const Output& output : plan->outputs)
         if (output.column.empty()) return false;
@@ -95,7 +101,7 @@ bool Recordset::Impl::MayPostpone() const {
 
 // The source with the Filter as a further condition, if all of it means the same to the store.
 std::optional<ReadyStatement> Recordset::Impl::WithFilter(Session& on, const ReadyStatement& base) const {
-    if (terms.empty() || !MayPostpone()) return {};
+    if (terms.empty() || !MayBeNarrowed()) return {};
     std::string condition;
     std::vector<basic::Value> values;
     for (const FilterTerm& term : terms) {

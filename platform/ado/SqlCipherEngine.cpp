@@ -179,12 +179,13 @@ void SqlCipherEngine::Begin() {
     WaitForDisk(true);
     Run("BEGIN IMMEDIATE");
     changesAtBegin_ = sqlite3_total_changes(store_);
+    undone_ = false;
 }
 
 void SqlCipherEngine::Commit() {
     Run("COMMIT");
     // A commit that wrote nothing waits for nothing; what was written loosely before must not stay behind it.
-    if (looseWritten_ && sqlite3_total_changes(store_) == changesAtBegin_)
+    if (looseWritten_ && (undone_ || sqlite3_total_changes(store_) == changesAtBegin_))
         Run("PRAGMA wal_checkpoint(PASSIVE)");
     looseWritten_ = false;
 }
@@ -202,6 +203,7 @@ void SqlCipherEngine::Release(int level) {
 }
 
 void SqlCipherEngine::RollbackTo(int level) {
+    undone_ = true;  // the count of changes no longer tells whether anything is left to write
     Run("ROLLBACK TO " + Level(level));
     Release(level);
 }

@@ -49,6 +49,7 @@ class SqlCipherEngine final : public Engine {
     bool waits_ = false;                  // a commit waits until it is on disk
     bool looseWritten_ = false;           // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;
+    bool undone_ = false;  // a level inside the transaction was rolled back
 };
 
 }  // namespace ado

@@ -13,7 +13,7 @@ namespace ado {
 //   qm_like(text, pattern)   % and _ only, without regard to case
 //   qm_ucase, qm_left, qm_cstr, qm_div    the dialect's own UCase, Left, CStr and division
 //   qm_bool, qm_int, qm_long, qm_real, qm_text    a value as a field of that type takes it; Null stays Null
-//   qm_single(value)         an aggregate: the value of a subselect that may give at most one row
+//   qm_single(value, rowid)         an aggregate: the value of a subselect that may give at most one row
 // A function that fails leaves its error in `raised`, which must outlive the store.
 void InstallFunctions(sqlite3* store, std::optional<basic::Error>& raised);
 

@@ -59,6 +59,7 @@ void Form::EnsureLoaded() {
         try {
             BuildWindow(*window_);
             Style::Apply(*window_);
+            window_->ensurePolished();  // later it would undo the colours that Form_Load sets
             NameForAssistance(*window_);
             Wire();
             Form_Load();
@@ -182,7 +183,9 @@ void Form::SetBorderless() {
 
 int Form::TextWidth(const std::string& text) {
     EnsureLoaded();
-    return TwipsFromPixels(TextMeasure(window_->font()).Width(text), window_);
+    QFont font = window_->font();
+    font.setBold(true);
+    return TwipsFromPixels(TextMeasure(font).Width(text), window_);
 }
 
 int Form::Top() {

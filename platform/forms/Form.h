@@ -46,8 +46,10 @@ class Form : public basic::ControlHost {
     void Minimize();
     // A window without the system's frame, which its background moves; call it in Form_Load.
     void SetBorderless();
-    int TextWidth(const std::string& text);  // twips, in the window's font; of the longest line
-    int Top();                               // twips
+    // Twips of the text's longest line in the window's font, as bold as a grid's heading: what is sized by it
+    // clips neither.
+    int TextWidth(const std::string& text);
+    int Top();  // twips
     void SetTop(int top);
     int Width();
     int Height();

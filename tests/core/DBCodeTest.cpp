@@ -2,6 +2,7 @@
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/GeneralUtils.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
@@ -55,6 +56,17 @@ TEST_F(RecordHelpers, PrimaryGroupIsClimbedTo) {
     qm::GetPrimaryGroup("till");
     EXPECT_EQ(qm::shared().PrimaryGroupName, "Cash In Hand");
     EXPECT_NE(qm::shared().PrimaryGroupId, 0);
+    // Down two levels, and with a number that 16 bits do not hold.
+    books.Run("Insert Into Group_Head_Master (Group_Head_Name, Parent_Id) Values ('Sub', " +
+              std::to_string(books.AddLedger("Below", "Bank")) + ")");
+    qm::GetPrimaryGroup("Sub");
+    EXPECT_EQ(qm::shared().PrimaryGroupName, "Bank");
+    books.Run(
+        "Insert Into Group_Head_Master (Group_Id, Group_Head_Name, Parent_Id) Values (32768, 'Far', 1)");
+    EXPECT_EQ(test::ErrorOf([] { qm::GetPrimaryGroup("Far"); }), basic::error::Overflow);
+    books.Run(
+        "Insert Into Group_Head_Master (Group_Id, Group_Head_Name, Parent_Id) Values (999, 'Ring', 999)");
+    EXPECT_EQ(test::ErrorOf([] { qm::GetPrimaryGroup("Ring"); }), 28);
     qm::GetPrimaryGroup("nobody");
     EXPECT_EQ(qm::shared().PrimaryGroupName, "");
     EXPECT_EQ(qm::shared().PrimaryGroupId, 0);
@@ -69,6 +81,26 @@ TEST_F(RecordHelpers, FirstColumnComesInRowOrder) {
     EXPECT_EQ(qm::BuildDataFilePath("f"), "/a/f");
     qm::shared().DataPath = "/a/";
     EXPECT_EQ(qm::BuildDataFilePath("f"), "/a/f");
+}
+
+TEST_F(RecordHelpers, CombosFillFromASelectAfterAnEmptyLine) {
+    struct FakeList : basic::ListControl {
+        void Clear() override { lines.clear(); }
+        void AddItem(const std::string& text) override { lines.push_back(text); }
+        Lines lines{"old"};
+    } list;
+    books.AddLedger("Till", "Cash In Hand");
+    books.AddLedger("Drawer", "Cash In Hand");
+    qm::FillComboFromQuery(list, "Select Name From Ledger_Master", true);
+    EXPECT_EQ(list.lines, (Lines{"", "Till", "Drawer"}));
+    qm::FillComboFromQuery(list, "Select Name From Ledger_Master Where Name = 'x'", false);
+    EXPECT_EQ(list.lines, Lines{});
+}
+
+TEST_F(RecordHelpers, AnOpenConnectionIgnoresTheFileName) {
+    const ado::ConnectionPtr before = qm::shared().Connection;
+    qm::OpenConnection("ProjectDB.mdb");
+    EXPECT_EQ(qm::shared().Connection, before);
 }
 
 TEST_F(RecordHelpers, TheErrorLogShowsFirstAndWritesAfter) {

@@ -53,7 +53,7 @@ TEST_F(VoucherCalls, PostsTheRowAndTheTotalWithTheBalanceBefore) {
     EXPECT_EQ(Host().GetNextTrnID(), 3);
     EXPECT_EQ(Host().VchrTrnNo(), basic::Value(std::int32_t{3}));
     EXPECT_TRUE(Host().GetVchrNoFromTxnNo(1).IsNull());
-    EXPECT_THROW(Host().GetVchrNoFromTxnNo(9), basic::Error);
+    EXPECT_EQ(test::ErrorOf([&] { Host().GetVchrNoFromTxnNo(9); }), basic::error::Subscript);
 }
 
 TEST_F(VoucherCalls, FailuresLogAndLeaveNothing) {
@@ -65,12 +65,12 @@ TEST_F(VoucherCalls, FailuresLogAndLeaveNothing) {
     const Case cases[] = {
         {"D", "X", "A", "n", cash, "Number of query values"},  // a category of no type leaves a value out
         {"X", "J", "A", "n", cash, "Syntax error"},            // a side of neither leaves the update empty
-        {"D", "J", "A", "n", 999, ""},                         // no detail row: a failed count, number 0
-        {"D", "J", "A \"x\"", "n", cash, ""},                  // a double quote is not doubled
-        {"D", "J", "A", "\"quoted\"", cash, ""},
+        {"D", "J", "A", "n", 999, "\r"},                       // no detail row: a failed count says nothing
+        {"D", "J", "A \"x\"", "n", cash, "Syntax error"},      // a double quote is not doubled
+        {"D", "J", "A", "\"quoted\"", cash, "Syntax error"},
     };
     for (const Case& c : cases) {
-        boxes.ExpectLog("Class-ClQm", "");
+        boxes.ExpectLog("Class-ClQm", c.description);
         EXPECT_FALSE(Post(1, c.side, 100, c.ledger, c.category, c.name, c.narration)) << c.description;
         EXPECT_EQ(qm::Conn().TransDepth(), 0);
     }
@@ -117,6 +117,35 @@ TEST_F(VoucherCalls, UpdateCommitsItsDeleteBeforeItCanFail) {
     boxes.ExpectLog("Class-ClQm", "");
     EXPECT_FALSE(Host().UpdateVoucher(1, 36990, 200));
     EXPECT_EQ(Ledger(), Lines{"1|" + Id(cash) + "|36990|Journal|200|0|0Dr"});
+}
+
+// A Null opening fails InsertVoucher before its own transaction begins, so its failure step undoes its
+// caller's, and the caller then has none to commit.
+TEST_F(VoucherCalls, AFailureBeforeItsTransactionUndoesTheCallers) {
+    Post(1, "D", 100, cash);
+    books.Run("Update Ledger_Details Set Opening_Bal = Null");
+    boxes.ExpectLog("Class-ClQm", "Invalid use of Null");
+    boxes.ExpectLog("Class-ClQm", "No transaction is active");
+    EXPECT_FALSE(Host().UpdateVoucher(1, 36990, 200));
+    EXPECT_EQ(Ledger(), Lines{});
+    EXPECT_EQ(Totals(cash), "100|Null");  // the reversal was undone with the caller's transaction
+    EXPECT_EQ(qm::Conn().TransDepth(), 0);
+}
+
+TEST_F(VoucherCalls, SomeLoadTheYearAndSomeTakeItAsItStands) {
+    Post(1, "D", 100, cash);
+    const auto withStaleYear = [&](const std::function<void()>& call) {
+        qm::shared().FinYear = "1999";
+        call();
+        const std::string after = qm::shared().FinYear;
+        qm::shared().FinYear = "2001";
+        return after;
+    };
+    EXPECT_EQ(withStaleYear([&] { Host().GetNextTrnID(); }), "2001");
+    EXPECT_EQ(withStaleYear([&] { EXPECT_TRUE(Host().UpdateVoucher(1, 36990, 5)); }), "2001");
+    EXPECT_EQ(withStaleYear([&] { EXPECT_TRUE(Host().DeleteVoucher(1)); }), "2001");
+    EXPECT_EQ(withStaleYear([&] { EXPECT_THROW(Host().VchrTrnNo(), basic::Error); }), "1999");
+    EXPECT_EQ(withStaleYear([&] { EXPECT_THROW(Host().GetVchrNoFromTxnNo(1), basic::Error); }), "1999");
 }
 
 TEST_F(VoucherCalls, NothingToUpdateIsAFailureNothingToDeleteIsNot) {

@@ -93,6 +93,10 @@ TEST_F(SampleBooks, HoldLedgersAsTheLedgerScreenWritesThem) {
                   "Leaf.GrpType "
                   "IS NULL AND Fnncl_Yr = 2023 AND Deleted = 0"),
               Ask("SELECT count(*) FROM Ledger_Master"));
+    EXPECT_EQ(Ask("SELECT count(*) FROM Ledger_Master WHERE substr(Company_name, 1, 1) <> ' ' OR "
+                  "substr(Notes, 1, 1) "
+                  "<> ' ' OR Company_name IS NULL"),
+              "0\n");
     EXPECT_EQ(
         Ask("SELECT sum(CASE Bal_Type WHEN 'D' THEN Opening_Bal ELSE -Opening_Bal END) FROM Ledger_Details"),
         "0.0\n");

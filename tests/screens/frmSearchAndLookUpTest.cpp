@@ -66,9 +66,10 @@ TEST_F(LookUpTest, TypingNarrowsAndForbiddenCharactersEmptyTheBox) {
             EXPECT_EQ(lookUp.ui().lblstatus->Caption(),
                       "(" + std::to_string(c.names.size()) + ")  Records Found !");
         }
-        for (const char forbidden : std::string("/*\"|"))
-            lookUp.ui().txtsearch->SetText(std::string("An") + forbidden),
-                EXPECT_EQ(lookUp.ui().txtsearch->Text(), "");
+        for (const char forbidden : std::string("/*\"|")) {
+            lookUp.ui().txtsearch->SetText(std::string("An") + forbidden);
+            EXPECT_EQ(lookUp.ui().txtsearch->Text(), "");
+        }
     });
 }
 

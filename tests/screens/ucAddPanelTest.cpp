@@ -62,6 +62,7 @@ TEST_F(AddPanelTest, SetEnableActButtsLeavesCloseAndTheArrows) {
 }
 
 TEST_F(AddPanelTest, WorksByKeyboardAndSharesTheBarEqually) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.Window()));
     QTest::keyClick(form.Window(), Qt::Key_F, Qt::AltModifier);
     EXPECT_THAT(log, ElementsAre("Find 0123456"));
     for (int i = 0; i < 7; ++i) {

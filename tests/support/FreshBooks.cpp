@@ -20,6 +20,15 @@ TempFolder::~TempFolder() {
     std::filesystem::remove_all(path_, ignored);
 }
 
+std::int32_t ErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+        return 0;
+    } catch (const basic::Error& error) {
+        return error.Number;
+    }
+}
+
 FreshBooks::FreshBooks(std::optional<int> year) {
     host::CreateBooks(folder_.Path(), year);
     OpenHost();

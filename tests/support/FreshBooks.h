@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +24,9 @@ class TempFolder {
   private:
     std::filesystem::path path_;
 };
+
+// The number of the error that the action raises, 0 if none.
+std::int32_t ErrorOf(const std::function<void()>& action);
 
 // Books laid down for one test, and a class instance on them. Without a year they are exactly the delivered
 // books.
