@@ -155,9 +155,9 @@ void CellPainter::Text(const QRect& room, const CellShown& shown) {
         place.setLeft(qMin(place.left(), shown.BlankFrom + Padding / 2));
         painter_.setClipRect(place);
     }
-    const bool lines = shown.Text.contains(u'\n');
-    const QString text =
-        lines ? shown.Text : painter_.fontMetrics().elidedText(shown.Text, Qt::ElideRight, place.width());
+    QString text = shown.Text;
+    text.replace(u'\t', u' ');  // a tab is as wide as it is drawn
+    if (!text.contains(u'\n')) text = painter_.fontMetrics().elidedText(text, Qt::ElideRight, place.width());
     painter_.drawText(place, static_cast<int>(Side(shown)), text);
 }
 
