@@ -14,6 +14,8 @@
 #include "platform/forms/TestSeams.h"
 #include "tests/support/FreshBooks.h"
 
+extern "C" void qmAttachScreens();
+
 namespace test {
 
 using Lines = std::vector<std::string>;
@@ -22,6 +24,8 @@ using Lines = std::vector<std::string>;
 // own library shows the boxes and windows, which the script answers.
 class ScreenTest : public testing::Test {
   protected:
+    ScreenTest() { qmAttachScreens(); }  // as the class server does at the first box or menu
+
     static void Key(forms::Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(form.Window()->focusWidget(), key, modifiers);
     }
