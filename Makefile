@@ -15,7 +15,7 @@ build: deps
 
 bench: deps
 	cmake --preset release
-	cmake --build --preset release
+	cmake --build --preset release --target qmbench
 	tools/bench
 
 format:
