@@ -51,6 +51,7 @@ class CallOf {
     HRESULT RunOnDefaultOfResult(void* object) {
         const HRESULT outcome = Call(object);
         if (FAILED(outcome)) return outcome;
+        if (result_.vt != VT_DISPATCH || result_.pdispVal == nullptr) return DISP_E_MEMBERNOTFOUND;
         return result_.pdispVal->Invoke(DISPID_VALUE, request_.Reserved, request_.Locale, request_.Flags,
                                         request_.Arguments, request_.Result, request_.Failure,
                                         request_.BadArgument);
