@@ -21,3 +21,12 @@ function(qm_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC qm_flags ${arg_LINK} PRIVATE ${arg_PRIVATE})
 endfunction()
+
+# qm_screens(FOLDER LINK...): a folder of screens: each form with what the designer's file of its name becomes, which
+# its header includes.
+function(qm_screens name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.ui)
+  qm_library(${name} SOURCES ${sources} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOUIC ON)
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
+endfunction()

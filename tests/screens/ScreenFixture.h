@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTest>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/forms/Controls.h"
 #include "platform/forms/FlexGrid.h"
@@ -52,6 +54,29 @@ class ScreenTest : public testing::Test {
         ClickCell(grid, row, col);
         QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, Place(grid, row, col));
         QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, Place(grid, row, col));
+    }
+
+    // Waits for the window itself: for the toolkit one is active too while the window below it is.
+    static void BringToFront(const forms::Form& form) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == form.Window(); }));
+    }
+    static void Show(forms::Form& form) {
+        form.Show();
+        BringToFront(form);
+    }
+    static std::string Active(const forms::Form& form) {
+        return form.ActiveControl() ? form.ActiveControl()->Name() : "";
+    }
+    static void Retype(forms::Form& form, const char* text) {
+        static_cast<QLineEdit*>(form.Window()->focusWidget())->selectAll();
+        Key(form, Qt::Key_Delete);
+        Type(form, text);
+    }
+
+    static Lines Rows(const std::string& sql) { return FreshBooks::Rows(sql); }
+    static void Run(const std::string& sql) { FreshBooks::Run(sql); }
+    void ExpectBox(const std::string& text, int flags = qm::vbInformation, int answer = qm::vbOK) {
+        script.Box(forms::Script::ExpectedBox{.text = text, .answer = answer, .flags = flags});
     }
 
     FreshBooks books;
