@@ -13,8 +13,8 @@ struct Figure {
     std::string name;
     std::function<void(benchmark::State&)> ours;
     std::function<void(benchmark::State&)> bare;
-    double goal = 1;      // the ratio not to exceed
-    std::string cpuName;  // "" or the name of a second line: the same by processor time
+    double goal = 1;           // the ratio not to exceed
+    std::string cpuName = {};  // "" or the name of a second line: the same by processor time
     double cpuGoal = 1;
 };
 

@@ -14,7 +14,8 @@ constexpr int WidthAllowance = 200;
 // Writes the current record into row `row`, its number in column 0.
 void WriteRecord(ado::Recordset& rows, forms::MSFlexGrid& grid, int row) {
     grid.SetTextMatrix(row, 0, std::to_string(row));
-    for (std::size_t i = 0; i < rows.FieldCount(); ++i)
+    const std::size_t fields = rows.FieldCount();
+    for (std::size_t i = 0; i < fields; ++i)
         grid.SetTextMatrix(row, static_cast<int>(i) + 1, basic::TextOrEmpty(rows.Fields(i).Value()));
 }
 
@@ -104,7 +105,9 @@ void frmSearchAndLookUp::SetGridColumnWidth() {
         int longest = 0;
         std::size_t length = 0;
         for (int row = 0; row < grid.Rows(); ++row) {
-            const std::size_t here = basic::Len(grid.TextMatrix(row, col));
+            const std::string& text = grid.TextMatrix(row, col);
+            if (text.size() <= length) continue;  // nor has it more characters than bytes
+            const std::size_t here = basic::Len(text);
             if (here <= length) continue;
             longest = row;
             length = here;

@@ -144,6 +144,7 @@ bool LikeText(std::string_view text, std::string_view pattern) {
         if (in < pattern.size() && pattern[in] == '%') {
             backIn = ++in;
             backAt = at;
+            if (in == pattern.size()) return true;
             continue;
         }
         std::size_t nextAt = at, nextIn = in;
