@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
+#include <string_view>
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Form.h"
@@ -13,10 +14,25 @@
 namespace forms {
 namespace {
 
+// The capital letter of a key, 0 for any other key. A key of a layout without Latin letters stands for the
+// letter at its place, by the system's scan codes, so that Ctrl+S saves on any keyboard.
+int LetterOf(const QKeyEvent& key) {
+    if (key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z) return key.key();
+    if (key.key() <= 0xFF || key.key() >= Qt::Key_Escape) return 0;
+    static constexpr struct {
+        quint32 first;
+        std::string_view letters;
+    } rows[] = {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
+    for (const auto& row : rows)
+        if (const quint32 place = key.nativeScanCode() - row.first; place < row.letters.size())
+            return row.letters[place];
+    return 0;
+}
+
 // AltGr is no Ctrl: some systems report it as Ctrl and Alt together, some as a group switch.
 bool IsCtrlLetter(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    return modifiers == Qt::ControlModifier && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z;
+    return modifiers == Qt::ControlModifier && LetterOf(key) != 0;
 }
 
 }  // namespace
@@ -74,7 +90,7 @@ bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& ke
     if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = active->FinishEdit(); });
     if (!goesOn || !form || !form->Owner()) return true;
     const int shift = vbCtrlMask + (key.modifiers() & Qt::ShiftModifier ? vbShiftMask : 0);
-    RunEvent(form, [&] { form->Owner()->Form_KeyDown(key.key(), shift); });
+    RunEvent(form, [&] { form->Owner()->Form_KeyDown(LetterOf(key), shift); });
     return !form || !form->Owner() || !target || form->focusWidget() != target;
 }
 

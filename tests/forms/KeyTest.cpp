@@ -29,6 +29,26 @@ TEST_F(KeyTest, CtrlLetterGoesToTheFormFirstAndMovesNoFocus) {
     }
 }
 
+// The scan codes are those of the window systems here.
+TEST_F(KeyTest, ALayoutWithoutLatinLettersKeepsTheirPlaces) {
+    const struct {
+        int key;
+        quint32 scanCode;
+        std::vector<std::string> events;
+    } keys[] = {
+        {0x042B, 39, {"KeyDown S2"}},  // Cyrillic Yeru, at the place of S
+        {0x0938, 58, {"KeyDown M2"}},  // Devanagari Sa, where M stands
+        {0x0416, 47, {}},              // beside L: no letter there
+        {Qt::Key_F5, 71, {}},
+        {Qt::Key_Semicolon, 39, {}},
+    };
+    for (const auto& key : keys) {
+        QKeyEvent press(QEvent::KeyPress, key.key, Qt::ControlModifier, key.scanCode, 0, 0);
+        QApplication::sendEvent(form.Window()->focusWidget(), &press);
+        EXPECT_EQ(Logged(), key.events) << key.key;
+    }
+}
+
 TEST_F(KeyTest, WorksWhileTheButtonIsDisabledAndFromAnyControl) {
     form.ui().cmdSave->SetEnabled(false);
     for (Control* control :
