@@ -23,4 +23,7 @@ void AddBackup(CLI::App& app, Command& chosen);
 void AddMenu(CLI::App& app, Command& chosen);
 void AddOpen(CLI::App& app, Command& chosen);
 
+// What the program does without a command: the main menu on the user's own books.
+int ShowMenu();
+
 }  // namespace host

@@ -9,6 +9,7 @@
 #include "host/Exit.h"
 #include "host/Fail.h"
 #include "host/OpenBooks.h"
+#include "host/UserBooks.h"
 
 namespace host {
 namespace {
@@ -17,8 +18,16 @@ struct ScreenOptions {
     std::string screen, folder;
 };
 
-int ShowMenu(const ScreenOptions& options) {
-    OpenBooks(options.folder).Host().QmMainMenu();
+// The folder that was named, else the user's own; "" where the user wants no books laid down there.
+std::string FolderOf(const ScreenOptions& options) {
+    if (!options.folder.empty()) return options.folder;
+    return UserBooksStand() ? UserBooksFolder().string() : "";
+}
+
+int ShowMenuOf(const ScreenOptions& options) {
+    const std::string folder = FolderOf(options);
+    if (folder.empty()) return ExitFailed;
+    OpenBooks(folder).Host().QmMainMenu();
     return ExitOk;
 }
 
@@ -26,7 +35,9 @@ int OpenOne(const ScreenOptions& options) {
     const std::vector<std::string> names = qm::ScreenNames();
     if (!names.empty() && std::find(names.begin(), names.end(), options.screen) == names.end())
         Fail("there is no screen '" + options.screen + "' (see qmhost open --help)");
-    const OpenBooks books(options.folder);
+    const std::string folder = FolderOf(options);
+    if (folder.empty()) return ExitFailed;
+    const OpenBooks books(folder);
     qm::OpenScreen(options.screen);
     return ExitOk;
 }
@@ -39,21 +50,27 @@ std::string ScreenList() {
     return text + "\nExample: qmhost open frmFinYear books";
 }
 
+constexpr const char* OwnFolder = "Folder of the books; without it the user's own, made at the first start";
+
 }  // namespace
+
+int ShowMenu() {
+    return ShowMenuOf({});
+}
 
 void AddMenu(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<ScreenOptions>();
     auto* command = app.add_subcommand("menu", "Open the main menu and wait until it is closed");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("DIR", options->folder, OwnFolder);
     command->footer("Example: qmhost menu books");
-    command->callback([options, &chosen] { chosen = [options] { return ShowMenu(*options); }; });
+    command->callback([options, &chosen] { chosen = [options] { return ShowMenuOf(*options); }; });
 }
 
 void AddOpen(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<ScreenOptions>();
     auto* command = app.add_subcommand("open", "Open one screen and wait until it is closed");
     command->add_option("SCREEN", options->screen, "Name of its form")->required();
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("DIR", options->folder, OwnFolder);
     command->footer(ScreenList);
     command->callback([options, &chosen] { chosen = [options] { return OpenOne(*options); }; });
 }

@@ -18,7 +18,9 @@ int Run(int argc, char** argv) {
     CLI::App app("Drives the accounts module: lays down, fills, lists and looks after its books.", "qmhost");
     app.set_version_flag("--version", "qmhost " QM_VERSION, "Print the version and exit");
     app.require_subcommand(0, 1);  // none is told below, so that an unknown one is named first
-    app.footer("Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
+    app.footer(
+        "Without a command it opens the main menu on the user's own books.\n"
+        "Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
     host::Command chosen;
     for (const auto add :
          {host::AddMenu, host::AddOpen, host::AddCreate, host::AddPost, host::AddLedgers, host::AddYears,
@@ -30,8 +32,7 @@ int Run(int argc, char** argv) {
         if (error.get_exit_code() == 0) return app.exit(error);
         return Complain(std::string(error.what()) + " (see qmhost --help)", host::ExitUsage);
     }
-    if (!chosen) return Complain("A subcommand is required (see qmhost --help)", host::ExitUsage);
-    return chosen();
+    return chosen ? chosen() : host::ShowMenu();
 }
 
 }  // namespace

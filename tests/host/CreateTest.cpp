@@ -28,7 +28,7 @@ TEST(Create, TellsTheThreeOutcomesApart) {
          "qmhost: " + books + "/QmAccount.mdb stands there already; nothing was changed\n"},
         {"create /proc/self/books", 1,
          "qmhost: cannot make the folder /proc/self/books: No such file or directory\n"},
-        {"", 2, "qmhost: A subcommand is required"},
+        {"nonsense", 2, "qmhost: "},
         {"create", 2, "qmhost: DIR is required"},
         {"create x --year 1899", 2, "qmhost: --year: Value 1899 not in range"},
         {"create x --year next", 2, "qmhost: "},
