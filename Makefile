@@ -1,5 +1,5 @@
 # The front door. Each goal installs the packages it misses, builds what it needs and runs.
-.PHONY: run test build bench format format-check asan fuzz clean
+.PHONY: run test build bench package format format-check asan fuzz clean
 
 BOOKS ?= books
 
@@ -17,6 +17,14 @@ bench: deps
 	cmake --preset release
 	cmake --build --preset release --target qmbench
 	tools/bench
+
+# The Debian package, in the project's folder.
+package: deps
+	@tools/install-deps package
+	cmake --preset package
+	cmake --build --preset package
+	cd build-package && cpack --config CPackConfig.cmake
+	mv build-package/*.deb .
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
@@ -36,7 +44,7 @@ fuzz: deps-ci
 	tools/fuzz $(FUZZ_SECONDS)
 
 clean:
-	rm -rf build build-asan build-release build-fuzz
+	rm -rf build build-asan build-release build-fuzz build-package
 
 .PHONY: deps deps-ci
 deps:

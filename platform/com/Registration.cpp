@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <sstream>
+#include <vector>
 
 #include <dlfcn.h>
 #include <unistd.h>
@@ -55,6 +57,27 @@ fs::path FolderNamed(const char* variable) {
     return folder.is_absolute() ? folder : fs::path();
 }
 
+// Where a class may be registered, the user's own folder first, then the machine's, where packages put
+// theirs.
+std::vector<fs::path> SearchedFolders() {
+    std::vector<fs::path> folders{ClassesFolder()};
+    const char* const shared = std::getenv("XDG_DATA_DIRS");
+    std::istringstream machine(shared == nullptr || *shared == '\0' ? "/usr/local/share:/usr/share" : shared);
+    for (std::string folder; std::getline(machine, folder, ':');)
+        if (fs::path(folder).is_absolute()) folders.push_back(fs::path(folder) / "qmclasses");
+    return folders;
+}
+
+std::optional<Registration> FindIn(const fs::path& folder, std::string_view className) {
+    std::error_code failed;
+    for (const auto& entry : fs::directory_iterator(folder, failed)) {
+        if (entry.path().extension() != Extension) continue;
+        auto registration = Read(entry.path());
+        if (registration && Bears(*registration, className)) return registration;
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 fs::path ClassesFolder() {
@@ -84,12 +107,8 @@ void Remove(const std::string& progId) {
 }
 
 std::optional<Registration> Find(std::string_view className) {
-    std::error_code failed;
-    for (const auto& entry : fs::directory_iterator(ClassesFolder(), failed)) {
-        if (entry.path().extension() != Extension) continue;
-        auto registration = Read(entry.path());
-        if (registration && Bears(*registration, className)) return registration;
-    }
+    for (const fs::path& folder : SearchedFolders())
+        if (auto registration = FindIn(folder, className)) return registration;
     return std::nullopt;
 }
 

@@ -8,7 +8,8 @@
 #include "platform/com/Automation.h"
 
 // Who may be made by name: one small text file for each class below the user's data folder, in the folder
-// "qmclasses".
+// "qmclasses". A package for the whole machine puts its file into "qmclasses" below one of $XDG_DATA_DIRS
+// (/usr/local/share and /usr/share where none are named); the user's own comes first.
 namespace com {
 
 struct Registration {

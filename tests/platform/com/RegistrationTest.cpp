@@ -20,6 +20,7 @@ class Registration : public testing::Test {
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
         folder = pattern;
         setenv("XDG_DATA_HOME", folder.c_str(), 1);
+        setenv("XDG_DATA_DIRS", ("relative:" + (folder / "machine").string()).c_str(), 1);
     }
     void TearDown() override { fs::remove_all(folder); }
 
@@ -52,6 +53,15 @@ TEST_F(Registration, UnknownClassesAndMissingLibrariesAreToldApart) {
     com::Write({"QmClass.other", GUID{1, 2, 3, {}}, com::ThisLibrary()});
     EXPECT_EQ(CreateObject(u"QmClass.other", &made), CLASS_E_CLASSNOTAVAILABLE);
     SetErrorInfo(0, nullptr);
+}
+
+TEST_F(Registration, TheMachinesClassesStandBehindTheUsersOwn) {
+    fs::create_directories(folder / "machine/qmclasses");
+    std::ofstream(folder / "machine/qmclasses/QmClass.clQm.class")
+        << "ProgID=QmClass.clQm\nCLSID={B551ECA0-2F06-47CD-9DE9-DDD9C381468C}\nLibrary=/machine/lib.so\n";
+    EXPECT_EQ(com::Find("QmClass.clQm")->Library, "/machine/lib.so");
+    com::Write({"QmClass.clQm", CLSID_clQm, "/own/lib.so"});
+    EXPECT_EQ(com::Find("QmClass.clQm")->Library, "/own/lib.so");
 }
 
 TEST_F(Registration, ForeignFilesInTheFolderDoNotMatter) {
