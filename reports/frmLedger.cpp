@@ -1,0 +1,66 @@
+#include "reports/frmLedger.h"
+
+#include <algorithm>
+
+#include "platform/basic/Format.h"
+
+namespace qm {
+namespace {
+
+struct Heading {
+    const char *Title, *Span, *ToDateMask;
+};
+
+// The To date of the stock ledger is written unlike the others'. Kept.
+constexpr Heading Headings[] = {{"Stock Ledger", "7", "dd-MMM-yyyy"},
+                                {"Party Ledger", "6", "dd/MM/yyyy"},
+                                {"Trial Balance", "6", "dd/MM/yyyy"}};
+
+}  // namespace
+
+void frmLedger::Wire() {
+    ui().cmdPrint->Click = [this] { ui().ucHTMLBox->PrintReport(true); };
+    ui().cmdClose->Click = [this] { Unload(); };
+}
+
+void frmLedger::Form_Resize() {
+    const auto moveTo = [this](forms::CommandButton& button, double share) {
+        button.Move(static_cast<int>(Width() * share), button.Top(), button.Width(), button.Height());
+    };
+    moveTo(*ui().cmdPrint, 0.4);
+    moveTo(*ui().cmdClose, 0.5);
+}
+
+// The party ledger comes with the title "Ledger", so it has no heading; "Party Ledger" is kept all the same.
+void frmLedger::BeginReport(const std::string& title) {
+    report_ = "<html><head><title></title></head>";
+    Append(
+        "<body><table border = '0' width='100%' style = 'font size = 12' cellspacing = '0' cellpadding =0 >");
+    const auto* const heading = std::find_if(std::begin(Headings), std::end(Headings),
+                                             [&](const Heading& known) { return title == known.Title; });
+    if (heading != std::end(Headings)) AppendHeading(title, heading->Span, heading->ToDateMask);
+}
+
+// The title's cell closes while its paragraph stays open. Kept: the text is compared and printed as it is.
+void frmLedger::AppendHeading(const std::string& title, const std::string& span, const char* toDateMask) {
+    Append("<tr><td width='100%' colspan='" + span + "' height='27'>");
+    Append("<p align='center'><font size='5'><b>");
+    Append(title);
+    Append("</b></font></td>");
+    Append("</tr><tr><td width='100%' colspan='" + span + "'>");
+    Append("<p align='center'><font size='4'><b>(");
+    Append(basic::Format(fromDate_, "dd-MMM-yyyy"));
+    Append(" To ");
+    Append(basic::Format(toDate_, toDateMask));
+    Append(")</b></font></p>");
+    Append("<hr></td></tr>");
+}
+
+// The report is read-only in the end: showing it sets the switch that Editable let go of.
+void frmLedger::EndReport() {
+    Append("</table></body></html>");
+    ui().ucHTMLBox->Editable(false);
+    ui().ucHTMLBox->SetHTMl(report_);
+}
+
+}  // namespace qm
