@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/forms/Form.h"
+#include "reports/frmTPL.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -17,6 +18,7 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"frmTPL", "frmTPL", ShowModal<frmTPL>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
