@@ -5,6 +5,7 @@
 
 #include "platform/forms/Form.h"
 #include "reports/frmTPL.h"
+#include "vouchers/frmDayBook.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -19,6 +20,7 @@ void ShowModal() {
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
