@@ -370,6 +370,11 @@ TEST_F(DayBookDatesTest, AnAmountMustBeANumber) {
     Click(ui().cmdOk);
     EXPECT_EQ(Active(form), "txtDtAmt");
     EXPECT_TRUE(ui().frFilter->Visible());
+    Run("Update tb_Ledger2001 Set LedgerTxnDate = 37020");
+    Ctrl(Qt::Key_O);
+    EXPECT_EQ(Shown(), Lines{"1:5.00:"}) << "the key asks nothing, and no number reads 0";
+    EXPECT_FALSE(ui().frFilter->Visible());
+    EXPECT_EQ(Active(form), "lvwDayBook");
 }
 
 }  // namespace
