@@ -4,6 +4,8 @@
 #include <array>
 
 #include "platform/forms/Form.h"
+#include "reports/frmItemLedger.h"
+#include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
 #include "years/frmFinYear.h"
 
@@ -19,6 +21,8 @@ void ShowModal() {
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
+    {"frmItemLedger", "", ShowModal<frmItemLedger>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
