@@ -7,6 +7,7 @@
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
+#include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -20,6 +21,7 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
