@@ -65,8 +65,8 @@ int Pixels(const GumboNode& node, const char* attribute, int otherwise) {
 }
 
 std::string CellPadding(const GumboNode& table) {
-    const int pixels = Pixels(table, "cellpadding", -1);
-    return pixels < 0 ? "" : "padding:" + std::to_string(pixels) + "px;";
+    const int pixels = Pixels(table, "cellpadding", 1);
+    return pixels == 0 ? "" : "padding:" + std::to_string(pixels) + "px;";
 }
 
 // One of the words, in any spelling, or "".

@@ -13,6 +13,7 @@ FindBar::FindBar(QWidget* over) : QFrame(over), field_(new QLineEdit(this)), ans
     setFrameShape(QFrame::StyledPanel);
     auto* const caption = new QLabel("Find", this);
     caption->setBuddy(field_);
+    answer_->setObjectName("answer");
     field_->setMinimumWidth(180);
     field_->setAccessibleName("Find");
     auto* const row = new QHBoxLayout(this);

@@ -92,6 +92,7 @@ std::string TextOf(Layout& layout, const Range& range) {
         if (gap == Gap::Blank) text += ' ';
         text += list.TextOf(word);
     });
+    if (text.find('\n') == std::string::npos) text.erase(0, text.find_first_not_of('\t'));  // within one row
     return text;
 }
 
