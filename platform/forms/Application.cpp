@@ -65,6 +65,13 @@ void SetMousePointer(int pointer) {
     }
 }
 
+WaitPointer::WaitPointer() : before_(screenPointer) {
+    SetMousePointer(vbHourglass);
+}
+WaitPointer::~WaitPointer() {
+    SetMousePointer(before_);
+}
+
 PointerPause::PointerPause() : before_(screenPointer) {
     SetMousePointer(vbDefault);
 }

@@ -14,6 +14,18 @@ void EnsureApplication();
 // The pointer over all windows: 0 the usual one, 11 the hourglass.
 void SetMousePointer(int pointer);
 
+// The hourglass while it lives, then what was there before.
+class WaitPointer {
+  public:
+    WaitPointer();
+    ~WaitPointer();
+    WaitPointer(const WaitPointer&) = delete;
+    WaitPointer& operator=(const WaitPointer&) = delete;
+
+  private:
+    int before_;
+};
+
 // While it lives, the usual pointer is shown: a message box that waits for the user shows no hourglass.
 class PointerPause {
   public:

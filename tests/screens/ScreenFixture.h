@@ -26,6 +26,8 @@ using Lines = std::vector<std::string>;
 // own library shows the boxes and windows, which the script answers.
 class ScreenTest : public testing::Test {
   protected:
+    using Lines = test::Lines;
+
     ScreenTest() { qmAttachScreens(); }  // as the class server does at the first box or menu
 
     static void Key(forms::Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {

@@ -1,0 +1,61 @@
+#include "reports/LedgerTotals.h"
+
+#include <string>
+
+#include "core/modGeneral.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Number.h"
+#include "platform/forms/Progress.h"
+
+namespace qm {
+namespace {
+
+ado::RecordsetPtr OpenSums(const std::string& side, std::optional<std::int32_t> upto) {
+    const std::string where = upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
+    auto sums = std::make_shared<ado::Recordset>();
+    sums->Open("Select ledgercode,Sum(ledger" + side + "Amt) as " + side + "Tot  from " +
+                   YearTable("tb_Ledger") + where + " group by ledgercode",
+               shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
+    return sums;
+}
+
+// A sum over Null amounts alone is Null and counts as 0; the digits are those of the classic text.
+void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before,
+                 forms::Progress& progress, int done) {
+    if (before == BeforeRebuild::ZeroTotals)
+        Conn().Execute("Update Ledger_details Set ledDet" + side +
+                       "TxnTot = 0 Where fnncl_yr = " + shared().FinYear);
+    for (; !sums.Eof(); sums.MoveNext()) {
+        Conn().Execute("Update Ledger_Details Set  ledDet" + side +
+                       "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"])) +
+                       " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
+                       " And fnncl_yr = " + shared().FinYear);
+        progress.Step(++done);
+    }
+}
+
+// A row whose side is neither "D" nor "C" keeps the closing balance that it had.
+void WriteClosingBalances() {
+    Conn().Execute(
+        "Update Ledger_Details Set  Closing_Bal = opening_Bal + ledDetDrTxnTot - ledDetCrTxnTot Where "
+        "Bal_type = 'D' And fnncl_yr = " +
+        shared().FinYear);
+    Conn().Execute(
+        "Update Ledger_Details Set  Closing_Bal = (opening_Bal *-1)+ ledDetDrTxnTot - ledDetCrTxnTot Where "
+        "Bal_type = 'C' And fnncl_yr = " +
+        shared().FinYear);
+}
+
+}  // namespace
+
+void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before) {
+    const ado::RecordsetPtr debits = OpenSums("Dr", upto), credits = OpenSums("Cr", upto);
+    const int debitRows = static_cast<int>(debits->RecordCount());
+    const int creditRows = static_cast<int>(credits->RecordCount());
+    forms::Progress progress("Totals of the ledgers", debitRows + creditRows);  // never left half done
+    WriteTotals("Dr", *debits, before, progress, 0);
+    WriteTotals("Cr", *credits, before, progress, debitRows);
+    WriteClosingBalances();
+}
+
+}  // namespace qm

@@ -1,0 +1,39 @@
+#include "reports/frmTPL.h"
+
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Clock.h"
+#include "platform/forms/Application.h"
+#include "reports/FinalResults.h"
+#include "reports/LedgerTotals.h"
+
+namespace qm {
+
+void frmTPL::Wire() {
+    ui().cmdView->Click = [this] { cmdView_Click(); };
+    ui().cmdPrint->Click = [this] { ui().ucHTMLBox->PrintReport(true); };
+    ui().cmdClose->Click = [this] { Unload(); };
+}
+
+void frmTPL::Form_Load() {
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    ui().ucHTMLBox->Editable(false);
+}
+
+// The totals of the ledgers stand as of the date until the screen closes.
+void frmTPL::cmdView_Click() {
+    const basic::Date upto = ui().dtpDate->Value();
+    const forms::WaitPointer wait;
+    RebuildLedgerTotals(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
+    FinalResults::Build();
+    ui().ucHTMLBox->SetHTMl(FinalResults(upto).Print());
+    ui().cmdPrint->SetEnabled(true);
+    ui().cmdView->SetEnabled(false);
+}
+
+void frmTPL::Form_Unload() {
+    Conn().Execute("Delete * from tblsystpl");
+    RebuildLedgerTotals();
+}
+
+}  // namespace qm

@@ -1,0 +1,98 @@
+// Every screen as a screen reader and the keyboard meet it: names, roles, the way of Tab, letters behind Alt.
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QLabel>
+#include <map>
+
+#include "ScreenFixture.h"
+#include "shell/ScreenTable.h"
+
+using namespace testing;
+
+namespace {
+
+using forms::Control;
+
+class EveryScreen : public test::ScreenTest, public WithParamInterface<std::string> {
+  protected:
+    EveryScreen() {
+        books.AddLedger("Cash", "Cash in Hand");
+        books.AddLedger("Sales", "Sales");
+    }
+    // Opens the screen as the menu or a user does, and looks at it.
+    void Visit(const std::function<void(QWidget&)>& look) {
+        script.Modal(GetParam(), [&](forms::Form& form) { look(*form.Window()); });
+        qm::ScreenByForm(GetParam())->Open();
+    }
+    // The controls that a user can come to now, as Tab reaches them.
+    static std::vector<QWidget*> Stops(QWidget& window) {
+        std::vector<QWidget*> stops;
+        QWidget* widget = &window;
+        do {
+            const auto* control = dynamic_cast<Control*>(widget);
+            if (control && control->TakesFocus() && widget->isVisibleTo(&window) && widget->isEnabled() &&
+                (widget->focusPolicy() & Qt::TabFocus))
+                stops.push_back(widget);
+            widget = widget->nextInFocusChain();
+        } while (widget != &window);
+        return stops;
+    }
+    static std::string Name(const QWidget& widget) { return widget.objectName().toStdString(); }
+};
+
+TEST_P(EveryScreen, NamesEachControlForAScreenReader) {
+    Visit([](QWidget& window) {
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const auto* control = dynamic_cast<Control*>(widget);
+            if (!control || !control->TakesFocus()) continue;
+            QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(widget);
+            ASSERT_TRUE(seen) << Name(*widget);
+            EXPECT_FALSE(seen->text(QAccessible::Name).trimmed().isEmpty()) << Name(*widget);
+            EXPECT_THAT(seen->role(), AllOf(Ne(QAccessible::NoRole), Ne(QAccessible::Client)))
+                << Name(*widget);
+        }
+    });
+}
+
+// Down the window and, within a line, to the right; a container is left when all in it was passed.
+TEST_P(EveryScreen, TabGoesInReadingOrder) {
+    Visit([](QWidget& window) {
+        const std::vector<QWidget*> stops = Stops(window);
+        EXPECT_FALSE(stops.empty());
+        for (std::size_t i = 1; i < stops.size(); ++i) {
+            if (stops[i]->parentWidget() != stops[i - 1]->parentWidget()) continue;
+            const QRect before = stops[i - 1]->geometry(), next = stops[i]->geometry();
+            const bool below = next.top() >= before.bottom() - before.height() / 2;
+            const bool right = next.left() >= before.right();
+            EXPECT_TRUE(below || right) << Name(*stops[i - 1]) << " leads to " << Name(*stops[i]);
+        }
+    });
+}
+
+// A letter that two controls share would only move the focus between them.
+TEST_P(EveryScreen, HasNoTwoControlsBehindOneLetter) {
+    Visit([](QWidget& window) {
+        std::map<std::string, std::string> letters;
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<QAbstractButton*>(widget);
+            const auto* label = qobject_cast<QLabel*>(widget);
+            if (!dynamic_cast<Control*>(widget) || !widget->isVisibleTo(&window)) continue;
+            const QString text = button ? button->text() : label ? label->text() : QString();
+            const QString letter = QKeySequence::mnemonic(text).toString();
+            if (letter.isEmpty()) continue;
+            const auto [other, isFirst] = letters.emplace(letter.toStdString(), Name(*widget));
+            EXPECT_TRUE(isFirst) << letter.toStdString() << ": " << other->second << " and " << Name(*widget);
+        }
+    });
+}
+
+std::vector<std::string> Screens() {
+    std::vector<std::string> names;
+    for (const qm::ScreenEntry& screen : qm::ScreenTable()) names.emplace_back(screen.Form);
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EveryScreen, ValuesIn(Screens()),
+                         [](const auto& screen) { return screen.param; });
+
+}  // namespace
