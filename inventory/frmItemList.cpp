@@ -65,12 +65,14 @@ void frmItemList::FillGrid() {
         sql += " Where UCase(Item_Name) Like '" + basic::UCase(wanted) + "%'";
     ado::Recordset items;
     items.Open(sql, shared().Connection);
+    const ado::Field code = items.Fields("ItemID"), name = items.Fields("Item_Name"),
+                     rate = items.Fields("Unit_Price");
     for (; !items.Eof(); items.MoveNext()) {
         const int row = grid.Rows();
         grid.SetRows(row + 1);
-        grid.SetTextMatrix(row, CodeCol, basic::TextOrEmpty(items["ItemID"]));
-        grid.SetTextMatrix(row, NameCol, basic::TextOrEmpty(items["Item_Name"]));
-        grid.SetTextMatrix(row, RateCol, basic::TextOrEmpty(items["Unit_Price"]));
+        grid.SetTextMatrix(row, CodeCol, basic::TextOrEmpty(code.Value()));
+        grid.SetTextMatrix(row, NameCol, basic::TextOrEmpty(name.Value()));
+        grid.SetTextMatrix(row, RateCol, basic::TextOrEmpty(rate.Value()));
     }
     items.Close();
     for (const int col : {TickCol, CodeCol, RateCol}) grid.AutoSize(col, col);
