@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
+#include "platform/forms/Progress.h"
 
 namespace qm {
 namespace {
@@ -19,15 +20,18 @@ ado::RecordsetPtr OpenSums(const std::string& side, std::optional<std::int32_t> 
 }
 
 // A sum over Null amounts alone is Null and counts as 0; the digits are those of the classic text.
-void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before) {
+void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before,
+                 forms::Progress& progress, int done) {
     if (before == BeforeRebuild::ZeroTotals)
         Conn().Execute("Update Ledger_details Set ledDet" + side +
                        "TxnTot = 0 Where fnncl_yr = " + shared().FinYear);
-    for (; !sums.Eof(); sums.MoveNext())
+    for (; !sums.Eof(); sums.MoveNext()) {
         Conn().Execute("Update Ledger_Details Set  ledDet" + side +
                        "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"])) +
                        " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
                        " And fnncl_yr = " + shared().FinYear);
+        progress.Step(++done);
+    }
 }
 
 // A row whose side is neither "D" nor "C" keeps the closing balance that it had.
@@ -46,8 +50,11 @@ void WriteClosingBalances() {
 
 void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before) {
     const ado::RecordsetPtr debits = OpenSums("Dr", upto), credits = OpenSums("Cr", upto);
-    WriteTotals("Dr", *debits, before);
-    WriteTotals("Cr", *credits, before);
+    const int debitRows = static_cast<int>(debits->RecordCount());
+    const int creditRows = static_cast<int>(credits->RecordCount());
+    forms::Progress progress("Totals of the ledgers", debitRows + creditRows);  // never left half done
+    WriteTotals("Dr", *debits, before, progress, 0);
+    WriteTotals("Cr", *credits, before, progress, debitRows);
     WriteClosingBalances();
 }
 

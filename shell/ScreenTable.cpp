@@ -4,7 +4,10 @@
 #include <array>
 
 #include "platform/forms/Form.h"
+#include "reports/frmItemLedger.h"
+#include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
+#include "vouchers/frmVoucher.h"
 #include "vouchers/frmDayBook.h"
 #include "years/frmFinYear.h"
 
@@ -19,7 +22,10 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
+    {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
 });
 

@@ -45,7 +45,7 @@ void Recordset::Close() {
 }
 
 int Recordset::State() const {
-    return impl_->open ? adStateOpen : adStateClosed;
+    return impl_->open && !impl_->session.expired() ? adStateOpen : adStateClosed;
 }
 
 int Recordset::CursorType() const {

@@ -51,7 +51,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     void Requery();  // runs the source again, keeps Filter, stands on the first row
     void Close();    // drops a pending edit; raises ObjectClosed
 
-    int State() const;
+    int State() const;  // closed, too, once its connection is; rows that were read can still be read
     int CursorType() const;
     int LockType() const;
     int CursorLocation() const;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QPagedPaintDevice>
+#include <string>
+#include <vector>
+
+#include "platform/forms/html/Layout.h"
+
+namespace forms::html {
+
+// A document on paper: laid out to the width of the sheet, cut into pages between rows and between lines of
+// text, each with "Page x of y" below.
+class Pages {
+  public:
+    // `size` is the room for the text in pixels at 96 dots per inch.
+    Pages(std::string_view document, const QFont& font, const QSize& size);
+
+    int Count() const { return static_cast<int>(breaks_.size()) - 1; }
+    // Where pages end, from 0 to the document's height.
+    const std::vector<int>& Breaks() const { return breaks_; }
+    // Paints the pages `first` to `last`, counted from 1, each on a sheet of its own. Raises 75 "Path/File
+    // access error" where they cannot be written.
+    void PaintOn(QPagedPaintDevice& device, int first, int last);
+
+    // The room that a sheet of the device gives, less its margins and the line of the page number.
+    static QSize RoomOf(const QPagedPaintDevice& device);
+    // A4, upright, with our margins.
+    static void Prepare(QPagedPaintDevice& device);
+
+  private:
+    void FindBreaks();
+
+    Layout layout_;
+    QSize size_;
+    double scale_ = 1;  // below 1 for what is wider than a sheet: all of it is made smaller, as browsers do
+    std::vector<int> breaks_;
+};
+
+// Writes the document as a PDF file on A4. Raises as PaintOn.
+void WritePdf(std::string_view document, const QFont& font, const std::string& path);
+
+}  // namespace forms::html

@@ -1,0 +1,55 @@
+#include "reports/DateRange.h"
+
+#include "core/DBCode.h"
+#include "core/GeneralUtils.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Dates.h"
+#include "platform/basic/Number.h"
+
+namespace qm {
+namespace {
+
+std::int16_t CurrentYear() {
+    return basic::ToInteger(shared().FinYear);
+}
+
+}  // namespace
+
+DateRange::DateRange(forms::DTPicker& from, forms::DTPicker& upto, std::function<basic::Date()> uptoReset)
+    : from_(from), upto_(upto) {
+    from_.Validate = [range = *this](bool& cancel) {
+        range.Refuse(range.from_, FirstOfYear(), "From Date cannot be more than To Date", cancel);
+    };
+    upto_.Validate = [range = *this, reset = std::move(uptoReset)](bool& cancel) {
+        range.Refuse(range.upto_, reset(), "To Date cannot be less than From Date", cancel);
+    };
+}
+
+void DateRange::Refuse(forms::DTPicker& picker, basic::Date reset, const char* disorder, bool& cancel) const {
+    cancel = true;
+    if (!IsDateInFinYear(picker.Value(), CurrentYear())) {
+        MsgBox(FinYearRangeText(CurrentYear()), vbInformation, AppTitle);
+        picker.SetValue(reset);
+    } else if (basic::DaysBetween(upto_.Value(), from_.Value()) >= 1) {
+        MsgBox(disorder, vbInformation, AppTitle);
+    } else {
+        cancel = false;
+    }
+}
+
+std::int32_t DateRange::From() const {
+    return basic::ToLong(DateNumber(from_.Value()));
+}
+std::int32_t DateRange::Upto() const {
+    return basic::ToLong(DateNumber(upto_.Value()));
+}
+
+basic::Date DateRange::FirstOfYear() {
+    return basic::MakeDate(CurrentYear(), 4, 1);
+}
+basic::Date DateRange::LastOfYear() {
+    return basic::MakeDate(CurrentYear() + 1, 3, 31);
+}
+
+}  // namespace qm

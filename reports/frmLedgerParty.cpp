@@ -1,0 +1,130 @@
+// The two generators over the ledgers: one ledger's statement, and the trial balance. The texts are compared
+// and printed letter for letter, tags that do not match included. Balances are signed, debit positive.
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Format.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "reports/frmLedger.h"
+
+namespace qm {
+namespace {
+
+std::string Money(const basic::Value& amount) {
+    return basic::Format(amount, "standard");
+}
+
+// The magnitude; nought is never below.
+double Magnitude(double balance) {
+    return balance > 0 ? balance : 0 - balance;
+}
+
+// A balance of nought reads "Cr".
+std::string BalanceCell(double balance) {
+    return "<td align = 'right'>" + Money(Magnitude(balance)) + (balance > 0 ? "Dr" : "Cr") + "</td>";
+}
+
+// The statement's columns and the rule below them.
+constexpr const char* StatementHeads =
+    "<td width = '15%' height='31'><b>Date</b></td><td width = '25%' height='31'><b>Particulars</b></td>"
+    "<td width = '10%' height='31'><b>TrnType</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Dr. Amount</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Cr. Amount</b></td>"
+    "<td width = '20%' height='31' align = 'right'><b>Balance</b></td>"
+    "</tr><tr><td width='100%' height='1' colspan='6'><hr></td></tr>";
+
+constexpr const char* TrialHeads =
+    "<td width = '30%' height='31'><b>Particulars</b></td><td width = '10%' height='31'><b>Opening</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Dr. Txn. Amount</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Cr. Txn. Amount</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Closing Dr.</b></td>"
+    "<td width = '15%' height='31' align = 'right'><b>Closing Cr.</b></td>"
+    "</tr><tr><td width='100%' height='1' colspan='6'><hr></td></tr>";
+
+constexpr const char* StatementRule =
+    "<tr><td></td><td></td><td></td><td colspan = '3' width = '100%'><hr></td></tr>";
+constexpr const char* TrialRule = "<tr><td></td><td></td><td colspan = '4' width = '100%' ><hr></td></tr>";
+
+// "Dr " has a blank behind it and "Cr" has none. Kept.
+std::string OpeningRow(const std::string& date, double opening) {
+    const std::string amount = Money(Magnitude(opening));
+    return "<tr><td>" + date + "</td><td>Opening Balance</td><td></td>" +
+           (opening > 0 ? "<td align = 'right'>" + amount + "</td><td></td><td align = 'right'>" + amount +
+                              "Dr </td><td></td></tr>"
+                        : "<td></td><td align = 'right'>" + amount + "</td><td align = 'right'>" + amount +
+                              "Cr</td><td></td></tr>");
+}
+
+// What does not fit the line goes to a second and a third, which overlap by 35 characters: part of the form.
+std::string Continuation(const std::string& narration) {
+    std::string rows;
+    if (basic::Len(narration) > 35) rows += "<tr><td>" + basic::Mid(narration, 36, 85) + "</td></tr>";
+    if (basic::Len(narration) > 85) rows += "<tr><td>" + basic::Mid(narration, 86) + "</td></tr>";
+    return rows;
+}
+
+}  // namespace
+
+void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::string& name) {
+    if (rs.Eof() && rs.Bof()) return;
+    double& balance = opening;
+    double debits = opening > 0 ? opening : 0, credits = opening > 0 ? 0 : 0 - opening;
+    Append("<tr><td width = '100%' colspan = '2'><b>" + name +
+           "</b></td></tr><tr><td width='100%' colspan = '6'><hr></td></tr>");
+    Append(std::string("<tr>") + StatementHeads);
+    Append(OpeningRow(basic::Format(fromDate_, "dd-MMM-yyyy"), opening));
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const std::string narration = basic::TextOrEmpty(rs["LedgerNarration"]);
+        const basic::Value debit = rs["LedgerDrAmt"], credit = rs["LedgerCrAmt"];
+        if (basic::NumberOrZero(debit) != 0)
+            balance += basic::ToDouble(debit);
+        else
+            balance -= basic::ToDouble(credit);
+        debits += basic::NumberOrZero(debit);
+        credits += basic::NumberOrZero(credit);
+        Append("<tr><td>" + basic::Format(DateNumber(rs["LedgerTxnDate"]), "dd-MMM-yyyy") + "</td><td>" +
+               basic::Left(narration, 35) + "</td><td>" + basic::TextOrEmpty(rs["ledgertrntype"]) +
+               "</td><td align = 'right'>" + Money(debit) + "</td><td align = 'right'>" + Money(credit) +
+               "</td>" + BalanceCell(balance) + "</tr>" + Continuation(narration));
+    }
+    Append(StatementRule);
+    Append("<tr><td></td><td></td><td></td><td align = 'right'>" + Money(debits) +
+           "</td><td align = 'right'>" + Money(credits) + "</td>" + BalanceCell(balance) + "</td>");
+    Append(StatementRule);
+    Append("<tr><td colspan = '6' width = '100%'><hr></td></tr>");
+}
+
+// All ledgers of the year, whatever was selected; nothing tests that the sides agree.
+void frmLedger::PartyTrial(basic::Date) {
+    ado::Recordset rs;
+    rs.Open(
+        "Select * from ledger_master, Ledger_Details  Where ledger_master.Ledger_Id = "
+        "Ledger_Details.Ledger_Id  And Fnncl_yr = " +
+            shared().FinYear,
+        shared().Connection);
+    if (rs.Eof() && rs.Bof()) return;
+    double debits = 0, credits = 0, closingDebits = 0, closingCredits = 0;
+    Append(std::string("<tr><td width='100%' colspan = '6'><hr></td></tr>") + TrialHeads);
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const basic::Value debit = rs["leddetDrtxntot"], credit = rs["leddetCrtxntot"];
+        debits += basic::NumberOrZero(debit);
+        credits += basic::NumberOrZero(credit);
+        Append("<tr><td>" + basic::TextOrEmpty(rs["Name"]) + "</td><td align = 'right'>" +
+               basic::TextOrEmpty(rs["Opening_Bal"]) + basic::TextOrEmpty(rs["Bal_Type"]) +
+               "</td><td align = 'right'>" + Money(debit) + "</td><td align = 'right'>" + Money(credit) +
+               "</td>");
+        // A Null one, of a ledger that nothing was ever posted to, is an empty credit cell.
+        const basic::Value stored = rs["closing_Bal"];
+        const double closing = basic::NumberOrZero(stored);
+        (closing > 0 ? closingDebits : closingCredits) += Magnitude(closing);
+        Append((closing > 0 ? "<td align = 'right'>" : "<td></td><td align = 'right'>") +
+               (stored.IsNull() ? "" : Money(Magnitude(closing))) + "</td></tr>");
+    }
+    Append(TrialRule);
+    Append("<tr><td></td><td></td><td align = 'right'>" + Money(debits) + "</td><td align = 'right'>" +
+           Money(credits) + "</td><td align = 'right'>" + Money(closingDebits) + "</td><td align = 'right'>" +
+           Money(closingCredits) + "</td></tr>");
+    Append(TrialRule);
+}
+
+}  // namespace qm

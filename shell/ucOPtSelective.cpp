@@ -1,0 +1,63 @@
+#include "shell/ucOPtSelective.h"
+
+#include "core/ErrorModule.h"
+#include "platform/basic/Number.h"
+
+namespace qm {
+
+ucOPtSelective::ucOPtSelective(QWidget* parent) : UserControlOf(parent), OkClick(this), CancelClick(this) {
+    EnterFocus = [this] { UserControl_EnterFocus(); };
+    ui().optAll->Click = [this] { optAll_Click(); };
+    ui().optSel->Click = [this] { optSel_Click(); };
+    ui().cmdOk->Click = [this] { cmdOk_Click(); };
+    ui().cmdCancel->Click = [this] { CancelClick.Fire(); };
+}
+
+// What fails is passed over: the record set is often open already.
+void ucOPtSelective::UserControl_EnterFocus() {
+    forms::ListBox& list = *ui().lstItem;
+    if (!rows_) return;
+    SkipOnError([&] { rows_->Open(); });
+    if (list.ListCount() > 0) return;
+    ui().optAll->SetEnabled(true);
+    ui().optSel->SetEnabled(true);
+    SkipOnError([&] {
+        if (rows_->Bof()) return;
+        for (; !rows_->Eof(); rows_->MoveNext()) {
+            SkipOnError([&] { list.AddItem(basic::ToText((*rows_)[shownField_])); });
+            SkipOnError([&] { list.SetItemData(list.NewIndex(), basic::ToLong((*rows_)[keyField_])); });
+        }
+    });
+    list.SetEnabled(false);
+    SkipOnError([&] { rows_->Close(); });
+}
+
+void ucOPtSelective::SelectEach(bool selected) {
+    forms::ListBox& list = *ui().lstItem;
+    for (int row = 0; row < list.ListCount(); ++row) list.SetSelected(row, selected);
+}
+
+// The list stays as it is: disabled after a fill.
+void ucOPtSelective::optAll_Click() {
+    SelectEach(true);
+    ui().cmdOk->SetEnabled(true);
+}
+
+void ucOPtSelective::optSel_Click() {
+    SelectEach(false);
+    ui().cmdOk->SetEnabled(true);
+    ui().lstItem->SetEnabled(true);
+}
+
+// Disabled by its own click: enabled again only by a choice of all or selected.
+void ucOPtSelective::cmdOk_Click() {
+    const forms::ListBox& list = *ui().lstItem;
+    selected_.assign(static_cast<std::size_t>(list.SelCount()) + 1, 0);
+    ui().cmdOk->SetEnabled(false);
+    std::size_t slot = 0;
+    for (int row = 0; row < list.ListCount(); ++row)
+        if (list.Selected(row)) selected_[slot++] = basic::ToInteger(list.ItemData(row));
+    OkClick.Fire();
+}
+
+}  // namespace qm

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/basic/Clock.h"
+#include "platform/basic/Dates.h"
+#include "platform/basic/Number.h"
+#include "reports/frmLedger.h"
+#include "tests/screens/ScreenFixture.h"
+
+// What the tests of the report screens share: 30 April 2001 as today, and the page that comes.
+class ReportScreensTest : public test::ScreenTest {
+  protected:
+    ReportScreensTest() { basic::Clock::Set(basic::MakeDate(2001, 4, 30)); }
+    ~ReportScreensTest() override { basic::Clock::Set({}); }
+
+    // The day number of a day of April 2001; 31 is 1 May, and so on.
+    static std::string Day(int ofApril) { return std::to_string(36979 + ofApril); }
+    static basic::Date Date(int ofApril) { return basic::AddDays(basic::MakeDate(2001, 3, 31), ofApril); }
+
+    // Runs what shows a report and gives the text of the page that came.
+    std::string Printed(const std::function<void()>& print) {
+        std::string text = "no page";
+        script.Modal("frmLedger", [&](forms::Form& form) {
+            auto& page = static_cast<qm::frmLedger&>(form);
+            text = page.ReportText();
+            EXPECT_EQ(page.ui().ucHTMLBox->ui().dhtEdit->DocumentHTML(), text);
+        });
+        print();
+        return text;
+    }
+};

@@ -1,0 +1,170 @@
+#include "vouchers/VoucherGrid.h"
+
+#include <cmath>
+
+#include "platform/basic/Format.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+
+namespace qm {
+namespace {
+
+constexpr const char* Money = "#,##,###.00";
+constexpr int Columns = 8;
+constexpr int RuleHeight = 50;
+
+bool IsNought(const basic::Value& amount) {
+    return basic::NumberOrZero(amount) == 0;
+}
+
+}  // namespace
+
+void VoucherGrid::SetUp() {
+    grid_.SetRows(2);
+    grid_.SetCols(Columns);
+    const struct {
+        int Column;
+        const char* Heading;
+        int Width;
+    } headings[] = {{Side, "Txn.", 0},       {Ledger, "Ledger", 2200}, {Balance, "Balance", 1600},
+                    {DrAmount, "Dr.", 1450}, {CrAmount, "Cr.", 1450},  {Particulars, "Particulars", 3500}};
+    for (const auto& [column, heading, width] : headings) {
+        grid_.SetTextMatrix(0, column, heading);
+        if (width > 0) grid_.SetColWidth(column, width);
+    }
+    grid_.SetColHidden(Changed, true);
+    grid_.SetColHidden(Number, true);
+    grid_.SetColBoolean(Changed, true);
+    grid_.SetColComboList(Side, "Dr.|Cr.");
+    grid_.SetColComboList(Ledger, "Dummy");  // for its button: the list itself is another grid's
+    for (const int column : {Balance, DrAmount, CrAmount}) {
+        grid_.SetColFormat(column, Money);
+        grid_.SetColAlignment(column, forms::Alignment::Right);
+    }
+    grid_.SetCellAlignment(0, Side, 0, Particulars, forms::Alignment::Center);
+    grid_.SetCellFontBold(0, Side, 0, Particulars, true);
+    grid_.AutoSize(Side, Side);
+    grid_.SetEditable(true);
+}
+
+void VoucherGrid::Empty() {
+    grid_.SetRows(1);
+    grid_.SetRows(2);
+}
+
+// The test of the credit runs second and wins: a row with both amounts 0 reads "Dr.".
+void VoucherGrid::AddLoaded(ado::Recordset& row) {
+    const int line = LastRow();
+    grid_.SetTextMatrix(line, Number, basic::TextOrEmpty(row["LedgerTrnNo"]));
+    grid_.SetTextMatrix(line, Particulars, basic::TextOrEmpty(row["LedgerNarration"]));
+    grid_.SetTextMatrix(line, Ledger, basic::TextOrEmpty(row["LedgerName"]));
+    grid_.SetCellData(line, Changed, row["LedgerCode"]);
+    grid_.SetCellData(line, Ledger, row["LedgerCode"]);
+    grid_.SetTextMatrix(line, Balance, basic::TextOrEmpty(row["LedgerLedBal"]));
+    const basic::Value debit = row["LedgerDrAmt"], credit = row["LedgerCrAmt"];
+    grid_.SetTextMatrix(line, Side, IsNought(debit) ? "Cr." : "Dr.");
+    if (!IsNought(debit)) grid_.SetTextMatrix(line, DrAmount, basic::ToText(debit));
+    grid_.SetTextMatrix(line, Side, IsNought(credit) ? "Dr." : "Cr.");
+    if (!IsNought(credit)) grid_.SetTextMatrix(line, CrAmount, basic::ToText(credit));
+    grid_.SetRows(grid_.Rows() + 1);
+}
+
+void VoucherGrid::AddFoot() {
+    grid_.SetRows(grid_.Rows() + 4);
+    const int last = LastRow();
+    grid_.SetRowHeight(last - 2, RuleHeight);
+    grid_.SetCellBackColor(last - 2, Side, last - 2, Particulars, forms::vbRed);
+    grid_.SetTextMatrix(last - 1, DrAmount, "Total Dr.");
+    grid_.SetTextMatrix(last - 1, CrAmount, "Total Cr.");
+    grid_.SetTextMatrix(last, Balance, "Total Balance = ");
+    grid_.SetCellFontBold(last - 1, Balance, last, CrAmount, true);
+    grid_.SetCellFontItalic(last - 1, Balance, last, CrAmount, true);
+    grid_.SetCellForeColor(last - 1, Balance, last, CrAmount, forms::vbRed);
+}
+
+VoucherLine VoucherGrid::Line(int row) const {
+    return {.Removed = grid_.RowHidden(row),
+            .Changed = grid_.CellChecked(row, Changed),
+            .SavedNo = grid_.TextMatrix(row, Number),
+            .Side = grid_.TextMatrix(row, Side),
+            .OldLedgerId = basic::TextOrEmpty(grid_.CellData(row, Changed)),
+            .LedgerId = basic::TextOrEmpty(grid_.CellData(row, Ledger)),
+            .LedgerName = grid_.TextMatrix(row, Ledger),
+            .DrAmount = grid_.ValueMatrix(row, DrAmount),
+            .CrAmount = grid_.ValueMatrix(row, CrAmount),
+            .Narration = grid_.TextMatrix(row, Particulars)};
+}
+
+double VoucherGrid::Sum(int column, int lastRow) const {
+    double sum = 0;
+    for (int row = 1; row <= lastRow; ++row)
+        if (!grid_.RowHidden(row)) sum += grid_.ValueMatrix(row, column);
+    return sum;
+}
+
+std::string VoucherGrid::OpenDifference(int row) const {
+    return basic::NumberText(std::abs(Sum(DrAmount, row - 1) - Sum(CrAmount, row - 1)));
+}
+
+void VoucherGrid::PutDifference(int line) {
+    const bool debit = grid_.TextMatrix(line, Side) == "Dr.";
+    grid_.SetTextMatrix(line, debit ? DrAmount : CrAmount, OpenDifference(line));
+    grid_.SetTextMatrix(line, debit ? CrAmount : DrAmount, "");
+}
+
+void VoucherGrid::SetBalancingLine() {
+    if (!grid_.TextMatrix(LastLine(), Side).empty()) PutDifference(LastLine());
+}
+
+void VoucherGrid::MoveAmountToItsSide(int row) {
+    const std::string& side = grid_.TextMatrix(row, Side);
+    if (side != "Dr." && side != "Cr.") return;
+    const int right = side == "Dr." ? DrAmount : CrAmount, wrong = side == "Dr." ? CrAmount : DrAmount;
+    if (basic::Trim(grid_.TextMatrix(row, wrong)).empty()) return;
+    grid_.SetTextMatrix(row, right, grid_.TextMatrix(row, wrong));
+    grid_.SetTextMatrix(row, wrong, "");
+    SetBalancingLine();
+}
+
+// On the side opposite to the one just left, which need not be the one that is short.
+void VoucherGrid::OpenLine(int after) {
+    grid_.AddItem("", LastRow() - 3);
+    const int line = LastLine();
+    const std::string& side = grid_.TextMatrix(after, Side);
+    if (!side.empty()) {
+        grid_.SetTextMatrix(line, Side, side == "Cr." ? "Dr." : "Cr.");
+        PutDifference(line);
+    }
+    grid_.SetTextMatrix(line, Particulars, grid_.TextMatrix(after, Particulars));
+    grid_.Select(line, Side);
+}
+
+void VoucherGrid::ShowTotals() {
+    for (const int column : {DrAmount, CrAmount}) {
+        const double sum = Sum(column, LastRow() - 3);
+        grid_.SetTextMatrix(LastRow(), column, sum > 0 ? "Rs." + basic::Format(sum, Money) : "");
+    }
+    grid_.AutoSize(DrAmount, CrAmount);
+}
+
+double VoucherGrid::ShownTotal(int column) const {
+    const std::string figure = basic::Mid(grid_.TextMatrix(LastRow(), column), 4);
+    return figure.empty() ? 0 : basic::WholeNumber(figure);
+}
+
+void VoucherGrid::MarkChanged(int row) {
+    if (!grid_.TextMatrix(row, Number).empty()) grid_.SetCellChecked(row, Changed, true);
+}
+
+void VoucherGrid::Clear(int row, int column) {
+    grid_.SetTextMatrix(row, column, "");
+}
+
+void VoucherGrid::DeleteLine(int row) {
+    if (grid_.TextMatrix(row, Number).empty())
+        grid_.RemoveItem(row);
+    else
+        grid_.SetRowHidden(row, true);
+}
+
+}  // namespace qm

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/forms/Controls.h"
+#include "platform/forms/VSFlexGrid.h"
+#include "ui_frmVoucher.h"
+#include "vouchers/LedgerList.h"
+#include "vouchers/VoucherGrid.h"
+
+namespace qm {
+
+// The one screen for all four voucher types: a type and a date, then lines in a grid that balances itself.
+// The type is locked as soon as it is chosen, until New or Undo.
+class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
+  public:
+    // Shows a voucher modally; 0 is a new one.
+    void Load(std::int32_t trnNo);
+
+    // Who wants to hear that the screen has closed: `refresh` runs then, if that form is loaded.
+    void SetCallingForm(forms::Form& form, std::function<void()> refresh);
+
+  protected:
+    void Wire() override;
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Form_KeyDown(int keyCode, int shift) override;
+
+  private:
+    void LoadVoucher(std::int32_t trnNo);
+    void RefreshLedgerList();
+    void FillLedgerList(LedgerListKind kind);
+    bool ValidateVoucher();
+    bool ValidateDate();
+    bool ValidateLine(int row);
+    bool Refuse(const std::string& text);
+    void AskForType();
+
+    void cmbVoucherType_Validate();
+    void cmdNew_Click();
+    void cmdUndo_Click();
+    void cmdSave_Click();
+
+    void WireGrid();
+    void vsVoucher_GotFocus();
+    void vsVoucher_AfterRowColChange();
+    void vsVoucher_BeforeEdit(int row, int col, bool& cancel);
+    void vsVoucher_StartEdit(int row, int col, bool& cancel);
+    void vsVoucher_ValidateEdit(int col, bool& cancel);
+    void vsVoucher_AfterEdit(int row, int col);
+    void vsVoucher_KeyDown(int& keyCode);
+    void DeleteByColumn(int row, int col, int& keyCode);
+    void vsCombo_ValidateEdit(bool& cancel);
+    void vsCombo_AfterEdit();
+
+    std::optional<VoucherGrid> lines_;  // over vsVoucher
+    LedgerList ledgers_;                // behind vsCombo
+    std::int32_t CurrentTrnNo = 0;      // the voucher on screen, 0 for a new one
+    forms::Form* CallingForm = nullptr;
+    std::function<void()> refreshCaller_;
+};
+
+}  // namespace qm

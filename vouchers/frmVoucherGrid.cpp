@@ -1,0 +1,196 @@
+// The events of the voucher's grid, and of the drop-down list of ledgers that lies over its ledger cells.
+#include "core/MsgBox.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "vouchers/frmVoucher.h"
+
+namespace qm {
+namespace {
+
+constexpr int AmountLength = 9, NarrationLength = 99;
+constexpr int ComboAllowance = 20;  // twips that the list is higher than its cell
+
+bool IsAmount(int col) {
+    return col == DrAmount || col == CrAmount;
+}
+
+}  // namespace
+
+void frmVoucher::WireGrid() {
+    forms::VSFlexGrid& grid = *ui().vsVoucher;
+    grid.GotFocus = [this] { vsVoucher_GotFocus(); };
+    grid.AfterRowColChange = [this](int, int, int, int) { vsVoucher_AfterRowColChange(); };
+    grid.BeforeRowColChange = [this](int, int, int newRow, int, bool& cancel) {
+        if (!lines_->IsLine(newRow)) cancel = true;
+    };
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsVoucher_BeforeEdit(row, col, cancel); };
+    grid.StartEdit = [this](int row, int col, bool& cancel) { vsVoucher_StartEdit(row, col, cancel); };
+    grid.ValidateEdit = [this](int, int col, bool& cancel) { vsVoucher_ValidateEdit(col, cancel); };
+    grid.KeyPressEdit = [](int, int col, int& key) {
+        const bool digit = key >= '0' && key <= '9';
+        if (IsAmount(col) && !digit && key != '.' && key != forms::vbKeyBack) key = 0;
+    };
+    grid.AfterEdit = [this](int row, int col) { vsVoucher_AfterEdit(row, col); };
+    grid.KeyDown = [this](int& keyCode, int) { vsVoucher_KeyDown(keyCode); };
+
+    forms::VSFlexGrid& combo = *ui().vsCombo;
+    combo.SetFixedRows(0);
+    combo.SetRows(1);
+    combo.SetCols(1);
+    combo.SetEditable(true);
+    combo.SetColComboList(0, "Dummy");
+    combo.SetVisible(false);
+    combo.ValidateEdit = [this](int, int, bool& cancel) { vsCombo_ValidateEdit(cancel); };
+    combo.AfterEdit = [this](int, int) { vsCombo_AfterEdit(); };
+    combo.LostFocus = [this] { ui().vsVoucher->SetFocus(); };
+    combo.KeyDown = [this](int& keyCode, int) {
+        if (keyCode == forms::vbKeyEscape) ui().vsVoucher->SetFocus();
+    };
+}
+
+void frmVoucher::RefreshLedgerList() {
+    FillLedgerList(
+        LedgerListFor(ui().cmbVoucherType->Text(), ui().vsVoucher->TextMatrix(ui().vsVoucher->Row(), Side)));
+}
+
+void frmVoucher::FillLedgerList(LedgerListKind kind) {
+    if (kind == LedgerListKind::Stays) return;
+    forms::VSFlexGrid& combo = *ui().vsCombo;
+    const std::string list = ledgers_.Fill(kind);
+    combo.SetRows(0);
+    combo.SetRows(1);
+    combo.SetColComboList(0, list);
+    combo.AutoSize(0, 0);
+}
+
+// With one line the cursor goes back to its side, whatever cell it stood on.
+void frmVoucher::vsVoucher_GotFocus() {
+    if (lines_->LastLine() == 1 || ui().vsVoucher->Col() < Side) ui().vsVoucher->Select(1, Side);
+}
+
+void frmVoucher::vsVoucher_AfterRowColChange() {
+    RefreshLedgerList();
+    if (ui().vsVoucher->Col() != Ledger) ui().vsCombo->SetVisible(false);
+}
+
+// A line takes its side first; an amount goes only into the column of its side.
+void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
+    ui().vsCombo->SetVisible(false);
+    if (col == Balance) {
+        cancel = true;
+        return;
+    }
+    if (ui().cmbVoucherType->Text().empty()) {
+        cancel = true;
+        return AskForType();
+    }
+    if (col == Side) return ui().vsVoucher->SetEditMaxLength(0);
+    const std::string& side = ui().vsVoucher->TextMatrix(row, Side);
+    cancel = side.empty() || (col == DrAmount && side == "Cr.") || (col == CrAmount && side == "Dr.");
+    if (IsAmount(col)) ui().vsVoucher->SetEditMaxLength(AmountLength);
+    if (col == Particulars) ui().vsVoucher->SetEditMaxLength(NarrationLength);
+}
+
+// The ledger's cell is never edited itself: the list of ledgers opens over it.
+void frmVoucher::vsVoucher_StartEdit(int row, int col, bool& cancel) {
+    forms::VSFlexGrid& grid = *ui().vsVoucher;
+    forms::VSFlexGrid& combo = *ui().vsCombo;
+    if (col != Ledger) return combo.SetVisible(false);
+    cancel = true;
+    if (const std::string& ledger = grid.TextMatrix(row, Ledger); !ledger.empty())
+        combo.SetTextMatrix(0, 0, ledger);
+    combo.Move(grid.CellLeft(), grid.CellTop(), grid.CellWidth(), grid.CellHeight() + ComboAllowance);
+    combo.SetColWidth(0, grid.CellWidth());
+    combo.SetVisible(true);
+    combo.Select(0, 0);
+    combo.SetFocus();
+    combo.EditCell();
+}
+
+// Fractions pass, whatever the words say.
+void frmVoucher::vsVoucher_ValidateEdit(int col, bool& cancel) {
+    const std::string text = ui().vsVoucher->EditText();
+    if (!IsAmount(col) || text.empty() || basic::IsNumeric(text)) return;
+    MsgBox("Please enter a valid numeric integer", vbInformation, AppTitle);
+    cancel = true;
+}
+
+void frmVoucher::vsVoucher_AfterEdit(int row, int col) {
+    lines_->MarkChanged(row);
+    if (col == Side) {
+        RefreshLedgerList();
+        lines_->MoveAmountToItsSide(row);
+        lines_->ShowTotals();
+    }
+    if (!IsAmount(col)) return;
+    // The last line is finished: a new one opens, also when the voucher is in balance.
+    if (row == lines_->LastLine() && ui().vsVoucher->TextMatrix(row + 1, Number).empty()) {
+        lines_->OpenLine(row);
+        RefreshLedgerList();
+    } else {
+        lines_->SetBalancingLine();
+    }
+    lines_->ShowTotals();
+}
+
+void frmVoucher::vsVoucher_KeyDown(int& keyCode) {
+    const int row = ui().vsVoucher->Row(), col = ui().vsVoucher->Col();
+    if (keyCode == forms::vbKeyDelete) DeleteByColumn(row, col, keyCode);
+    if (keyCode == forms::vbKeyTab && col == Particulars && row == lines_->LastLine()) {
+        keyCode = 0;
+        ui().cmdSave->SetFocus();
+    }
+}
+
+void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
+    forms::VSFlexGrid& grid = *ui().vsVoucher;
+    switch (std::exchange(keyCode, 0), col) {
+        case Side:
+            if (grid.TextMatrix(row, Side).empty()) return;
+            if (MsgBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?", vbYesNo + vbInformation,
+                       AppTitle) == vbYes) {
+                lines_->DeleteLine(row);
+                grid.Select(1, Side);
+                lines_->ShowTotals();
+            }
+            return;
+        case Ledger:
+            lines_->Clear(row, Ledger);
+            return lines_->Clear(row, Balance);
+        case DrAmount:
+        case CrAmount:
+        case Particulars:
+            lines_->Clear(row, col);
+            return lines_->ShowTotals();
+        default:
+            return;
+    }
+}
+
+// Looks at the one line above and no other.
+void frmVoucher::vsCombo_ValidateEdit(bool& cancel) {
+    const forms::VSFlexGrid& grid = *ui().vsVoucher;
+    const int row = grid.Row();
+    if (row < 2 || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
+        basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != ui().vsCombo->ComboData())
+        return;
+    MsgBox("Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one",
+           vbInformation, AppTitle);
+    cancel = true;
+}
+
+void frmVoucher::vsCombo_AfterEdit() {
+    forms::VSFlexGrid& grid = *ui().vsVoucher;
+    const int row = grid.Row();
+    if (const std::string id = ui().vsCombo->ComboData(); !id.empty()) {
+        grid.SetTextMatrix(row, Balance, ledgers_.BalanceText(id));
+        grid.SetTextMatrix(row, Ledger, ui().vsCombo->ComboItem());
+        grid.SetCellData(row, Ledger, id);
+    }
+    ui().vsCombo->SetVisible(false);
+    lines_->MarkChanged(row);
+    grid.Select(row, Ledger);
+    grid.SetFocus();
+}
+
+}  // namespace qm
