@@ -24,9 +24,9 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
-    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
