@@ -8,6 +8,7 @@
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
 #include "vouchers/frmVoucher.h"
+#include "vouchers/frmDayBook.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -25,6 +26,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {

@@ -191,6 +191,11 @@ basic::Value Recordset::ValueAt(std::int64_t row, std::size_t field) const {
     return impl_->Rows().ValueAt(impl_->RowAt(row), field);
 }
 
+KeptRows Recordset::Keep() const {
+    impl_->Count();  // reads them if that was postponed
+    return {impl_->rows, impl_->visible};
+}
+
 void Recordset::AddNew() {
     impl_->RefuseReadOnly();
     impl_->Store();

@@ -8,6 +8,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Constants.h"
+#include "platform/ado/KeptRows.h"
 #include "platform/basic/Value.h"
 
 namespace ado {
@@ -85,6 +86,8 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     basic::Value operator[](std::string_view name) { return Fields(name).Value(); }
     // The value of a row that passes Filter, 0 the first, without moving: lists draw from it.
     basic::Value ValueAt(std::int64_t row, std::size_t field) const;
+    // What ValueAt reads now, of a read-only set: it stands on its own from here on.
+    KeptRows Keep() const;
 
     void
     AddNew();  // starts a record; only the fields that are set are written, the others take their defaults

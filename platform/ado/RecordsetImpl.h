@@ -32,9 +32,10 @@ struct PendingEdit {
 
 // What a record set is made of. Reading stands in RecordsetReading.cpp, editing in RecordsetEditing.cpp.
 //
-// A plain table read (no condition, nothing but columns) is postponed until the first look at its rows, or
-// until something on the connection is about to change. A Filter that is set in between is read along as a
-// condition, so that showing one day of a million rows reads that day only.
+// A plain table read (no condition, nothing but columns; Distinct does no harm, since rows that are alike
+// pass a Filter alike) is postponed until the first look at its rows, or until something on the connection is
+// about to change. A Filter that is set in between is read along as a condition, so that showing one day of a
+// million rows reads that day only.
 struct Recordset::Impl final : PostponedRead {
     ~Impl();
 
@@ -71,13 +72,13 @@ struct Recordset::Impl final : PostponedRead {
     bool open = false;
 
     std::shared_ptr<const Plan> plan;
-    std::optional<RowStore> rows;         // nothing while reading is postponed
+    std::shared_ptr<RowStore> rows;       // nothing while reading is postponed
     std::optional<basic::Error> failure;  // of a postponed read, for whoever looks first
 
     std::string filter;
     std::vector<FilterTerm> terms;
-    bool filteredByStore = false;                       // the rows are only those that pass Filter
-    std::optional<std::vector<std::uint32_t>> visible;  // the rows that pass Filter, where not all do
+    bool filteredByStore = false;                         // the rows are only those that pass Filter
+    std::shared_ptr<std::vector<std::uint32_t>> visible;  // the rows that pass Filter, where not all do
 
     std::int64_t position = 0;  // -1 at BOF, Count() at EOF
     PendingEdit edit;

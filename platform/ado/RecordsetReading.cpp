@@ -93,7 +93,7 @@ bool Recordset::Impl::MayPostpone() const {
 }
 
 bool Recordset::Impl::MayBeNarrowed() const {
-    if (plan->table.empty() || plan->aggregate || plan->distinct || !plan->where.empty()) return false;
+    if (plan->table.empty() || plan->aggregate || !plan->where.empty()) return false;
     for (const Output& output : plan->outputs)
         if (output.column.empty()) return false;
     return true;
@@ -122,9 +122,9 @@ void Recordset::Impl::Read() {
         ready = *std::move(narrowed);
         filteredByStore = true;
     }
-    RowStore fresh(*plan);
-    fresh.Fill(*on->Start(ready));
-    rows = std::move(fresh);
+    const auto fresh = std::make_shared<RowStore>(*plan);
+    fresh->Fill(*on->Start(ready));
+    rows = fresh;
     ApplyFilter();
 }
 
@@ -160,7 +160,7 @@ void Recordset::Impl::ApplyFilter() {
     visible.reset();
     position = 0;
     if (terms.empty() || filteredByStore) return;
-    visible.emplace();
+    visible = std::make_shared<std::vector<std::uint32_t>>();
     for (std::size_t row = 0; row < rows->Rows(); ++row) {
         bool meets = true;
         for (const FilterTerm& term : terms) meets = meets && term.comparison.Meets(*rows, row, term.field);

@@ -60,4 +60,9 @@ void DTPicker::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
+// The toolkit's own way goes through day, month and year first.
+bool DTPicker::focusNextPrevChild(bool next) {
+    return QWidget::focusNextPrevChild(next);
+}
+
 }  // namespace forms

@@ -8,7 +8,8 @@
 namespace forms {
 
 // A box for a date, shown as "dd-MMM-yyyy" with English month names, with a calendar to choose from. It
-// starts at today. Setting Value fires nothing.
+// starts at today. Setting Value fires nothing. Left and Right go from part to part, Tab goes on to the next
+// control.
 class DTPicker : public QDateEdit, public Control {
   public:
     explicit DTPicker(QWidget* parent);
@@ -22,6 +23,7 @@ class DTPicker : public QDateEdit, public Control {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 };
 
 }  // namespace forms

@@ -91,7 +91,8 @@ void VSFlexGrid::AutoSize(int col1, int col2) {
         int widest = 0;
         for (int row = 0; row < Rows(); ++row) {
             const bool isStrong = row < FixedRows() || Model().Extra(row, col).Bold;
-            widest = std::max(widest, (isStrong ? strong : plain).Width(PaintedText(row, col)));
+            const int arrow = row == 0 && explorerSort_ ? CellPainter::ArrowRoom : 0;
+            widest = std::max(widest, (isStrong ? strong : plain).Width(PaintedText(row, col)) + arrow);
         }
         const int button = List(col).Empty() ? 0 : RowPixels;
         SetColWidth(col, TwipsFromPixels(widest + 2 * CellPainter::Padding + button, this));

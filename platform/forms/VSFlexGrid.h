@@ -44,9 +44,12 @@ class VSFlexGrid : public FlexGrid {
     void SetColComboList(int col, const std::string& list);  // as ComboList reads it
     void SetCellButtonPicture(std::string image) { buttonPicture_ = std::move(image); }
     void AutoSize(int col1, int col2);  // as wide as the widest text, heading included
+    // A click on a heading sorts, the next one the other way. Set again, the grid stands unsorted: for new
+    // rows.
     void SetExplorerSort(bool sort) {
         explorerSort_ = sort;
-    }                                   // a click on a heading sorts; the next one the other way
+        sortedCol_ = -1;
+    }
     void SetHighLight(bool highLight);  // whether the current cell is marked
 
     // Editing

@@ -46,6 +46,11 @@ TEST_F(DTPickerTest, TheCalendarOpensByKeyAndByCode) {
     }
 }
 
+TEST_F(DTPickerTest, TabLeavesItAtOnce) {
+    Key(Qt::Key_Tab);
+    EXPECT_NE(form.ActiveControl(), picker);
+}
+
 TEST_F(DTPickerTest, AHalfTypedDateReadsAsTheLastWholeOne) {
     picker->setSelectedSection(QDateTimeEdit::DaySection);
     QTest::keyClicks(picker, "1");

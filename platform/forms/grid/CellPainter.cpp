@@ -136,7 +136,7 @@ void CellPainter::Arrow(QRect& room, int direction) {
     widget_.style()->drawPrimitive(
         direction > 0 ? QStyle::PE_IndicatorArrowUp : QStyle::PE_IndicatorArrowDown, &option, &painter_,
         &widget_);
-    room.setRight(room.right() - 12);
+    room.setRight(room.right() - ArrowRoom);
 }
 
 void CellPainter::Text(const QRect& room, const CellShown& shown) {

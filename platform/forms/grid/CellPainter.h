@@ -48,6 +48,7 @@ class CellPainter {
     static QRect CheckRect(const QRect& cell);
     // Twice the room between a text and the sides of its cell.
     static constexpr int Padding = 10;
+    static constexpr int ArrowRoom = 12;  // what the mark of a sorted column takes from its heading
 
   private:
     void Ground(const QRect& cell, const CellShown& shown);

@@ -105,6 +105,27 @@ TEST_F(RecordsetTest, StaysAsReadWhileAllChanges) {
     EXPECT_EQ(Rows(c, "Select Id From Small"), "3 9");
 }
 
+TEST_F(RecordsetTest, KeptRowsStandWhateverBecomesOfTheirSet) {
+    Fill(3);
+    set.Open("Select Distinct Id From Small", c, adOpenStatic);
+    set.SetFilter("Id > 1");
+    const KeptRows narrowed = set.Keep();
+    set.SetFilter("");
+    const KeptRows all = set.Keep();
+    set.SetFilter("Id = 3");
+    const KeptRows sifted = set.Keep();
+    Run("Delete From Small");
+    set.Requery();
+    EXPECT_EQ(set.Keep().Count(), 0);
+    set.Close();
+    ASSERT_EQ(narrowed.Count(), 2);
+    EXPECT_EQ(narrowed.ValueAt(1, 0), Value(std::int16_t{3}));
+    EXPECT_EQ(all.Count(), 3);
+    ASSERT_EQ(sifted.Count(), 1);
+    EXPECT_EQ(sifted.ValueAt(0, 0), Value(std::int16_t{3}));
+    EXPECT_EQ(ErrorOf([&] { sifted.ValueAt(1, 0); }), error::NoCurrentRecord);
+}
+
 TEST_F(RecordsetTest, WritingWhileItsOwnRowsGoByEnds) {
     Fill(3);
     set.Open("Select * From Small", c, adOpenForwardOnly, adLockOptimistic);

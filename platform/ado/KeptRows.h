@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/basic/Value.h"
+
+namespace ado {
+
+class RowStore;
+
+// The rows that a read-only record set showed when it was asked for them, shared with it and not copied. They
+// outlive its Close, Requery and Filter, so a list that draws from them stands whatever becomes of the set.
+class KeptRows {
+  public:
+    KeptRows(std::shared_ptr<const RowStore> rows, std::shared_ptr<const std::vector<std::uint32_t>> visible);
+
+    std::int64_t Count() const;
+    basic::Value ValueAt(std::int64_t row, std::size_t field) const;  // both from 0; raises NoCurrentRecord
+
+  private:
+    std::shared_ptr<const RowStore> rows_;
+    std::shared_ptr<const std::vector<std::uint32_t>> visible_;  // null: all of them
+};
+
+}  // namespace ado

@@ -1,0 +1,298 @@
+#include "vouchers/frmDayBook.h"
+
+#include <algorithm>
+
+#include "core/DBCode.h"
+#include "core/FDBCode.h"
+#include "core/GeneralUtils.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Clock.h"
+#include "platform/basic/Dates.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "platform/forms/Application.h"
+#include "vouchers/DayBookLines.h"
+#include "vouchers/frmVoucher.h"
+
+namespace qm {
+namespace {
+
+constexpr int CommandsTop = 1440;  // of cmdOk and cmdClear within the frame
+
+std::string DayNumber(basic::Date date) {
+    return basic::TextOrEmpty(DateNumber(date));
+}
+
+std::string DistinctRows() {
+    return "Select Distinct LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerCode, "
+           "LedgerName, LedgerMcGenerated From " +
+           YearTable("tb_Ledger");
+}
+
+}  // namespace
+
+void frmDayBook::Wire() {
+    ui().cmdAdd->Click = [this] { cmdAdd_Click(); };
+    ui().cmdEdit->Click = [this] { cmdEdit_Click(); };
+    ui().cmdDelete->Click = [this] { cmdDelete_Click(); };
+    ui().cmdFilter->Click = [this] { cmdFilter_Click(); };
+    ui().cmdRefresh->Click = [this] { cmdRefresh_Click(); };
+    ui().cmdClose->Click = [this] { Unload(); };
+    ui().cmdOk->Click = [this] { cmdOk_Click(); };
+    ui().cmdClear->Click = [this] { cmdClear_Click(); };
+    ui().lvwDayBook->DblClick = [this] { cmdEdit_Click(); };
+    ui().lvwDayBook->ColumnClick = [this](int index) { lvwDayBook_ColumnClick(index); };
+    ui().cboFilterFld->Click = [this] { cboFilterFld_Click(); };
+    ui().cboFilterFld->Change = [this] { cboFilterFld_Click(); };
+    ui().dtpDateFrom->Validate = [this](bool& cancel) { dtpDateFrom_Validate(cancel); };
+    ui().dtpDateUpTo->Validate = [this](bool& cancel) { dtpDateUpTo_Validate(cancel); };
+    ui().txtDtAmt->Validate = [this](bool& cancel) { txtDtAmt_Validate(cancel); };
+}
+
+// The one statement without Distinct: only here two rows that are alike show as two lines.
+void frmDayBook::Form_Load() {
+    using enum forms::Alignment;
+    forms::ListView& list = *ui().lvwDayBook;
+    list.AddColumn("Date", 1500);
+    list.AddColumn("Ledger", 3600);
+    list.AddColumn("Voucher No", 1300, Right);
+    list.AddColumn("Voucher Type", 1500);
+    list.AddColumn("Dr Amount", 1700, Right);
+    list.AddColumn("Cr Amount", 1700, Right);
+    list.AddColumn("", 0);  // holds whether the row is machine-generated
+    FillComboFromArray(*ui().cboFilterFld, {"Date Range", "Date", "Type", "Amount", "Ledger"});
+    OpenDayBook(
+        "Select LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt,LedgerCrAmt, LedgerCode,LedgerName, "
+        "LedgerMcGenerated From " +
+        YearTable("tb_Ledger") + " Order By LedgerTxnDate");
+    ShowToday();
+    ui().dtpDateFrom->SetValue(basic::Clock::Today());
+    ui().dtpDateUpTo->SetValue(basic::Clock::Today());
+}
+
+void frmDayBook::Form_Activate() {
+    FillDayBook();
+}
+
+void frmDayBook::Form_Unload() {
+    if (DayBookRecordset.State() == ado::adStateOpen) DayBookRecordset.Close();
+}
+
+// The ledger's column takes what the others leave.
+void frmDayBook::Form_Resize() {
+    forms::ListView& list = *ui().lvwDayBook;
+    if (list.ColumnCount() == 0) return;
+    constexpr int ledger = DayBookLines::LedgerCol + 1, scrollBar = 330;
+    int left = list.Width() - scrollBar;
+    for (int column = 1; column <= list.ColumnCount(); ++column)
+        if (column != ledger) left -= list.ColumnWidth(column);
+    list.SetColumnWidth(ledger, std::max(left, 1800));
+}
+
+void frmDayBook::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    switch (keyCode) {
+        case 'A':
+            return cmdAdd_Click();
+        case 'E':
+            return cmdEdit_Click();
+        case 'D':
+            return cmdDelete_Click();
+        case 'R':
+            return cmdRefresh_Click();
+        case 'X':
+            return Unload();
+        case 'F':
+            return cmdFilter_Click();
+        case 'O':
+            return cmdOk_Click();
+        case 'C':
+            return cmdClear_Click();
+        default:
+            return;
+    }
+}
+
+void frmDayBook::OpenDayBook(const std::string& sql) {
+    const forms::WaitPointer wait;
+    DayBookSql = sql;
+    DayBookRecordset.Open(DayBookSql, shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+}
+
+void frmDayBook::ShowToday() {
+    DayBookRecordset.SetFilter("LedgerTxnDate = " + DayNumber(basic::Clock::Today()));
+}
+
+void frmDayBook::FillDayBook() {
+    const forms::WaitPointer wait;
+    ui().lvwDayBook->Clear();
+    if (DayBookRecordset.Eof() && DayBookRecordset.Bof()) return;
+    ui().lvwDayBook->SetRowSource(std::make_shared<DayBookLines>(DayBookRecordset.Keep()));
+}
+
+void frmDayBook::cmdAdd_Click() {
+    forms::Default<frmVoucher>().Load(0);
+    cmdRefresh_Click();
+}
+
+// Any voucher can be edited, whoever posted it. What was changed shows only after a refresh.
+void frmDayBook::cmdEdit_Click() {
+    const auto line = ui().lvwDayBook->SelectedItem();
+    if (line) forms::Default<frmVoucher>().Load(VoucherOfKey(line->Key));
+}
+
+void frmDayBook::cmdRefresh_Click() {
+    {
+        const forms::WaitPointer wait;
+        DayBookRecordset.Requery();
+    }
+    FillDayBook();
+}
+
+// The voucher screen and the hosts set the mark as well, so only what the stock screens posted can go. Kept,
+// words included.
+void frmDayBook::cmdDelete_Click() {
+    const auto line = ui().lvwDayBook->SelectedItem();
+    if (!line) return;
+    if (MsgBox("Delete Voucher\r\n\r\nAre you sure ?", vbYesNo + vbInformation, AppTitle) == vbNo) return;
+    const std::string& generated = line->SubItem(DayBookLines::GeneratedCol);
+    if (generated == "1" || generated == "True") {
+        MsgBox("This voucher is generated by another application !\r\n\r\nCannot Delete", vbInformation,
+               AppTitle);
+        return;
+    }
+    ReverseVoucher(VoucherOfKey(line->Key), Conn());
+    cmdRefresh_Click();
+    MsgBox("Voucher Deleted", vbInformation, AppTitle);
+}
+
+void frmDayBook::cmdFilter_Click() {
+    ui().frFilter->SetVisible(true);
+    for (forms::CommandButton* button : {ui().cmdOk, ui().cmdClear})
+        button->Move(button->Left(), CommandsTop, button->Width(), button->Height());
+}
+
+// The date's column puts the list back in the order of the record set; its order is turned all the same.
+void frmDayBook::lvwDayBook_ColumnClick(int index) {
+    forms::ListView& list = *ui().lvwDayBook;
+    list.SetSorted(index != 1);
+    if (index == 1) cmdRefresh_Click();
+    list.SetSortOrder(list.SortKey() == index - 1 && list.SortOrder() == 0 ? 1 : 0);
+    list.SetSortKey(index - 1);
+}
+
+void frmDayBook::cboFilterFld_Click() {
+    const std::string field = ui().cboFilterFld->Text();
+    const bool range = field == "Date Range", date = field == "Date", amount = field == "Amount";
+    const bool value = field == "Type" || field == "Ledger";
+    if (!range && !date && !amount && !value) return;
+    ui().lblFrom->SetVisible(range);
+    ui().lblTo->SetVisible(range);
+    ui().dtpDateFrom->SetVisible(range || date);
+    ui().dtpDateUpTo->SetVisible(range);
+    ui().txtDtAmt->SetVisible(amount);
+    ui().cboFilterValue->SetVisible(value);
+    ui().txtDtUpto->SetVisible(false);
+    ui().lblComp->SetCaption(amount ? ">=" : "=");
+    if (value) ui().cboFilterValue->Clear();
+    if (field == "Type")
+        FillComboFromArray(*ui().cboFilterValue, {"Receipt", "Payment", "Contra", "Journal"});
+    if (field == "Ledger") FillLedgerNames();
+}
+
+// Ledgers that are marked as deleted have rows too.
+void frmDayBook::FillLedgerNames() {
+    const ado::RecordsetPtr ledgers = ExecuteRecordset("Select * From Ledger_Master Order By  Name");
+    for (; !ledgers->Eof(); ledgers->MoveNext())
+        ui().cboFilterValue->AddItem(basic::TextOrEmpty((*ledgers)["Name"]));
+}
+
+// With no field chosen nothing is opened: the rows that Filter had hidden come up.
+void frmDayBook::cmdOk_Click() {
+    const std::string field = ui().cboFilterFld->Text(), value = ui().cboFilterValue->Text();
+    const std::string from = DayNumber(ui().dtpDateFrom->Value());
+    DayBookRecordset.SetFilter("");
+    if (field == "Date Range")
+        Reopen(" Where LedgerTxnDate >= " + from +
+               " And LedgerTxnDate <= " + DayNumber(ui().dtpDateUpTo->Value()) + " Order by LedgerTxnDate");
+    else if (field == "Date")
+        Reopen(" Where LedgerTxnDate = " + from + " Order by LedgerTxnDate");
+    else if (field == "Type")
+        Reopen(" Where LedgerTrnType = '" + value + "' Order By LedgerTxnDate");
+    else if (field == "Ledger")
+        Reopen(" where LedgerName = '" + value + "' Order by LedgerTxnDate");
+    else if (field == "Amount") {
+        const std::string amount = basic::NumberText(basic::PrefixValue(basic::Trim(ui().txtDtAmt->Text())));
+        Reopen(" Where (LedgerDrAmt >=" + amount + " OR LedgerCrAmt >= " + amount +
+               ") Order by LedgerTxnDate");
+    }
+    FillDayBook();
+    ui().frFilter->SetVisible(false);
+}
+
+// Two rows that are alike show as one line from here on.
+void frmDayBook::Reopen(const std::string& rest) {
+    if (DayBookRecordset.State() == ado::adStateOpen) DayBookRecordset.Close();
+    OpenDayBook(DistinctRows() + rest);
+}
+
+void frmDayBook::cmdClear_Click() {
+    Reopen(" Order by LedgerTxnDate");
+    ShowToday();
+    FillDayBook();
+    ui().frFilter->SetVisible(false);
+}
+
+// The first of April by which the year begins, or one of those after it.
+basic::Date frmDayBook::FirstOfApril(int yearsOn) const {
+    return basic::MakeDate(basic::ToInteger(basic::Value(shared().FinYear)) + yearsOn, 4, 1);
+}
+
+bool frmDayBook::InYear(basic::Date date) const {
+    const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
+    if (IsDateInFinYear(date, year)) return true;
+    MsgBox("Please select the date in Financial Year range \r\n\r\n'01-Apr-" + shared().FinYear +
+               "' to '31-Mar-" + std::to_string(year + 1) + "'",
+           vbInformation, AppTitle);
+    return false;
+}
+
+bool frmDayBook::FromIsAfterTo() {
+    return ui().cboFilterFld->Text() == "Date Range" &&
+           basic::DaysBetween(ui().dtpDateUpTo->Value(), ui().dtpDateFrom->Value()) >= 1;
+}
+
+void frmDayBook::dtpDateFrom_Validate(bool& cancel) {
+    if (!InYear(ui().dtpDateFrom->Value())) {
+        ui().dtpDateFrom->SetValue(FirstOfApril(0));
+        cancel = true;
+    } else if (FromIsAfterTo()) {
+        MsgBox("From Date cannot be more than To Date", vbInformation, AppTitle);
+        cancel = true;
+        ui().dtpDateFrom->SetValue(FirstOfApril(0));
+        ui().dtpDateUpTo->SetValue(basic::AddDays(FirstOfApril(1), -1));
+    }
+}
+
+// Out of the year, the to date goes to the day after it, which is refused in turn; before the from date, it
+// is the from date that moves. Both kept.
+void frmDayBook::dtpDateUpTo_Validate(bool& cancel) {
+    if (!InYear(ui().dtpDateUpTo->Value())) {
+        ui().dtpDateUpTo->SetValue(FirstOfApril(1));
+        cancel = true;
+    } else if (FromIsAfterTo()) {
+        MsgBox("To Date cannot be less than From Date", vbInformation, AppTitle);
+        cancel = true;
+        ui().dtpDateFrom->SetValue(FirstOfApril(0));
+    }
+}
+
+void frmDayBook::txtDtAmt_Validate(bool& cancel) {
+    const std::string amount = basic::Trim(ui().txtDtAmt->Text());
+    if (ui().cboFilterFld->Text() != "Amount" || amount.empty() || basic::IsNumeric(amount)) return;
+    MsgBox("Please enter a valid amount", vbInformation, AppTitle);
+    cancel = true;
+}
+
+}  // namespace qm
