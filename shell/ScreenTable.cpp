@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "inventory/ItemMaster.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
@@ -27,6 +28,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
+    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
