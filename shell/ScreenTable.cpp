@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
@@ -26,6 +27,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
+    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
 });
 
