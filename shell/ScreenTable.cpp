@@ -8,8 +8,8 @@
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
-#include "vouchers/frmVoucher.h"
 #include "vouchers/frmDayBook.h"
+#include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
