@@ -4,12 +4,13 @@
 #include <array>
 
 #include "inventory/ItemMaster.h"
+#include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
-#include "vouchers/frmVoucher.h"
 #include "vouchers/frmDayBook.h"
+#include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -27,6 +28,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
+    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
 });
