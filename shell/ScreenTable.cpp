@@ -4,6 +4,7 @@
 #include <array>
 
 #include "inventory/ItemMaster.h"
+#include "inventory/frmIssues.h"
 #include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
@@ -31,6 +32,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
+    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
