@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "inventory/ItemMaster.h"
+#include "inventory/frmIssues.h"
+#include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
@@ -27,6 +30,10 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
+    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
+    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
+    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {
