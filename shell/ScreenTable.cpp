@@ -31,7 +31,6 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
-    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
     {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
