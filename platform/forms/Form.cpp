@@ -21,7 +21,7 @@ namespace {
 
 constexpr QMargins FrameAllowance(4, 32, 4,
                                   4);  // pixels for the system's title and border, unknown before it shows
-constexpr std::int32_t ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
+constexpr std::int32_t PathAccess = 75, ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
 
 // The forms that are shown, the topmost last.
 std::vector<Form*>& Shown() {
@@ -187,6 +187,18 @@ int Form::TextWidth(const std::string& text) {
     QFont font = window_->font();
     font.setBold(true);
     return TwipsFromPixels(TextMeasure(font).Width(text), window_);
+}
+
+void Form::WritePicture(const std::string& path) {
+    EnsureLoaded();
+    if (!window_->grab().save(ToQt(path)))
+        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be written",
+                           "forms.Form");
+}
+
+double Form::PixelDensity() {
+    EnsureLoaded();
+    return window_->devicePixelRatioF();
 }
 
 int Form::Top() {
