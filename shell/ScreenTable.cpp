@@ -27,10 +27,10 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
-    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
     {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
