@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "accounts/Ledger_Master.h"
+#include "inventory/ItemMaster.h"
+#include "inventory/frmIssues.h"
 #include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
 #include "reports/frmItemLedger.h"
@@ -23,12 +26,15 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); }},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
+    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
-    {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
+    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
+    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {

@@ -57,9 +57,9 @@ int PlaceToCut(const std::vector<Span>& spans, int start, int limit) {
 
 Pages::Pages(std::string_view document, const QFont& font, const QSize& size)
     : layout_(document, font), size_(size) {
-    layout_.SetWidth(size.width());
+    layout_.SetWidth(static_cast<int>(size.width() / PaperScale));
     layout_.LayOutAll();
-    scale_ = std::min(1.0, static_cast<double>(size.width()) / layout_.Width());
+    scale_ = static_cast<double>(size.width()) / layout_.Width();
     FindBreaks();
 }
 

@@ -186,6 +186,15 @@ TEST_F(VSFlexGridTest, ASortedGridCarriesTheTicksWithTheirRows) {
     EXPECT_TRUE(control().CellChecked(5, 3));
     ClickCell(0, 0);
     EXPECT_EQ(control().TextMatrix(1, 0), "4");
+    control().SetExplorerSort(true);
+    EXPECT_EQ(control().Shown(0, 0).SortArrow, 0) << "set again: the rows are new";
+    ClickCell(0, 0);
+    EXPECT_EQ(control().Shown(0, 0).SortArrow, 1);
+    control().AutoSize(0, 0);
+    const int withMark = control().ColWidth(0);
+    control().SetExplorerSort(false);
+    control().AutoSize(0, 0);
+    EXPECT_GT(withMark, control().ColWidth(0)) << "the mark does not cut its heading";
 }
 
 }  // namespace
