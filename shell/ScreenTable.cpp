@@ -4,6 +4,7 @@
 #include <array>
 
 #include "accounts/Ledger_Master.h"
+#include "accounts/frmGrpMain.h"
 #include "inventory/ItemMaster.h"
 #include "inventory/frmIssues.h"
 #include "inventory/frmReceipt.h"
@@ -27,6 +28,7 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"frmGrpMain", "frmGrpMain", ShowModal<frmGrpMain>},
     {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); }},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
