@@ -114,9 +114,9 @@ void frmPO::FillPOSuppliers() {
 void frmPO::FillPOTree() {
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     ado::Recordset orders;
-    orders.Open("Select * From " + YearTable("tblPO") + " Where poSupplierID = " +
-                    std::to_string(suppliers.ItemData(suppliers.ListIndex())) + " And poSupplierName = '" +
-                    suppliers.Text() + "' And  Not poCancelled",
+    orders.Open("Select * From " + YearTable("tblPO") +
+                    " Where poSupplierID = " + std::to_string(suppliers.ItemData(suppliers.ListIndex())) +
+                    " And poSupplierName = '" + suppliers.Text() + "' And  Not poCancelled",
                 shared().Connection);
     forms::TreeView& tree = *ui().tvPO;
     tree.Clear();
@@ -228,9 +228,9 @@ bool frmPO::LinesAreComplete() {
         if (Lines().Text(row, OrderGrid::ItemCol).empty())
             return refuse(row, OrderGrid::NameCol, "Please select any item to order");
         if (Lines().Text(row, OrderGrid::QtyCol).empty())
-            return refuse(row, OrderGrid::QtyCol,
-                          "Please enter the qty. ordered for item '" +
-                              Lines().Text(row, OrderGrid::NameCol) + "'");
+            return refuse(
+                row, OrderGrid::QtyCol,
+                "Please enter the qty. ordered for item '" + Lines().Text(row, OrderGrid::NameCol) + "'");
     }
     return true;
 }
@@ -285,9 +285,8 @@ void frmPO::SaveExisting() {
 void frmPO::SaveLine(int row, const std::string& number) {
     const std::string item = Lines().Number(row, OrderGrid::ItemCol);
     if (Lines().IsRemoved(row))
-        ExecuteCounted("Delete * From " + YearTable("tblPoDet") +
-                       " Where PoDetPoNo = " + Lines().Number(row, OrderGrid::OrderCol) +
-                       " And PoDetItemID = " + item);
+        ExecuteCounted("Delete * From " + YearTable("tblPoDet") + " Where PoDetPoNo = " +
+                       Lines().Number(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
     else if (Lines().IsMarked(row))
         ExecuteCounted("Update " + YearTable("tblPoDet") +
                        " Set PoDetQtyOrder = " + Lines().Number(row, OrderGrid::QtyCol) +

@@ -8,6 +8,7 @@
 #include "inventory/frmIssues.h"
 #include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
+#include "purchasing/frmPO.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
@@ -34,6 +35,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
+    {"frmPO", "", ShowModal<frmPO>},
     {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
 
