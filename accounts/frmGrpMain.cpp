@@ -17,7 +17,7 @@
 namespace qm {
 namespace {
 
-constexpr int NameWidth = 3300, FigureWidth = 1440;
+constexpr int NameWidth = 3300, FigureWidth = 1650;
 constexpr int ChildTextLength = 20;
 constexpr int SplitLimit = 500, NarrowestTree = 1600, Gap = 60, HeadRoom = 315;
 
