@@ -113,16 +113,17 @@ void frmPOReceipt::SetupGrid() {
         const char* heading;
         int width;  // twips
     } columns[] = {{"", 0},
-                   {"Item\r\nCode", 900},
+                   {"Item\r\nCode", 700},
                    {"Item\r\nName", 2500},
-                   {"Unit\r\nRate", 1300},
+                   {"Unit\r\nRate", 1200},
                    {"Qty.\r\nOrdered", 1300},
-                   {"Qty. Prev.\r\nReceived", 1500},
+                   {"Qty. Prev.\r\nReceived", 1400},
                    {"Qty.\r\nReceived", 1300},
-                   {"Remarks", 3000}};
+                   {"Remarks", 2600}};
     for (int col = 0; col < Columns; ++col) {
         grid.SetTextMatrix(0, col, columns[col].heading);
         grid.SetColWidth(col, columns[col].width);
+        if (col >= RateCol && col <= QtyCol) grid.SetColAlignment(col, forms::Alignment::Right);
     }
     grid.SetRowHeight(0, HeadingHeight);
     grid.SetColBoolean(MarkCol, true);

@@ -94,7 +94,7 @@ TEST_F(POReceiptTest, PartOfTheOrderIsBookedAndViewed) {
     });
     EXPECT_EQ(Stock(), (Lines{"1|37009|Receipt|1|7|Coal|Null|2|wet|100|B/9|15",
                               "1|37009|Receipt|2|7|Sand|Null|1||50|B/9|7.5"}));
-    EXPECT_EQ(Received(), (Lines{"2", "8"}));
+    EXPECT_EQ(Received(), (Lines{"2", "1"}));
     EXPECT_EQ(Ordered(), (Lines{"1|6", "2|1"}));
     EXPECT_EQ(Entries(), (Lines{"1|" + acme + "|Acme|37009|on order|Journal|0|232.5|False",
                                 "1|" + goods + "|Goods|37009|on order|Journal|232.5|0|False"}));
@@ -160,7 +160,7 @@ TEST_F(POReceiptTest, TwoReceiptsFollowEachOtherFromOneWindow) {
         EXPECT_EQ(numbers, (Lines{"<New>", "7", "8"}));
     });
     EXPECT_EQ(Ordered(), (Lines{"1|8", "2|2"}));
-    EXPECT_EQ(Received(), (Lines{"4", "9"}));
+    EXPECT_EQ(Received(), (Lines{"4", "2"}));
     EXPECT_EQ(Rows("Select Distinct LedgerTrnNo From tb_Ledger2001"), (Lines{"1", "2"}));
 }
 
@@ -288,7 +288,7 @@ TEST_F(POReceiptTest, RowsBeforeAFailingOneStay) {
         }
     });
     EXPECT_EQ(Ordered(), Lines{"1|8"});
-    EXPECT_EQ(Received(), (Lines{"4", "7"})) << "the failing row's own update is undone";
+    EXPECT_EQ(Received(), (Lines{"4", "0"})) << "the failing row's own update is undone";
     EXPECT_EQ(Rows("Select ItemLedTrnNo, ItemLedItemID From tblItemLed2001"), (Lines{"1|1", "2|1"}));
     EXPECT_EQ(Entries().size() + Bills().size(), 0u);
     EXPECT_EQ(Logged(), (Lines{"frmPOReceipt|0|", "frmPOReceipt|0|"}));
