@@ -19,8 +19,8 @@ namespace {
 enum Column { MarkCol, ItemCol, NameCol, RateCol, OrderedCol, PreviousCol, QtyCol, NoteCol, Columns };
 
 constexpr const char* NewReceipt = "<New>";
-constexpr int QtyLength = 9, NoteLength = 99;         // characters
-constexpr int HeadingHeight = 500, NameWidth = 2500;  // twips
+constexpr int QtyLength = 9, NoteLength = 99;  // characters
+constexpr int HeadingHeight = 500;             // twips
 constexpr BillRule Rule{.BlankByBillTotal = true};
 
 }  // namespace
@@ -39,6 +39,9 @@ void frmPOReceipt::Wire() {
     ui().cmbTxnNo->Change = [this] { LoadReceipt(); };
     ui().cmbTxnNo->Click = [this] { LoadReceipt(); };
     forms::VSFlexGrid& grid = *ui().vsItems;
+    grid.SetCols(Columns);
+    grid.SetCol(QtyCol);  // the first that is entered
+    grid.SetEditable(true);
     grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsItems_BeforeEdit(row, col, cancel); };
     grid.BeforeRowColChange = [&grid](int, int, int row, int, bool& cancel) {
         cancel = IsTotalRow(grid, row);
@@ -106,24 +109,26 @@ void frmPOReceipt::LoadReceipt() {
 void frmPOReceipt::SetupGrid() {
     forms::VSFlexGrid& grid = *ui().vsItems;
     grid.SetRows(1);
-    grid.SetCols(Columns);
-    const char* const headings[] = {"",
-                                    "Item\r\nCode",
-                                    "Item\r\nName",
-                                    "Unit\r\nRate",
-                                    "Qty.\r\nOrdered",
-                                    "Qty. Prev.\r\nReceived",
-                                    "Qty.\r\nReceived",
-                                    "Remarks"};
-    for (int col = 0; col < Columns; ++col) grid.SetTextMatrix(0, col, headings[col]);
+    const struct {
+        const char* heading;
+        int width;  // twips
+    } columns[] = {{"", 0},
+                   {"Item\r\nCode", 700},
+                   {"Item\r\nName", 2500},
+                   {"Unit\r\nRate", 1200},
+                   {"Qty.\r\nOrdered", 1300},
+                   {"Qty. Prev.\r\nReceived", 1400},
+                   {"Qty.\r\nReceived", 1300},
+                   {"Remarks", 2600}};
+    for (int col = 0; col < Columns; ++col) {
+        grid.SetTextMatrix(0, col, columns[col].heading);
+        grid.SetColWidth(col, columns[col].width);
+        if (col >= RateCol && col <= QtyCol) grid.SetColAlignment(col, forms::Alignment::Right);
+    }
     grid.SetRowHeight(0, HeadingHeight);
-    grid.SetCellFontBold(0, 0, 0, NoteCol, true);
-    grid.SetCellAlignment(0, 0, 0, NoteCol, forms::Alignment::Center);
     grid.SetColBoolean(MarkCol, true);
     grid.SetColHidden(MarkCol, true);
-    grid.SetColWidth(NameCol, NameWidth);
     grid.SetColHidden(PreviousCol, ui().cmbTxnNo->Text() != NewReceipt);
-    grid.SetEditable(true);
 }
 
 void frmPOReceipt::LoadPOReceiptGrid() {
@@ -287,7 +292,7 @@ void frmPOReceipt::cmdSave_Click() {
         if (!ValidatePOReceipt()) return;
         const std::int32_t txnNo = NextNumber("ItemLedTrnNo", "tblItemLed");
         LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
-        for (int row = 1; row <= ui().vsItems->Rows() - 3; ++row)
+        for (int row = 1; row <= ui().vsItems->Rows() - TotalRows; ++row)
             if (ui().vsItems->CellChecked(row, MarkCol))
                 SaveRow(row, txnNo, landingCost.Next(ui().vsItems->ValueMatrix(row, RateCol)));
         SaveBill(txnNo);

@@ -13,7 +13,7 @@ class ReceiptScreensTest : public StockScreensTest {
     ReceiptScreensTest() {
         basic::Clock::Set(basic::MakeDate(2001, 4, 30));
         AddItem(1, "Coal", "100");
-        AddItem(2, "Sand", "50", "0", "0", "7");
+        AddItem(2, "Sand", "50", "0", "0", "0");
     }
     ~ReceiptScreensTest() override { basic::Clock::Set({}); }
 
