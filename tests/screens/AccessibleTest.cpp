@@ -72,8 +72,11 @@ TEST_P(EveryScreen, TabGoesInReadingOrder) {
 
 // Letters that captions of a screen share as they were given: they only move the focus between their
 // controls.
-const std::multimap<std::string, std::string> SharedLetters = {
-    {"ItemMaster", "Alt+N"}, {"frmReceipt", "Alt+D"}, {"frmReceipt", "Alt+R"}, {"frmReceipt", "Alt+S"}};
+const std::multimap<std::string, std::string> SharedLetters = {{"ItemMaster", "Alt+N"},
+                                                               {"frmPO", "Alt+S"},
+                                                               {"frmReceipt", "Alt+D"},
+                                                               {"frmReceipt", "Alt+R"},
+                                                               {"frmReceipt", "Alt+S"}};
 
 bool IsShared(const std::string& screen, const std::string& letter) {
     const auto [first, last] = SharedLetters.equal_range(screen);
