@@ -92,7 +92,7 @@ void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
         cancel = true;
         return AskForType();
     }
-    if (col == Side) return ui().vsVoucher->SetEditMaxLength(0);
+    if (col == Side) return;
     const std::string& side = ui().vsVoucher->TextMatrix(row, Side);
     cancel = side.empty() || (col == DrAmount && side == "Cr.") || (col == CrAmount && side == "Dr.");
     if (IsAmount(col)) ui().vsVoucher->SetEditMaxLength(AmountLength);
@@ -177,12 +177,13 @@ void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
     }
 }
 
-// Looks at the one line above and no other.
+// Looks at the one line above and no other. Leaving the list without a choice chooses no ledger.
 void frmVoucher::vsCombo_ValidateEdit(bool& cancel) {
     const forms::VSFlexGrid& grid = *ui().vsVoucher;
     const int row = grid.Row();
-    if (row < 2 || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
-        basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != ui().vsCombo->ComboData())
+    const std::string chosen = ui().vsCombo->ComboData();
+    if (row < 2 || chosen.empty() || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
+        basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != chosen)
         return;
     MsgBox("Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one",
            vbInformation, AppTitle);

@@ -293,6 +293,74 @@ TEST_F(VoucherTest, SaveTestsInOrder) {
     EXPECT_EQ(Posted(), Lines{});
 }
 
+// The totals are compared as shown, read whole: 1,999 is not 1.
+TEST_F(VoucherTest, TheTotalsAreComparedWholeAndTheCreditSideIsTested) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "1999");
+        ExpectBox("Please select a ledger to be credited");
+        Save();
+        Key(screen, Qt::Key_Escape);
+        ChooseLedger(2, "Cash");
+        Grid().SetFocus();
+        Grid().Select(2, VoucherColumn::CrAmount);
+        Key(screen, Qt::Key_Delete);
+        Grid().SetTextMatrix(LastRow(), VoucherColumn::CrAmount, "Rs.1,999.00");
+        ExpectBox("Please enter the credit amount");
+        Save();
+        Enter(2, VoucherColumn::CrAmount, "1000");
+        ExpectBox("Mismatch between Credit & Debit Balance\r\n\r\nPlease recheck your entries");
+        Save();
+    });
+    EXPECT_EQ(Posted(), Lines{});
+}
+
+// A count of 0 is no error of its own: the box, and nothing in the log.
+TEST_F(VoucherTest, ALedgerWithoutARowOfTheYearFailsItsLine) {
+    Run("Update Ledger_Details Set Opening_Bal = 100 Where Ledger_ID = " + std::to_string(sales));
+    OnScreen(0, [&] {
+        ChooseType("Receipt");
+        Line(1, "Dr.", "Bank", "100");
+        ChooseLedger(2, "Sales");
+        Run("Delete From Ledger_Details Where Ledger_ID = " + std::to_string(sales));
+        ExpectBox("Cannot save Voucher");
+        Save();
+    });
+    EXPECT_EQ(Rows("Select LedgerName From tb_Ledger2001"), Lines{"Bank of Test"});
+    EXPECT_EQ(Rows("Select * From tblError"), Lines{});
+}
+
+TEST_F(VoucherTest, BalanceTextsBearTheMagnitudeAndTheSide) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Sales", "500");  // 500 on the credit side before
+        Line(2, "Cr.", "Rent", "250.5");
+        Enter(3, VoucherColumn::Side, "Cr.");
+        ChooseLedger(3, "Bank");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Rows("Select LedgerLedBal From tb_Ledger2001"), (Lines{"0Dr", "250.5Cr", "750.5Dr"}));
+}
+
+// Both amounts 0 reads "Dr.", both filled "Cr."; a type word that is not in the list leaves no list of
+// ledgers.
+TEST_F(VoucherTest, OddRowsAreShownAsTheyStand) {
+    for (const char* amounts : {"0, 0", "Null, Null", "3, 4"})
+        Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerTrnType, "
+            "LedgerDrAmt, LedgerCrAmt) Values (7, 17, 'Old', 37000, 'Memo', " +
+            std::string(amounts) + ")");
+    OnScreen(7, [&] {
+        Lines sides;
+        for (int row = 1; row <= 3; ++row)
+            sides.push_back(Cell(row, VoucherColumn::Side) + Cell(row, VoucherColumn::DrAmount) + "/" +
+                            Cell(row, VoucherColumn::CrAmount));
+        EXPECT_EQ(sides, (Lines{"Dr./", "Dr./", "Cr.3/4"}));
+        EXPECT_EQ(screen.ui().cmbVoucherType->Text(), "Memo");
+        ChooseLedger(1, "D");
+        EXPECT_EQ(Cell(1, VoucherColumn::Ledger), "Old");
+    });
+}
+
 // The caller hears of the end only while it is loaded.
 TEST_F(VoucherTest, TheCallingFormIsRefreshedWhileItIsLoaded) {
     class Caller : public qm::frmVoucher {
