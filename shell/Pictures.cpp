@@ -5,14 +5,22 @@
 #include <fstream>
 #include <functional>
 
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "inventory/frmItemList.h"
 #include "platform/basic/Error.h"
+#include "platform/basic/Number.h"
 #include "platform/forms/TestSeams.h"
+#include "purchasing/frmPOReceipt.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
 #include "shell/ScreenTable.h"
 #include "shell/frmNewMenu.h"
+#include "shell/frmSearchAndLookUp.h"
+#include "years/frmClosingBal.h"
+#include "years/frmNewFinYear.h"
 
 namespace qm {
 namespace {
@@ -92,6 +100,19 @@ void Open() {
     forms::Default<F>().Show(forms::vbModal);
 }
 
+// The screens that others open. A receipt needs an order that it is made against.
+void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
+    Walk({{"frmNewFinYear", picture}}, Open<frmNewFinYear>);
+    Walk({{"frmClosingBal", picture}}, [] { forms::Default<frmClosingBal>().Load(0); });
+    forms::Default<frmSearchAndLookUp>().BaseQuery =
+        "select ledger_ID as [Ledger Id],Name from Ledger_Master";
+    Walk({{"frmSearchAndLookUp", picture}}, Open<frmSearchAndLookUp>);
+    Walk({{"frmItemList", picture}}, [] { forms::Default<frmItemList>().Load(); });
+    const auto orders = FetchFirstColumn("Select Max(PoNumber) As High From " + YearTable("tblPO"));
+    if (const auto number = basic::ToLong(basic::NumberOrZero(orders.at(0))); number > 0)
+        Walk({{"frmPOReceipt", picture}}, [number] { forms::Default<frmPOReceipt>().Load(number); });
+}
+
 }  // namespace
 
 void WriteAllPictures(const std::string& folder) {
@@ -106,6 +127,7 @@ void WriteAllPictures(const std::string& folder) {
         Walk({{std::string(screen.Form), visit}}, screen.Open);
     }
     Walk({{"frmPartyLedger", PrintAllLedgers}, Page(picture)}, Open<frmPartyLedger>);
+    WriteInnerPictures(picture);
 }
 
 // The ledgers first: the trial balance's heading shows their from date.

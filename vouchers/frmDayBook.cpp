@@ -19,6 +19,21 @@ namespace qm {
 namespace {
 
 constexpr int CommandsTop = 1440;  // of cmdOk and cmdClear within the frame
+constexpr int SortArrow = 480, CellMargins = 240, ScrollBar = 330, NarrowestLedger = 1800;
+
+// The list's columns, each with a text as wide as most that stand in it.
+struct Column {
+    const char *Caption, *Usual;
+    forms::Alignment Align = forms::Alignment::Left;
+};
+constexpr Column Columns[] = {
+    {"Date", "30-May-2001"},
+    {"Ledger", ""},
+    {"Voucher No", "000000", forms::Alignment::Right},
+    {"Voucher Type", "Payment"},
+    {"Dr Amount", "00000000.00", forms::Alignment::Right},
+    {"Cr Amount", "00000000.00", forms::Alignment::Right},
+};
 
 std::string DayNumber(basic::Date date) {
     return basic::TextOrEmpty(DateNumber(date));
@@ -52,15 +67,7 @@ void frmDayBook::Wire() {
 
 // The one statement without Distinct: only here two rows that are alike show as two lines.
 void frmDayBook::Form_Load() {
-    using enum forms::Alignment;
-    forms::ListView& list = *ui().lvwDayBook;
-    list.AddColumn("Date", 1500);
-    list.AddColumn("Ledger", 3600);
-    list.AddColumn("Voucher No", 1300, Right);
-    list.AddColumn("Voucher Type", 1500);
-    list.AddColumn("Dr Amount", 1700, Right);
-    list.AddColumn("Cr Amount", 1700, Right);
-    list.AddColumn("", 0);  // holds whether the row is machine-generated
+    MakeColumns();
     FillComboFromArray(*ui().cboFilterFld, {"Date Range", "Date", "Type", "Amount", "Ledger"});
     OpenDayBook(
         "Select LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt,LedgerCrAmt, LedgerCode,LedgerName, "
@@ -72,6 +79,7 @@ void frmDayBook::Form_Load() {
 }
 
 void frmDayBook::Form_Activate() {
+    Form_Resize();
     FillDayBook();
 }
 
@@ -79,15 +87,24 @@ void frmDayBook::Form_Unload() {
     if (DayBookRecordset.State() == ado::adStateOpen) DayBookRecordset.Close();
 }
 
+void frmDayBook::MakeColumns() {
+    for (const Column& column : Columns)
+        ui().lvwDayBook->AddColumn(
+            column.Caption,
+            std::max(TextWidth(column.Caption) + SortArrow, TextWidth(column.Usual) + CellMargins),
+            column.Align);
+    ui().lvwDayBook->AddColumn("", 0);  // holds whether the row is machine-generated
+}
+
 // The ledger's column takes what the others leave.
 void frmDayBook::Form_Resize() {
     forms::ListView& list = *ui().lvwDayBook;
-    if (list.ColumnCount() == 0) return;
-    constexpr int ledger = DayBookLines::LedgerCol + 1, scrollBar = 330;
-    int left = list.Width() - scrollBar;
+    constexpr int ledger = DayBookLines::LedgerCol + 1;
+    if (list.ColumnCount() < ledger) return;
+    int left = list.Width() - ScrollBar;
     for (int column = 1; column <= list.ColumnCount(); ++column)
         if (column != ledger) left -= list.ColumnWidth(column);
-    list.SetColumnWidth(ledger, std::max(left, 1800));
+    list.SetColumnWidth(ledger, std::max(left, NarrowestLedger));
 }
 
 void frmDayBook::Form_KeyDown(int keyCode, int shift) {

@@ -32,6 +32,7 @@ class frmDayBook : public forms::FormOf<Ui::frmDayBook> {
     void dtpDateUpTo_Validate(bool& cancel);
     void txtDtAmt_Validate(bool& cancel);
 
+    void MakeColumns();
     void FillDayBook();
     void OpenDayBook(const std::string& sql);
     void ShowToday();

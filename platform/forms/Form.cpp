@@ -1,6 +1,7 @@
 #include "platform/forms/Form.h"
 
 #include <QEventLoop>
+#include <QLayout>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -220,8 +221,11 @@ int Form::Height() {
     return TwipsFromPixels(window_->height(), window_);
 }
 
+// The layout first learns what was shown or hidden just before: what stands no more would hold the window
+// open.
 void Form::SetHeight(int height) {
     EnsureLoaded();
+    if (QLayout* layout = window_->layout()) layout->activate();
     window_->resize(window_->width(), PixelsFromTwips(height, window_));
 }
 

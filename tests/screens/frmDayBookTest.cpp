@@ -3,6 +3,7 @@
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
 #include "vouchers/frmDayBook.h"
+#include "vouchers/frmVoucher.h"
 
 using namespace testing;
 
@@ -65,9 +66,9 @@ class DayBookTest : public test::ScreenTest {
         QTest::mouseClick(List().viewport(), Qt::LeftButton, {}, List().CellRect(0, column - 1).center());
     }
     void ExpectVoucher(
-        const std::string& caption, const std::function<void()>& meanwhile = [] {}) {
-        script.Modal("frmVoucher", [=](forms::Form& shown) {
-            EXPECT_EQ(shown.Caption(), caption);
+        const std::string& number, const std::function<void()>& meanwhile = [] {}) {
+        script.Modal("frmVoucher", [=](forms::Form&) {
+            EXPECT_EQ(forms::Default<qm::frmVoucher>().ui().txtVoucherNo->Text(), number);
             meanwhile();
         });
     }
@@ -116,15 +117,15 @@ TEST_F(DayBookTest, EditShowsTheOldRowsUntilRefreshAndAddTheNewOnes) {
     Row(22, Today, "2, 0");
     Show(form);
     ClickCellOf(2);
-    ExpectVoucher("Voucher 22", [] { Run("Update tb_Ledger2001 Set LedgerDrAmt = 3"); });
+    ExpectVoucher("22", [] { Run("Update tb_Ledger2001 Set LedgerDrAmt = 3"); });
     QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().CellRect(2, 1).center());
     EXPECT_EQ(Shown(), (Lines{"21:1.00:", "22:2.00:"}));
-    ExpectVoucher("Voucher 21");
+    ExpectVoucher("21");
     Ctrl(Qt::Key_E);
     EXPECT_EQ(Shown(), (Lines{"21:1.00:", "22:2.00:"})) << "the first line is the selected one again";
     Ctrl(Qt::Key_R);
     EXPECT_EQ(Shown(), (Lines{"21:3.00:", "22:3.00:"}));
-    ExpectVoucher("Voucher 0", [] { Row(23, Today, "4, 0"); });
+    ExpectVoucher("<New>", [] { Row(23, Today, "4, 0"); });
     Ctrl(Qt::Key_A);
     EXPECT_EQ(Shown(), (Lines{"21:3.00:", "22:3.00:", "23:4.00:"}));
     Ctrl(Qt::Key_X);
@@ -370,6 +371,11 @@ TEST_F(DayBookDatesTest, AnAmountMustBeANumber) {
     Click(ui().cmdOk);
     EXPECT_EQ(Active(form), "txtDtAmt");
     EXPECT_TRUE(ui().frFilter->Visible());
+    Run("Update tb_Ledger2001 Set LedgerTxnDate = 37020");
+    Ctrl(Qt::Key_O);
+    EXPECT_EQ(Shown(), Lines{"1:5.00:"}) << "the key asks nothing, and no number reads 0";
+    EXPECT_FALSE(ui().frFilter->Visible());
+    EXPECT_EQ(Active(form), "lvwDayBook");
 }
 
 }  // namespace
