@@ -77,7 +77,7 @@ class Form : public basic::ControlHost {
     virtual void Form_Activate() {
     }  // after each showing, and when a form shown modally above has closed; never after a box
     virtual void Form_Unload() {}
-    virtual void Form_Resize() {}
+    virtual void Form_Resize() {}  // at each showing, before Form_Activate, and when the size changes
     // Ctrl+letter, before the control that has the focus gets the key. keyCode is the capital letter's code.
     virtual void Form_KeyDown([[maybe_unused]] int keyCode, [[maybe_unused]] int shift) {}
     virtual void Form_MouseMove() {}

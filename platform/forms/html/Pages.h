@@ -30,8 +30,6 @@ class Pages {
     static void Prepare(QPagedPaintDevice& device);
 
   private:
-    void FindBreaks();
-
     Layout layout_;
     QSize size_;
     double scale_ = 1;  // of the document; what is wider than a sheet is made smaller as a whole

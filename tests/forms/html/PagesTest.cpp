@@ -57,6 +57,31 @@ TEST(Pages, CutNoRowAndNoLine) {
     }
 }
 
+// A ledger's name and its column heads at the foot of a page would stand alone.
+TEST(Pages, HeadingsStayWithWhatFollows) {
+    std::string text = "<table width='100%'>";
+    for (int ledger = 0; ledger < 40; ++ledger) {
+        text +=
+            "<tr><td><b>name</b></td></tr><tr><td><hr></td></tr><tr><td><b>Date</b></td></tr><tr><td><hr></"
+            "td></tr>";
+        for (int i = 0; i < 7 + ledger % 3; ++i) text += "<tr><td>row</td></tr>";
+        text += "<tr><td><hr></td></tr>";
+    }
+    text += "</table>";
+    const Pages pages(text, QApplication::font(), Room);
+    Layout layout(text, QApplication::font());
+    layout.SetWidth(Taken.width());
+    layout.LayOutAll();
+    ASSERT_GT(pages.Count(), 5);
+    for (const int cut : pages.Breaks()) {
+        std::string last = "row";
+        for (int piece = 0; piece < layout.Pieces(); ++piece)
+            for (const Word& word : layout.List(piece).Words)
+                if (layout.Top(piece) + word.Box.bottom() < cut) last = layout.List(piece).TextOf(word);
+        EXPECT_EQ(last, "row") << cut;
+    }
+}
+
 TEST(Pages, APageTooNarrowIsFilledByASmallerPrint) {
     const std::string wide = "<table><tr><td width=2000>left</td><td>right</td></tr></table>";
     const Pages pages(wide, QApplication::font(), Room);
