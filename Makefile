@@ -1,5 +1,5 @@
 # The front door. Each goal installs the packages it misses, builds what it needs and runs.
-.PHONY: run test build bench package format format-check asan fuzz clean
+.PHONY: run test build pictures bench package format format-check asan fuzz clean
 
 BOOKS ?= books
 
@@ -12,6 +12,9 @@ test: build
 build: deps
 	@cmake --preset dev > build.log 2>&1 || { cat build.log; rm -f build.log; exit 1; }; rm -f build.log
 	cmake --build --preset dev
+
+pictures: build
+	@tools/pictures
 
 bench: deps
 	cmake --preset release

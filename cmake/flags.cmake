@@ -28,5 +28,7 @@ function(qm_screens name)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.ui)
   qm_library(${name} SOURCES ${sources} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOUIC ON)
+  # The step that reads the designer's files does not see by itself that one has joined the folder.
+  file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
 endfunction()

@@ -74,6 +74,14 @@ void OpenScreen(const std::string& form) {
     open(form.c_str());
 }
 
+void WritePictures(const std::string& folder) {
+    Need<void(const char*)>("qmWritePictures")(folder.c_str());
+}
+
+void WriteReports(const std::string& folder) {
+    Need<void(const char*)>("qmWriteReports")(folder.c_str());
+}
+
 std::vector<std::string> ScreenNames() {
     auto* names = Find<const char*()>("qmScreenNames");
     std::vector<std::string> list;

@@ -19,6 +19,11 @@ void ShowMainMenu();
 // there is no such screen and, as above, where none can be shown.
 void OpenScreen(const std::string& form);
 
+// Write pictures of all screens, and the reports as PDF and text files, of the books that are open; no
+// display is needed. Raise what opening and writing raise (see shell/Pictures.h).
+void WritePictures(const std::string& folder);
+void WriteReports(const std::string& folder);
+
 // The names that OpenScreen knows; none where the screens cannot be loaded.
 std::vector<std::string> ScreenNames();
 

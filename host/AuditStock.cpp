@@ -39,16 +39,21 @@ void CheckCounters(Audit& audit, const std::string& year, std::map<Id, Movements
         audit.Error("movements of " + year + ": item " + std::to_string(item) + " does not stand");
 }
 
+// The day book deletes the voucher of a receipt and leaves the bill, so that is a note.
 void CheckBills(Audit& audit, const std::string& year) {
     std::set<Id> vouchers;
     audit.Each("Select LedgerTrnNo From tb_Ledger" + year,
                [&](ado::Recordset& row) { vouchers.insert(IdOf(row, "LedgerTrnNo")); });
     audit.Each("Select BillID, BillTxnID, BillVchrNo From tblBills" + year, [&](ado::Recordset& row) {
         const Id voucher = IdOf(row, "BillVchrNo");
-        if (!vouchers.contains(voucher))
-            audit.Error("bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
-                        basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": its voucher " +
-                        std::to_string(voucher) + " does not stand");
+        if (vouchers.contains(voucher)) return;
+        const std::string bill = "bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
+                                 basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": ";
+        if (voucher == 0)
+            audit.Error(bill + "bears no voucher number");
+        else
+            audit.Note(bill + "its voucher " + std::to_string(voucher) +
+                       " does not stand (deleted in the day book)");
     });
 }
 

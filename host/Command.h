@@ -22,6 +22,8 @@ void AddCheck(CLI::App& app, Command& chosen);
 void AddBackup(CLI::App& app, Command& chosen);
 void AddMenu(CLI::App& app, Command& chosen);
 void AddOpen(CLI::App& app, Command& chosen);
+void AddPictures(CLI::App& app, Command& chosen);
+void AddReports(CLI::App& app, Command& chosen);
 
 // What the program does without a command: the main menu on the user's own books.
 int ShowMenu();

@@ -1,4 +1,4 @@
-// The main menu, and single screens.
+// The main menu, single screens, and files of what they show.
 #include <algorithm>
 #include <memory>
 
@@ -52,6 +52,26 @@ std::string ScreenList() {
 
 constexpr const char* OwnFolder = "Folder of the books; without it the user's own, made at the first start";
 
+void AddFiles(CLI::App& app, Command& chosen, const char* name, const char* what, const char* example,
+              void (*write)(const std::string& folder)) {
+    const auto to = std::make_shared<std::string>();
+    const auto options = std::make_shared<ScreenOptions>();
+    auto* command = app.add_subcommand(name, what);
+    command->add_option("FOLDER", *to, "Where the files are written; it is made if it is not there")
+        ->required();
+    command->add_option("DIR", options->folder, OwnFolder);
+    command->footer(example);
+    command->callback([to, options, write, &chosen] {
+        chosen = [to, options, write] {
+            const std::string folder = FolderOf(*options);
+            if (folder.empty()) return ExitFailed;
+            const OpenBooks books(folder);
+            write(*to);
+            return ExitOk;
+        };
+    });
+}
+
 }  // namespace
 
 int ShowMenu() {
@@ -73,6 +93,16 @@ void AddOpen(CLI::App& app, Command& chosen) {
     command->add_option("DIR", options->folder, OwnFolder);
     command->footer(ScreenList);
     command->callback([options, &chosen] { chosen = [options] { return OpenOne(*options); }; });
+}
+
+void AddPictures(CLI::App& app, Command& chosen) {
+    AddFiles(app, chosen, "pictures", "Write a picture of each screen; needs no display",
+             "Example: qmhost pictures out books", qm::WritePictures);
+}
+
+void AddReports(CLI::App& app, Command& chosen) {
+    AddFiles(app, chosen, "reports", "Write each report as PDF and as text; needs no display",
+             "Example: qmhost reports out books", qm::WriteReports);
 }
 
 }  // namespace host

@@ -3,12 +3,18 @@
 #include <algorithm>
 #include <array>
 
+#include "accounts/Ledger_Master.h"
+#include "accounts/frmGrpMain.h"
+#include "inventory/ItemMaster.h"
+#include "inventory/frmIssues.h"
+#include "inventory/frmReceipt.h"
 #include "platform/forms/Form.h"
+#include "purchasing/frmPO.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
-#include "vouchers/frmVoucher.h"
 #include "vouchers/frmDayBook.h"
+#include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"
 
 namespace qm {
@@ -22,11 +28,17 @@ void ShowModal() {
 // Form, key, opener; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
+    {"frmGrpMain", "frmGrpMain", ShowModal<frmGrpMain>},
+    {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); }},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
+    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
+    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
+    {"frmPO", "", ShowModal<frmPO>},
+    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
 });
 
 const ScreenEntry* Find(std::string_view ScreenEntry::*name, std::string_view wanted) {

@@ -6,6 +6,7 @@
 #include "platform/forms/Application.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/MessageBox.h"
+#include "shell/Pictures.h"
 #include "shell/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 
@@ -29,6 +30,19 @@ extern "C" void qmOpenScreen(const char* form) {
                            "shell");
     forms::EnsureApplication();
     screen->Open();
+}
+
+// What is drawn for files goes to memory, also where a display is there.
+extern "C" void qmWritePictures(const char* folder) {
+    forms::DrawToMemory();
+    qmAttachScreens();
+    qm::WriteAllPictures(folder);
+}
+
+extern "C" void qmWriteReports(const char* folder) {
+    forms::DrawToMemory();
+    qmAttachScreens();
+    qm::WriteAllReports(folder);
 }
 
 // One form's name a line.

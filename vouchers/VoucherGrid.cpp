@@ -113,7 +113,8 @@ void VoucherGrid::PutDifference(int line) {
 }
 
 void VoucherGrid::SetBalancingLine() {
-    if (!grid_.TextMatrix(LastLine(), Side).empty()) PutDifference(LastLine());
+    const std::string& side = grid_.TextMatrix(LastLine(), Side);
+    if (side == "Dr." || side == "Cr.") PutDifference(LastLine());
 }
 
 void VoucherGrid::MoveAmountToItsSide(int row) {

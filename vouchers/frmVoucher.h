@@ -58,6 +58,7 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
 
     std::optional<VoucherGrid> lines_;  // over vsVoucher
     LedgerList ledgers_;                // behind vsCombo
+    std::string typed_;                 // the letter that was typed on a cell of the grid, "" if none
     std::int32_t CurrentTrnNo = 0;      // the voucher on screen, 0 for a new one
     forms::Form* CallingForm = nullptr;
     std::function<void()> refreshCaller_;

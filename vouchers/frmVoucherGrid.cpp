@@ -1,4 +1,6 @@
 // The events of the voucher's grid, and of the drop-down list of ledgers that lies over its ledger cells.
+#include <utility>
+
 #include "core/MsgBox.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -23,7 +25,10 @@ void frmVoucher::WireGrid() {
     grid.BeforeRowColChange = [this](int, int, int newRow, int, bool& cancel) {
         if (!lines_->IsLine(newRow)) cancel = true;
     };
-    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsVoucher_BeforeEdit(row, col, cancel); };
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) {
+        vsVoucher_BeforeEdit(row, col, cancel);
+        if (cancel) typed_.clear();
+    };
     grid.StartEdit = [this](int row, int col, bool& cancel) { vsVoucher_StartEdit(row, col, cancel); };
     grid.ValidateEdit = [this](int, int col, bool& cancel) { vsVoucher_ValidateEdit(col, cancel); };
     grid.KeyPressEdit = [](int, int col, int& key) {
@@ -32,6 +37,9 @@ void frmVoucher::WireGrid() {
     };
     grid.AfterEdit = [this](int row, int col) { vsVoucher_AfterEdit(row, col); };
     grid.KeyDown = [this](int& keyCode, int) { vsVoucher_KeyDown(keyCode); };
+    grid.KeyPress = [this](int& key) {
+        typed_ = key >= ' ' ? basic::FromUtf16(std::u16string(1, static_cast<char16_t>(key))) : "";
+    };
 
     forms::VSFlexGrid& combo = *ui().vsCombo;
     combo.SetFixedRows(0);
@@ -84,7 +92,7 @@ void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
         cancel = true;
         return AskForType();
     }
-    if (col == Side) return ui().vsVoucher->SetEditMaxLength(0);
+    if (col == Side) return;
     const std::string& side = ui().vsVoucher->TextMatrix(row, Side);
     cancel = side.empty() || (col == DrAmount && side == "Cr.") || (col == CrAmount && side == "Dr.");
     if (IsAmount(col)) ui().vsVoucher->SetEditMaxLength(AmountLength);
@@ -95,6 +103,7 @@ void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
 void frmVoucher::vsVoucher_StartEdit(int row, int col, bool& cancel) {
     forms::VSFlexGrid& grid = *ui().vsVoucher;
     forms::VSFlexGrid& combo = *ui().vsCombo;
+    const std::string typed = std::exchange(typed_, {});
     if (col != Ledger) return combo.SetVisible(false);
     cancel = true;
     if (const std::string& ledger = grid.TextMatrix(row, Ledger); !ledger.empty())
@@ -104,7 +113,8 @@ void frmVoucher::vsVoucher_StartEdit(int row, int col, bool& cancel) {
     combo.SetVisible(true);
     combo.Select(0, 0);
     combo.SetFocus();
-    combo.EditCell();
+    // The letter that was typed on the cell is the first one that the list is narrowed by.
+    combo.EditCell(typed);
 }
 
 // Fractions pass, whatever the words say.
@@ -167,12 +177,13 @@ void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
     }
 }
 
-// Looks at the one line above and no other.
+// Looks at the one line above and no other. Leaving the list without a choice chooses no ledger.
 void frmVoucher::vsCombo_ValidateEdit(bool& cancel) {
     const forms::VSFlexGrid& grid = *ui().vsVoucher;
     const int row = grid.Row();
-    if (row < 2 || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
-        basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != ui().vsCombo->ComboData())
+    const std::string chosen = ui().vsCombo->ComboData();
+    if (row < 2 || chosen.empty() || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
+        basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != chosen)
         return;
     MsgBox("Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one",
            vbInformation, AppTitle);

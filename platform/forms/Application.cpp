@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QLoggingCategory>
 #include <QThread>
 
 #include "platform/basic/Error.h"
@@ -37,6 +38,13 @@ int screenPointer = vbDefault;
 bool DisplayAvailable() {
     const QCoreApplication* running = QCoreApplication::instance();
     return running ? qobject_cast<const QApplication*>(running) != nullptr : DisplayAnswers();
+}
+
+// The platform that draws to memory tells at each window what it cannot do, and none of it matters there.
+void DrawToMemory() {
+    if (QCoreApplication::instance() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules("default.warning=false");
 }
 
 void EnsureApplication() {

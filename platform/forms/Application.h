@@ -6,6 +6,10 @@ namespace forms {
 // that answers.
 bool DisplayAvailable();
 
+// From now on windows are drawn to memory, where no user sees them: call it before the first one. Nothing
+// changes where the host runs an application of its own or the environment names a platform.
+void DrawToMemory();
+
 // Makes sure that windows can be shown. A host's own application is used as it is; where there is none, one
 // is made and kept to the end of the process. Raises an error, and never ends the process, where there is no
 // display, where the host runs an application without windows, and on any thread but the application's.

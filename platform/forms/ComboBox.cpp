@@ -6,8 +6,10 @@
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 #include <QWheelEvent>
+#include <utility>
 
 #include "platform/basic/Error.h"
+#include "platform/forms/Style.h"
 #include "platform/forms/Text.h"
 
 namespace forms {
@@ -102,8 +104,10 @@ void ComboBox::Take(int index, const QString& text) {
 }
 
 void ComboBox::SetLocked(bool locked) {
-    locked_ = locked;
+    if (std::exchange(locked_, locked) == locked) return;
     if (lineEdit()) lineEdit()->setReadOnly(locked);
+    setProperty("locked", locked);
+    Style::Refresh(*this);
 }
 
 void ComboBox::OpenList() {

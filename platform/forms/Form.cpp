@@ -1,6 +1,7 @@
 #include "platform/forms/Form.h"
 
 #include <QEventLoop>
+#include <QLayout>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -20,7 +21,7 @@ namespace {
 
 constexpr QMargins FrameAllowance(4, 32, 4,
                                   4);  // pixels for the system's title and border, unknown before it shows
-constexpr std::int32_t ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
+constexpr std::int32_t PathAccess = 75, ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
 
 // The forms that are shown, the topmost last.
 std::vector<Form*>& Shown() {
@@ -188,6 +189,18 @@ int Form::TextWidth(const std::string& text) {
     return TwipsFromPixels(TextMeasure(font).Width(text), window_);
 }
 
+void Form::WritePicture(const std::string& path) {
+    EnsureLoaded();
+    if (!window_->grab().save(ToQt(path)))
+        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be written",
+                           "forms.Form");
+}
+
+double Form::PixelDensity() {
+    EnsureLoaded();
+    return window_->devicePixelRatioF();
+}
+
 int Form::Top() {
     EnsureLoaded();
     return TwipsFromPixels(window_->y(), window_);
@@ -208,8 +221,11 @@ int Form::Height() {
     return TwipsFromPixels(window_->height(), window_);
 }
 
+// The layout first learns what was shown or hidden just before: what stands no more would hold the window
+// open.
 void Form::SetHeight(int height) {
     EnsureLoaded();
+    if (QLayout* layout = window_->layout()) layout->activate();
     window_->resize(window_->width(), PixelsFromTwips(height, window_));
 }
 

@@ -49,7 +49,10 @@ class Form : public basic::ControlHost {
     // Twips of the text's longest line in the window's font, as bold as a grid's heading: what is sized by it
     // clips neither.
     int TextWidth(const std::string& text);
-    int Top();  // twips
+    // Writes the window as it is shown to a PNG file. Raises 75 "Path/File access error" where it cannot.
+    void WritePicture(const std::string& path);
+    double PixelDensity();  // dots of the picture for each pixel at 96 dots per inch
+    int Top();              // twips
     void SetTop(int top);
     int Width();
     int Height();
@@ -74,7 +77,7 @@ class Form : public basic::ControlHost {
     virtual void Form_Activate() {
     }  // after each showing, and when a form shown modally above has closed; never after a box
     virtual void Form_Unload() {}
-    virtual void Form_Resize() {}
+    virtual void Form_Resize() {}  // at each showing, before Form_Activate, and when the size changes
     // Ctrl+letter, before the control that has the focus gets the key. keyCode is the capital letter's code.
     virtual void Form_KeyDown([[maybe_unused]] int keyCode, [[maybe_unused]] int shift) {}
     virtual void Form_MouseMove() {}

@@ -179,6 +179,12 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
     if (form_ && isVisible()) RunEvent(this, [this] { form_->Form_Resize(); });
 }
 
+// What was resized before it was shown is told now, as at any first showing.
+void FormWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (form_ && !event->spontaneous()) RunEvent(this, [this] { form_->Form_Resize(); });
+}
+
 // A window without a frame is moved by its background: by the system where that can do it.
 void FormWindow::mousePressEvent(QMouseEvent* event) {
     QDialog::mousePressEvent(event);

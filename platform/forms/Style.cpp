@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -53,6 +54,11 @@ void Style::Apply(QWidget& window) {
     static const QString sheet = Sheet();
     window.setPalette(Colours());
     window.setStyleSheet(sheet);
+}
+
+void Style::Refresh(QWidget& control) {
+    control.style()->unpolish(&control);
+    control.style()->polish(&control);
 }
 
 }  // namespace forms

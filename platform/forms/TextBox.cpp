@@ -3,6 +3,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
+#include "platform/forms/Style.h"
 #include "platform/forms/Text.h"
 
 namespace forms {
@@ -22,7 +23,9 @@ void TextBox::SetText(const std::string& text) {
 }
 
 void TextBox::SetLocked(bool locked) {
+    if (locked == isReadOnly()) return;
     setReadOnly(locked);
+    Style::Refresh(*this);
 }
 
 void TextBox::SetBackColor(unsigned colour) {

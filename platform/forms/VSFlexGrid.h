@@ -54,7 +54,8 @@ class VSFlexGrid : public FlexGrid {
 
     // Editing
     void SetEditable(bool editable) { editable_ = editable; }
-    void EditCell();  // edits the current cell as F2 does
+    // Edits the current cell as F2 does, or, with a text, as if that were typed.
+    void EditCell(const std::string& typed = {});
     bool Editing() const { return editor_ != nullptr; }
     std::string EditText() const;  // the text that the edit would put into the cell
     void SetEditText(const std::string& text);

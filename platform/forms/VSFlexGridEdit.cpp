@@ -10,8 +10,8 @@
 
 namespace forms {
 
-void VSFlexGrid::EditCell() {
-    if (FinishEdit()) Edit();
+void VSFlexGrid::EditCell(const std::string& typed) {
+    if (FinishEdit()) Edit(ToQt(typed));
 }
 
 bool VSFlexGrid::Edit(const QString& typed) {

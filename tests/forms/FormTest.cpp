@@ -122,6 +122,18 @@ TEST_F(FormTest, OpensCentredAndFitsTheScreen) {
     EXPECT_TRUE(form.Window()->screen()->availableGeometry().contains(form.Window()->geometry()));
 }
 
+TEST_F(FormTest, WhatWasJustHiddenDoesNotHoldTheHeight) {
+    Show();
+    form.SetHeight(0);
+    const int least = form.Height();
+    form.ui().fmeBox->SetVisible(false);
+    form.SetHeight(0);
+    EXPECT_LT(form.Height(), least);
+    form.ui().fmeBox->SetVisible(true);
+    form.SetHeight(0);
+    EXPECT_EQ(form.Height(), least);
+}
+
 TEST_F(FormTest, ControlsHaveAccessibleNames) {
     form.ui();
     form.Unload();

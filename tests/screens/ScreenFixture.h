@@ -33,8 +33,10 @@ class ScreenTest : public testing::Test {
     static void Key(forms::Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(form.Window()->focusWidget(), key, modifiers);
     }
+    // Letter by letter: the first one may open an editor that takes the rest.
     static void Type(forms::Form& form, const char* text) {
-        QTest::keyClicks(form.Window()->focusWidget(), text);
+        for (const QChar letter : QString::fromUtf8(text))
+            QTest::keyClicks(form.Window()->focusWidget(), letter);
     }
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
     static QPoint Place(const forms::FlexGrid& grid, int row, int col) {

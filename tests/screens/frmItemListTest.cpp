@@ -140,6 +140,8 @@ TEST_F(ItemListTest, OnlyTheTickIsEditedAndTheHeadingSorts) {
             << "codes sort as numbers";
         grid.Select(2, 0);
         grid.SetFocus();
+        Key(Picker(), Qt::Key_Space);
+        Click(ui().cmdOK);
     });
     EXPECT_EQ(Taken(), "Sand;7;0;");
 }

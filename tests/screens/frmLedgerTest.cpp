@@ -69,6 +69,8 @@ TEST_F(LedgerTest, EndReportShowsTheTextForReading) {
 TEST_F(LedgerTest, TheButtonsStandAtSharesOfTheWidth) {
     Show(form);
     EXPECT_EQ(form.Caption(), "Ledger");
+    EXPECT_NEAR(form.ui().cmdPrint->geometry().left(), form.Window()->width() * 4 / 10, 1)
+        << "from the first";
     for (const int width : {form.Window()->width(), 1200, form.Window()->minimumWidth()}) {
         form.Window()->resize(width, 600);
         ASSERT_TRUE(QTest::qWaitFor([&] { return form.ui().ucHTMLBox->width() == width; }));

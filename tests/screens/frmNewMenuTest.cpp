@@ -2,6 +2,9 @@
 
 #include "ScreenFixture.h"
 #include "core/clQm.h"
+#include "core/qmcls.h"
+#include "host/Audit.h"
+#include "platform/basic/Text.h"
 #include "shell/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 
@@ -17,6 +20,19 @@ class MenuTest : public test::ScreenTest {
                      [visit](forms::Form& form) { visit(dynamic_cast<qm::frmNewMenu&>(form)); });
         books.Host().QmMainMenu();
         EXPECT_FALSE(forms::Default<qm::frmNewMenu>().Loaded());
+    }
+    // Every option of every category, clicked with the mouse; the screens that come are closed again.
+    void WalkWithTheMouse(qm::frmNewMenu& menu) {
+        for (const int category : {5, 10, 15}) {
+            Hover(*menu.ui().vsFinOptions, category);
+            for (const int row : {0, 3, 6}) {
+                const std::string key = basic::TextOrEmpty(menu.ui().vsOptions->CellData(row, 1));
+                if (const auto* screen = qm::ScreenByKey(key)) script.Modal(std::string(screen->Form));
+                ClickCell(*menu.ui().vsOptions, row, 1);
+                EXPECT_TRUE(menu.Visible());
+                EXPECT_EQ(script.LeftOver(), 0U);
+            }
+        }
     }
     // Captions and keys of the rows that have any, with their row.
     static test::Lines Shown(qm::frmNewMenu& menu) {
@@ -78,21 +94,35 @@ TEST_F(MenuTest, OnlyALiveOptionIsMarkedAndBearsTheHand) {
 // Every row whose screen stands opens it and is live again afterwards; the others do nothing.
 TEST_F(MenuTest, WalksAllScreensWithTheMouse) {
     InMenu([&](qm::frmNewMenu& menu) {
-        for (const int category : {5, 10, 15}) {
-            Hover(*menu.ui().vsFinOptions, category);
-            for (const int row : {0, 3, 6}) {
-                const std::string key = basic::TextOrEmpty(menu.ui().vsOptions->CellData(row, 1));
-                if (const auto* screen = qm::ScreenByKey(key)) script.Modal(std::string(screen->Form));
-                ClickCell(*menu.ui().vsOptions, row, 1);
-                EXPECT_TRUE(menu.Visible());
-                EXPECT_EQ(script.LeftOver(), 0U);
-            }
-        }
+        WalkWithTheMouse(menu);
         Click(menu.ui().lblClose);
         EXPECT_FALSE(menu.Loaded());
     });
     EXPECT_EQ(test::FreshBooks::One("Select Crrnt_Yr_Flg From Fnncl_Yr_Mstr"), "True")
         << "the connection stays open for the host";
+}
+
+// A host in any language: the class through its factory, dataPath, the menu, and out again.
+TEST_F(MenuTest, AHostThroughTheFactoryWalksAllScreens) {
+    const std::u16string path = basic::ToUtf16(books.DataPath());
+    books.CloseHost();
+    void *factory = nullptr, *object = nullptr;
+    ASSERT_EQ(DllGetClassObject(CLSID_clQm, IID_IClassFactory, &factory), S_OK);
+    ASSERT_EQ(static_cast<IClassFactory*>(factory)->CreateInstance(nullptr, IID__clQm, &object), S_OK);
+    static_cast<IClassFactory*>(factory)->Release();
+    auto* const host = static_cast<_clQm*>(object);
+    BSTR dataPath = SysAllocString(path.c_str());
+    EXPECT_EQ(host->put_dataPath(dataPath), S_OK);
+    SysFreeString(dataPath);
+    script.Modal("frmNewMenu", [&](forms::Form& form) {
+        auto& menu = dynamic_cast<qm::frmNewMenu&>(form);
+        WalkWithTheMouse(menu);
+        Click(menu.ui().lblClose);
+    });
+    EXPECT_EQ(host->QmMainMenu(), S_OK);
+    EXPECT_EQ(host->Release(), 0U);
+    books.OpenHost();
+    EXPECT_THAT(host::Audit::Run(), IsEmpty());
 }
 
 TEST_F(MenuTest, WalksAllScreensWithTheKeyboard) {

@@ -8,6 +8,7 @@
 
 #include "platform/basic/Error.h"
 #include "platform/forms/Text.h"
+#include "platform/forms/html/PageBreaks.h"
 #include "platform/forms/html/Paint.h"
 
 namespace forms::html {
@@ -18,59 +19,14 @@ constexpr int PageNumberHeight = 28;
 constexpr QMarginsF SheetMargins(15, 15, 15, 12);  // millimetres
 constexpr std::int32_t PathAccess = 75;
 
-// What must not be cut: from the first to the last pixel.
-struct Span {
-    int Top, Bottom;
-};
-
-// A row that is taller than a page may be cut between its lines.
-std::vector<Span> WholeSpans(Layout& layout, int pageHeight) {
-    std::vector<Span> spans;
-    for (int piece = 0; piece < layout.Pieces(); ++piece) {
-        const DisplayList& list = layout.List(piece);
-        const int top = layout.Top(piece);
-        for (const Row& row : list.Rows)
-            if (row.Bottom - row.Top <= pageHeight) spans.push_back({top + row.Top, top + row.Bottom - 1});
-        for (const Word& word : list.Words) spans.push_back({top + word.Box.top(), top + word.Box.bottom()});
-        for (const Rule& rule : list.Rules)
-            if (rule.Box.height() <= pageHeight)
-                spans.push_back({top + rule.Box.top(), top + rule.Box.bottom()});
-    }
-    std::sort(spans.begin(), spans.end(), [](const Span& a, const Span& b) { return a.Top < b.Top; });
-    return spans;
-}
-
-// The highest place at or above `limit` at which no span is cut; `limit` itself if there is none below
-// `start`.
-int PlaceToCut(const std::vector<Span>& spans, int start, int limit) {
-    int place = limit;
-    const auto above = [](const Span& span, int y) { return span.Top < y; };
-    for (auto span = std::lower_bound(spans.begin(), spans.end(), limit, above); span != spans.begin();) {
-        --span;
-        if (span->Top < start) break;
-        if (span->Bottom >= place) place = std::min(place, span->Top);
-    }
-    return place > start ? place : limit;
-}
-
 }  // namespace
 
 Pages::Pages(std::string_view document, const QFont& font, const QSize& size)
     : layout_(document, font), size_(size) {
-    layout_.SetWidth(size.width());
+    layout_.SetWidth(static_cast<int>(size.width() / PaperScale));
     layout_.LayOutAll();
-    scale_ = std::min(1.0, static_cast<double>(size.width()) / layout_.Width());
-    FindBreaks();
-}
-
-void Pages::FindBreaks() {
-    const int height = static_cast<int>(size_.height() / scale_);
-    const std::vector<Span> spans = WholeSpans(layout_, height);
-    const int end = layout_.Height();
-    breaks_ = {0};
-    while (breaks_.back() + height < end)
-        breaks_.push_back(PlaceToCut(spans, breaks_.back(), breaks_.back() + height));
-    breaks_.push_back(end);
+    scale_ = static_cast<double>(size.width()) / layout_.Width();
+    breaks_ = PageBreaks(layout_, static_cast<int>(size.height() / scale_));
 }
 
 QSize Pages::RoomOf(const QPagedPaintDevice& device) {

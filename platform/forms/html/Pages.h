@@ -12,6 +12,8 @@ namespace forms::html {
 // text, each with "Page x of y" below.
 class Pages {
   public:
+    static constexpr double PaperScale = 0.9;  // paper is read from nearer than a screen
+
     // `size` is the room for the text in pixels at 96 dots per inch.
     Pages(std::string_view document, const QFont& font, const QSize& size);
 
@@ -28,11 +30,9 @@ class Pages {
     static void Prepare(QPagedPaintDevice& device);
 
   private:
-    void FindBreaks();
-
     Layout layout_;
     QSize size_;
-    double scale_ = 1;  // below 1 for what is wider than a sheet: all of it is made smaller, as browsers do
+    double scale_ = 1;  // of the document; what is wider than a sheet is made smaller as a whole
     std::vector<int> breaks_;
 };
 

@@ -3,6 +3,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QWidget>
 #include <algorithm>
 #include <memory>
 
@@ -49,6 +50,7 @@ void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& 
         });
     });
     preview.exec();
+    parent->window()->activateWindow();  // not every system gives the focus back
 }
 
 void PrintAtOnce(const std::string& document, const QFont& font) {

@@ -45,13 +45,22 @@ int Recorder::text_width(const char* text, litehtml::uint_ptr font) {
 void Recorder::draw_text(litehtml::uint_ptr, const char* text, litehtml::uint_ptr font,
                          litehtml::web_color colour, const litehtml::position& place) {
     const std::string_view drawn(text);
-    if (drawn.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
+    if (drawn.find_first_not_of(" \t\r\n") == std::string_view::npos)
+        return DrawBlank(ToFont(font), colour, place);
     list_->Words.push_back({.Box = ToRect(place),
                             .Begin = static_cast<std::uint32_t>(list_->Text.size()),
                             .Length = static_cast<std::uint32_t>(drawn.size()),
                             .Font = static_cast<std::uint32_t>(ToFont(font)),
                             .Colour = ToColour(colour)});
     list_->Text += drawn;
+}
+
+// Of a blank only its underlining is to be seen.
+void Recorder::DrawBlank(Fonts::Index font, const litehtml::web_color& colour,
+                         const litehtml::position& place) {
+    if (!fonts_.Font(font).underline()) return;
+    const int line = place.y + fonts_.MetricsOf(font).Ascent + 1;
+    list_->Rules.push_back({QRect(place.x, line, place.width, 1), ToColour(colour)});
 }
 
 void Recorder::draw_background(litehtml::uint_ptr, const litehtml::background_paint& paint) {

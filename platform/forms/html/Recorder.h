@@ -50,6 +50,8 @@ class Recorder final : public litehtml::document_container {
     }
 
   private:
+    void DrawBlank(Fonts::Index font, const litehtml::web_color& colour, const litehtml::position& place);
+
     Fonts& fonts_;
     int width_;
     DisplayList* list_ = nullptr;

@@ -154,7 +154,7 @@ TEST_F(VSFlexGridTest, KeyDownComesBeforeKeyPressAndEitherDropsTheKey) {
     Type(".");  // not to be taken for Delete
     Key(Qt::Key_S, Qt::ControlModifier);
     EXPECT_THAT(Logged(), ElementsAre("down 40 0", "down 46 0", "down 65 0", "press 97", "down 255 0",
-                                      "press 46", "Form S", "down 83 2"));
+                                      "press 46", "down 17 2", "Form S", "down 83 2"));
     control().KeyDown = [this](int& code, int) {
         if (code == vbKeyTab) form.ui().txtBefore->SetFocus();
     };
@@ -186,6 +186,15 @@ TEST_F(VSFlexGridTest, ASortedGridCarriesTheTicksWithTheirRows) {
     EXPECT_TRUE(control().CellChecked(5, 3));
     ClickCell(0, 0);
     EXPECT_EQ(control().TextMatrix(1, 0), "4");
+    control().SetExplorerSort(true);
+    EXPECT_EQ(control().Shown(0, 0).SortArrow, 0) << "set again: the rows are new";
+    ClickCell(0, 0);
+    EXPECT_EQ(control().Shown(0, 0).SortArrow, 1);
+    control().AutoSize(0, 0);
+    const int withMark = control().ColWidth(0);
+    control().SetExplorerSort(false);
+    control().AutoSize(0, 0);
+    EXPECT_GT(withMark, control().ColWidth(0)) << "the mark does not cut its heading";
 }
 
 }  // namespace

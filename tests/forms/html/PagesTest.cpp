@@ -11,7 +11,9 @@ using namespace forms::html;
 
 namespace {
 
-constexpr QSize Room(680, 400);
+constexpr QSize Room(720, 450);
+// What a page takes of the document, which is made smaller on paper.
+const QSize Taken = Room / Pages::PaperScale;
 
 std::string Report(int rows) {
     std::string text = "<p><font size=5>Heading</font><table width='100%'>";
@@ -32,7 +34,7 @@ std::vector<QRect> Whole(const std::string& text, int width) {
         for (const Word& word : layout.List(piece).Words)
             boxes.push_back(word.Box.translated(0, layout.Top(piece)));
         for (const Row& row : layout.List(piece).Rows)
-            if (row.Bottom - row.Top <= Room.height())
+            if (row.Bottom - row.Top <= Taken.height())
                 boxes.emplace_back(0, layout.Top(piece) + row.Top, width, row.Bottom - row.Top);
     }
     return boxes;
@@ -46,12 +48,37 @@ TEST(Pages, CutNoRowAndNoLine) {
         const std::vector<int>& breaks = pages.Breaks();
         for (std::size_t i = 1; i < breaks.size(); ++i) {
             EXPECT_GT(breaks[i], breaks[i - 1]);
-            EXPECT_LE(breaks[i] - breaks[i - 1], Room.height());
+            EXPECT_LE(breaks[i] - breaks[i - 1], Taken.height());
         }
-        for (const QRect& box : Whole(text, Room.width()))
+        for (const QRect& box : Whole(text, Taken.width()))
             for (const int cut : breaks)
                 ASSERT_FALSE(box.top() < cut && cut <= box.bottom())
                     << "at " << cut << " through " << box.top();
+    }
+}
+
+// A ledger's name and its column heads at the foot of a page would stand alone.
+TEST(Pages, HeadingsStayWithWhatFollows) {
+    std::string text = "<table width='100%'>";
+    for (int ledger = 0; ledger < 40; ++ledger) {
+        text +=
+            "<tr><td><b>name</b></td></tr><tr><td><hr></td></tr><tr><td><b>Date</b></td></tr><tr><td><hr></"
+            "td></tr>";
+        for (int i = 0; i < 7 + ledger % 3; ++i) text += "<tr><td>row</td></tr>";
+        text += "<tr><td><hr></td></tr>";
+    }
+    text += "</table>";
+    const Pages pages(text, QApplication::font(), Room);
+    Layout layout(text, QApplication::font());
+    layout.SetWidth(Taken.width());
+    layout.LayOutAll();
+    ASSERT_GT(pages.Count(), 5);
+    for (const int cut : pages.Breaks()) {
+        std::string last = "row";
+        for (int piece = 0; piece < layout.Pieces(); ++piece)
+            for (const Word& word : layout.List(piece).Words)
+                if (layout.Top(piece) + word.Box.bottom() < cut) last = layout.List(piece).TextOf(word);
+        EXPECT_EQ(last, "row") << cut;
     }
 }
 

@@ -1,0 +1,93 @@
+#include "accounts/LedgerRows.h"
+
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Number.h"
+
+namespace qm {
+namespace {
+
+bool HasRow(const std::string& sql) {
+    ado::Recordset rows;
+    rows.Open(sql, shared().Connection, ado::adOpenStatic, ado::adLockReadOnly, ado::adCmdText);
+    return !rows.Eof();
+}
+
+// Numbers of groups and ledgers are kept in 16 bits.
+std::string GroupIdOf(const std::string& name) {
+    const ado::RecordsetPtr rows =
+        ExecuteRecordset("select Group_Id from Group_Head_Master where Group_Head_Name='" + name + "'");
+    return std::to_string(basic::ToInteger((*rows)["Group_Id"]));
+}
+
+// The boxes and the fields are out of step, here and again in the update, on purpose: the details of a new
+// party come back in other boxes than the ones they were typed in.
+std::string InsertStatement(const std::string& ledgerId, const std::string& parentId,
+                            const LedgerEntry& entry) {
+    std::string sql =
+        "insert into Ledger_Master(ledger_id,Name,Group_Id,primaryGrp,  "
+        "Company_name,contact_person,Designation, Address1,Address2,City,  Tel1, Tel2, Pincode, Pager, "
+        "Mobile, Email, Notes)  values(" +
+        ledgerId + " ,'" + entry.Name + "', " + parentId + ",'" + shared().PrimaryGroupName + "'";
+    for (std::size_t box = 1; box < entry.Details.size(); ++box)
+        sql += (box == 1 ? ",' " : ", ' ") + entry.Details[box] + "'";
+    return sql + ")";
+}
+
+// Box 5, the third line of the address, is not written.
+std::string UpdateStatement(const std::string& ledgerId, const std::string& parentId,
+                            const LedgerEntry& entry) {
+    const auto& box = entry.Details;
+    return "Update Ledger_Master set Name= '" + entry.Name + "' ,Group_Id = " + parentId + ",primaryGrp = '" +
+           entry.GroupName + "', contact_person = '" + box[1] + "', Designation = '" + box[2] +
+           "', Address1 ='" + box[3] + "' ,Address2='" + box[4] + "',City ='" + box[6] + "', Tel1 ='" +
+           box[7] + "' , Tel2='" + box[8] + "' , Pincode='" + box[9] + "' ,Pager='" + box[10] +
+           "' , Mobile='" + box[11] + "' , Email='" + box[12] + "' , Notes ='" + box[13] +
+           "' Where Ledger_id = " + ledgerId;
+}
+
+}  // namespace
+
+bool LedgerNameTaken(const std::string& name) {
+    return HasRow("Select * From Group_Head_Master Where Group_Head_Name = \"" + name + "\"");
+}
+
+void InsertLedger(const LedgerEntry& entry) {
+    const std::string parentId = GroupIdOf(entry.GroupName);
+    Conn().Execute("insert into Group_Head_Master(Group_Head_Name,Parent_Id) values('" + entry.Name + "', " +
+                   parentId + ")");
+    GetPrimaryGroup(entry.Name);
+    const std::string ledgerId = GroupIdOf(entry.Name);
+    Conn().Execute(InsertStatement(ledgerId, parentId, entry));
+    Conn().Execute(
+        "insert into Ledger_Details(Ledger_Id,fnncl_Yr,Opening_Bal,Closing_Bal,Bal_Type) values('" +
+        ledgerId + "', " + shared().FinYear + "," + entry.OpeningBal + "," + entry.OpeningBal + ",'" +
+        entry.BalType + "')");
+}
+
+void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
+    const std::string parentId = GroupIdOf(entry.GroupName);
+    Conn().Execute("Update Group_Head_Master set Group_Head_Name ='" + entry.Name +
+                   "', Parent_Id = " + parentId + " Where Group_id = " + ledgerId);
+    GetPrimaryGroup(entry.Name);  // fails where the groups do; its result is not used here
+    Conn().Execute(UpdateStatement(ledgerId, parentId, entry));
+    ExecuteRecordset("select Ledger_Id from Ledger_Master where Name='" + entry.Name +
+                     "' and Group_Id=" + parentId);
+    Conn().Execute("update Ledger_Details set Ledger_Id = " + ledgerId + ",fnncl_Yr = " + shared().FinYear +
+                   ",Opening_Bal = " + entry.OpeningBal + ",Closing_Bal= " + entry.OpeningBal +
+                   ",Bal_Type=  '" + entry.BalType + "' Where ledger_id = " + ledgerId);
+}
+
+bool LedgerHasVouchers(const std::string& ledgerId) {
+    return HasRow("Select * From " + YearTable("tb_Ledger") + " Where LedgerCode = " + ledgerId);
+}
+
+void DeleteLedgerRows(const std::string& ledgerId, const std::string& leafCondition) {
+    ExecuteNoRecords("Delete From Ledger_Details Where Ledger_ID=" + ledgerId +
+                     " And Fnncl_Yr = " + shared().FinYear);
+    ExecuteNoRecords("Delete From Ledger_Master Where Ledger_ID=" + ledgerId);
+    ExecuteNoRecords("Delete From Group_Head_Master Where " + leafCondition);
+}
+
+}  // namespace qm

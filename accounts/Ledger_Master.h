@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+#include "accounts/LedgerRows.h"
+#include "platform/ado/Recordset.h"
+#include "platform/forms/Controls.h"
+#include "ui_Ledger_Master.h"
+
+namespace qm {
+
+// Adds, changes, deletes and pages through ledgers. Debtors and suppliers show a further frame of party
+// details.
+class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
+  public:
+    // Shows the screen modally: on the ledger, or on the first one of the group, or, where there is no such
+    // ledger or both are empty, ready for a new one.
+    void Load(const std::string& GroupName, const std::string& LedgerName);
+
+    ado::RecordsetPtr GetResultSet(const std::string& sql);  // runs it through the shared connection
+
+  protected:
+    void Wire() override;
+    void Form_Unload() override;
+
+  private:
+    void ShowGroup(const std::string& groupName, const std::string& ledgerName);
+    void ShowLedgerRecord(ado::Recordset& record);
+    void ShowBalance(ado::Recordset& record);
+    void ApplyGroupLayout();
+    void EnableControls();
+    void Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*beyond)() const, const char* atEnd,
+              void (ado::Recordset::*back)());
+
+    void AddRec();
+    void UpdRec();
+    void FindRec();
+    void NextRec();
+    void PrevRec();
+    void Combo1_Validate();
+    void Text2_Validate();
+    void cmdStkClBal_Click();
+
+    bool EntryComplete();
+    LedgerEntry Entry();
+    void AddLedger();
+    void UpdateLedger();
+    void DeleteLedger();
+    bool RetireParty();
+
+    forms::ControlArray<forms::TextBox> Text1{*this, "Text1"};
+    bool IsNewLedger = false;           // True while a new ledger is entered
+    ado::RecordsetPtr LedgerRecordset;  // behind paging
+};
+
+}  // namespace qm

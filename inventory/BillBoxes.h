@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+
+#include "platform/ado/Recordset.h"
+#include "platform/forms/Controls.h"
+
+namespace qm {
+
+// How the two receipt screens reckon a bill.
+struct BillRule {
+    // The percentages are taken of the number before the bill total's comma, not of the whole total: kept.
+    bool RatesOfPrefix = false;
+    // The box whose value decides whether the amount after tax is emptied: itself, or the bill total.
+    bool BlankByBillTotal = false;
+};
+
+// The boxes of a supplier's bill as both receipt screens have them, with the number of each as the rows take
+// it. Cheap to make where it is needed.
+class BillBoxes {
+  public:
+    template <class Ui>
+    explicit BillBoxes(Ui& ui)
+        : date_(ui.dtpDate),
+          billNo_(ui.txtBillNo),
+          narration_(ui.txtNarration),
+          billTotal_(ui.txtBillTotal),
+          discount_(ui.txtDiscount),
+          taxRate_(ui.txtTaxRate),
+          amtAfterTax_(ui.txtAmtAfterTax),
+          otherCharges_(ui.txtOtherCharges),
+          totalAmt_(ui.txtTotalAmt),
+          roundOff_(ui.txtRoundOff),
+          netAmt_(ui.txtNetAmt),
+          save_(ui.cmdSave) {}
+
+    // Once for each window: the four inputs take figures only, and each change of one reckons the bill again.
+    void Wire(const std::function<void()>& recalc) const;
+
+    void ShowBillTotal(double sum) const;  // 0 as nothing
+    // From the bill total to the net amount. An amount that is not above 0 is emptied.
+    void Recalc(BillRule rule) const;
+
+    void Show(ado::Recordset& bill) const;  // the bill on which the record set stands; not the round-off
+    void Empty() const;                     // today's date and no bill; the round-off stays
+    // A saved receipt is for viewing: its date, its boxes and these ledgers cannot be changed, and there is
+    // nothing to save. A new one starts empty, the round-off too, and open.
+    void SetSaved(bool saved, std::initializer_list<forms::ComboBox*> ledgers) const;
+
+    double BillTotal() const { return Prefix(*billTotal_); }  // these stop at the first comma
+    double Discount() const { return Prefix(*discount_); }
+    double TaxRate() const { return Prefix(*taxRate_); }
+    double OtherCharges() const { return Prefix(*otherCharges_); }
+    double Posted() const { return Prefix(*totalAmt_); }
+
+  private:
+    static double Prefix(const forms::TextBox& box);
+    static double Whole(const forms::TextBox& box);
+    static void ShowAmount(forms::TextBox& box, double amount);
+
+    forms::DTPicker* date_;
+    forms::TextBox *billNo_, *narration_, *billTotal_, *discount_, *taxRate_, *amtAfterTax_, *otherCharges_,
+        *totalAmt_, *roundOff_, *netAmt_;
+    forms::CommandButton* save_;
+};
+
+}  // namespace qm

@@ -1,0 +1,185 @@
+#include "inventory/ItemMaster.h"
+
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/GeneralUtils.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "shell/frmSearchAndLookUp.h"
+#include "shell/modSearch.h"
+
+namespace qm {
+namespace {
+
+// The fields in the order of the controls; the first is the key.
+const std::vector<std::string> Fields = {"Item_ID",    "Item_Name",     "Item_Type",      "Unit_Desc",
+                                         "Open_Stock", "Reorder_Level", "Overflow_Level", "Unit_Price",
+                                         "Balance",    "Notes"};
+const std::vector<std::string> Types = {"N", "S", "S", "S", "N", "N", "N", "N", "N", "S"};
+
+std::vector<std::string> WithoutKey(const std::vector<std::string>& all) {
+    return {all.begin() + 1, all.end()};
+}
+
+std::string SelectItem(const std::string& id) {
+    return "SELECT  *  FROM " + YearTable("ItemMaster") + " WHERE  Item_ID=" + id;
+}
+
+// A file of old that the screen's routines still ask for: with the shared connection open it does nothing.
+void OpenProject() {
+    SkipOnError([] { OpenConnection(BuildDataFilePath("ProjectDB.mdb")); });
+}
+
+}  // namespace
+
+void ItemMaster::Wire() {
+    ucAddPanel& panel = *ui().ucAddPanel1;
+    panel.AddRec = [this] { ucAddPanel1_AddRec(); };
+    panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
+    panel.DelRec = [this] { ucAddPanel1_DelRec(); };
+    panel.FindRec = [this] { ucAddPanel1_FindRec(); };
+    panel.CloseRec = [this] { Unload(); };
+    panel.NextRec = [this] { ucAddPanel1_NextRec(); };
+    panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
+}
+
+void ItemMaster::Form_Load() {
+    FillComboFromArray(*ui().cboItemType, {"Consumable", "Equipment", "Material", "Medicine", "General"});
+    LockControls(*this);
+    SetHeight(5640);
+    items_ = std::make_shared<ado::Recordset>();
+    SkipOnError([this] {
+        items_->Open("Select * From " + YearTable("ItemMaster"), shared().Connection, ado::adOpenStatic,
+                     ado::adLockReadOnly);
+    });
+}
+
+void ItemMaster::Form_Unload() {
+    SkipOnError([this] { items_->Close(); });
+    items_.reset();
+}
+
+void ItemMaster::ModeNew() {
+    ClearControls(*this, "");
+    ShowNextNumber();
+    new_ = true;
+    UnlockControls(*this);
+}
+
+void ItemMaster::ShowNextNumber() {
+    OpenProject();
+    double highest = 0;
+    SkipOnError([&] {
+        const ado::RecordsetPtr rows =
+            ExecuteRecordset("SELECT  max(Item_ID)  FROM " + YearTable("ItemMaster"));
+        highest = basic::NumberOrZero(rows->Fields(0).Value());
+    });
+    ui().txtItemID->SetText(basic::NumberText(highest + 1));
+}
+
+// Field by field: beyond the first or the last row none can be read, and the values shown stay.
+void ItemMaster::ShowRecord(ado::Recordset& item) {
+    basic::Control* const controls[] = {
+        ui().txtItemID,  ui().txtItemName, ui().cboItemType,  ui().txtUnitDesc, ui().txtOpenStock,
+        ui().txtReOrder, ui().txtOverFlow, ui().txtUnitPrice, ui().txtBalance,  ui().txtComments};
+    for (std::size_t i = 0; i < Fields.size(); ++i)
+        SkipOnError([&] { controls[i]->SetText(basic::TextOrEmpty(item[Fields[i]])); });
+}
+
+std::vector<std::string> ItemMaster::Values() {
+    return {ui().txtItemID->Text(),   ui().txtItemName->Text(),  ui().cboItemType->Text(),
+            ui().txtUnitDesc->Text(), ui().txtOpenStock->Text(), ui().txtReOrder->Text(),
+            ui().txtOverFlow->Text(), ui().txtUnitPrice->Text(), ui().txtBalance->Text(),
+            ui().txtComments->Text()};
+}
+
+// The type goes too: unlocking empties it.
+void ItemMaster::ucAddPanel1_AddRec() {
+    for (forms::TextBox* box : ControlsOf<forms::TextBox>()) box->SetText("");
+    for (forms::OptionButton* option : ControlsOf<forms::OptionButton>()) option->SetValue(0);
+    ShowNextNumber();
+    UnlockControls(*this);
+    ui().txtItemName->SetFocus();
+}
+
+// After a refusal the panel's buttons stand as after an update, and the fields stay open.
+void ItemMaster::ucAddPanel1_UpdRec() {
+    OpenProject();
+    if (basic::Trim(ui().txtItemID->Text()).empty()) return;
+    if (basic::Trim(ui().txtItemName->Text()).empty()) {
+        MsgBox(" Please Enter Item Name ", vbInformation, AppTitle);
+        return;
+    }
+    bool isNew = true;
+    SkipOnError([&] { isNew = ExecuteRecordset(SelectItem(ui().txtItemID->Text()))->Eof(); });
+    if (isNew)
+        InsertItem();
+    else
+        UpdateItem();
+}
+
+void ItemMaster::InsertItem() {
+    SkipOnError([this] { InsertRecord(YearTable("ItemMaster"), Fields, Values(), Types); });
+    SkipOnError([this] { items_->Requery(); });
+    new_ = false;
+}
+
+void ItemMaster::UpdateItem() {
+    SkipOnError([this] {
+        UpdateRecords(YearTable("ItemMaster"), WithoutKey(Fields), WithoutKey(Values()), WithoutKey(Types),
+                      "Item_ID =" + ui().txtItemID->Text());
+    });
+    SkipOnError([this] { items_->Requery(); });
+}
+
+// No blank stands before WHERE, so the statement fails and nobody hears of it: the row stays, while the
+// screen looks as if it were gone. Kept; no item ever leaves its table. Nothing is asked.
+void ItemMaster::ucAddPanel1_DelRec() {
+    OpenProject();
+    if (basic::Trim(ui().txtItemID->Text()).empty()) {
+        MsgBox(" Please Select record First ", vbInformation, AppTitle);
+        return;
+    }
+    SkipOnError([this] {
+        ExecuteNoRecords("Delete  FROM " + YearTable("ItemMaster") +
+                         "WHERE  Item_ID=" + ui().txtItemID->Text());
+    });
+    ClearControls(*this, "");
+    LockControls(*this);
+}
+
+// A look-up that is closed without a choice leaves the key of the last one, and that record is shown.
+void ItemMaster::ucAddPanel1_FindRec() {
+    OpenProject();
+    SkipOnError([] {
+        frmSearchAndLookUp& lookUp = forms::Default<frmSearchAndLookUp>();
+        lookUp.BaseQuery = "select Item_ID as [Item Id],Item_Name as [Name]  from " + YearTable("ItemMaster");
+        SearchLikePrefix = lookUp.BaseQuery + " where Item_Name like ";
+        lookUp.ui().mylbl->SetCaption(" Enter Item Name   ");
+        lookUp.Show(forms::vbModal);
+    });
+    ui().txtItemID->SetText(SearchResultKey);
+    if (basic::Trim(ui().txtItemID->Text()).empty()) return;
+    SkipOnError([this] { ShowRecord(*ExecuteRecordset(SelectItem(ui().txtItemID->Text()))); });
+}
+
+// One step past the last row there is no record, so the last one stays shown; Previous then shows it again.
+void ItemMaster::ucAddPanel1_NextRec() {
+    SkipOnError([this] {
+        if (items_->Eof()) return;
+        items_->MoveNext();
+        ShowRecord(*items_);
+    });
+}
+
+void ItemMaster::ucAddPanel1_PrevRec() {
+    SkipOnError([this] {
+        if (items_->Bof()) return;
+        items_->MovePrevious();
+        ShowRecord(*items_);
+    });
+}
+
+}  // namespace qm

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/ado/Recordset.h"
+#include "platform/forms/Controls.h"
+#include "ui_ItemMaster.h"
+
+namespace qm {
+
+// Keeps the items of the current year: browse, add, update. Its routines run in skip-on-error mode: what
+// fails is passed over. The issued and received quantities are not fields of this screen, so no change here
+// touches them; the balance is what the user types.
+class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
+  public:
+    void ModeNew();  // empty, unlocked, with the next number; nothing in this system calls it
+    bool IsNew() const { return new_; }  // from ModeNew to the next insert
+
+  protected:
+    void Wire() override;
+    void Form_Load() override;
+    void Form_Unload() override;
+
+  private:
+    void ucAddPanel1_AddRec();
+    void ucAddPanel1_UpdRec();
+    void ucAddPanel1_DelRec();
+    void ucAddPanel1_FindRec();
+    void ucAddPanel1_NextRec();
+    void ucAddPanel1_PrevRec();
+
+    void ShowNextNumber();
+    void ShowRecord(ado::Recordset& item);
+    std::vector<std::string> Values();
+    void InsertItem();
+    void UpdateItem();
+
+    ado::RecordsetPtr items_;  // what Next and Previous walk; open while the form is loaded
+    bool new_ = false;
+};
+
+}  // namespace qm

@@ -1,0 +1,98 @@
+#include "inventory/StockPosting.h"
+
+#include "core/DBCode.h"
+#include "core/FDBCode.h"
+#include "core/modGeneral.h"
+#include "platform/ado/Recordset.h"
+#include "platform/basic/Error.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+
+namespace qm {
+namespace {
+
+std::optional<double> Rate(const std::string& percent) {
+    if (basic::Trim(percent).empty()) return std::nullopt;
+    return basic::PrefixValue(percent) / 100;
+}
+
+}  // namespace
+
+std::string Quoted(const std::string& text) {
+    return '"' + text + '"';
+}
+
+void ExecuteCounted(const std::string& sql) {
+    std::int64_t count = 0;
+    Conn().Execute(sql, &count);
+    RequireRecords(count);
+}
+
+std::int32_t NextNumber(const std::string& field, const std::string& table) {
+    ado::Recordset highest;
+    highest.Open("Select Max(" + field + ") As High from " + YearTable(table), shared().Connection,
+                 ado::adOpenStatic, ado::adLockReadOnly);
+    const basic::Value high = highest["High"];
+    highest.Close();
+    return high.IsNull() ? 1 : basic::ToLong(basic::ToDouble(high) + 1);
+}
+
+LandingCost::LandingCost(const std::string& discount, const std::string& taxRate)
+    : discount_(Rate(discount)), taxRate_(Rate(taxRate)) {}
+
+double LandingCost::Next(double unitPrice) {
+    if (discount_) cost_ = *discount_;
+    if (taxRate_) cost_ += *taxRate_;
+    cost_ *= unitPrice;
+    return cost_;
+}
+
+void InsertMovement(const Movement& row) {
+    using basic::NumberText;
+    ExecuteCounted(
+        "Insert Into " + YearTable("tblItemLed") +
+        "(ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemId, ItemLedPONo, "
+        "ItemLedItemDesc, " +
+        (row.Issued ? "ItemLedTrnIssQty, " : "") +
+        "ItemLedTrnRptQty, ItemLedNote, ItemledUnitPrice, ItemLedBillNo, ItemLandingCost) Values(" +
+        NumberText(row.TxnNo) + ", " + basic::TextOrEmpty(DateNumber(row.Date)) + ", '" + row.Type + "', " +
+        NumberText(row.ItemId) + ", " + NumberText(row.PoNo) + ", " + Quoted(row.Description) + ", " +
+        (row.Issued ? NumberText(*row.Issued) + ", " : "") + NumberText(row.Received) + ", " +
+        Quoted(row.Note) + ", " + NumberText(row.UnitPrice) + ", " + row.BillNo + ", " +
+        NumberText(row.LandingCost) + ")");
+}
+
+void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark) {
+    ExecuteCounted("Update " + YearTable("tblItemLed") + " Set ItemLedNote = " + Quoted(remark) +
+                   " Where ItemLedTrnNo =  " + basic::NumberText(txnNo) + " And ItemLedItemId = " +
+                   basic::NumberText(itemId) + " And ItemLedTrnType = '" + type + "'");
+}
+
+void AddToItem(const std::string& counter, double itemId, double qty) {
+    ExecuteCounted("Update " + YearTable("ItemMaster") + " Set " + counter + " = Iif(IsNull(" + counter +
+                   "), 0, " + counter + ") + " + basic::NumberText(qty) +
+                   " Where Item_ID = " + basic::NumberText(itemId));
+}
+
+void PostBill(const Bill& bill) {
+    using basic::NumberText;
+    Conn().BeginTrans();
+    std::int32_t voucherNo = NextNumber("LedgerTrnNo", "tb_Ledger");
+    const auto post = [&](SideCode side, const EntrySide& ledger) {
+        voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
+                                   ledger.LedgerId, ledger.LedgerName);
+        RequireRecords(voucherNo);
+    };
+    post(Credit, bill.Credit);
+    post(Debit, bill.Debit);
+    ExecuteCounted("Insert into " + YearTable("tblBills") +
+                   "(BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID, BillDiscount, BillTaxRate, "
+                   "BillOtherCharges) Values (" +
+                   Quoted(bill.BillNo) + ", " + NumberText(bill.TxnNo) + ", " + NumberText(voucherNo) + ", " +
+                   (bill.OfOrder ? "True" : "False") + ", " + NumberText(bill.InstrumentId) + ", " +
+                   NumberText(bill.Discount) + ", " + NumberText(bill.TaxRate) + ", " +
+                   NumberText(bill.OtherCharges) + ")");
+    Conn().CommitTrans();
+}
+
+}  // namespace qm

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/basic/Value.h"
+
+namespace qm {
+
+// What the stock screens write. Values go into the statements as they stand: a text with a double quote makes
+// its statement fail. A statement that affects no record raises error 0, which the screen's failure step
+// takes. The transactions are the screens', but for PostBill.
+
+std::string Quoted(const std::string& text);  // between double quotes
+void ExecuteCounted(const std::string& sql);  // raises where no record is affected
+// The highest number of a per-year table plus 1, or 1 where there is none; nothing is reserved.
+std::int32_t NextNumber(const std::string& field, const std::string& table);
+
+// The figure that a receipt keeps with each new row, in their order: the unit price times the sum of the two
+// rates. Kept: without a discount, a tax rate is added to the figure of the row before.
+class LandingCost {
+  public:
+    LandingCost(const std::string& discount, const std::string& taxRate);  // percents; blank: none
+    double Next(double unitPrice);
+
+  private:
+    std::optional<double> discount_, taxRate_;
+    double cost_ = 0;
+};
+
+// A row of tblItemLed<FinYear>.
+struct Movement {
+    std::int32_t TxnNo = 0;
+    basic::Date Date;
+    std::string Type;  // "Receipt" or "Issue"
+    double ItemId = 0;
+    std::int32_t PoNo = 0;
+    std::string Description;
+    std::optional<double> Issued;  // none: the field is not written
+    double Received = 0;
+    std::string Note;
+    double UnitPrice = 0;
+    std::string BillNo = "0";  // as it stands in the statement
+    double LandingCost = 0;
+};
+void InsertMovement(const Movement& row);
+
+// Of a row that is saved, only the remark is ever written again.
+void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark);
+
+// Adds to "ReceivedQty" or "IssuedQty" of the item. Its Balance is left as it stands.
+void AddToItem(const std::string& counter, double itemId, double qty);
+
+// A ledger as an entry's row bears it.
+struct EntrySide {
+    std::int32_t LedgerId = 0;
+    std::string LedgerName;
+};
+
+// A supplier's bill with its entry: two rows of one amount.
+struct Bill {
+    std::int32_t TxnNo = 0;
+    basic::Date Date;
+    std::string Narration;
+    double Amount = 0;
+    EntrySide Credit, Debit;
+    std::string BillNo;
+    bool OfOrder = false;
+    std::int32_t InstrumentId = 0;  // the order's number
+    double Discount = 0, TaxRate = 0, OtherCharges = 0;
+};
+
+// Draws the entry's number, writes the credit row, the debit row and the bill, in one transaction that it
+// begins and commits. A failure leaves it open and raises. The running totals of Ledger_Details are not
+// touched: kept.
+void PostBill(const Bill& bill);
+
+}  // namespace qm

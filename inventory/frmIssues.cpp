@@ -1,0 +1,167 @@
+#include "inventory/frmIssues.h"
+
+#include "core/ErrorModule.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "inventory/EntryChecks.h"
+#include "inventory/StockPosting.h"
+#include "platform/basic/Clock.h"
+#include "platform/basic/Number.h"
+
+namespace qm {
+namespace {
+
+const char* const FormName = "frmIssues";
+const char* const NewIssue = "<New>";
+constexpr int QtyWidth = 2000;
+
+}  // namespace
+
+void frmIssues::Wire() {
+    Grid().Wire();
+    ui().cmbTxnNo->Change = [this] { FillIssueGrid(); };
+    ui().cmbTxnNo->Click = [this] { FillIssueGrid(); };
+    ui().vsIssue->AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
+    ui().vsIssue->KeyDown = [this](int& keyCode, int) { vsIssue_KeyDown(keyCode); };
+    ui().cmdSave->Click = [this] { cmdSave_Click(); };
+    ui().cmdExit->Click = [this] { Unload(); };
+}
+
+void frmIssues::Load(std::int32_t trnNo) {
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    FillIssueNumbers();
+    trnNo_ = trnNo;
+    ui().cmbTxnNo->SetText(trnNo == 0 ? NewIssue : basic::NumberText(trnNo));
+    Show(forms::vbModal);
+}
+
+void frmIssues::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    if (keyCode == 'S') cmdSave_Click();
+    if (keyCode == 'X') Unload();
+}
+
+void frmIssues::FillIssueNumbers() {
+    ui().cmbTxnNo->Clear();
+    ado::Recordset rows;
+    rows.Open(
+        "Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") + " Where ItemLedTrnType = 'Issue'",
+        shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
+    for (; !rows.Eof(); rows.MoveNext()) ui().cmbTxnNo->AddItem(basic::TextOrEmpty(rows["ItemLedTrnNo"]));
+    rows.Close();
+    ui().cmbTxnNo->AddItem(NewIssue);
+}
+
+// The numbers are shared by all kinds of movement, so that of a receipt shows its rows here.
+void frmIssues::FillIssueGrid() {
+    Grid().Setup(QtyWidth);
+    const std::string number = basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text()));
+    const auto date = Grid().Fill(
+        "Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + number, "itemledtrnIssqty");
+    if (date) ui().dtpDate->SetValue(*date);
+}
+
+void frmIssues::vsIssue_AfterEdit(int row) {
+    if (Grid().IsSaved(row)) Grid().Mark(row, true);
+}
+
+// The entry row goes too, and none comes back until the grid is filled again.
+void frmIssues::vsIssue_KeyDown(int keyCode) {
+    if (keyCode == forms::vbKeyDelete && ui().vsIssue->Row() >= 1)
+        Grid().Remove(ui().vsIssue->Row(), "issued");
+}
+
+bool frmIssues::ValidateIssue() {
+    try {
+        if (!DateIsInYear(*ui().dtpDate)) return false;
+        ado::Recordset stock;
+        stock.Open(
+            "Select Item_ID, (Open_Stock-IssuedQty+ReceivedQty) As NetQty From " + YearTable("ItemMaster"),
+            shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+        if (Grid().EntryRow() == 1) return false;
+        for (int row = 1; row < Grid().EntryRow(); ++row)
+            if (!RowIsComplete(row) || !StockSuffices(row, stock)) return false;
+        return true;
+    } catch (const basic::Error& error) {
+        LogError(FormName, error);
+        return false;
+    }
+}
+
+// A missing item is logged as well, as error 0: kept.
+bool frmIssues::RowIsComplete(int row) {
+    if (Grid().Text(row, StockGrid::NameCol).empty()) {
+        Grid().Refuse(row, StockGrid::NameCol, "Please select items to be issued");
+        LogError(FormName, 0, "", "");
+        return false;
+    }
+    if (Grid().Text(row, StockGrid::QtyCol).empty()) {
+        Grid().Refuse(row, StockGrid::QtyCol,
+                      "Please specify qty. to be issued for item\r\n\r\n'" +
+                          Grid().Text(row, StockGrid::NameCol) + "'");
+        return false;
+    }
+    return true;
+}
+
+// Saved rows are tested too, though the net quantity is already without theirs. Each search goes on from
+// where the last one stopped, so an item that lies before the row above's is not found: reading its quantity
+// raises. Where a counter is Null the net quantity is, and anything passes. All of it kept.
+bool frmIssues::StockSuffices(int row, ado::Recordset& stock) {
+    if (stock.RecordCount() == 0) return true;
+    stock.Find("Item_ID = " + basic::NumberText(Grid().Number(row, StockGrid::ItemCol)), 0,
+               ado::adSearchForward);
+    const basic::Value net = stock["NetQty"];
+    if (net.IsNull() || basic::ToDouble(net) >= Grid().Number(row, StockGrid::QtyCol)) return true;
+    Grid().Refuse(row, StockGrid::QtyCol,
+                  "Net qty. present in stock for Item '" + Grid().Text(row, StockGrid::NameCol) +
+                      "' = " + basic::ToText(net) + "\r\n\r\nCannot issue qty. more than stock available");
+    return false;
+}
+
+// Each row commits by itself: what was written before a failure stays.
+void frmIssues::cmdSave_Click() {
+    try {
+        if (!ValidateIssue()) return;
+        trnNo_ = IssueNumber();
+        for (int row = 1; row < Grid().EntryRow(); ++row) SaveRow(row);
+        MsgBox("Issue details saved with Issue voucher no. '" + basic::NumberText(trnNo_) + "'",
+               vbInformation, AppTitle);
+        FillIssueNumbers();  // it empties the box, so that "<New>" is a change and clears the grid
+        ui().cmbTxnNo->SetText(NewIssue);
+        ui().vsIssue->Select(1, StockGrid::NameCol);
+    } catch (const basic::Error& error) {
+        RollbackOpen();
+        MsgBox("Cannot save Issue Details", vbInformation, AppTitle);
+        LogError(FormName, error);
+    }
+}
+
+// Any other text than "<New>" is the number, whether such an issue is there or not.
+std::int32_t frmIssues::IssueNumber() {
+    if (ui().cmbTxnNo->Text() == NewIssue) return NextNumber("ItemLedTrnNo", "tblItemLed");
+    return basic::ToLong(basic::PrefixValue(ui().cmbTxnNo->Text()));
+}
+
+void frmIssues::SaveRow(int row) {
+    const double item = Grid().Number(row, StockGrid::ItemCol);
+    const std::string& note = Grid().Text(row, StockGrid::NoteCol);
+    Conn().BeginTrans();
+    if (!Grid().IsSaved(row)) {
+        const double qty = Grid().Number(row, StockGrid::QtyCol);
+        InsertMovement({.TxnNo = trnNo_,
+                        .Date = ui().dtpDate->Value(),
+                        .Type = "Issue",
+                        .ItemId = item,
+                        .Description = Grid().Text(row, StockGrid::NameCol),
+                        .Issued = qty,
+                        .Note = note,
+                        .UnitPrice = Grid().Number(row, StockGrid::PriceCol)});
+        AddToItem("IssuedQty", item, qty);
+    } else if (Grid().IsMarked(row)) {
+        UpdateRemark(basic::PrefixValue(ui().cmbTxnNo->Text()), item, "Issue", note);
+    }
+    Conn().CommitTrans();
+}
+
+}  // namespace qm

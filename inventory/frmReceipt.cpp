@@ -1,0 +1,271 @@
+#include "inventory/frmReceipt.h"
+
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "inventory/EntryChecks.h"
+#include "inventory/StockPosting.h"
+#include "inventory/TotalRows.h"
+#include "platform/basic/Clock.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "platform/forms/Application.h"
+
+namespace qm {
+namespace {
+
+constexpr int QtyWidth = 1500;  // twips
+constexpr BillRule Rule{.RatesOfPrefix = true};
+
+}  // namespace
+
+StockGrid frmReceipt::Grid() {
+    return {*ui().vsReceipt, TotalRows};
+}
+
+bool frmReceipt::IsNew() {
+    const std::string text = ui().cmbReceipt->Text();
+    return text.empty() || text == "<New>";
+}
+
+std::string frmReceipt::NumberOfText() {
+    return basic::NumberText(basic::PrefixValue(ui().cmbReceipt->Text()));
+}
+
+void frmReceipt::Wire() {
+    ui().cmbReceipt->Change = [this] { LoadReceipt(); };
+    ui().cmbReceipt->Click = [this] { LoadReceipt(); };
+    Grid().Wire();
+    ui().vsReceipt->BeforeRowColChange = [this](int, int, int row, int, bool& cancel) {
+        cancel = IsTotalRow(*ui().vsReceipt, row);
+    };
+    ui().vsReceipt->AfterEdit = [this](int row, int col) { vsReceipt_AfterEdit(row, col); };
+    ui().vsReceipt->KeyDown = [this](int& keyCode, int) { vsReceipt_KeyDown(keyCode); };
+    Boxes().Wire([this] { RecalcBill(); });
+    ui().cmdSave->Click = [this] { cmdSave_Click(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
+}
+
+void frmReceipt::Load(std::int32_t trnNo) {
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    FillReceiptNumbers();
+    FillItemLedgers();
+    FillSuppliers();
+    trnNo_ = trnNo;
+    ui().cmbReceipt->SetText(trnNo == 0 ? "<New>" : std::to_string(trnNo));
+    Show(forms::vbModal);
+}
+
+// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
+void frmReceipt::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    if (keyCode == 'S') cmdSave_Click();
+    if (keyCode == 'X') cmdExit_Click();
+}
+
+void frmReceipt::FillReceiptNumbers() {
+    forms::ComboBox& box = *ui().cmbReceipt;
+    box.Clear();
+    for (const basic::Value& number :
+         FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
+                          " Where ItemLedTrnType = 'Receipt' And ItemLedPoNo = 0"))
+        box.AddItem(basic::TextOrEmpty(number));
+    box.AddItem("<New>");
+}
+
+// No purchase ledger is offered here: kept.
+void frmReceipt::FillItemLedgers() {
+    FillLedgers(*ui().cmbItemLedgers, "('Debtors', 'Suppliers', 'Cash In Hand', 'Bank')", "");
+}
+
+// The test looks at the box of the bill's number, which never reads so: deleted ledgers are listed. Kept.
+void frmReceipt::FillSuppliers() {
+    const bool onlyStanding = basic::Trim(ui().txtBillNo->Text()) == "<New>";
+    FillLedgers(*ui().cmbSupplier, "('Suppliers', 'Debtors')  ",
+                onlyStanding ? " And Ledger_Master.Deleted = False" : "");
+}
+
+void frmReceipt::FillLedgers(forms::ComboBox& box, const std::string& groups, const std::string& more) {
+    box.Clear();
+    ado::Recordset ledgers;
+    ledgers.Open(
+        "Select Ledger_Master.Ledger_ID, Name, Group_ID, PrimaryGrp,  Opening_Bal, Closing_Bal, Bal_Type, "
+        "LedDetDrTxnTot, LedDetCrTxnTot  From Ledger_Master, Ledger_Details Where PrimaryGrp in  " +
+            groups +
+            " And Ledger_Master.Ledger_ID = Ledger_Details.Ledger_ID  And Ledger_Details.Fnncl_Yr = " +
+            shared().FinYear + more,
+        shared().Connection);
+    for (; !ledgers.Eof(); ledgers.MoveNext()) {
+        box.AddItem(basic::TextOrEmpty(ledgers["Name"]));
+        box.SetItemData(box.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
+    }
+    ledgers.Close();
+}
+
+void frmReceipt::LoadReceipt() {
+    FillReceiptGrid();
+    FillBillFields();
+    Boxes().SetSaved(!IsNew(), {ui().cmbSupplier, ui().cmbItemLedgers});
+}
+
+void frmReceipt::FillReceiptGrid() {
+    Grid().Setup(QtyWidth);
+    const auto date =
+        Grid().Fill("Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + NumberOfText() +
+                        " And ItemLedTrnType = 'Receipt'",
+                    "ItemLedTrnRptQty");
+    if (date) ui().dtpDate->SetValue(*date);
+    AddTotalRows(*ui().vsReceipt);
+    RecalcGridTotal();
+}
+
+// An entry of amount 0 fills neither ledger box.
+void frmReceipt::FillBillFields() {
+    if (IsNew()) {
+        Boxes().Empty();
+        ui().cmbSupplier->SetListIndex(-1);
+        ui().cmbItemLedgers->SetListIndex(-1);
+        return;
+    }
+    ado::Recordset rows;
+    rows.Open(
+        "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerNarration, BillID, BillDiscount, "
+        "BillTaxRate, BillOtherCharges From " +
+            YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
+            " Where BillVchrNo = LedgerTrnNo And IsPOBill  = False And BillTxnID = " + NumberOfText(),
+        shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+    if (!rows.Eof()) Boxes().Show(rows);
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const std::string ledger = basic::TextOrEmpty(rows["LedgerName"]);
+        if (basic::NumberOrZero(rows["LedgerCrAmt"]) > 0) ui().cmbSupplier->SetText(ledger);
+        if (basic::NumberOrZero(rows["LedgerDrAmt"]) > 0) ui().cmbItemLedgers->SetText(ledger);
+    }
+    rows.Close();
+}
+
+void frmReceipt::RecalcGridTotal() {
+    Boxes().ShowBillTotal(ShowTotal(*ui().vsReceipt, StockGrid::QtyCol, StockGrid::PriceCol));
+    RecalcBill();
+}
+
+void frmReceipt::RecalcBill() {
+    Boxes().Recalc(Rule);
+}
+
+void frmReceipt::vsReceipt_AfterEdit(int row, int col) {
+    const StockGrid grid = Grid();
+    if (grid.IsSaved(row)) grid.Mark(row, true);
+    if (col != StockGrid::QtyCol) return;
+    grid.Mark(row, grid.Number(row, StockGrid::QtyCol) > 0);
+    RecalcGridTotal();
+}
+
+void frmReceipt::vsReceipt_KeyDown(int keyCode) {
+    forms::VSFlexGrid& grid = *ui().vsReceipt;
+    const int row = grid.Row();
+    if (keyCode != forms::vbKeyDelete || row >= Grid().EntryRow()) return;
+    if (!Grid().Remove(row, "received")) return;
+    grid.Select(1, StockGrid::NameCol);
+    grid.SetFocus();
+    RecalcGridTotal();
+}
+
+// A bill number that is there already passes, and so do a quantity of 0 and a receipt with no items.
+bool frmReceipt::ValidateReceipt() {
+    if (!DateIsInYear(*ui().dtpDate)) return false;
+    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
+        MsgBox("Please enter the bill no.", vbInformation, AppTitle);
+        ui().txtBillNo->SetFocus();
+        return false;
+    }
+    if (!IsChosen(*ui().cmbSupplier, "Please select a supplier")) return false;
+    if (!IsChosen(*ui().cmbItemLedgers, "Please select a ledger to be debited")) return false;
+    if (ui().vsReceipt->Rows() == 2) return false;
+    const StockGrid grid = Grid();
+    for (int row = 1; row < grid.EntryRow(); ++row) {
+        const std::string item = grid.Text(row, StockGrid::NameCol);
+        if (item.empty()) {
+            grid.Refuse(row, StockGrid::NameCol, "Please select items to be issued");
+            return false;
+        }
+        if (grid.Text(row, StockGrid::QtyCol).empty()) {
+            grid.Refuse(row, StockGrid::QtyCol,
+                        "Please specify qty. to be issued for item\r\n\r\n'" + item + "'");
+            return false;
+        }
+    }
+    return true;
+}
+
+// Each row stands by itself: those before one that fails stay, and a repeated save writes them again under a
+// new number. Kept.
+void frmReceipt::SaveRows() {
+    const StockGrid grid = Grid();
+    LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
+    for (int row = 1; row < grid.EntryRow(); ++row) {
+        const double itemId = grid.Number(row, StockGrid::ItemCol);
+        const std::string remark = grid.Text(row, StockGrid::NoteCol);
+        Conn().BeginTrans();
+        if (grid.IsSaved(row)) {
+            if (grid.IsMarked(row))
+                UpdateRemark(basic::PrefixValue(ui().cmbReceipt->Text()), itemId, "Receipt", remark);
+        } else {
+            const double price = grid.Number(row, StockGrid::PriceCol);
+            const double qty = grid.Number(row, StockGrid::QtyCol);
+            InsertMovement({.TxnNo = trnNo_,
+                            .Date = ui().dtpDate->Value(),
+                            .Type = "Receipt",
+                            .ItemId = itemId,
+                            .Description = grid.Text(row, StockGrid::NameCol),
+                            .Issued = 0,
+                            .Received = qty,
+                            .Note = remark,
+                            .UnitPrice = price,
+                            .LandingCost = landingCost.Next(price)});
+            AddToItem("ReceivedQty", itemId, qty);
+        }
+        Conn().CommitTrans();
+    }
+}
+
+void frmReceipt::SaveBill() {
+    const forms::ComboBox &supplier = *ui().cmbSupplier, &ledger = *ui().cmbItemLedgers;
+    PostBill({.TxnNo = trnNo_,
+              .Date = ui().dtpDate->Value(),
+              .Narration = basic::Trim(ui().txtNarration->Text()),
+              .Amount = Boxes().Posted(),
+              .Credit = {supplier.ItemData(supplier.ListIndex()), basic::Trim(supplier.Text())},
+              .Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()},
+              .BillNo = ui().txtBillNo->Text(),
+              .Discount = Boxes().Discount(),
+              .TaxRate = Boxes().TaxRate(),
+              .OtherCharges = Boxes().OtherCharges()});
+}
+
+void frmReceipt::cmdSave_Click() {
+    const forms::WaitPointer wait;
+    try {
+        if (!ValidateReceipt()) return;
+        const std::string number = ui().cmbReceipt->Text();
+        trnNo_ = number == "<New>" ? NextNumber("ItemLedTrnNo", "tblItemLed")
+                                   : basic::ToLong(basic::PrefixValue(number));
+        SaveRows();
+        SaveBill();
+        MsgBox("Issue details saved with Receipt voucher no. '" + std::to_string(trnNo_) + "'", vbInformation,
+               AppTitle);
+        FillReceiptGrid();
+        FillReceiptNumbers();
+        ui().cmbReceipt->SetText(std::to_string(trnNo_));
+    } catch (const basic::Error& error) {
+        RollbackOpen();
+        MsgBox("Cannot save Receipt Details", vbInformation, AppTitle);
+        LogError(Name(), error);
+    }
+}
+
+void frmReceipt::cmdExit_Click() {
+    Unload();
+}
+
+}  // namespace qm

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "inventory/BillBoxes.h"
+#include "inventory/StockGrid.h"
+#include "platform/forms/Controls.h"
+#include "platform/forms/VSFlexGrid.h"
+#include "ui_frmReceipt.h"
+
+namespace qm {
+
+// A supplier's bill without a purchase order: the goods that came in, the bill's figures, and one entry of
+// two lines. A saved receipt is for viewing, but for its remarks, which Ctrl+S writes: with a second entry
+// and a second bill, kept.
+class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
+  public:
+    void Load(std::int32_t trnNo);  // shows the receipt modally; 0: a new one
+
+  protected:
+    void Wire() override;
+    void Form_KeyDown(int keyCode, int shift) override;
+
+  private:
+    StockGrid Grid();
+    BillBoxes Boxes() { return BillBoxes(ui()); }
+    bool IsNew();                // the number box is empty or reads "<New>"
+    std::string NumberOfText();  // of the number box, as statements take it; 0 for "<New>"
+
+    void FillReceiptNumbers();
+    void FillItemLedgers();
+    void FillSuppliers();
+    static void FillLedgers(forms::ComboBox& box, const std::string& groups, const std::string& more);
+
+    void LoadReceipt();
+    void FillReceiptGrid();
+    void FillBillFields();
+    void RecalcGridTotal();
+    void RecalcBill();
+
+    void vsReceipt_AfterEdit(int row, int col);
+    void vsReceipt_KeyDown(int keyCode);
+
+    bool ValidateReceipt();
+    void SaveRows();
+    void SaveBill();
+    void cmdSave_Click();
+    void cmdExit_Click();
+
+    std::int32_t trnNo_ = 0;  // of the receipt that was opened or saved last
+};
+
+}  // namespace qm

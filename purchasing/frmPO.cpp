@@ -1,0 +1,341 @@
+#include "purchasing/frmPO.h"
+
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "inventory/EntryChecks.h"
+#include "inventory/StockPosting.h"
+#include "platform/basic/Clock.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "purchasing/frmPOReceipt.h"
+
+namespace qm {
+namespace {
+
+constexpr const char* NewKey = "New";
+constexpr const char* Received = "Received";
+
+std::string DayOf(forms::DTPicker& date) {
+    return basic::ToText(DateNumber(date.Value()));
+}
+
+// Yes and No, and no icon.
+bool Agreed(const std::string& question) {
+    return MsgBox(question, vbYesNo, AppTitle) == vbYes;
+}
+
+void Tell(const std::string& text) {
+    MsgBox(text, vbInformation, AppTitle);
+}
+
+std::int64_t Affected(const std::string& statement) {
+    std::int64_t recordsAffected = 0;
+    Conn().Execute(statement, &recordsAffected, ado::adCmdText);
+    return recordsAffected;
+}
+
+}  // namespace
+
+void frmPO::Wire() {
+    ui().cmbSuppliers->Change = [this] { FillPOTree(); };
+    ui().cmbSuppliers->Click = [this] { FillPOTree(); };
+    ui().tvPO->NodeClick = [this](forms::Node&) { tvPO_NodeClick(); };
+    ui().tvPO->Click = [this] { tvPO_NodeClick(); };
+    ui().tvPO->SetLabelEdit(false);
+    ui().vsPODet->Click = [this] { vsPODet_Click(); };
+    ui().vsPODet->KeyDown = [this](int& keyCode, int) { vsPODet_KeyDown(keyCode); };
+    ui().vsPODet->KeyPress = [this](int& keyAscii) {
+        if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
+    };
+    ui().vsPODet->KeyPressEdit = [](int, int col, int& keyAscii) {
+        if (col == OrderGrid::QtyCol) KeepFigures(keyAscii);
+    };
+    ui().vsPODet->BeforeEdit = [this](int row, int col, bool& cancel) {
+        cancel = OrderIsTouched() || Lines().IsFixed(row, col);
+    };
+    ui().vsPODet->AfterEdit = [this](int row, int) {
+        if (OrderIsSelected() && Lines().IsSaved(row)) Lines().Mark(row);
+    };
+    ui().vsPODet->CellButtonClick = [this](int, int) { Lines().AddPicked(); };
+    ui().cmdCancelPO->Click = [this] { cmdCancelPO_Click(); };
+    ui().cmdDeletePO->Click = [this] { cmdDeletePO_Click(); };
+    ui().cmdRecieved->Click = [this] { cmdRecieved_Click(); };
+    ui().cmdSave->Click = [this] { cmdSave_Click(); };
+    ui().cmdExit->Click = [this] { Unload(); };
+}
+
+void frmPO::Form_Load() {
+    imgList.Add(Received, ":/forms/icons/received.svg");
+    ui().tvPO->SetImageList(&imgList);
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    ResetPurchaseOrders();
+}
+
+void frmPO::Form_Unload() {
+    highest_.reset();
+    terms_.clear();
+}
+
+void frmPO::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    if (keyCode == 'S') cmdSave_Click();
+    if (keyCode == 'X') Unload();
+}
+
+void frmPO::ResetPurchaseOrders() {
+    terms_.clear();
+    Lines().Setup();
+    FillPOSuppliers();
+    ui().cmbSuppliers->SetListIndex(-1);
+    ui().tvPO->Clear();
+    Lines().Empty();
+}
+
+// Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused.
+void frmPO::FillPOSuppliers() {
+    forms::ComboBox& suppliers = *ui().cmbSuppliers;
+    suppliers.Clear();
+    ado::Recordset ledgers;
+    ledgers.Open(
+        "Select ledger_master.Ledger_Id, name from  ledger_master, Ledger_Details Where "
+        "ledger_master.ledger_id =  Ledger_Details.ledger_id And Fnncl_Yr = " +
+            shared().FinYear +
+            " And (ledger_master.PrimaryGrp =  'Suppliers' Or ledger_master.PrimaryGrp = 'Debtors')",
+        shared().Connection);
+    for (; !ledgers.Eof(); ledgers.MoveNext()) {
+        suppliers.AddItem(basic::TextOrEmpty(ledgers["Name"]));
+        suppliers.SetItemData(suppliers.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
+    }
+}
+
+// Cancelled orders never show.
+void frmPO::FillPOTree() {
+    forms::ComboBox& suppliers = *ui().cmbSuppliers;
+    ado::Recordset orders;
+    orders.Open("Select * From " + YearTable("tblPO") +
+                    " Where poSupplierID = " + std::to_string(suppliers.ItemData(suppliers.ListIndex())) +
+                    " And poSupplierName = '" + suppliers.Text() + "' And  Not poCancelled",
+                shared().Connection);
+    forms::TreeView& tree = *ui().tvPO;
+    tree.Clear();
+    terms_.clear();
+    if (!orders.Eof()) ui().dtpDate->SetValue(basic::ToDate(DateNumber(orders["PoDate"])));
+    for (; !orders.Eof(); orders.MoveNext()) {
+        const std::string number = basic::TextOrEmpty(orders["PoNumber"]);
+        tree.Add("", 0, number + "PO", number, POUntouched(number) ? "" : Received).Tag = orders["PoDate"];
+        terms_[number] = basic::TextOrEmpty(orders["PoDlvTerm"]);
+    }
+    forms::Node& fresh = tree.Add("", 0, NewKey, "<New>");
+    tree.SetFocus();
+    fresh.SetSelected(true);
+    tvPO_NodeClick();
+}
+
+bool frmPO::POUntouched(const std::string& poNumber) {
+    ado::Recordset lines;
+    lines.Open("Select PoDetQtyRecd From " + YearTable("tblPoDet") + " Where PoDetPoNo = " + poNumber,
+               shared().Connection);
+    for (; !lines.Eof(); lines.MoveNext())
+        if (basic::NumberOrZero(lines["PoDetQtyRecd"]) > 0) return false;
+    return true;
+}
+
+std::string frmPO::SelectedNumber() {
+    const forms::Node* const node = ui().tvPO->SelectedItem();
+    return node ? basic::Left(node->Key(), node->Key().size() - 2) : "";
+}
+
+bool frmPO::OrderIsSelected() {
+    const forms::Node* const node = ui().tvPO->SelectedItem();
+    return node && node->Key() != NewKey;
+}
+
+bool frmPO::OrderIsTouched() {
+    return OrderIsSelected() && !POUntouched(SelectedNumber());
+}
+
+void frmPO::tvPO_NodeClick() {
+    if (!ui().tvPO->SelectedItem()) return;
+    for (forms::CommandButton* button : {ui().cmdCancelPO, ui().cmdDeletePO, ui().cmdRecieved})
+        button->SetEnabled(OrderIsSelected());
+    const bool open = !OrderIsTouched();
+    ui().txtDelTerm->SetEnabled(open);
+    ui().dtpDate->SetEnabled(open);
+    ShowPOLines();
+}
+
+// Where the supplier has no order, the terms of a new one keep what stands there.
+void frmPO::ShowPOLines() {
+    Lines().Empty();
+    const basic::Value& date = ui().tvPO->SelectedItem()->Tag;
+    ui().dtpDate->SetValue(date.IsNull() ? basic::Clock::Today() : basic::ToDate(DateNumber(date)));
+    const std::string number = SelectedNumber();
+    if (!terms_.empty()) ui().txtDelTerm->SetText(number == "N" ? "" : terms_[number]);
+    Lines().Fill(basic::ToLong(basic::PrefixValue(number)));
+}
+
+void frmPO::vsPODet_Click() {
+    if (OrderIsTouched()) Tell("One or more items have been received\r\n\r\nCannot edit PO");
+}
+
+// Any key is answered on a touched order, Ctrl, Tab and the arrows too.
+void frmPO::vsPODet_KeyDown(int& keyCode) {
+    if (OrderIsTouched()) {
+        keyCode = 0;
+        return vsPODet_Click();
+    }
+    const int row = ui().vsPODet->Row();
+    if (keyCode == forms::vbKeyDelete && ui().tvPO->SelectedItem() && row >= 1) Lines().Remove(row);
+}
+
+bool frmPO::ValidatePO() {
+    if (!IsChosen(*ui().cmbSuppliers, "Please select a supplier") || !SupplierStands() ||
+        !DateIsInYear(*ui().dtpDate))
+        return false;
+    if (!ui().tvPO->SelectedItem()) {
+        Tell("Please select any item from PO's section to add or modify");
+        ui().tvPO->Item(NewKey).SetSelected(true);
+        return false;
+    }
+    return LinesAreComplete();
+}
+
+bool frmPO::SupplierStands() {
+    forms::ComboBox& suppliers = *ui().cmbSuppliers;
+    ado::Recordset ledger;
+    ledger.Open("Select Deleted From Ledger_Master Where Ledger_ID = " +
+                    std::to_string(suppliers.ItemData(suppliers.ListIndex())),
+                shared().Connection);
+    if (!basic::ToBoolean(ledger["Deleted"])) return true;
+    Tell(
+        "The selected supplier has been deleted and \r\nis available for only viewing/ modifying old "
+        "transactions\r\n\r\nPlease choose another one");
+    suppliers.SetFocus();
+    suppliers.OpenList();
+    return false;
+}
+
+bool frmPO::LinesAreComplete() {
+    const auto refuse = [this](int row, int col, const std::string& message) {
+        Tell(message);
+        ui().vsPODet->Select(row, col);
+        ui().vsPODet->SetFocus();
+        return false;
+    };
+    for (int row = 1; row <= Lines().LastLine(); ++row) {
+        if (Lines().Text(row, OrderGrid::ItemCol).empty())
+            return refuse(row, OrderGrid::NameCol, "Please select any item to order");
+        if (Lines().Text(row, OrderGrid::QtyCol).empty())
+            return refuse(
+                row, OrderGrid::QtyCol,
+                "Please enter the qty. ordered for item '" + Lines().Text(row, OrderGrid::NameCol) + "'");
+    }
+    return true;
+}
+
+void frmPO::cmdSave_Click() {
+    try {
+        if (!ValidatePO() || Lines().LastLine() == 0) return;
+        if (OrderIsSelected())
+            SaveExisting();
+        else
+            SaveNew();
+        ResetPurchaseOrders();
+    } catch (const basic::Error& error) {
+        RollbackOpen();
+        Tell("Cannot save Purchase Order");
+        LogError(Name(), error);
+    }
+}
+
+// The number is drawn before the transaction, and nothing reserves it.
+void frmPO::SaveNew() {
+    if (highest_) {
+        highest_->Requery();
+    } else {
+        highest_ = std::make_shared<ado::Recordset>();
+        highest_->Open("Select max(poNumber) as  High from " + YearTable("tblPo"), shared().Connection,
+                       ado::adOpenStatic, ado::adLockReadOnly);
+    }
+    const std::string number = basic::NumberText(basic::NumberOrZero((*highest_)["High"]) + 1);
+    forms::ComboBox& suppliers = *ui().cmbSuppliers;
+    Conn().BeginTrans();
+    ExecuteCounted("Insert Into " + YearTable("tblPO") +
+                   " (poNumber, posupplierid, Podate, posupplierName,podlvterm) Values (" + number + ", " +
+                   std::to_string(suppliers.ItemData(suppliers.ListIndex())) + ", " + DayOf(*ui().dtpDate) +
+                   "," + Quoted(suppliers.Text()) + "," + Quoted(ui().txtDelTerm->Text()) + ")");
+    for (int row = 1; row <= Lines().LastLine(); ++row) InsertLine(row, number);
+    Conn().CommitTrans();
+    Tell("Purchase Order Saved with No.'" + number + "'");
+}
+
+// Received quantities are not tested here: what stops a touched order is that nothing on it can be edited.
+void frmPO::SaveExisting() {
+    const std::string number = SelectedNumber();
+    Conn().BeginTrans();
+    ExecuteCounted("Update " + YearTable("tblPO") + " Set PoDate = " + DayOf(*ui().dtpDate) +
+                   ", PoDlvTerm = " + Quoted(ui().txtDelTerm->Text()) + " Where PoNumber = " + number);
+    for (int row = 1; row <= Lines().LastLine(); ++row) SaveLine(row, number);
+    Conn().CommitTrans();
+    Tell("Purchase order saved");
+}
+
+void frmPO::SaveLine(int row, const std::string& number) {
+    const std::string item = Lines().Number(row, OrderGrid::ItemCol);
+    if (Lines().IsRemoved(row))
+        ExecuteCounted("Delete * From " + YearTable("tblPoDet") + " Where PoDetPoNo = " +
+                       Lines().Number(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
+    else if (Lines().IsMarked(row))
+        ExecuteCounted("Update " + YearTable("tblPoDet") +
+                       " Set PoDetQtyOrder = " + Lines().Number(row, OrderGrid::QtyCol) +
+                       " Where PoDetPoNo = " + number + " And PoDetItemID = " + item);
+    else if (!Lines().IsSaved(row))
+        InsertLine(row, number);
+}
+
+void frmPO::InsertLine(int row, const std::string& number) {
+    ExecuteCounted("Insert Into " + YearTable("tblPODet") +
+                   " ( PoDetPoNo, PoDetItemID, PoDetItemDesc, PoDetQtyOrder) Values (" + number + ", " +
+                   Lines().Number(row, OrderGrid::ItemCol) + ", '" + Lines().Text(row, OrderGrid::NameCol) +
+                   "', " + Lines().Number(row, OrderGrid::QtyCol) + ")");
+}
+
+void frmPO::cmdCancelPO_Click() {
+    if (!ui().tvPO->SelectedItem()) return;
+    const std::string number = SelectedNumber();
+    if (!Agreed("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?")) return;
+    if (!POUntouched(number))
+        return Tell("One or more items have been received for Purchase Order No." + number +
+                    "\r\n\r\nCannot Cancel !!!");
+    if (Affected("Update " + YearTable("tblPO") + " Set poCancelled = True Where poNumber = " + number) < 1)
+        return;
+    Tell("Cancelled Purchase Order No. '" + number + "'");
+    ResetPurchaseOrders();
+}
+
+// In no transaction, and the screen comes back empty in every case, also after No. Kept.
+void frmPO::cmdDeletePO_Click() {
+    const std::string number = SelectedNumber();
+    if (!number.empty() && Agreed("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?")) {
+        if (!POUntouched(number))
+            Tell("One or more items have been received for Purchase Order No." + number +
+                 "\r\n\r\nCannot Delete !!!");
+        else if (Affected("Delete From " + YearTable("tblPODet") + " Where PoDetPoNo = " + number) >= 1 &&
+                 Affected("Delete From " + YearTable("tblPO") + " Where poNumber = " + number) >= 1)
+            Tell("Deleted Purchase Order No. '" + number + "'");
+    }
+    ResetPurchaseOrders();
+}
+
+void frmPO::cmdRecieved_Click() {
+    if (!ui().tvPO->SelectedItem()) return;
+    const std::int32_t number = basic::ToLong(basic::PrefixValue(SelectedNumber()));
+    const std::string supplier = ui().cmbSuppliers->Text();
+    forms::Default<frmPOReceipt>().Load(number);
+    ResetPurchaseOrders();
+    ui().cmbSuppliers->SetText(supplier);
+}
+
+}  // namespace qm

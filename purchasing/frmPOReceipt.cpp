@@ -1,0 +1,310 @@
+#include "purchasing/frmPOReceipt.h"
+
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/MsgBox.h"
+#include "core/modGeneral.h"
+#include "inventory/EntryChecks.h"
+#include "inventory/StockPosting.h"
+#include "inventory/TotalRows.h"
+#include "platform/basic/Clock.h"
+#include "platform/basic/Format.h"
+#include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "platform/forms/Application.h"
+
+namespace qm {
+namespace {
+
+enum Column { MarkCol, ItemCol, NameCol, RateCol, OrderedCol, PreviousCol, QtyCol, NoteCol, Columns };
+
+constexpr const char* NewReceipt = "<New>";
+constexpr int QtyLength = 9, NoteLength = 99;  // characters
+constexpr int HeadingHeight = 500;             // twips
+constexpr BillRule Rule{.BlankByBillTotal = true};
+
+}  // namespace
+
+void frmPOReceipt::Load(std::int32_t poNumber) {
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    if (poNumber < 1) return;
+    poNumber_ = poNumber;
+    FillPurchaseLedgers();
+    LoadPOReceiptGrid();
+    FillPOReceiptNumbers();
+    Show(forms::vbModal);
+}
+
+void frmPOReceipt::Wire() {
+    ui().cmbTxnNo->Change = [this] { LoadReceipt(); };
+    ui().cmbTxnNo->Click = [this] { LoadReceipt(); };
+    forms::VSFlexGrid& grid = *ui().vsItems;
+    grid.SetCols(Columns);
+    grid.SetCol(QtyCol);  // the first that is entered
+    grid.SetEditable(true);
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsItems_BeforeEdit(row, col, cancel); };
+    grid.BeforeRowColChange = [&grid](int, int, int row, int, bool& cancel) {
+        cancel = IsTotalRow(grid, row);
+    };
+    grid.KeyPressEdit = [](int, int col, int& keyAscii) {
+        if (col == QtyCol) KeepFigures(keyAscii);
+    };
+    grid.ValidateEdit = [this](int row, int col, bool& cancel) { vsItems_ValidateEdit(row, col, cancel); };
+    grid.AfterEdit = [this](int row, int col) { vsItems_AfterEdit(row, col); };
+    Boxes().Wire([this] { Boxes().Recalc(Rule); });
+    ui().cmdSave->Click = [this] { cmdSave_Click(); };
+    ui().cmdExit->Click = [this] { Unload(); };
+}
+
+// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
+void frmPOReceipt::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & forms::vbCtrlMask)) return;
+    if (keyCode == 'S') cmdSave_Click();
+    if (keyCode == 'X') Unload();
+}
+
+bool frmPOReceipt::IsSaved() {
+    const std::string text = ui().cmbTxnNo->Text();
+    return !text.empty() && text != NewReceipt;
+}
+
+double frmPOReceipt::Outstanding(int row) {
+    return ui().vsItems->ValueMatrix(row, OrderedCol) - ui().vsItems->ValueMatrix(row, PreviousCol);
+}
+
+double frmPOReceipt::Received(int row) {
+    return ui().vsItems->ValueMatrix(row, QtyCol);
+}
+
+// Neither the year nor the mark of a deleted ledger is tested.
+void frmPOReceipt::FillPurchaseLedgers() {
+    forms::ComboBox& box = *ui().cmbPurchaseLedger;
+    box.Clear();
+    ado::Recordset ledgers;
+    ledgers.Open("Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp = 'Purchase'",
+                 shared().Connection);
+    for (; !ledgers.Eof(); ledgers.MoveNext()) {
+        box.AddItem(basic::TextOrEmpty(ledgers["Name"]));
+        box.SetItemData(box.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
+    }
+}
+
+void frmPOReceipt::FillPOReceiptNumbers() {
+    forms::ComboBox& box = *ui().cmbTxnNo;
+    box.Clear();
+    box.AddItem(NewReceipt);
+    for (const basic::Value& number :
+         FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
+                          " Where ItemLedPONo = " + ui().txtPoNo->Text()))
+        box.AddItem(basic::TextOrEmpty(number));
+    box.SetText(NewReceipt);
+}
+
+void frmPOReceipt::LoadReceipt() {
+    LoadPOReceiptGrid();
+    FillPOReceiptBill();
+    Boxes().SetSaved(IsSaved(), {ui().cmbPurchaseLedger});
+}
+
+void frmPOReceipt::SetupGrid() {
+    forms::VSFlexGrid& grid = *ui().vsItems;
+    grid.SetRows(1);
+    const struct {
+        const char* heading;
+        int width;  // twips
+    } columns[] = {{"", 0},
+                   {"Item\r\nCode", 700},
+                   {"Item\r\nName", 2500},
+                   {"Unit\r\nRate", 1200},
+                   {"Qty.\r\nOrdered", 1300},
+                   {"Qty. Prev.\r\nReceived", 1400},
+                   {"Qty.\r\nReceived", 1300},
+                   {"Remarks", 2600}};
+    for (int col = 0; col < Columns; ++col) {
+        grid.SetTextMatrix(0, col, columns[col].heading);
+        grid.SetColWidth(col, columns[col].width);
+        if (col >= RateCol && col <= QtyCol) grid.SetColAlignment(col, forms::Alignment::Right);
+    }
+    grid.SetRowHeight(0, HeadingHeight);
+    grid.SetColBoolean(MarkCol, true);
+    grid.SetColHidden(MarkCol, true);
+    grid.SetColHidden(PreviousCol, ui().cmbTxnNo->Text() != NewReceipt);
+}
+
+void frmPOReceipt::LoadPOReceiptGrid() {
+    SetupGrid();
+    ado::Recordset lines;
+    lines.Open("Select * From " + YearTable("tblPo") + ", " + YearTable("tblPoDet") +
+                   " Where PoNumber = PoDetPoNo And PoNumber = " + std::to_string(poNumber_),
+               shared().Connection);
+    ui().txtPoNo->SetText(basic::TextOrEmpty(lines["PoNumber"]));
+    ui().txtPoDate->SetText(basic::Format(DateNumber(lines["PoDate"]), "dd-MMM-yyyy"));
+    ui().txtSupplier->SetText(basic::TextOrEmpty(lines["PoSupplierName"]));
+    ui().txtSupplier->Tag = basic::TextOrEmpty(lines["PoSupplierID"]);
+    for (; !lines.Eof(); lines.MoveNext()) {
+        ui().vsItems->SetRows(ui().vsItems->Rows() + 1);
+        ShowLine(basic::TextOrEmpty(lines["PoDetItemID"]), ui().vsItems->Rows() - 1, lines);
+    }
+    AddTotalRows(*ui().vsItems);
+    RecalcGridTotal();
+}
+
+// The rate is the item's of today: an order keeps none.
+void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& line) {
+    const auto show = [&](int col, const basic::Value& value) {
+        ui().vsItems->SetTextMatrix(row, col, basic::TextOrEmpty(value));
+    };
+    show(ItemCol, itemId);
+    show(NameCol, line["PoDetItemDesc"]);
+    show(OrderedCol, line["PoDetQtyOrder"]);
+    const ado::RecordsetPtr item =
+        Conn().Execute("Select Unit_Price From " + YearTable("ItemMaster") + " Where Item_ID = " + itemId);
+    if (!item->Eof()) show(RateCol, (*item)["Unit_Price"]);
+    if (ui().cmbTxnNo->Text() == NewReceipt) return show(PreviousCol, line["PoDetQtyRecd"]);
+    const ado::RecordsetPtr movement = Conn().Execute(
+        "Select ItemLedTrnRptQty, ItemLedNote From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " +
+        basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text())) + " And ItemLedItemID = " + itemId);
+    if (movement->Eof()) return;
+    show(QtyCol, (*movement)["ItemLedTrnRptQty"]);
+    show(NoteCol, (*movement)["ItemLedNote"]);
+}
+
+// Only the entry's first row is read, and the credit was written first: the ledger's box may show the
+// supplier, who is not in its list. Kept.
+void frmPOReceipt::FillPOReceiptBill() {
+    if (!IsSaved()) {
+        Boxes().Empty();
+        ui().cmbPurchaseLedger->SetListIndex(-1);
+        return;
+    }
+    ado::Recordset bill;
+    bill.Open(
+        "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerNarration, BillID, BillDiscount, BillTaxRate, "
+        "BillOtherCharges From " +
+            YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
+            " Where BillVchrNo = LedgerTrnNo And IsPOBill And BillTxnID = " +
+            basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text())),
+        shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+    if (bill.Eof()) return;
+    Boxes().Show(bill);
+    ui().cmbPurchaseLedger->SetText(basic::TextOrEmpty(bill["LedgerName"]));
+}
+
+void frmPOReceipt::RecalcGridTotal() {
+    Boxes().ShowBillTotal(ShowTotal(*ui().vsItems, QtyCol, RateCol));
+    Boxes().Recalc(Rule);
+}
+
+void frmPOReceipt::vsItems_BeforeEdit(int row, int col, bool& cancel) {
+    cancel = IsSaved() || IsTotalRow(*ui().vsItems, row) || (col != QtyCol && col != NoteCol) ||
+             (col == QtyCol && Outstanding(row) == 0) || (col == NoteCol && Received(row) == 0);
+    ui().vsItems->SetEditMaxLength(col == QtyCol ? QtyLength : NoteLength);
+}
+
+void frmPOReceipt::vsItems_ValidateEdit(int row, int col, bool& cancel) {
+    const std::string text = basic::Trim(ui().vsItems->EditText());
+    if (col != QtyCol || text.empty()) return;
+    if (!IsQuantity(text, "Please enter valid numeric quantity")) {
+        cancel = true;
+    } else if (Outstanding(row) < basic::PrefixValue(text)) {
+        MsgBox("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'",
+               vbInformation, AppTitle);
+        cancel = true;
+    }
+}
+
+void frmPOReceipt::vsItems_AfterEdit(int row, int col) {
+    if (col == QtyCol || col == NoteCol) ui().vsItems->SetCellChecked(row, MarkCol, Received(row) > 0);
+    if (col == QtyCol) RecalcGridTotal();
+}
+
+// No quantity is asked for: a save without one books an entry and a bill without goods.
+bool frmPOReceipt::ValidatePOReceipt() {
+    if (!DateIsInYear(*ui().dtpDate)) return false;
+    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
+        MsgBox("Please enter  the Bill No.", vbInformation, AppTitle);
+        ui().txtBillNo->SetFocus();
+        return false;
+    }
+    return IsChosen(*ui().cmbPurchaseLedger, "Please select a Purchase Ledger to be debited") &&
+           DiscountIsMeant();
+}
+
+// The percentage is compared as if it were an amount, with half of the bill total before its comma. Kept.
+bool frmPOReceipt::DiscountIsMeant() {
+    if (0.5 * Boxes().BillTotal() > Boxes().Discount()) return true;
+    if (MsgBox(
+            "You are about to give discount more than or equal to 50% on Bill Amount\r\n\r\nAre you sure ?",
+            vbYesNo + vbInformation, AppTitle) == vbYes)
+        return true;
+    MsgBox("You can now re-enter the amount for discount", vbInformation, AppTitle);
+    ui().txtDiscount->SetText("");
+    ui().txtDiscount->SetFocus();
+    return false;
+}
+
+void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
+    const forms::VSFlexGrid& grid = *ui().vsItems;
+    const double item = grid.ValueMatrix(row, ItemCol), qty = Received(row);
+    Conn().BeginTrans();
+    AddToItem("ReceivedQty", item, qty);
+    ExecuteCounted("Update " + YearTable("tblPoDet") +
+                   " Set PoDetQtyRecd = Iif(IsNull(PoDetQtyRecd), 0, PoDetQtyRecd) + " +
+                   basic::NumberText(qty) + " Where PoDetPoNo = " + std::to_string(poNumber_) +
+                   " And PoDetItemID = " + basic::NumberText(item));
+    InsertMovement({.TxnNo = txnNo,
+                    .Date = ui().dtpDate->Value(),
+                    .Type = "Receipt",
+                    .ItemId = item,
+                    .PoNo = poNumber_,
+                    .Description = grid.TextMatrix(row, NameCol),
+                    .Issued = {},
+                    .Received = qty,
+                    .Note = grid.TextMatrix(row, NoteCol),
+                    .UnitPrice = grid.ValueMatrix(row, RateCol),
+                    .BillNo = Quoted(ui().txtBillNo->Text()),
+                    .LandingCost = landingCost});
+    Conn().CommitTrans();
+}
+
+void frmPOReceipt::SaveBill(std::int32_t txnNo) {
+    const forms::ComboBox& ledger = *ui().cmbPurchaseLedger;
+    PostBill({.TxnNo = txnNo,
+              .Date = ui().dtpDate->Value(),
+              .Narration = basic::Trim(ui().txtNarration->Text()),
+              .Amount = Boxes().Posted(),
+              .Credit = {basic::ToLong(basic::Value(ui().txtSupplier->Tag)),
+                         basic::Trim(ui().txtSupplier->Text())},
+              .Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()},
+              .BillNo = ui().txtBillNo->Text(),
+              .OfOrder = true,
+              .InstrumentId = poNumber_,
+              .Discount = Boxes().Discount(),
+              .TaxRate = Boxes().TaxRate(),
+              .OtherCharges = Boxes().OtherCharges()});
+}
+
+// Always a new number, on a saved receipt too. Each row commits by itself: those before one that fails stay,
+// and a repeated save adds them again. Kept.
+void frmPOReceipt::cmdSave_Click() {
+    const forms::WaitPointer wait;
+    try {
+        if (!ValidatePOReceipt()) return;
+        const std::int32_t txnNo = NextNumber("ItemLedTrnNo", "tblItemLed");
+        LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
+        for (int row = 1; row <= ui().vsItems->Rows() - TotalRows; ++row)
+            if (ui().vsItems->CellChecked(row, MarkCol))
+                SaveRow(row, txnNo, landingCost.Next(ui().vsItems->ValueMatrix(row, RateCol)));
+        SaveBill(txnNo);
+        FillPurchaseLedgers();
+        LoadPOReceiptGrid();
+        FillPOReceiptNumbers();
+        MsgBox("Saved PO Receipt with No. '" + std::to_string(txnNo) + "'", vbInformation, AppTitle);
+    } catch (const basic::Error& error) {
+        RollbackOpen();
+        MsgBox("Cannot Save PO Receipt !!!", vbInformation, AppTitle);
+        LogError(Name(), error);
+    }
+}
+
+}  // namespace qm

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "inventory/BillBoxes.h"
+#include "platform/forms/Controls.h"
+#include "platform/forms/VSFlexGrid.h"
+#include "ui_frmPOReceipt.h"
+
+namespace qm {
+
+// Goods received against one purchase order, with their bill and one entry of two lines: the supplier is
+// credited, a purchase ledger debited. A saved receipt is for viewing; Ctrl+S on it books a second entry and
+// a second bill under a new number, kept.
+class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
+  public:
+    void Load(std::int32_t poNumber);  // shows the order's receipts modally; nothing for a number below 1
+
+  protected:
+    void Wire() override;
+    void Form_KeyDown(int keyCode, int shift) override;
+
+  private:
+    BillBoxes Boxes() { return BillBoxes(ui()); }
+    bool IsSaved();  // the number box shows a receipt, neither nothing nor "<New>"
+    double Outstanding(int row);
+    double Received(int row);
+
+    void FillPurchaseLedgers();
+    void FillPOReceiptNumbers();
+    void LoadReceipt();
+    void SetupGrid();
+    void LoadPOReceiptGrid();
+    void ShowLine(const std::string& itemId, int row, ado::Recordset& line);
+    void FillPOReceiptBill();
+    void RecalcGridTotal();
+
+    void vsItems_BeforeEdit(int row, int col, bool& cancel);
+    void vsItems_ValidateEdit(int row, int col, bool& cancel);
+    void vsItems_AfterEdit(int row, int col);
+
+    bool ValidatePOReceipt();
+    bool DiscountIsMeant();
+    void SaveRow(int row, std::int32_t txnNo, double landingCost);
+    void SaveBill(std::int32_t txnNo);
+    void cmdSave_Click();
+
+    std::int32_t poNumber_ = 0;
+};
+
+}  // namespace qm

@@ -1,0 +1,149 @@
+#include "shell/Pictures.h"
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "inventory/frmItemList.h"
+#include "platform/basic/Error.h"
+#include "platform/basic/Number.h"
+#include "platform/forms/TestSeams.h"
+#include "purchasing/frmPOReceipt.h"
+#include "reports/frmItemLedger.h"
+#include "reports/frmLedger.h"
+#include "reports/frmPartyLedger.h"
+#include "reports/frmTPL.h"
+#include "shell/ScreenTable.h"
+#include "shell/frmNewMenu.h"
+#include "shell/frmSearchAndLookUp.h"
+#include "years/frmClosingBal.h"
+#include "years/frmNewFinYear.h"
+
+namespace qm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int32_t PathAccess = 75;
+
+// What opens screens, and what is done in each that comes up, in order.
+struct Step {
+    std::string Form;
+    std::function<void(forms::Form&)> Visit;
+};
+
+void Walk(const std::vector<Step>& steps, const std::function<void()>& open) {
+    std::string fault;
+    {
+        forms::Script script([&](const std::string& what) { fault += what + '\n'; });
+        for (const Step& step : steps) script.Modal(step.Form, step.Visit);
+        open();
+    }
+    if (!fault.empty()) throw basic::Error(basic::error::InvalidCall, fault, "shell.Pictures");
+}
+
+fs::path Made(const std::string& folder) {
+    std::error_code failure;
+    fs::create_directories(folder, failure);
+    if (!fs::is_directory(folder))
+        throw basic::Error(PathAccess, "Path/File access error: " + folder + " cannot be made",
+                           "shell.Pictures");
+    return folder;
+}
+
+void WritePicture(forms::Form& form, const fs::path& folder) {
+    const long scale = std::lround(form.PixelDensity() * 100);
+    form.WritePicture(folder / (form.Name() + '@' + std::to_string(scale) + ".png"));
+}
+
+void WriteReport(ucHTMLBox& box, const fs::path& folder, const std::string& name) {
+    box.ui().dhtEdit->WritePdf(folder / (name + ".pdf"));
+    std::ofstream(folder / (name + ".txt"), std::ios::binary) << box.ui().dhtEdit->SelectedText() << '\n';
+}
+
+// The page that a report's screen shows when its OK is pressed.
+Step Page(const std::function<void(frmLedger&)>& visit) {
+    return {"frmLedger", [visit](forms::Form& form) { visit(dynamic_cast<frmLedger&>(form)); }};
+}
+
+// As a user does: all of the list, then OK.
+void PressOk(ucOPtSelective& list) {
+    list.ui().optAll->SetValue(true);
+    list.ui().cmdOk->Click.Fire();
+}
+
+void PrintAllLedgers(forms::Form& form) {
+    auto& ui = dynamic_cast<frmPartyLedger&>(form).ui();
+    ui.optDetail->SetValue(true);
+    PressOk(*ui.ucPartyLedger);
+}
+
+void PrintTrialBalance(forms::Form& form) {
+    auto& ui = dynamic_cast<frmPartyLedger&>(form).ui();
+    ui.optSumm->SetValue(true);
+    PressOk(*ui.ucPartyLedger);
+}
+
+void PrintAllItems(forms::Form& form) {
+    PressOk(*dynamic_cast<frmItemLedger&>(form).ui().ucItemLedger);
+}
+
+void ViewResults(forms::Form& form) {
+    dynamic_cast<frmTPL&>(form).ui().cmdView->Click.Fire();
+}
+
+template <class F>
+void Open() {
+    forms::Default<F>().Show(forms::vbModal);
+}
+
+// The screens that others open. A receipt needs an order that it is made against.
+void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
+    Walk({{"frmNewFinYear", picture}}, Open<frmNewFinYear>);
+    Walk({{"frmClosingBal", picture}}, [] { forms::Default<frmClosingBal>().Load(0); });
+    forms::Default<frmSearchAndLookUp>().BaseQuery =
+        "select ledger_ID as [Ledger Id],Name from Ledger_Master";
+    Walk({{"frmSearchAndLookUp", picture}}, Open<frmSearchAndLookUp>);
+    Walk({{"frmItemList", picture}}, [] { forms::Default<frmItemList>().Load(); });
+    const auto orders = FetchFirstColumn("Select Max(PoNumber) As High From " + YearTable("tblPO"));
+    if (const auto number = basic::ToLong(basic::NumberOrZero(orders.at(0))); number > 0)
+        Walk({{"frmPOReceipt", picture}}, [number] { forms::Default<frmPOReceipt>().Load(number); });
+}
+
+}  // namespace
+
+void WriteAllPictures(const std::string& folder) {
+    const fs::path to = Made(folder);
+    const auto picture = [&](forms::Form& form) { WritePicture(form, to); };
+    Walk({{"frmNewMenu", picture}}, [] { forms::Default<frmNewMenu>().Load(); });
+    for (const ScreenEntry& screen : ScreenTable()) {
+        const auto visit = [&](forms::Form& form) {
+            if (screen.Form == "frmTPL") ViewResults(form);  // it opens on an empty page
+            picture(form);
+        };
+        Walk({{std::string(screen.Form), visit}}, screen.Open);
+    }
+    Walk({{"frmPartyLedger", PrintAllLedgers}, Page(picture)}, Open<frmPartyLedger>);
+    WriteInnerPictures(picture);
+}
+
+// The ledgers first: the trial balance's heading shows their from date.
+void WriteAllReports(const std::string& folder) {
+    const fs::path to = Made(folder);
+    const auto page = [&](const char* name) {
+        return Page([&to, name](frmLedger& form) { WriteReport(*form.ui().ucHTMLBox, to, name); });
+    };
+    Walk({{"frmPartyLedger", PrintAllLedgers}, page("Ledger")}, Open<frmPartyLedger>);
+    Walk({{"frmPartyLedger", PrintTrialBalance}, page("Trial Balance")}, Open<frmPartyLedger>);
+    Walk({{"frmItemLedger", PrintAllItems}, page("Stock Ledger")}, Open<frmItemLedger>);
+    const auto results = [&](forms::Form& form) {
+        ViewResults(form);
+        WriteReport(*dynamic_cast<frmTPL&>(form).ui().ucHTMLBox, to, "Final Results");
+    };
+    Walk({{"frmTPL", results}}, Open<frmTPL>);
+}
+
+}  // namespace qm

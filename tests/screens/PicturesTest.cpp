@@ -1,0 +1,61 @@
+#include <QImage>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "ScreenFixture.h"
+#include "shell/Pictures.h"
+#include "shell/ScreenTable.h"
+
+using namespace testing;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The writers walk through the screens by a script of their own.
+class PicturesTest : public Test {
+  protected:
+    PicturesTest() {
+        qmAttachScreens();
+        books.AddLedger("Cash", "Cash in Hand");
+    }
+    ~PicturesTest() override { qm::SetMsgBoxPort({}); }
+
+    fs::path out() { return folder.Path() / "out"; }
+    std::string Content(const char* name) {
+        std::ostringstream text;
+        text << std::ifstream(out() / name).rdbuf();
+        return text.str();
+    }
+
+    test::FreshBooks books;
+    test::TempFolder folder;
+};
+
+TEST_F(PicturesTest, EachScreenIsDrawn) {
+    qm::WriteAllPictures(out());
+    std::vector<std::string> forms{"frmNewMenu", "frmLedger"};
+    for (const qm::ScreenEntry& screen : qm::ScreenTable()) forms.emplace_back(screen.Form);
+    for (const std::string& form : forms) {
+        const QImage picture(QString::fromStdString(out() / (form + "@100.png")));
+        EXPECT_GT(picture.width(), 200) << form;
+        EXPECT_FALSE(picture.allGray()) << form;
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(out()), {}), static_cast<std::ptrdiff_t>(forms.size()));
+}
+
+TEST_F(PicturesTest, EachReportIsWritten) {
+    qm::WriteAllReports(out());
+    for (const char* name : {"Ledger", "Trial Balance", "Stock Ledger", "Final Results"}) {
+        EXPECT_THAT(Content((std::string(name) + ".pdf").c_str()), StartsWith("%PDF")) << name;
+        EXPECT_TRUE(fs::exists(out() / (std::string(name) + ".txt"))) << name;
+    }
+    EXPECT_THAT(Content("Trial Balance.txt"), HasSubstr("\nCash\t"));
+}
+
+TEST_F(PicturesTest, AFolderThatCannotBeMadeIsTold) {
+    EXPECT_THROW(qm::WriteAllReports("/proc/nowhere"), basic::Error);
+}
+
+}  // namespace

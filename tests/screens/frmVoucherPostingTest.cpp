@@ -1,0 +1,175 @@
+// What Save leaves in the rows, in the totals and in the log.
+#include <gmock/gmock.h>
+
+#include "VoucherScreens.h"
+
+using namespace testing;
+
+namespace {
+
+using qm::VoucherColumn;
+
+class VoucherPostingTest : public test::VoucherScreenTest {};
+
+TEST_F(VoucherPostingTest, AnUnchangedVoucherIsSavedWithoutWriting) {
+    PostReceipt();
+    const Lines before = Posted();
+    OnScreen(1, [&] {
+        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
+        EXPECT_EQ(screen.ui().cmbVoucherType->Text(), "Receipt");
+        EXPECT_EQ(Cell(1, VoucherColumn::Ledger), "Bank of Test");
+        EXPECT_EQ(Cell(2, VoucherColumn::Side), "Cr.");
+        EXPECT_EQ(Cell(3, VoucherColumn::Side), "");  // the empty line after the loaded ones
+        SaveAs(1);
+    });
+    EXPECT_EQ(Posted(), before);
+    EXPECT_EQ(Totals(bank), "100|0");
+}
+
+// The row takes the new amount, the total stays; the row's balance is opening plus this line alone.
+TEST_F(VoucherPostingTest, AnEditReplacesTheRowAndLeavesTheTotal) {
+    PostReceipt();
+    OnScreen(1, [&] {
+        Enter(1, VoucherColumn::DrAmount, "150");
+        Enter(2, VoucherColumn::CrAmount, "150");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Posted(), (Lines{"1|Bank of Test|37009|150|0||Receipt|1150Dr|True",
+                               "1|Sales|37009|0|150||Receipt|650Cr|True"}));
+    EXPECT_EQ(Totals(bank), "100|0");
+    OnScreen(1, [&] {  // another ledger: the new amount goes from the old one to the new one
+        ChooseLedger(1, "Cash");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Totals(bank), "-50|0");
+    EXPECT_EQ(Totals(cash), "150|0");
+}
+
+TEST_F(VoucherPostingTest, AChangedDateFailsTheFirstChangedLine) {
+    PostReceipt();
+    const Lines before = Posted();
+    OnScreen(1, [&] {
+        screen.ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1));
+        Enter(1, VoucherColumn::Particulars, "later");
+        ExpectBox("Cannot save Voucher");  // a count of 0 is not logged
+        Save();
+        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
+    });
+    EXPECT_EQ(Posted(), before);
+    EXPECT_EQ(Totals(bank), "100|0");
+    EXPECT_EQ(Rows("Select * From tblError"), Lines{});
+}
+
+// A removed line is found by the name on it: a second ledger of that name fails it.
+TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
+    PostReceipt();
+    const auto remove = [&] {
+        Grid().SetFocus();
+        for (const int row : {1, 2}) {
+            Grid().Select(row, VoucherColumn::Side);
+            ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
+                      qm::vbYesNo + qm::vbInformation, qm::vbYes);
+            Key(screen, Qt::Key_Delete);
+        }
+        EXPECT_EQ(Cell(LastRow(), VoucherColumn::DrAmount), "");
+        EXPECT_EQ(Posted().size(), 2U);
+    };
+    Run("Insert Into Ledger_Master (Ledger_ID, Name) Values (9999, 'Bank of Test')");
+    OnScreen(1, [&] {
+        remove();
+        ExpectBox("Cannot save Voucher");
+        ExpectBox(Log("A subselect gave more than one row where one value is needed."), 0);
+        Save();
+    });
+    EXPECT_EQ(Posted().size(), 2U);
+    Run("Delete From Ledger_Master Where Ledger_ID = 9999");
+    OnScreen(1, [&] {
+        remove();
+        SaveAs(1);
+    });
+    EXPECT_EQ(Posted(), Lines{});
+    EXPECT_EQ(Totals(bank), "0|0");
+    EXPECT_EQ(Totals(sales), "0|0");
+}
+
+// The name on the line is the new ledger's, and no saved row bears it.
+TEST_F(VoucherPostingTest, ALineThatWasMovedCannotBeRemoved) {
+    PostReceipt();
+    const Lines before = Posted();
+    OnScreen(1, [&] {
+        ChooseLedger(1, "Cash");
+        for (const int row : {1, 2}) {
+            Grid().Select(row, VoucherColumn::Side);
+            ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
+                      qm::vbYesNo + qm::vbInformation, qm::vbYes);
+            Key(screen, Qt::Key_Delete);
+        }
+        ExpectBox("Cannot save Voucher");
+        Save();
+    });
+    EXPECT_EQ(Posted(), before);
+    EXPECT_EQ(Totals(bank) + " " + Totals(cash), "100|0 Null|Null");
+}
+
+// The side now on the line counts for what is taken away too, so switching sides leaves the old total.
+TEST_F(VoucherPostingTest, SwitchedSidesKeepTheTotals) {
+    PostReceipt();
+    OnScreen(1, [&] {
+        Enter(1, VoucherColumn::Side, "Cr.");
+        Enter(2, VoucherColumn::Side, "Dr.");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Posted(), (Lines{"1|Bank of Test|37009|0|100||Receipt|900Dr|True",
+                               "1|Sales|37009|100|0||Receipt|400Cr|True"}));
+    EXPECT_EQ(Totals(bank) + " " + Totals(sales), "100|0 0|100");
+}
+
+// Lines are committed one by one: two stand, and the second Save takes a new number.
+TEST_F(VoucherPostingTest, TheThirdLineOfFourFails) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "100");
+        Line(2, "Cr.", "Cash", "60");
+        Line(3, "Cr.", "Sales", "30");
+        Line(4, "Cr.", "Bank", "");
+        EXPECT_EQ(Cell(4, VoucherColumn::CrAmount), "10");
+        Enter(3, VoucherColumn::Particulars, "3\" pipe");
+        ExpectBox("Cannot save Voucher");
+        ExpectBox(Log("Syntax error: a text does not end"), 0);
+        Save();
+        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "<New>");
+        EXPECT_EQ(Rows("Select LedgerTrnNo, LedgerName From tb_Ledger2001"), (Lines{"1|Rent", "1|Cash"}));
+        EXPECT_EQ(Totals(cash), "0|60");
+        EXPECT_EQ(Totals(sales), "Null|Null");
+        Enter(3, VoucherColumn::Particulars, "pipe");
+        SaveAs(2);
+    });
+    EXPECT_EQ(Rows("Select LedgerTrnNo, LedgerName From tb_Ledger2001"),
+              (Lines{"1|Rent", "1|Cash", "2|Rent", "2|Cash", "2|Sales", "2|Bank of Test"}));
+}
+
+// What the screen posts and what a host posts differ in the balance (after, before) and in the total of the
+// other side (0, Null).
+TEST_F(VoucherPostingTest, TheHostPostsTheSameButForBalanceAndTheOtherTotal) {
+    const auto row = [](const char* ledger, const char* amounts, const char* balance) {
+        return std::string("1|") + ledger + "|37009|" + amounts + "||Receipt|" + balance + "|True";
+    };
+    PostReceipt();
+    EXPECT_EQ(Posted(), (Lines{row("Bank of Test", "100|0", "1100Dr"), row("Sales", "0|100", "600Cr")}));
+    EXPECT_EQ(Totals(bank) + " " + Totals(sales), "100|0 0|100");
+
+    Run("Delete From tb_Ledger2001");
+    Run("Update Ledger_Details Set LedDetDRTxnTot = Null, LedDetCRTxnTot = Null");
+    EXPECT_TRUE(books.Host().InsertVoucher(1, 37009, "R", "D", "", 100, bank, "Bank of Test"));
+    EXPECT_TRUE(books.Host().InsertVoucher(1, 37009, "R", "C", "", 100, sales, "Sales"));
+    EXPECT_EQ(Posted(), (Lines{row("Bank of Test", "100|0", "1000Dr"), row("Sales", "0|100", "500Cr")}));
+    EXPECT_EQ(Totals(bank) + " " + Totals(sales), "100|Null Null|100");
+}
+
+TEST_F(VoucherPostingTest, TheWorkingBalanceRunsOnOverALedgerOfNeitherSide) {
+    Run("Update Ledger_Details Set Bal_Type = Null Where Ledger_ID = " + std::to_string(sales));
+    PostReceipt();
+    EXPECT_THAT(Posted()[1], HasSubstr("|1000Dr|"));  // 1100 of the bank's line, less 100
+}
+
+}  // namespace
