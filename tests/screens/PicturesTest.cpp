@@ -35,7 +35,8 @@ class PicturesTest : public Test {
 
 TEST_F(PicturesTest, EachScreenIsDrawn) {
     qm::WriteAllPictures(out());
-    std::vector<std::string> forms{"frmNewMenu", "frmLedger"};
+    std::vector<std::string> forms{"frmNewMenu",    "frmLedger",          "frmNewFinYear",
+                                   "frmClosingBal", "frmSearchAndLookUp", "frmItemList"};
     for (const qm::ScreenEntry& screen : qm::ScreenTable()) forms.emplace_back(screen.Form);
     for (const std::string& form : forms) {
         const QImage picture(QString::fromStdString(out() / (form + "@100.png")));
