@@ -1,5 +1,7 @@
 #include "platform/forms/ComboBox.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -150,7 +152,25 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     if (OpensList(*event)) return OpenList();
     const bool moves = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (locked_ && !isEditable() && !moves) return event->ignore();
+    if (event->key() == Qt::Key_Space && IsTypingName()) return SearchOn(event->text());
+    if (!event->text().isEmpty()) sinceLetter_.start();
     QComboBox::keyPressEvent(event);
+}
+
+// The letters of a name follow each other within the search's own pause.
+bool ComboBox::IsTypingName() const {
+    return !isEditable() && sinceLetter_.isValid() &&
+           sinceLetter_.elapsed() < QApplication::keyboardInputInterval();
+}
+
+// The blank of a name belongs to the search; the toolkit would open the list and begin anew.
+void ComboBox::SearchOn(const QString& text) {
+    sinceLetter_.start();
+    view()->keyboardSearch(text);
+    if (const int row = view()->currentIndex().row(); row >= 0 && row != currentIndex()) {
+        setCurrentIndex(row);
+        emit activated(row);
+    }
 }
 
 void ComboBox::mousePressEvent(QMouseEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <cstdint>
 
 #include "platform/forms/Control.h"
@@ -50,11 +51,14 @@ class ComboBox : public QComboBox, public Control, public basic::ListControl {
     void Take(int index, const QString& text);
     void CheckLine(int index) const;
     void PrepareTyping();
+    bool IsTypingName() const;
+    void SearchOn(const QString& text);
 
     int index_ = -1;
     QString text_;
     bool locked_ = false;
     bool typing_ = false;
+    QElapsedTimer sinceLetter_;  // typed to find a line
 };
 
 }  // namespace forms

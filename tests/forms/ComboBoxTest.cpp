@@ -82,6 +82,18 @@ TEST_F(ComboBoxTest, TheUserChoosesByKeyAndByList) {
     EXPECT_EQ(Active(form), "cmbList") << "the list is no other control";
 }
 
+TEST_F(ComboBoxTest, TypedLettersFindTheLineWithTheBlankInItsName) {
+    for (const char* group : {"Current Liabilities", "Current Asset", "Asset"}) combo->AddItem(group);
+    combo->SetFocus();
+    QTest::keyClicks(combo, "current asset");
+    EXPECT_EQ(combo->Text(), "Current Asset");
+    EXPECT_FALSE(combo->view()->isVisible());
+    QTest::qWait(QApplication::keyboardInputInterval() + 50);
+    Key(Qt::Key_Space);
+    EXPECT_TRUE(combo->view()->isVisible()) << "alone it opens the list";
+    combo->hidePopup();
+}
+
 TEST_F(ComboBoxTest, LockedTakesNoChoiceButCodeStillSetsIt) {
     combo->SetLocked(true);
     combo->SetFocus();
