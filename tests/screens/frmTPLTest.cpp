@@ -249,6 +249,19 @@ TEST_F(FinalResultsTest, PartialTotalsStandUntilTheScreenClosesAndLeftOversAddUp
     EXPECT_EQ(Rows("Select * From tblsysTPL"), Lines{});
 }
 
+TEST_F(FinalResultsTest, PrintsOnceThereAreResultsAndCloses) {
+    auto& screen = forms::Default<qm::frmTPL>();
+    Show(screen);
+    EXPECT_EQ(screen.Caption(), "Trading Profit & Loss Account");
+    EXPECT_EQ(screen.ui().dtpDate->Value(), basic::MakeDate(2001, 4, 30));
+    EXPECT_EQ(DialogOf([&] { Click(screen.ui().cmdPrint); }), "none");
+    QTest::keyClick(screen.Window(), Qt::Key_V, Qt::AltModifier);
+    EXPECT_EQ(DialogOf([&] { Click(screen.ui().cmdPrint); }), "Print");
+    BringToFront(screen);
+    QTest::keyClick(screen.Window(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_FALSE(screen.Loaded());
+}
+
 // Only the reports' figures follow the locale; what goes through statements does not.
 TEST_F(FinalResultsTest, FiguresFollowTheLocale) {
     books.AddLedger("Bank", "Bank", 1234567.5);
