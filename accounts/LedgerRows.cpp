@@ -39,7 +39,7 @@ std::string InsertStatement(const std::string& ledgerId, const std::string& pare
 std::string UpdateStatement(const std::string& ledgerId, const std::string& parentId,
                             const LedgerEntry& entry) {
     const auto& box = entry.Details;
-    return "Update Ledger_Master set Name= '" + entry.Name + "' ,Group_Id = " + parentId + ",primaryGrp = '" +
+    return "Update Ledger_Master Set Name= '" + entry.Name + "' ,Group_Id = " + parentId + ",primaryGrp = '" +
            entry.GroupName + "', contact_person = '" + box[1] + "', Designation = '" + box[2] +
            "', Address1 ='" + box[3] + "' ,Address2='" + box[4] + "',City ='" + box[6] + "', Tel1 ='" +
            box[7] + "' , Tel2='" + box[8] + "' , Pincode='" + box[9] + "' ,Pager='" + box[10] +

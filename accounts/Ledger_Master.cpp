@@ -115,9 +115,8 @@ void Ledger_Master::AddRec() {
 // A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept.
 void Ledger_Master::UpdRec() {
     EnableControls();
-    const bool isNew = IsNewLedger;
+    IsNewLedger ? AddLedger() : UpdateLedger();
     IsNewLedger = false;
-    isNew ? AddLedger() : UpdateLedger();
 }
 
 // After a delete the screen stands locked; this ends it too. The number is the store's, nobody types it.

@@ -230,11 +230,9 @@ void frmGrpMain::cmdDelete_Click() {
 // Only the leaf takes the new name, the ledger keeps its own: the two part company. Kept. The label that is
 // edited is cut already, and so is the name after it.
 void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newText) {
+    cancel = true;  // the tree is built anew, and where the statement fails the old label comes back
     const forms::Node* const node = ui().tvTreeView->SelectedItem();
-    if (!node) {
-        cancel = true;
-        return;
-    }
+    if (!node) return;
     if (node->FullPath().find('\\') != std::string::npos)
         Conn().Execute("Update group_Head_master set group_Head_Name = '" + newText +
                        "' Where group_id = " + node->Key().substr(1));

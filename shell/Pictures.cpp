@@ -1,13 +1,18 @@
 #include "shell/Pictures.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 
+#include "accounts/Ledger_Master.h"
+#include "accounts/frmGrpMain.h"
 #include "core/DBCode.h"
 #include "core/modGeneral.h"
+#include "inventory/ItemMaster.h"
 #include "inventory/frmItemList.h"
+#include "platform/basic/Dates.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/forms/TestSeams.h"
@@ -19,6 +24,8 @@
 #include "shell/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 #include "shell/frmSearchAndLookUp.h"
+#include "vouchers/frmDayBook.h"
+#include "vouchers/frmVoucher.h"
 #include "years/frmClosingBal.h"
 #include "years/frmNewFinYear.h"
 
@@ -28,6 +35,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t PathAccess = 75;
+constexpr int ArrowDown = 40;
 
 // What opens screens, and what is done in each that comes up, in order.
 struct Step {
@@ -100,6 +108,66 @@ void Open() {
     forms::Default<F>().Show(forms::vbModal);
 }
 
+// The highest number in a table of the year, 0 if it is empty.
+std::int32_t Highest(const std::string& field, const std::string& table) {
+    const auto column = FetchFirstColumn("Select Max(" + field + ") As High From " + YearTable(table));
+    return basic::ToLong(basic::NumberOrZero(column.at(0)));
+}
+
+void ShowMasters(forms::Form& form) {
+    int down = ArrowDown;
+    dynamic_cast<frmNewMenu&>(form).ui().vsFinOptions->KeyDown.Fire(down, 0);
+}
+
+void ListSuppliers(forms::Form& form) {
+    forms::TreeView& tree = *dynamic_cast<frmGrpMain&>(form).ui().tvTreeView;
+    forms::Node& node =
+        tree.Item("R" + basic::ToText(FetchFirstColumn("Select Group_Id From Group_Head_Master Where "
+                                                       "Group_Head_Name = 'Suppliers'")
+                                          .at(0)));
+    node.SetSelected(true);
+    node.setExpanded(true);
+    tree.NodeClick.Fire(node);
+}
+
+void ListTheYear(forms::Form& form) {
+    auto& ui = dynamic_cast<frmDayBook&>(form).ui();
+    ui.cboFilterFld->SetText("Date Range");
+    ui.dtpDateFrom->SetValue(basic::ReadDate("01-Apr-" + shared().FinYear));
+    ui.cmdOk->Click.Fire();
+}
+
+void ShowFirstItem(forms::Form& form) {
+    dynamic_cast<ItemMaster&>(form).ui().ucAddPanel1->NextRec.Fire();
+}
+
+// Screens that open empty are drawn with records, as a user calls them up.
+struct Filled {
+    std::string_view Form;
+    void (*Open)();  // null: as always
+    void (*Fill)(forms::Form&);
+};
+
+constexpr Filled FilledScreens[] = {
+    {"frmGrpMain", nullptr, ListSuppliers},
+    {"Ledger_Master", [] { forms::Default<Ledger_Master>().Load("Suppliers", ""); }, nullptr},
+    {"frmVoucher", [] { forms::Default<frmVoucher>().Load(Highest("LedgerTrnNo", "tb_Ledger")); }, nullptr},
+    {"frmTPL", nullptr, ViewResults},
+    {"frmDayBook", nullptr, ListTheYear},
+    {"ItemMaster", nullptr, ShowFirstItem},
+};
+
+void WriteScreen(const ScreenEntry& screen, const std::function<void(forms::Form&)>& picture) {
+    const auto* filled = std::find_if(std::begin(FilledScreens), std::end(FilledScreens),
+                                      [&](const Filled& each) { return each.Form == screen.Form; });
+    if (filled == std::end(FilledScreens)) return Walk({{std::string(screen.Form), picture}}, screen.Open);
+    const auto visit = [&](forms::Form& form) {
+        if (filled->Fill) filled->Fill(form);
+        picture(form);
+    };
+    Walk({{std::string(screen.Form), visit}}, filled->Open ? filled->Open : screen.Open);
+}
+
 // The screens that others open. A receipt needs an order that it is made against.
 void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
     Walk({{"frmNewFinYear", picture}}, Open<frmNewFinYear>);
@@ -108,8 +176,7 @@ void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
         "select ledger_ID as [Ledger Id],Name from Ledger_Master";
     Walk({{"frmSearchAndLookUp", picture}}, Open<frmSearchAndLookUp>);
     Walk({{"frmItemList", picture}}, [] { forms::Default<frmItemList>().Load(); });
-    const auto orders = FetchFirstColumn("Select Max(PoNumber) As High From " + YearTable("tblPO"));
-    if (const auto number = basic::ToLong(basic::NumberOrZero(orders.at(0))); number > 0)
+    if (const auto number = Highest("PoNumber", "tblPO"); number > 0)
         Walk({{"frmPOReceipt", picture}}, [number] { forms::Default<frmPOReceipt>().Load(number); });
 }
 
@@ -118,14 +185,12 @@ void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
 void WriteAllPictures(const std::string& folder) {
     const fs::path to = Made(folder);
     const auto picture = [&](forms::Form& form) { WritePicture(form, to); };
-    Walk({{"frmNewMenu", picture}}, [] { forms::Default<frmNewMenu>().Load(); });
-    for (const ScreenEntry& screen : ScreenTable()) {
-        const auto visit = [&](forms::Form& form) {
-            if (screen.Form == "frmTPL") ViewResults(form);  // it opens on an empty page
-            picture(form);
-        };
-        Walk({{std::string(screen.Form), visit}}, screen.Open);
-    }
+    const auto menu = [&](forms::Form& form) {
+        ShowMasters(form);
+        picture(form);
+    };
+    Walk({{"frmNewMenu", menu}}, [] { forms::Default<frmNewMenu>().Load(); });
+    for (const ScreenEntry& screen : ScreenTable()) WriteScreen(screen, picture);
     Walk({{"frmPartyLedger", PrintAllLedgers}, Page(picture)}, Open<frmPartyLedger>);
     WriteInnerPictures(picture);
 }

@@ -192,6 +192,7 @@ TEST_F(LedgerMasterTest, NamesAreRefused) {
     Open("", "", [&] {
         for (const char* name : {"Sales", "Retired", "sALES"}) {
             Press(Add);
+            EXPECT_THAT(Seen(), AnyOf("|||0|", "||Bank|0|")) << "of the last entry the group stays";
             EnterLedger(name, "Bank");
             ExpectBox("A ledger with the specified name already exists\r\n\r\nPlease choose another name");
             Press(Update);
@@ -248,6 +249,20 @@ TEST_F(LedgerMasterTest, AFailedAddShowsTheErrorRollsBackAndLogs) {
     EXPECT_THAT(Leaves(), IsEmpty());
     EXPECT_THAT(Details(), IsEmpty());
     EXPECT_THAT(Rows("Select frmName From tblError"), ElementsAre("Ledger_Master"));
+}
+
+TEST_F(LedgerMasterTest, ALeafBeyond16BitsIsTakenBack) {
+    Run("Insert Into Group_Head_Master (Group_Id, Group_Head_Name, Parent_Id) Values (32767, 'Last', 1)");
+    Open("", "", [&] {
+        Press(Add);
+        EnterLedger("Cash Box", "Cash In Hand");
+        test::BoxScript boxes;
+        boxes.Expect("Overflow\r   LEDGER NOT CREATED  ");
+        boxes.ExpectLog("Ledger_Master", "Overflow");
+        Press(Update);
+    });
+    EXPECT_THAT(Leaves(), ElementsAre("32767|Last|1"));
+    EXPECT_THAT(Masters(), IsEmpty());
 }
 
 TEST_F(LedgerMasterTest, ADoubleQuoteFailsBeforeTheTransaction) {
@@ -348,6 +363,42 @@ TEST_F(LedgerMasterTest, PagingStaysInsideAndLeavesOutDeletedLedgers) {
     });
 }
 
+TEST_F(LedgerMasterTest, PagingFollowsWhatIsWrittenAndBeginsAtTheFirstAgain) {
+    for (const char* name : {"Till", "Vault"}) books.AddLedger(name, "Bank", 1);
+    const auto expectNext = [&](const char* name) {
+        Press(Next);
+        EXPECT_EQ(ui().txtLedName->Text(), name);
+    };
+    Open("", "", [&] {
+        Press(Add);
+        EnterLedger("Safe", "Bank");
+        ExpectBox("Ledger Created");
+        Press(Update);
+        expectNext("Vault");
+        expectNext("Safe");
+        Enter(*ui().txtLedName, "Strong Box");
+        ExpectBox("Ledger Updated");
+        Press(Update);
+        expectNext("Vault");
+        expectNext("Strong Box");
+        ExpectBox("Record deleted");
+        Press(Delete);
+        expectNext("Vault");
+        Press(Add);
+        EnterLedger("Purse", "Bank");
+        Box(13).SetText("the owner's");
+        {
+            test::BoxScript boxes;
+            boxes.Expect("Syntax error: a text does not end\r   LEDGER NOT CREATED  ");
+            boxes.ExpectLog("Ledger_Master", "");
+            Press(Update);
+        }
+        expectNext("Vault");
+        ExpectBox("End of File Reached");
+        expectNext("Vault");
+    });
+}
+
 TEST_F(LedgerMasterTest, PagingOverNoLedgersDoesNothing) {
     Open("", "", [&] {
         Press(Next);
@@ -369,6 +420,9 @@ TEST_F(LedgerMasterTest, FindShowsDeletedLedgersAndKeepsTheLastAnswer) {
         Press(Find);
         EXPECT_EQ(Seen(), id + "|Retired|Debtors|9|C");
         EXPECT_EQ(Box(6).Text(), "Pune");
+        // Found, it still counts as the new one that the screen was opened for.
+        ExpectBox("A ledger with the specified name already exists\r\n\r\nPlease choose another name");
+        Press(Update);
         ui().txtLedgerId->SetText("");
         script.Modal("frmSearchAndLookUp", [](forms::Form& shown) { shown.Hide(); });
         Press(Find);
@@ -423,6 +477,10 @@ TEST_F(LedgerMasterTest, ALeafOfAnotherNameStaysWhenItsLedgerGoes) {
     Open("Cash In Hand", "Till", [&] {
         ExpectBox("Record deleted");
         Press(Delete);
+        EXPECT_TRUE(ui().txtLedName->Locked());
+        ExpectBox("Please Enter Ledger Name");
+        Press(Update);
+        EXPECT_FALSE(ui().txtLedName->Locked()) << "Update unlocks as Add does";
     });
     EXPECT_THAT(Masters(), IsEmpty());
     EXPECT_THAT(Leaves(), ElementsAre(id + "|Box|" + GroupId("Cash In Hand")));
@@ -482,6 +540,15 @@ TEST_F(LedgerMasterTest, TheStockBalanceIsForLedgersThatStand) {
         Press(Add);
         Choose("Stock in Hand");
         EXPECT_FALSE(ui().cmdStkClBal->Visible());
+    });
+    Open("", "", [&] {
+        ExpectBox("End of File Reached");
+        Press(Next);
+        EXPECT_FALSE(ui().cmdStkClBal->Visible()) << "the group comes while the ledger counts as a new one";
+        Choose("Sales");
+        ExpectBox("End of File Reached");
+        Press(Next);
+        EXPECT_TRUE(ui().cmdStkClBal->Visible());
     });
     EXPECT_THAT(Details(), ElementsAre(std::to_string(stock) + "|2001|10|D|77|Null|Null"));
 }
