@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -75,6 +78,22 @@ class ScreenTest : public testing::Test {
         static_cast<QLineEdit*>(form.Window()->focusWidget())->selectAll();
         Key(form, Qt::Key_Delete);
         Type(form, text);
+    }
+
+    // The title of the toolkit's own dialog that the action brings; it is dismissed at once.
+    static std::string DialogOf(const std::function<void()>& action) {
+        std::string title = "none";
+        QTimer user;
+        user.setSingleShot(true);
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                title = dialog->windowTitle().toStdString();
+                dialog->reject();
+            }
+        });
+        user.start(0);
+        action();
+        return title;
     }
 
     static Lines Rows(const std::string& sql) { return FreshBooks::Rows(sql); }
