@@ -107,7 +107,6 @@ class WorkedYearTest : public StockScreensTest {
             screen, [&] { screen.Load("", ""); },
             [&] {
                 Alt(screen, Qt::Key_A);
-                screen.ui().txtLedName->SetFocus();
                 Type(screen, name);
                 Tab(screen);
                 Type(screen, group);
