@@ -38,8 +38,15 @@ class ScreenTest : public testing::Test {
     }
     // Letter by letter: the first one may open an editor that takes the rest.
     static void Type(forms::Form& form, const char* text) {
-        for (const QChar letter : QString::fromUtf8(text))
-            QTest::keyClicks(form.Window()->focusWidget(), letter);
+        for (const QChar letter : QString::fromUtf8(text)) {
+            QWidget* const box = form.Window()->focusWidget();
+            if (letter.unicode() < 128) {
+                QTest::keyClicks(box, letter);
+            } else {  // the toolkit's own clicks know Latin letters only
+                QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+                QApplication::sendEvent(box, &press);
+            }
+        }
     }
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
     static QPoint Place(const forms::FlexGrid& grid, int row, int col) {

@@ -18,6 +18,7 @@
 #include "reports/frmTPL.h"
 #include "shell/frmSearchAndLookUp.h"
 #include "shell/modSearch.h"
+#include "vouchers/frmDayBook.h"
 #include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"
 #include "years/frmNewFinYear.h"
@@ -352,6 +353,52 @@ TEST_F(WorkedYearTest, FromTheOpeningsToTheNextYear) {
                "Furniture and Fixtures|57600|D", "Delivery Van|148000|D", "Rent Deposit|30000|D",
                "Staff Advances|4000|D", "Trial Office Supplies|84902|D", "Current Account|266223|D",
                "Cash|7462.75|D", "Closing Stock|143250|D", "Rent in Advance|4500|D"}));
+    EXPECT_THAT(host::Audit::Run(), IsEmpty());
+}
+
+// The name in Devanagari is 16 characters, most of three bytes: typed, searched, cut, stored and printed as any
+// other.
+TEST_F(WorkedYearTest, ALedgerInAnotherScriptGoesThroughAllScreens) {
+    const std::string name = "राजेश कागज भंडार";
+    AddLedger(name.c_str(), "Suppliers");
+    EnterVoucher("Journal", {{"Dr.", "Purchases of Goods", "1250.5"}, {"Cr.", name.c_str(), "1250.5"}},
+                 "कॉपी और पेन, पूरा भुगतान अगले महीने किया जाएगा", 61);
+
+    qm::frmDayBook& days = forms::Default<qm::frmDayBook>();
+    On(
+        days, [&] { days.Show(forms::vbModal); },
+        [&] {
+            days.ui().cboFilterFld->SetText("Ledger");
+            days.ui().cboFilterValue->SetText(name);
+            Key(days, Qt::Key_O, Qt::ControlModifier);
+            ASSERT_EQ(days.ui().lvwDayBook->Count(), 1);
+            EXPECT_EQ(days.ui().lvwDayBook->Item(1).SubItem(1), name);
+        });
+
+    qm::frmGrpMain& groups = forms::Default<qm::frmGrpMain>();
+    On(
+        groups, [&] { groups.Show(forms::vbModal); },
+        [&] {
+            const auto id = Rows("Select Ledger_ID From Ledger_Master Where Name = '" + name + "'");
+            EXPECT_EQ(groups.ui().tvTreeView->Item("C" + id.at(0)).FullPath(), "Suppliers\\" + name);
+        });
+
+    EXPECT_THAT(Results(), HasSubstr("\n" + name + "\t1,250.50\n"));
+    EXPECT_THAT(TrialBalance(), HasSubstr("\n" + name + "\t0D\t0.00\t1,250.50\t\t1,250.50\n"));
+
+    qm::frmPartyLedger& party = forms::Default<qm::frmPartyLedger>();
+    On(
+        party, [&] { party.Show(forms::vbModal); },
+        [&] {
+            Click(party.ui().optDetail);
+            Click(party.ui().ucPartyLedger->ui().optAll);
+            script.Modal("frmLedger", [&](forms::Form& form) {
+                // cut after 35 characters, not bytes
+                EXPECT_THAT(PageText(*static_cast<qm::frmLedger&>(form).ui().ucHTMLBox),
+                            HasSubstr("31-Mar-2002\tकॉपी और पेन, पूरा भुगतान अगले महीने\tJournal"));
+            });
+            Click(party.ui().ucPartyLedger->ui().cmdOk);
+        });
     EXPECT_THAT(host::Audit::Run(), IsEmpty());
 }
 
