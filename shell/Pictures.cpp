@@ -12,15 +12,18 @@
 #include "core/modGeneral.h"
 #include "inventory/ItemMaster.h"
 #include "inventory/frmItemList.h"
+#include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/forms/TestSeams.h"
+#include "purchasing/frmPO.h"
 #include "purchasing/frmPOReceipt.h"
 #include "reports/frmItemLedger.h"
 #include "reports/frmLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
+#include "shell/LentOrder.h"
 #include "shell/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 #include "shell/frmSearchAndLookUp.h"
@@ -35,7 +38,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t PathAccess = 75;
-constexpr int ArrowDown = 40;
 
 // What opens screens, and what is done in each that comes up, in order.
 struct Step {
@@ -108,14 +110,8 @@ void Open() {
     forms::Default<F>().Show(forms::vbModal);
 }
 
-// The highest number in a table of the year, 0 if it is empty.
-std::int32_t Highest(const std::string& field, const std::string& table) {
-    const auto column = FetchFirstColumn("Select Max(" + field + ") As High From " + YearTable(table));
-    return basic::ToLong(basic::NumberOrZero(column.at(0)));
-}
-
 void ShowMasters(forms::Form& form) {
-    int down = ArrowDown;
+    int down = forms::vbKeyDown;
     dynamic_cast<frmNewMenu&>(form).ui().vsFinOptions->KeyDown.Fire(down, 0);
 }
 
@@ -137,6 +133,15 @@ void ListTheYear(forms::Form& form) {
     ui.cmdOk->Click.Fire();
 }
 
+void ShowOrder(forms::Form& form) {
+    auto& ui = dynamic_cast<frmPO&>(form).ui();
+    if (ui.cmbSuppliers->ListCount() == 0) return;
+    ui.cmbSuppliers->SetListIndex(0);
+    if (ui.tvPO->Count() < 2) return;
+    ui.tvPO->Item(std::to_string(Highest("PoNumber", "tblPO")) + "PO").SetSelected(true);
+    ui.tvPO->Click.Fire();
+}
+
 void ShowFirstItem(forms::Form& form) {
     dynamic_cast<ItemMaster&>(form).ui().ucAddPanel1->NextRec.Fire();
 }
@@ -155,6 +160,7 @@ constexpr Filled FilledScreens[] = {
     {"frmTPL", nullptr, ViewResults},
     {"frmDayBook", nullptr, ListTheYear},
     {"ItemMaster", nullptr, ShowFirstItem},
+    {"frmPO", nullptr, ShowOrder},
 };
 
 void WriteScreen(const ScreenEntry& screen, const std::function<void(forms::Form&)>& picture) {
@@ -184,6 +190,7 @@ void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
 
 void WriteAllPictures(const std::string& folder) {
     const fs::path to = Made(folder);
+    const LentOrder order;
     const auto picture = [&](forms::Form& form) { WritePicture(form, to); };
     const auto menu = [&](forms::Form& form) {
         ShowMasters(form);

@@ -19,6 +19,8 @@ class PicturesTest : public Test {
     PicturesTest() {
         qmAttachScreens();
         books.AddLedger("Cash", "Cash in Hand");
+        books.AddLedger("Acme", "Suppliers");
+        books.Run("Insert Into ItemMaster2001 (Item_ID, Item_Name) Values (5, 'Coal')");
     }
     ~PicturesTest() override { qm::SetMsgBoxPort({}); }
 
@@ -35,14 +37,15 @@ class PicturesTest : public Test {
 
 TEST_F(PicturesTest, EachScreenIsDrawn) {
     qm::WriteAllPictures(out());
-    std::vector<std::string> forms{"frmNewMenu",    "frmLedger",          "frmNewFinYear",
-                                   "frmClosingBal", "frmSearchAndLookUp", "frmItemList"};
+    std::vector<std::string> forms{"frmNewMenu",         "frmLedger",   "frmNewFinYear", "frmClosingBal",
+                                   "frmSearchAndLookUp", "frmItemList", "frmPOReceipt"};
     for (const qm::ScreenEntry& screen : qm::ScreenTable()) forms.emplace_back(screen.Form);
     for (const std::string& form : forms) {
         const QImage picture(QString::fromStdString(out() / (form + "@100.png")));
         EXPECT_GT(picture.width(), 200) << form;
         EXPECT_FALSE(picture.allGray()) << form;
     }
+    EXPECT_EQ(books.One("Select Max(PoNumber) As High From tblPO2001"), "Null") << "the order was only lent";
     EXPECT_EQ(std::distance(fs::directory_iterator(out()), {}), static_cast<std::ptrdiff_t>(forms.size()));
 }
 
