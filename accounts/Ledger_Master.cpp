@@ -110,6 +110,7 @@ void Ledger_Master::AddRec() {
     EnableControls();
     ui().Text2->SetText("0");
     IsNewLedger = true;
+    ui().txtLedName->SetFocus();  // where the typing begins
 }
 
 // A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept.

@@ -216,7 +216,8 @@ std::string FinalResults::Print() const {
             "<tr><td width='100%' colspan='4' height='27'><p align='center'><font size='5'><b>TRADING "
             "PROFIT &amp; LOSS ACCOUNT</b></font></td>" +
             Period() + HeadCell("align='lEFT'", "Particulars") + HeadCell("align='Right'", "Amount (Rs.)") +
-            HeadCell(" align='lEFT'", "Particulars") + HeadCell("align='Right'", "Amount (Rs.)") + BelowHeads;
+            HeadCell(" align='lEFT'", "Particulars") + HeadCell(" align='Right'", "Amount (Rs.)") +
+            BelowHeads;
         page += PrintSection('T', trading);
         profit.Requery();
         page += PrintSection('P', profit) + "</table>";

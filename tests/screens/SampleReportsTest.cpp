@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include "PartyScreens.h"
+#include "ResultTexts.h"
 #include "host/Sample.h"
+#include "reports/frmTPL.h"
 
 using namespace testing;
 using namespace ledgertext;
@@ -163,6 +165,56 @@ TEST_F(SampleReportsTest, TrialBalanceOfTheYear) {
     EXPECT_EQ(TrialBalance(), Trial("30-Dec-1899", "31/03/2002", rows,
                                     Right("1,696,306.15") + Right("1,696,306.15") + Right("923,815.15") +
                                         Right("668,615.40")));
+}
+
+std::string ResultsOfTrading() {
+    using namespace resulttext;
+    return TradingHead("31-Mar-2002") + LeftLine(true, "Stock of Goods", "138,417.50") +
+           LeftLine(true, "Purchases of Goods", "173,056.15") + LeftLine(true, "Freight Inward", "4,580.00") +
+           RightLine(true, "Sales of Goods", "487,112.50") +
+           RightLine(true, "Packing Charges Recovered", "1,620.00") +
+           "<tr><td><u>Gross Profit</u></td><td align  = 'right'>172,678.85</td></tr>"
+           "<tr><td></td><td><hr></td><td></td><td><ht></td></tr>" +
+           TotalsRow("488,732.50", "488,732.50") + Rules +
+           "<tr><td></td><td></td><td align = 'lEFT'>Gross Profit B/F</td><td align = "
+           "'right'>172,678.85</td></tr>" +
+           LeftLine(true, "Shop Rent", "58,500.00") + LeftLine(true, "Salaries", "45,000.00") +
+           LeftLine(true, "Electricity", "6,000.75") +
+           LeftLine(true, "Bank Charges and Interest", "11,250.00") +
+           LeftLine(true, "Depreciation", "43,400.00") + RightLine(true, "Discount Received", "450.75") +
+           "\r\n<tr><td><u>Net Profit</u></td><td align  = 'right'>8,978.85</td></tr>" + Rules +
+           TotalsRow("173,129.60", "173,129.60") +
+           "<tr><td></td><td><hr></td> <td></td><td><hr></td></tr></table>";
+}
+
+std::string BalanceSheet() {
+    using namespace resulttext;
+    return BalanceHead("31-Mar-2002") + LeftLine(false, "Proprietor Capital", "423,617.25") +
+           RightLine(false, "Proprietor Drawings", "12,000.00") + LeftLine(false, "Van Loan", "90,000.00") +
+           LeftLine(false, "Sales Tax Payable", "8,496.00") +
+           LeftLine(false, "Example Paper Mart", "50,075.50") +
+           LeftLine(false, "Sample Stationery Depot", "13,500.65") +
+           LeftLine(false, "Demo Packaging Works", "17,360.00") +
+           RightLine(false, "Furniture and Fixtures", "57,600.00") +
+           RightLine(false, "Delivery Van", "148,000.00") + RightLine(false, "Rent Deposit", "30,000.00") +
+           RightLine(false, "Staff Advances", "4,000.00") +
+           RightLine(false, "Model School Stores", "29,752.00") +
+           RightLine(false, "Trial Office Supplies", "84,902.00") +
+           RightLine(false, "Current Account", "216,471.00") + RightLine(false, "Cash", "29,303.25") +
+           LeftLine(false, "Net Profit Trf From P & L", "8,978.85") +
+           "<tr><td></td><td><hr></td><td></td><td><hr></td></td>" + TotalsRow("612,028.25", "612,028.25") +
+           Rules + resulttext::End;
+}
+
+// Here the ledgers without rows stand with their openings, so that both sides agree; two that came to nothing
+// have no line.
+TEST_F(SampleReportsTest, FinalResultsOfTheYear) {
+    basic::Clock::Set(basic::MakeDate(2002, 3, 31));
+    auto& results = forms::Default<qm::frmTPL>();
+    Show(results);
+    Click(results.ui().cmdView);
+    EXPECT_EQ(results.ui().ucHTMLBox->ui().dhtEdit->DocumentHTML(), ResultsOfTrading() + BalanceSheet());
+    results.Unload();
 }
 
 }  // namespace

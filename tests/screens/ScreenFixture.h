@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,8 +38,15 @@ class ScreenTest : public testing::Test {
     }
     // Letter by letter: the first one may open an editor that takes the rest.
     static void Type(forms::Form& form, const char* text) {
-        for (const QChar letter : QString::fromUtf8(text))
-            QTest::keyClicks(form.Window()->focusWidget(), letter);
+        for (const QChar letter : QString::fromUtf8(text)) {
+            QWidget* const box = form.Window()->focusWidget();
+            if (letter.unicode() < 128) {
+                QTest::keyClicks(box, letter);
+            } else {  // the toolkit's own clicks know Latin letters only
+                QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, letter);
+                QApplication::sendEvent(box, &press);
+            }
+        }
     }
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
     static QPoint Place(const forms::FlexGrid& grid, int row, int col) {
@@ -75,6 +85,22 @@ class ScreenTest : public testing::Test {
         static_cast<QLineEdit*>(form.Window()->focusWidget())->selectAll();
         Key(form, Qt::Key_Delete);
         Type(form, text);
+    }
+
+    // The title of the toolkit's own dialog that the action brings; it is dismissed at once.
+    static std::string DialogOf(const std::function<void()>& action) {
+        std::string title = "none";
+        QTimer user;
+        user.setSingleShot(true);
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                title = dialog->windowTitle().toStdString();
+                dialog->reject();
+            }
+        });
+        user.start(0);
+        action();
+        return title;
     }
 
     static Lines Rows(const std::string& sql) { return FreshBooks::Rows(sql); }

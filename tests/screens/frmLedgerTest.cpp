@@ -1,6 +1,3 @@
-#include <QDialog>
-#include <QTimer>
-
 #include "ScreenFixture.h"
 #include "platform/basic/Dates.h"
 #include "reports/frmLedger.h"
@@ -86,15 +83,7 @@ TEST_F(LedgerTest, TheButtonsStandAtSharesOfTheWidth) {
 TEST_F(LedgerTest, PrintsThroughTheDialogAndCloses) {
     Report("Stock Ledger");
     Show(form);
-    std::string dialog = "none";
-    QTimer::singleShot(0, [&] {
-        auto* const window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_TRUE(window);
-        dialog = window->windowTitle().toStdString();
-        window->reject();
-    });
-    Click(form.ui().cmdPrint);
-    EXPECT_EQ(dialog, "Print");
+    EXPECT_EQ(DialogOf([&] { Click(form.ui().cmdPrint); }), "Print");
     BringToFront(form);
     QTest::keyClick(form.Window(), Qt::Key_C, Qt::AltModifier);
     EXPECT_FALSE(form.Loaded());

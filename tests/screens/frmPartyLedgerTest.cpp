@@ -26,6 +26,7 @@ TEST_F(PartyLedgerTest, StatementsRunOnFromTheirOpening) {
     Post(gamma, 2, "0", "0");
     Post(gamma, 3, "0", "12345678.9");
     Post(gamma, 33, "5", "0");  // beyond today
+    Run("Update Ledger_Master Set Deleted = True Where Name = 'Gamma'");
     EXPECT_EQ(
         Statements(),
         Open + Begin("Alpha") +
@@ -142,6 +143,20 @@ TEST_F(PartyLedgerTest, AnEmptyYearAndAnEmptySelectionGiveAnEmptyPage) {
     Click(screen.ui().optDetail);
     Click(screen.ui().ucPartyLedger->ui().optSel);
     EXPECT_EQ(Printed([&] { Click(screen.ui().ucPartyLedger->ui().cmdOk); }), Open + End);
+    Run("Delete From Ledger_Details");
+    EXPECT_THAT(TrialBalance(), EndsWith("(01-Apr-2001 To 30/04/2001)</b></font></p><hr></td></tr>" + End));
+}
+
+// Every row of the books has one amount at least; one that has none is no row of nought.
+TEST_F(PartyLedgerTest, ARowWithoutAmountsIsAFailure) {
+    Post(books.AddLedger("Alpha", "Debtors", 10), 2, "Null", "Null");
+    OpenScreen();
+    Click(screen.ui().optDetail);
+    Click(screen.ui().ucPartyLedger->ui().optAll);
+    ExpectBox("Run-time error '94':\n\nInvalid use of Null", 0);
+    Click(screen.ui().ucPartyLedger->ui().cmdOk);
+    EXPECT_TRUE(screen.Visible());
+    EXPECT_FALSE(forms::Default<qm::frmLedger>().Visible());
 }
 
 // The wait is drawn out until its box is there, then its Cancel is clicked: before the last ledger.

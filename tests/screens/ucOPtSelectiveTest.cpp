@@ -66,6 +66,22 @@ TEST_F(SelectiveTest, FillsOnceByFocusAndKeepsItsMarks) {
     EXPECT_TRUE(raised);
 }
 
+// The second focus leaves the record set open, so the next opening runs its source again: the rows are new,
+// but they are those of the year in which it was first opened. Kept.
+TEST_F(SelectiveTest, ARecordSetThatASecondFocusOpenedIsRunAgain) {
+    AddItem(1, "'a'");
+    screen.Unload();
+    Fill();
+    screen.ui().dtpDateFrom->SetFocus();
+    screen.ui().ucItemLedger->SetFocus();
+    screen.Unload();
+    AddItem(2, "'b'");
+    qm::shared().FinYear = "2002";
+    Fill();
+    EXPECT_EQ(Listed(), (Lines{"a", "b"}));
+    qm::shared().FinYear = "2001";
+}
+
 TEST_F(SelectiveTest, AKeyBeyondSixteenBitsOverflowsAndAnEmptySetOnlyEnables) {
     screen.Unload();
     Fill();
