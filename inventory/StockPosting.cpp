@@ -81,7 +81,7 @@ void PostBill(const Bill& bill) {
     const auto post = [&](SideCode side, const EntrySide& ledger) {
         voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
                                    ledger.LedgerId, ledger.LedgerName);
-        RequireRecords(voucherNo);
+        RequireRecords(voucherNo != 0);
     };
     post(Credit, bill.Credit);
     post(Debit, bill.Debit);

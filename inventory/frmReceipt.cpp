@@ -76,7 +76,7 @@ void frmReceipt::FillReceiptNumbers() {
 
 // No purchase ledger is offered here: kept.
 void frmReceipt::FillItemLedgers() {
-    FillLedgers(*ui().cmbItemLedgers, "('Debtors', 'Suppliers', 'Cash In Hand', 'Bank')", "");
+    FillLedgers(*ui().cmbItemLedgers, "('Debtors', 'Suppliers', 'Cash In Hand', 'Bank')  ", "");
 }
 
 // The test looks at the box of the bill's number, which never reads so: deleted ledgers are listed. Kept.
@@ -93,7 +93,7 @@ void frmReceipt::FillLedgers(forms::ComboBox& box, const std::string& groups, co
         "Select Ledger_Master.Ledger_ID, Name, Group_ID, PrimaryGrp,  Opening_Bal, Closing_Bal, Bal_Type, "
         "LedDetDrTxnTot, LedDetCrTxnTot  From Ledger_Master, Ledger_Details Where PrimaryGrp in  " +
             groups +
-            " And Ledger_Master.Ledger_ID = Ledger_Details.Ledger_ID  And Ledger_Details.Fnncl_Yr = " +
+            "And Ledger_Master.Ledger_ID = Ledger_Details.Ledger_ID  And Ledger_Details.Fnncl_Yr = " +
             shared().FinYear + more,
         shared().Connection);
     for (; !ledgers.Eof(); ledgers.MoveNext()) {

@@ -123,7 +123,7 @@ TEST_F(ItemMasterTest, WhatCannotBeWrittenIsPassedOver) {
     EXPECT_EQ(ui().txtItemName->Text(), "Coal");
 }
 
-TEST_F(ItemMasterTest, AStepBeyondTheEndsKeepsWhatIsShown) {
+TEST_F(ItemMasterTest, StepsThroughTheItemsAndStaysAtTheEnds) {
     for (int id : {3, 1, 2}) AddItem(id, "I" + std::to_string(id));
     Open();
     const auto steps = [&](const std::string& way) {
@@ -135,6 +135,16 @@ TEST_F(ItemMasterTest, AStepBeyondTheEndsKeepsWhatIsShown) {
         return shown;
     };
     EXPECT_EQ(steps(">>>>><<<<<>"), "1I1 2I2 2I2 2I2 2I2 2I2 1I1 3I3 3I3 3I3 3I3 ");
+    // What was written is read again, from the first row.
+    form.ModeNew();
+    ui().txtItemName->SetText("I4");
+    ExpectBox("Added 1 record(s)");
+    Press(Update);
+    EXPECT_EQ(steps(">>>>"), "1I1 2I2 4I4 4I4 ");
+    ui().txtItemName->SetText("J4");
+    ExpectBox("Updated 1 record(s)");
+    Press(Update);
+    EXPECT_EQ(steps(">>>"), "1I1 2I2 4J4 ");
 }
 
 // The statement fails without a word: the item stays in its table.

@@ -256,9 +256,12 @@ TEST_F(IssuesTest, DeleteAsksOnAnyRow) {
         EXPECT_EQ(Shown(), (Lines{"1|Old|2.5|3|", "3|Peat|0||"})) << "the entry row went";
         Grid().Select(2, 2);
         Key(form, Qt::Key_Return);  // no empty row: the button does nothing
-        ui().cmbTxnNo->SetText("<New>");
+        TypeCell(2, 4, "1");
+        ExpectSaved(5);
+        Save();
         EXPECT_EQ(Shown(), Lines{"||||"}) << "it comes back when the grid is filled";
     });
+    EXPECT_EQ(Movements(), Lines{"5|36990|1|Old|3|Null"}) << "the last row is never taken";
 }
 
 // The number is used though no issue bears it; typing it fills the grid anew at each key.
@@ -275,6 +278,23 @@ TEST_F(IssuesTest, AnUnknownNumberMayBeTyped) {
         Save();
     });
     EXPECT_EQ(Movements(), Lines{"41|37024|2|Sand|2|"});
+}
+
+// The numbers are shared: that of a receipt shows its rows, whose remarks are not to be had here.
+TEST_F(IssuesTest, TheNumberOfAReceiptShowsIt) {
+    AddMovement(7, "Receipt", 1, "0");
+    Open(0, [&] {
+        ui().cmbTxnNo->SetText("7");
+        EXPECT_EQ(Shown(), (Lines{"1|Old|2.5|0|", "||||"}));
+        EXPECT_EQ(basic::ToText(ui().dtpDate->Value()), "11/04/2001");
+        TypeCell(1, 5, "late");
+        ExpectBox("Cannot save Issue Details");
+        ExpectLog("", "");
+        Save();
+        EXPECT_EQ(Shown(), (Lines{"1|Old|2.5|0|late", "||||"}));
+    });
+    EXPECT_EQ(Rows("Select ItemLedNote From tblItemLed2001"), Lines{"Null"});
+    EXPECT_EQ(Errors(), Lines{"frmIssues|0"});
 }
 
 // A double quote ends the text in the statement: that row is undone, the one before stays.

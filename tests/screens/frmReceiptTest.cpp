@@ -135,6 +135,11 @@ TEST_F(ReceiptTest, IsBookedViewedAndItsEntryDeleted) {
                   (Lines{"B/17", "coal and sand", "10", "5"}));
         EXPECT_EQ(ui().cmbSupplier->Text() + ui().cmbItemLedgers->Text(), "AcmeCash");
         EXPECT_EQ(Computed(ui()), (Lines{"212.50", "232.50", "233.00"})) << "the round-off is kept on view";
+        ui().cmbReceipt->SetText("99");  // no such receipt: the bill before it stays on view
+        ExpectMode(true);
+        EXPECT_EQ(Column(2), (Lines{"", "", "", ""}));
+        EXPECT_EQ(Texts({ui().txtBillNo, ui().txtDiscount, ui().txtRoundOff}), (Lines{"B/17", "10", "0.5"}));
+        EXPECT_EQ(Computed(ui()), (Lines{"", "20.00", "20.50"}));
         ui().cmbReceipt->SetListIndex(1);
         ExpectMode(false);
         EXPECT_EQ(ui().txtRoundOff->Text() + ui().txtBillNo->Text() + ui().cmbSupplier->Text(), "");
@@ -230,9 +235,10 @@ TEST_F(ReceiptTest, CarriesTheLandingCostFromRowToRow) {
     }
 }
 
-// The key works though the button is disabled: the remark reaches the table, with a second entry and a second
-// bill. Kept.
+// The key works though the button is disabled: the remark and a new item reach the table, with a second entry
+// and a second bill. Kept.
 TEST_F(ReceiptTest, CtrlSOnASavedReceiptWritesItsRemarksAndASecondEntry) {
+    AddItem(3, "Peat", "40");
     Open(0, [&] { SaveReceipt(); });
     Open(1, [&] {
         EXPECT_FALSE(ui().cmdSave->Enabled());
@@ -240,12 +246,15 @@ TEST_F(ReceiptTest, CtrlSOnASavedReceiptWritesItsRemarksAndASecondEntry) {
         EXPECT_EQ(Grid().TextMatrix(2, 4), "1") << "a saved quantity is not edited";
         EXPECT_EQ(ui().txtRoundOff->Text() + ui().txtNetAmt->Text(), "232.50") << "it is not stored";
         Enter(2, 5, "dry");
+        Pick({"Peat"});
+        Enter(3, 4, "4");
         ExpectSaved(1);
         Ctrl(Screen(), Qt::Key_S);
-        EXPECT_EQ(Column(5), (Lines{"wet", "dry", "", "", "", "Rs. 250.00"}));
+        EXPECT_EQ(Column(5), (Lines{"wet", "dry", "", "", "", "", "Rs. 410.00"}));
     });
-    EXPECT_EQ(Stock(), (Lines{stockRows[0], "1|37009|Receipt|2|0|Sand|0|1|dry|50|0|7.5"}));
-    EXPECT_EQ(Received(), (Lines{"2", "1"}));
+    EXPECT_EQ(Stock(), (Lines{stockRows[0], "1|37009|Receipt|2|0|Sand|0|1|dry|50|0|7.5",
+                              "1|37009|Receipt|3|0|Peat|0|4||40|0|6"}));
+    EXPECT_EQ(Received(), (Lines{"2", "1", "4"}));
     EXPECT_EQ(Entries().size(), 4u);
     EXPECT_EQ(Bills(), (Lines{"B/17|1|1|False|0|10|5|20", "B/17|1|2|False|0|10|5|20"}));
 }
@@ -332,36 +341,55 @@ TEST_F(ReceiptTest, AnEntryThatFailsShowsThreeBoxesAndLogsOnce) {
     EXPECT_EQ(qm::Conn().TransDepth(), 0);
 }
 
-TEST_F(ReceiptTest, ChecksBeforeItSaves) {
+// Everything is missing at first; each refusal names the first that is, goes there and opens its list.
+TEST_F(ReceiptTest, ChecksInOrderBeforeItSaves) {
     const struct {
-        std::function<void()> spoil;
         const char* message;
         const char* active;
+        bool opensList;
+        std::pair<int, int> cell;  // of the grid
+        std::function<void()> mend;
     } cases[] = {
-        {[] { ui().dtpDate->SetValue(basic::MakeDate(2001, 3, 31)); },
-         "Please select the date in Financial Year range \r\n\r\n'01-Apr-2000' to '31-Mar-2001'", "dtpDate"},
-        {[] { ui().txtBillNo->SetText("  "); }, "Please enter the bill no.", "txtBillNo"},
-        {[] { ui().cmbSupplier->SetListIndex(-1); }, "Please select a supplier", "cmbSupplier"},
-        {[] { ui().cmbItemLedgers->SetListIndex(-1); }, "Please select a ledger to be debited",
-         "cmbItemLedgers"},
-        {[] { Grid().SetTextMatrix(1, 2, ""); }, "Please select items to be issued", "vsReceipt"},
-        {[] { Grid().SetTextMatrix(2, 4, ""); }, "Please specify qty. to be issued for item\r\n\r\n'Sand'",
-         "vsReceipt"},
+        {"Please select the date in Financial Year range \r\n\r\n'01-Apr-2000' to '31-Mar-2001'",
+         "dtpDate",
+         true,
+         {},
+         [] { ui().dtpDate->SetValue(basic::MakeDate(2002, 3, 31)); }},
+        {"Please enter the bill no.", "txtBillNo", false, {}, [] { ui().txtBillNo->SetText("B/17"); }},
+        {"Please select a supplier", "cmbSupplier", true, {}, [] { ui().cmbSupplier->SetText("Acme"); }},
+        {"Please select a ledger to be debited",
+         "cmbItemLedgers",
+         true,
+         {},
+         [] { ui().cmbItemLedgers->SetText("Cash"); }},
+        {"Please select items to be issued",
+         "vsReceipt",
+         false,
+         {1, 2},
+         [] { Grid().SetTextMatrix(1, 2, "Coal"); }},
+        {"Please specify qty. to be issued for item\r\n\r\n'Sand'", "vsReceipt", false, {2, 4}, [] {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.message);
-        Open(0, [&] {
-            FillReceipt();
-            c.spoil();
+    Open(0, [&] {
+        Pick({"Coal", "Sand"});
+        Enter(1, 4, "2");
+        Grid().SetTextMatrix(1, 2, "");
+        ui().dtpDate->SetValue(basic::MakeDate(2001, 3, 31));
+        ui().txtBillNo->SetText("  ");
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.message);
             ui().cmdSave->SetFocus();
             ExpectBox(c.message);
             Click(ui().cmdSave);
             EXPECT_EQ(Active(Screen()), c.active);
-            if (Active(Screen()) == "vsReceipt") {
-                EXPECT_EQ(Grid().TextMatrix(Grid().Row(), Grid().Col()), "") << "not on the cell that lacks";
+            QWidget* const list = QApplication::activePopupWidget();
+            EXPECT_EQ(list != nullptr, c.opensList);
+            if (list) list->close();
+            if (c.cell.first) {
+                EXPECT_EQ(std::pair(Grid().Row(), Grid().Col()), c.cell);
             }
-        });
-    }
+            c.mend();
+        }
+    });
     EXPECT_EQ(Stock(), Lines{});
 }
 
@@ -383,6 +411,23 @@ TEST_F(ReceiptTest, OffersEachListItsLedgers) {
     });
     ui().txtBillNo->SetText("<New>");  // what the filter asks, and no user can bring about
     Open(0, [&] { EXPECT_EQ(names(*ui().cmbSupplier), Lines{"Dinesh"}); });
+}
+
+TEST_F(ReceiptTest, TheTotalStandsUnderARedRule) {
+    Open(0, [&] {
+        Pick({"Coal", "Sand"});
+        Lines headings;
+        for (int col = 0; col < Grid().Cols(); ++col)
+            if (!Grid().ColHidden(col)) headings.push_back(Grid().TextMatrix(0, col));
+        EXPECT_EQ(headings, (Lines{"Item Description", "Unit Price", "Qty.", "Remarks"}));
+        const int total = Grid().Rows() - 1;
+        for (int row = 1; row <= total; ++row) {
+            const bool rule = row == total - 1;
+            EXPECT_EQ(Grid().RowHeight(row) == 50, rule) << row;
+            for (int col = 1; col < 6; ++col)
+                EXPECT_EQ(Grid().CellBackColor(row, col), rule ? forms::vbRed : forms::NoColor) << row;
+        }
+    });
 }
 
 TEST_F(ReceiptTest, TheGridTakesOnlyWhatBelongsThere) {
@@ -499,6 +544,7 @@ TEST_F(ReceiptTest, IsEnteredByTheKeyboardAlone) {
         Type(Screen(), "20");
         ExpectSaved(1);
         Ctrl(Screen(), Qt::Key_S);
+        EXPECT_EQ(ui().cmdExit->toolTip(), "Exit      Ctrl+S") << "kept, though the key is X";
         Ctrl(Screen(), Qt::Key_X);
     });
     EXPECT_EQ(Stock(), stockRows);
