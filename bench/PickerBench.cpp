@@ -13,7 +13,7 @@ constexpr std::int64_t Items = 20000;
 
 const std::filesystem::path& PickerBooks() {
     static const std::filesystem::path folder = [] {
-        const auto made = BooksWith(0, Place::Disk, 40);
+        const auto made = BooksWith(0, Place::Disk, 50);
         Bare bare(made, false);
         bare.Run("BEGIN");
         BareStatement insert(bare.Db(),
