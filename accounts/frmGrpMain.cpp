@@ -82,17 +82,12 @@ void frmGrpMain::Form_Unload() {
 }
 
 void frmGrpMain::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    switch (keyCode) {
-        case 'A':
-            return cmdAdd_Click();
-        case 'D':
-            return cmdDelete_Click();
-        case 'X':
-            return Unload();
-        default:
-            return;
-    }
+    OnCtrl(keyCode, shift,
+           {
+               {'A', [this] { cmdAdd_Click(); }},
+               {'D', [this] { cmdDelete_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 // The voucher screen calls it too, when it closes.

@@ -36,9 +36,11 @@ void frmIssues::Load(std::int32_t trnNo) {
 }
 
 void frmIssues::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    if (keyCode == 'S') cmdSave_Click();
-    if (keyCode == 'X') Unload();
+    OnCtrl(keyCode, shift,
+           {
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 void frmIssues::FillIssueNumbers() {

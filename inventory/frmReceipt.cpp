@@ -59,9 +59,11 @@ void frmReceipt::Load(std::int32_t trnNo) {
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
 void frmReceipt::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    if (keyCode == 'S') cmdSave_Click();
-    if (keyCode == 'X') cmdExit_Click();
+    OnCtrl(keyCode, shift,
+           {
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { cmdExit_Click(); }},
+           });
 }
 
 void frmReceipt::FillReceiptNumbers() {

@@ -108,27 +108,17 @@ void frmDayBook::Form_Resize() {
 }
 
 void frmDayBook::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    switch (keyCode) {
-        case 'A':
-            return cmdAdd_Click();
-        case 'E':
-            return cmdEdit_Click();
-        case 'D':
-            return cmdDelete_Click();
-        case 'R':
-            return cmdRefresh_Click();
-        case 'X':
-            return Unload();
-        case 'F':
-            return cmdFilter_Click();
-        case 'O':
-            return cmdOk_Click();
-        case 'C':
-            return cmdClear_Click();
-        default:
-            return;
-    }
+    OnCtrl(keyCode, shift,
+           {
+               {'A', [this] { cmdAdd_Click(); }},
+               {'E', [this] { cmdEdit_Click(); }},
+               {'D', [this] { cmdDelete_Click(); }},
+               {'R', [this] { cmdRefresh_Click(); }},
+               {'X', [this] { Unload(); }},
+               {'F', [this] { cmdFilter_Click(); }},
+               {'O', [this] { cmdOk_Click(); }},
+               {'C', [this] { cmdClear_Click(); }},
+           });
 }
 
 void frmDayBook::OpenDayBook(const std::string& sql) {

@@ -52,19 +52,13 @@ void frmVoucher::Form_Load() {
 }
 
 void frmVoucher::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    switch (keyCode) {
-        case 'N':
-            return cmdNew_Click();
-        case 'Z':
-            return cmdUndo_Click();
-        case 'S':
-            return cmdSave_Click();
-        case 'X':
-            return Unload();
-        default:
-            return;
-    }
+    OnCtrl(keyCode, shift,
+           {
+               {'N', [this] { cmdNew_Click(); }},
+               {'Z', [this] { cmdUndo_Click(); }},
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 void frmVoucher::Form_Unload() {

@@ -35,17 +35,12 @@ void frmClosingBal::Form_Load() {
 }
 
 void frmClosingBal::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    switch (keyCode) {
-        case 'G':
-            return cmdGetBal_Click();
-        case 'S':
-            return cmdSave_Click();
-        case 'X':
-            return Unload();
-        default:
-            return;
-    }
+    OnCtrl(keyCode, shift,
+           {
+               {'G', [this] { cmdGetBal_Click(); }},
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 // The frame around cmdGetBal, which optManually_Click disabled, stays so: the button is reached by Ctrl+G

@@ -63,17 +63,12 @@ void frmFinYear::cmdExit_Click() {
 }
 
 void frmFinYear::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    switch (keyCode) {
-        case 'A':
-            return cmdAdd_Click();
-        case 'S':
-            return cmdSet_Click();
-        case 'X':
-            return cmdExit_Click();
-        default:
-            return;
-    }
+    OnCtrl(keyCode, shift,
+           {
+               {'A', [this] { cmdAdd_Click(); }},
+               {'S', [this] { cmdSet_Click(); }},
+               {'X', [this] { cmdExit_Click(); }},
+           });
 }
 
 void frmFinYear::Form_Unload() {

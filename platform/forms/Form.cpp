@@ -243,4 +243,10 @@ Control* Form::ActiveControl() const {
     return window_ ? window_->Active() : nullptr;
 }
 
+void Form::OnCtrl(int keyCode, int shift, std::initializer_list<Command> commands) {
+    if (!(shift & vbCtrlMask)) return;
+    for (const auto& [letter, run] : commands)
+        if (letter == keyCode) return run();
+}
+
 }  // namespace forms

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/basic/Control.h"
@@ -80,6 +83,11 @@ class Form : public basic::ControlHost {
     virtual void Form_Resize() {}  // at each showing, before Form_Activate, and when the size changes
     // Ctrl+letter, before the control that has the focus gets the key. keyCode is the capital letter's code.
     virtual void Form_KeyDown([[maybe_unused]] int keyCode, [[maybe_unused]] int shift) {}
+
+    // A capital letter and what it does together with Ctrl.
+    using Command = std::pair<char, std::function<void()>>;
+    // For Form_KeyDown: runs the command of the letter that was pressed with Ctrl, if any.
+    static void OnCtrl(int keyCode, int shift, std::initializer_list<Command> commands);
     virtual void Form_MouseMove() {}
 
     virtual void BuildWindow(FormWindow& window) = 0;
