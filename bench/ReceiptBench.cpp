@@ -50,7 +50,7 @@ void SaveOurs(benchmark::State& state) {
     const auto boxes =
         qm::SetMsgBoxPort([](const std::string&, int, const std::string&) { return qm::vbOK; });
     {
-        Ours ours(StockBooks(40));
+        Ours ours(StockBooks(60));
         auto& screen = forms::Default<qm::frmReceipt>();
         Visit(
             "frmReceipt", [&] { screen.Load(0); },
@@ -77,7 +77,7 @@ std::int64_t Next(BareStatement& highest) {
 }
 
 void SaveBare(benchmark::State& state) {
-    Bare bare(StockBooks(41));
+    Bare bare(StockBooks(61));
     BareStatement begin(bare.Db(), "BEGIN IMMEDIATE"), commit(bare.Db(), "COMMIT");
     BareStatement highestMovement(bare.Db(), "SELECT max(ItemLedTrnNo) FROM tblItemLed2001");
     BareStatement movement(

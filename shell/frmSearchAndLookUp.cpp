@@ -1,5 +1,7 @@
 #include "shell/frmSearchAndLookUp.h"
 
+#include <vector>
+
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/Application.h"
@@ -11,12 +13,17 @@ namespace {
 constexpr int RowStep = 100;  // rows that the grid grows by while a dynamic record set is read
 constexpr int WidthAllowance = 200;
 
+std::vector<ado::Field> FieldsOf(ado::Recordset& rows) {
+    std::vector<ado::Field> fields;
+    for (std::size_t i = 0; i < rows.FieldCount(); ++i) fields.push_back(rows.Fields(i));
+    return fields;
+}
+
 // Writes the current record into row `row`, its number in column 0.
-void WriteRecord(ado::Recordset& rows, forms::MSFlexGrid& grid, int row) {
+void WriteRecord(const std::vector<ado::Field>& fields, forms::MSFlexGrid& grid, int row) {
     grid.SetTextMatrix(row, 0, std::to_string(row));
-    const std::size_t fields = rows.FieldCount();
-    for (std::size_t i = 0; i < fields; ++i)
-        grid.SetTextMatrix(row, static_cast<int>(i) + 1, basic::TextOrEmpty(rows.Fields(i).Value()));
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        grid.SetTextMatrix(row, static_cast<int>(i) + 1, basic::TextOrEmpty(fields[i].Value()));
 }
 
 void WriteHeadings(ado::Recordset& rows, forms::MSFlexGrid& grid) {
@@ -82,14 +89,15 @@ void frmSearchAndLookUp::LoadRecordsetIntoGrid(ado::Recordset& rows, forms::MSFl
     grid.SetFixedRows(1);
     grid.SetRow(0);
     WriteHeadings(rows, grid);
+    const std::vector<ado::Field> fields = FieldsOf(rows);
     if (rows.CursorType() == ado::adOpenStatic) {
         grid.SetRows(static_cast<int>(rows.RecordCount()) + 1);
-        for (int row = 1; row < grid.Rows(); ++row, rows.MoveNext()) WriteRecord(rows, grid, row);
+        for (int row = 1; row < grid.Rows(); ++row, rows.MoveNext()) WriteRecord(fields, grid, row);
     } else if (rows.CursorType() == ado::adOpenDynamic) {
         int row = 1;
         for (; !rows.Eof(); ++row, rows.MoveNext()) {
             if (row == grid.Rows()) grid.SetRows(grid.Rows() + RowStep);
-            WriteRecord(rows, grid, row);
+            WriteRecord(fields, grid, row);
         }
         grid.SetRows(row);
     }
@@ -101,18 +109,21 @@ void frmSearchAndLookUp::LoadRecordsetIntoGrid(ado::Recordset& rows, forms::MSFl
 // Longest by its count of characters, the first of equals: the widest on the screen may be another.
 void frmSearchAndLookUp::SetGridColumnWidth() {
     forms::MSFlexGrid& grid = *ui().grd;
-    for (int col = 0; col < grid.Cols(); ++col) {
-        int longest = 0;
-        std::size_t length = 0;
-        for (int row = 0; row < grid.Rows(); ++row) {
+    struct Longest {
+        int Row = 0;
+        std::size_t Length = 0;
+    };
+    std::vector<Longest> longest(static_cast<std::size_t>(grid.Cols()));
+    for (int row = 0; row < grid.Rows(); ++row)
+        for (int col = 0; col < grid.Cols(); ++col) {
+            Longest& most = longest[static_cast<std::size_t>(col)];
             const std::string& text = grid.TextMatrix(row, col);
-            if (text.size() <= length) continue;  // nor has it more characters than bytes
-            const std::size_t here = basic::Len(text);
-            if (here <= length) continue;
-            longest = row;
-            length = here;
+            if (text.size() <= most.Length) continue;  // nor has it more characters than bytes
+            if (const std::size_t length = basic::Len(text); length > most.Length) most = {row, length};
         }
-        grid.SetColWidth(col, TextWidth(grid.TextMatrix(longest, col)) + WidthAllowance);
+    for (int col = 0; col < grid.Cols(); ++col) {
+        const Longest& most = longest[static_cast<std::size_t>(col)];
+        grid.SetColWidth(col, TextWidth(grid.TextMatrix(most.Row, col)) + WidthAllowance);
     }
 }
 

@@ -66,6 +66,10 @@ Date ToDate(const Value& value) {
 std::string TextOrEmpty(const Value& value) {
     return value.IsNull() ? std::string() : ToText(value);
 }
+std::string TextOrEmpty(Value&& value) {
+    if (auto* text = std::get_if<std::string>(&value.held_)) return std::move(*text);
+    return TextOrEmpty(static_cast<const Value&>(value));
+}
 double NumberOrZero(const Value& value) {
     return value.IsNull() ? 0 : ToDouble(value);
 }

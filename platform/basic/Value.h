@@ -50,6 +50,8 @@ class Value {
     friend bool operator==(const Value&, const Value&) = default;
 
   private:
+    friend std::string TextOrEmpty(Value&& value);
+
     std::variant<Null, bool, std::int16_t, std::int32_t, double, Date, std::string> held_;
 };
 
@@ -64,6 +66,7 @@ Date ToDate(const Value& value);  // numbers are serials, raises 6 beyond the ye
                                   // IsDate takes them
 
 std::string TextOrEmpty(const Value& value);  // ToText, but Null joined to a text reads ""
+std::string TextOrEmpty(Value&& value);       // the same; a text is taken out, not copied
 double NumberOrZero(const Value& value);      // ToDouble, but Null reads 0
 
 }  // namespace basic
