@@ -252,7 +252,7 @@ void frmPO::cmdSave_Click() {
 
 // The number is drawn before the transaction, and nothing reserves it.
 void frmPO::SaveNew() {
-    if (highest_) {
+    if (highest_ && highest_->State() != ado::adStateClosed) {
         highest_->Requery();
     } else {
         highest_ = std::make_shared<ado::Recordset>();

@@ -47,6 +47,17 @@ class OrderScreensTest : public ReceiptScreensTest {
             SaveOrder();
         });
     }
+    // What comes of each line, with its bill, in the window of receipts that the order's button brings.
+    void Receive(const Lines& qtys, const char* discount, int number) {
+        auto& receipt = forms::Default<qm::frmPOReceipt>();
+        receipt.ui().txtBillNo->SetText("B/" + std::to_string(number));
+        receipt.ui().cmbPurchaseLedger->SetText("Bought");
+        for (int row = 1; row <= static_cast<int>(qtys.size()); ++row)
+            Enter(receipt, *receipt.ui().vsItems, row, 6, qtys[static_cast<std::size_t>(row - 1)]);
+        receipt.ui().txtDiscount->SetText(discount);
+        ExpectBox("Saved PO Receipt with No. '" + std::to_string(number) + "'");
+        Click(receipt.ui().cmdSave);
+    }
     static Lines Nodes() {
         Lines texts;
         forms::TreeView& tree = *Orders().ui().tvPO;

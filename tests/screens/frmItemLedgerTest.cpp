@@ -152,6 +152,8 @@ TEST_F(ItemLedgerTest, ANullNoteAndANullReceiptFailAndShortSupplyDoesNothing) {
     Click(screen.ui().ucItemLedger->ui().cmdOk);
     EXPECT_FALSE(screen.ui().ucItemLedger->ui().cmdOk->Enabled());
     EXPECT_TRUE(screen.Visible());
+    Click(screen.ui().ucItemLedger->ui().optAll);
+    EXPECT_TRUE(screen.ui().ucItemLedger->ui().cmdOk->Enabled());
 }
 
 // The from date goes by the calendar year of today, so before April it lies beyond today and the year.
@@ -160,6 +162,11 @@ TEST_F(ItemLedgerTest, DatesAreThoseOfTheCalendarYear) {
     OpenScreen();
     EXPECT_EQ(screen.ui().dtpDateFrom->Value(), basic::MakeDate(2002, 4, 1));
     EXPECT_EQ(screen.ui().dtpDateUpTo->Value(), basic::MakeDate(2002, 2, 5));
+    screen.ui().dtpDateFrom->SetFocus();
+    ExpectBox("Please select the date in Financial Year range \r\n\r\n'01-Apr-2001' to '31-Mar-2002'");
+    screen.ui().ucItemLedger->SetFocus();
+    EXPECT_EQ(screen.ui().dtpDateFrom->Value(), basic::MakeDate(2001, 4, 1));
+    EXPECT_EQ(Active(screen), "dtpDateFrom");
     screen.ui().dtpDateUpTo->SetFocus();
     screen.ui().dtpDateUpTo->SetValue(basic::MakeDate(2002, 4, 1));
     ExpectBox("Please select the date in Financial Year range \r\n\r\n'01-Apr-2001' to '31-Mar-2002'");

@@ -150,6 +150,21 @@ TEST_F(POReceiptTest, AFullyReceivedLineTakesNothing) {
     EXPECT_THAT(Bills(), ElementsAre("B/9|1|1|True|7|0|0|0", "B/9|2|2|True|7|0|0|0"));
 }
 
+// Without a discount a row's figure builds on the row before; a row that is not received has none.
+TEST_F(POReceiptTest, CarriesTheLandingCostFromRowToRow) {
+    AddLine(3, "Lime", "5", "Null");
+    AddItem(3, "Lime", "20");
+    Open([&] {
+        FillHead();
+        Enter(1, 6, "1");
+        Enter(3, 6, "1");
+        SetRates(ui(), "", "10", "", "");
+        ExpectSaved(1);
+        Click(ui().cmdSave);
+    });
+    EXPECT_EQ(Rows("Select ItemLedItemID, ItemLandingCost From tblItemLed2001"), (Lines{"1|10", "3|202"}));
+}
+
 TEST_F(POReceiptTest, TwoReceiptsFollowEachOtherFromOneWindow) {
     Run("Insert Into tblItemLed2001 (ItemLedTrnNo, ItemLedTrnType) Values (6, 'Issue')");
     Open([&] {

@@ -26,6 +26,7 @@ class OrderTest : public OrderScreensTest {
 };
 
 TEST_F(OrderTest, IsRaisedAndShownInTheTree) {
+    books.AddLedger("Bolt", "Debtors");
     RaiseOrder();
     EXPECT_EQ(OrderRows(), Lines{"1|Acme|37009|at once|False"});
     EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|Null", "1|2|Sand|4|Null"}));
@@ -41,16 +42,32 @@ TEST_F(OrderTest, IsRaisedAndShownInTheTree) {
         EXPECT_EQ(Shown(), (Lines{"|1|Coal|100|10", "|2|Sand|50|4", "||||"}));
         EXPECT_EQ(Orders().ui().txtDelTerm->Text(), "at once");
         EXPECT_TRUE(Orders().ui().cmdRecieved->Enabled());
+        Orders().ui().dtpDate->SetValue(basic::MakeDate(2001, 6, 1));
+        ChooseSupplier("Bolt");  // without an order: the terms stay
+        EXPECT_EQ(Orders().ui().txtDelTerm->Text(), "at once");
+        ChooseSupplier();
+        ChooseOrder("1PO");
+        ChooseOrder("New");
+        EXPECT_EQ(Shown(), Lines{"||||"});
+        EXPECT_EQ(Orders().ui().txtDelTerm->Text(), "");
+        EXPECT_EQ(Orders().ui().dtpDate->Value(), basic::MakeDate(2001, 4, 30));
+        EXPECT_FALSE(Orders().ui().cmdCancelPO->Enabled() || Orders().ui().cmdDeletePO->Enabled());
     });
 }
 
 // Nothing stands after a save; a second order draws its number from the refreshed set.
 TEST_F(OrderTest, SavesInOneTransactionAndEndsSilentlyWithoutLines) {
+    AddItem(3, "Pete's peat", "7");
     OnOrders([&] {
         ChooseSupplier();
         SaveOrder();  // no lines: silent
-        PickItems({"Coal"});
+        PickItems({"Coal", "Pete's peat"});
         EnterQty(1, "1");
+        EnterQty(2, "1");
+        ExpectBox("Cannot save Purchase Order");  // head and first line are undone
+        ExpectLogged("frmPO", "Syntax error: a text does not end", "ado.Statement");
+        SaveOrder();
+        EXPECT_EQ(OrderRows().size() + OrderLines().size(), 0U);
         Orders().ui().txtDelTerm->SetText("by \"rail\"");
         ExpectBox("Cannot save Purchase Order");
         ExpectLogged("frmPO", "Syntax error: ')' is expected where 'rail' stands", "ado.Statement");
@@ -68,6 +85,41 @@ TEST_F(OrderTest, SavesInOneTransactionAndEndsSilentlyWithoutLines) {
         }
     });
     EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|3|Null", "2|1|Coal|3|Null"}));
+}
+
+// A year may lack the tables of orders; back in the year that has them, the same window saves.
+TEST_F(OrderTest, DrawsItsNumberAgainAfterAFailure) {
+    OnOrders([&] {
+        ChooseSupplier();
+        PickItems({"Coal"});
+        EnterQty(1, "1");
+        qm::shared().FinYear = "1999";
+        Orders().ui().dtpDate->SetValue(basic::MakeDate(1999, 5, 1));
+        ExpectBox("Cannot save Purchase Order");
+        ExpectLogged("frmPO", "The table 'tblPo1999' is not in the books", "ado.Statement");
+        SaveOrder();
+        qm::shared().FinYear = "2001";
+        Orders().ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1));
+        ExpectBox("Purchase Order Saved with No.'1'");
+        SaveOrder();
+    });
+}
+
+TEST_F(OrderTest, AFailedChangeLeavesTheOrder) {
+    RaiseOrder();
+    OnOrders([&] {
+        ChooseSupplier();
+        ChooseOrder("1PO");
+        EnterQty(1, "5");
+        EnterQty(2, "6");
+        Orders().ui().txtDelTerm->SetText("later");
+        Run("Delete From tblPODet2001 Where PoDetItemID = 2");
+        ExpectBox("Cannot save Purchase Order");
+        ExpectLogged("frmPO");
+        SaveOrder();
+    });
+    EXPECT_EQ(OrderRows(), Lines{"1|Acme|37009|at once|False"});
+    EXPECT_EQ(OrderLines(), Lines{"1|1|Coal|10|Null"});
 }
 
 TEST_F(OrderTest, ChangesALineAddsOneAndHidesOne) {
@@ -123,6 +175,37 @@ TEST_F(OrderTest, ATouchedOrderIsForViewingOnly) {
     EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|1", "1|2|Sand|4|Null"}));
 }
 
+// In part and in full: the order stays in the tree and can be received against; a save changes nothing.
+TEST_F(OrderTest, FollowsItsReceipts) {
+    books.AddLedger("Bought", "Purchase");
+    RaiseOrder();
+    const auto isMarked = [] { return !Orders().ui().tvPO->Item("1PO").icon(0).isNull(); };
+    OnOrders([&] {
+        ChooseSupplier();
+        EXPECT_FALSE(isMarked());
+        int number = 0;
+        for (const Lines& came : {Lines{"3"}, Lines{"7", "4"}}) {
+            ChooseOrder("1PO");
+            script.Modal("frmPOReceipt", [&](forms::Form& form) {
+                BringToFront(form);
+                Receive(came, "", ++number);
+            });
+            Click(Orders().ui().cmdRecieved);
+            EXPECT_EQ(Orders().ui().cmbSuppliers->Text(), "Acme");
+            EXPECT_EQ(Nodes(), (Lines{"1", "<New>"}));
+            EXPECT_TRUE(isMarked());
+            EXPECT_FALSE(Orders().ui().cmdRecieved->Enabled()) << "<New> is selected";
+            ChooseOrder("1PO");
+            EXPECT_FALSE(Orders().ui().txtDelTerm->Enabled());
+            EXPECT_TRUE(Orders().ui().cmdRecieved->Enabled());
+        }
+        ExpectBox("Purchase order saved");
+        SaveOrder();
+    });
+    EXPECT_EQ(OrderRows(), Lines{"1|Acme|37009|at once|False"});
+    EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|10", "1|2|Sand|4|4"}));
+}
+
 TEST_F(OrderTest, IsCancelledOrDeleted) {
     RaiseOrder();
     OnOrders([&] {
@@ -131,6 +214,9 @@ TEST_F(OrderTest, IsCancelledOrDeleted) {
         ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbNo);
         Click(Orders().ui().cmdDeletePO);
         EXPECT_EQ(Orders().ui().cmbSuppliers->Text(), "");  // empty after No as well
+        PickItems({"Coal"});
+        Click(Orders().ui().cmdDeletePO);  // no order is selected: nothing is asked
+        EXPECT_EQ(Shown(), Lines{"||||"});
         ChooseSupplier();
         ChooseOrder("1PO");
         ExpectBox("Cancel PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbYes);
@@ -164,6 +250,11 @@ TEST_F(OrderTest, SavesAreRefusedInOrder) {
         Key(Orders(), Qt::Key_S, Qt::ControlModifier);
         ChooseSupplier();
         PickItems({"Coal"});
+        Orders().ui().tvPO->SelectedItem()->SetSelected(false);
+        ExpectBox("Please select any item from PO's section to add or modify");
+        SaveOrder();
+        EXPECT_EQ(Orders().ui().tvPO->SelectedItem()->Text(), "<New>");
+        Orders().ui().tvPO->SelectedItem()->SetSelected(false);  // the date is looked at first
         Orders().ui().dtpDate->SetValue(basic::MakeDate(2001, 3, 31));
         ExpectBox("Please select the date in Financial Year range \r\n\r\n'01-Apr-2000' to '31-Mar-2001'");
         SaveOrder();
@@ -185,7 +276,10 @@ TEST_F(OrderTest, CellsTakeOnlyWhatTheyMay) {
             Grid().EditCell();
             EXPECT_FALSE(Grid().Editing()) << col;
         }
-        PickItems({"Coal"});
+        Grid().Select(1, Col::NameCol);
+        Key(Orders(), Qt::Key_Return);  // the column drops what is typed: no picker comes
+        ExpectPick({"Coal"});
+        Key(Orders(), Qt::Key_F4);
         Grid().Select(1, Col::NameCol);
         Key(Orders(), Qt::Key_Space);  // the item is chosen: no picker comes
         EnterQty(1, "-1a2.5");
