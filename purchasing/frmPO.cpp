@@ -79,9 +79,11 @@ void frmPO::Form_Unload() {
 }
 
 void frmPO::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    if (keyCode == 'S') cmdSave_Click();
-    if (keyCode == 'X') Unload();
+    OnCtrl(keyCode, shift,
+           {
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 void frmPO::ResetPurchaseOrders() {

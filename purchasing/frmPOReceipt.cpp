@@ -58,9 +58,11 @@ void frmPOReceipt::Wire() {
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
 void frmPOReceipt::Form_KeyDown(int keyCode, int shift) {
-    if (!(shift & forms::vbCtrlMask)) return;
-    if (keyCode == 'S') cmdSave_Click();
-    if (keyCode == 'X') Unload();
+    OnCtrl(keyCode, shift,
+           {
+               {'S', [this] { cmdSave_Click(); }},
+               {'X', [this] { Unload(); }},
+           });
 }
 
 bool frmPOReceipt::IsSaved() {

@@ -37,9 +37,9 @@ class DTPicker : public QDateEdit, public Control {
     void ToPart(QDateTimeEdit::Section part);
     void FinishTyping();
 
-    QString typed_;  // of the part that the cursor is in
-    int day_ = 0;    // as it was typed: a month without it shows its last day
-    QDate shown_;    // what typing made of the date
+    QString typed_;         // of the part that the cursor is in
+    int day_ = 0;           // as it was typed: a month without it shows its last day
+    QDate shown_;           // what typing made of the date
     bool movedOn_ = false;  // by itself, from a part that was full
 };
 

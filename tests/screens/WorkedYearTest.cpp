@@ -356,8 +356,8 @@ TEST_F(WorkedYearTest, FromTheOpeningsToTheNextYear) {
     EXPECT_THAT(host::Audit::Run(), IsEmpty());
 }
 
-// The name in Devanagari is 16 characters, most of three bytes: typed, searched, cut, stored and printed as any
-// other.
+// The name in Devanagari is 16 characters, most of three bytes: typed, searched, cut, stored and printed as
+// any other.
 TEST_F(WorkedYearTest, ALedgerInAnotherScriptGoesThroughAllScreens) {
     const std::string name = "राजेश कागज भंडार";
     AddLedger(name.c_str(), "Suppliers");
