@@ -36,6 +36,9 @@ bool AnyNull(const Arguments& a) {
 }
 
 Value Like(const Arguments& a) {
+    const auto* text = a[0].As<std::string>();
+    const auto* pattern = a[1].As<std::string>();
+    if (text && pattern) return basic::LikeText(*text, *pattern);
     if (AnyNull(a)) return {};
     return basic::LikeText(basic::ToText(a[0]), basic::ToText(a[1]));
 }

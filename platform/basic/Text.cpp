@@ -31,12 +31,16 @@ Code Next(std::string_view text, std::size_t& at) {
     return code;
 }
 
-Code NextFolded(std::string_view text, std::size_t& at) {
-    if (IsAscii(text[at])) return static_cast<unsigned char>(LowerAscii(text[at++]));
+Code NextFoldedBeyondAscii(std::string_view text, std::size_t& at) {
     const Code code = Next(text, at);
     // The dotted capital and the dotless small I of Turkish are no case of the plain letter.
     if (code >= 0x110000 || code == 0x130 || code == 0x131) return code;
     return utf8proc_tolower(utf8proc_toupper(code));
+}
+
+inline Code NextFolded(std::string_view text, std::size_t& at) {
+    if (IsAscii(text[at])) return static_cast<unsigned char>(LowerAscii(text[at++]));
+    return NextFoldedBeyondAscii(text, at);
 }
 
 // The byte place behind `count` characters from `from`.
