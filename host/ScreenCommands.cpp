@@ -1,9 +1,12 @@
 // The main menu, single screens, and files of what they show.
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <unistd.h>
 
+#include "core/MsgBox.h"
 #include "core/Screens.h"
 #include "host/Command.h"
 #include "host/Exit.h"
@@ -24,22 +27,34 @@ std::string FolderOf(const ScreenOptions& options) {
     return UserBooksStand() ? UserBooksFolder().string() : "";
 }
 
+// A start from the desktop names no folder and has no terminal that would show why it failed.
+bool StartedFromDesktop(const ScreenOptions& options) {
+    return options.folder.empty() && isatty(STDERR_FILENO) == 0 && qm::DisplayIsThere();
+}
+
+// Opens the books and does `work` with them.
+int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+    try {
+        const std::string folder = FolderOf(options);
+        if (folder.empty()) return ExitFailed;
+        OpenBooks books(folder);
+        work(books);
+        return ExitOk;
+    } catch (const basic::Error& error) {
+        if (StartedFromDesktop(options)) qm::MsgBox(error.Description, qm::vbOKOnly, qm::AppTitle);
+        throw;
+    }
+}
+
 int ShowMenuOf(const ScreenOptions& options) {
-    const std::string folder = FolderOf(options);
-    if (folder.empty()) return ExitFailed;
-    OpenBooks(folder).Host().QmMainMenu();
-    return ExitOk;
+    return OnBooks(options, [](OpenBooks& books) { books.Host().QmMainMenu(); });
 }
 
 int OpenOne(const ScreenOptions& options) {
     const std::vector<std::string> names = qm::ScreenNames();
     if (!names.empty() && std::find(names.begin(), names.end(), options.screen) == names.end())
         Fail("there is no screen '" + options.screen + "' (see qmhost open --help)");
-    const std::string folder = FolderOf(options);
-    if (folder.empty()) return ExitFailed;
-    const OpenBooks books(folder);
-    qm::OpenScreen(options.screen);
-    return ExitOk;
+    return OnBooks(options, [&options](OpenBooks&) { qm::OpenScreen(options.screen); });
 }
 
 // Asked for only when the help is shown: it loads the screens.
@@ -62,13 +77,7 @@ void AddFiles(CLI::App& app, Command& chosen, const char* name, const char* what
     command->add_option("DIR", options->folder, OwnFolder);
     command->footer(example);
     command->callback([to, options, write, &chosen] {
-        chosen = [to, options, write] {
-            const std::string folder = FolderOf(*options);
-            if (folder.empty()) return ExitFailed;
-            const OpenBooks books(folder);
-            write(*to);
-            return ExitOk;
-        };
+        chosen = [to, options, write] { return OnBooks(*options, [&to, write](OpenBooks&) { write(*to); }); };
     });
 }
 
