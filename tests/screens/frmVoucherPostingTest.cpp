@@ -85,7 +85,9 @@ TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
             ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
                       qm::vbYesNo + qm::vbInformation, qm::vbYes);
             Key(screen, Qt::Key_Delete);
+            Type(screen, "C");  // the cursor stands on a line that is gone
         }
+        EXPECT_EQ(Cell(1, VoucherColumn::Side), "Dr.");
         EXPECT_EQ(Cell(LastRow(), VoucherColumn::DrAmount), "");
         EXPECT_EQ(Posted().size(), 2U);
     };
