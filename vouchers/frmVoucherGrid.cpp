@@ -81,10 +81,11 @@ void frmVoucher::vsVoucher_AfterRowColChange() {
     if (ui().vsVoucher->Col() != Ledger) ui().vsCombo->SetVisible(false);
 }
 
-// A line takes its side first; an amount goes only into the column of its side.
+// A line takes its side first; an amount goes only into the column of its side. A removed line, on which the
+// cursor may still stand, takes nothing more: what stands on it is what Save takes back.
 void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
     ui().vsCombo->SetVisible(false);
-    if (col == Balance) {
+    if (col == Balance || ui().vsVoucher->RowHidden(row)) {
         cancel = true;
         return;
     }

@@ -10,6 +10,7 @@
 #include "platform/forms/Control.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/FormWindow.h"
+#include "platform/forms/grid/CellEditor.h"
 
 namespace forms {
 namespace {
@@ -33,6 +34,14 @@ int LetterOf(const QKeyEvent& key) {
 bool IsCtrlLetter(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     return modifiers == Qt::ControlModifier && LetterOf(key) != 0;
+}
+
+// Marking, copying and pasting in an open cell belong to its editor: they end no edit, and no screen with
+// such cells has a command on them.
+bool IsOfEditor(const QWidget& widget, const QKeyEvent& key) {
+    return dynamic_cast<const CellEditor*>(&widget) != nullptr &&
+           (key.matches(QKeySequence::SelectAll) || key.matches(QKeySequence::Copy) ||
+            key.matches(QKeySequence::Paste));
 }
 
 }  // namespace
@@ -83,7 +92,7 @@ bool EventRouter::eventFilter(QObject* object, QEvent* event) {
 // focus.
 bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key) {
     const QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
-    if (&widget != focused || !IsCtrlLetter(key)) return false;
+    if (&widget != focused || !IsCtrlLetter(key) || IsOfEditor(widget, key)) return false;
     const QPointer<FormWindow> form = &window;
     const QPointer<QWidget> target = &widget;
     bool goesOn = true;

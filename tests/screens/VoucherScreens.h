@@ -66,12 +66,12 @@ class VoucherScreenTest : public test::ScreenTest {
         Save();
     }
     // A receipt of 100 from sales into the bank, posted by the screen.
-    void PostReceipt() {
+    void PostReceipt(int number = 1) {
         OnScreen(0, [&] {
             ChooseType("Receipt");
             Line(1, "Dr.", "Bank", "100");
             ChooseLedger(2, "Sales");
-            SaveAs(1);
+            SaveAs(number);
         });
     }
     static std::string Log(const std::string& description) {

@@ -11,8 +11,10 @@ using qm::VoucherColumn;
 
 class VoucherPostingTest : public test::VoucherScreenTest {};
 
+// Delete empties a cell, which is no edit: the line does not count as changed.
 TEST_F(VoucherPostingTest, AnUnchangedVoucherIsSavedWithoutWriting) {
     PostReceipt();
+    Run("Update tb_Ledger2001 Set LedgerNarration = 'told'");
     const Lines before = Posted();
     OnScreen(1, [&] {
         EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
@@ -20,6 +22,10 @@ TEST_F(VoucherPostingTest, AnUnchangedVoucherIsSavedWithoutWriting) {
         EXPECT_EQ(Cell(1, VoucherColumn::Ledger), "Bank of Test");
         EXPECT_EQ(Cell(2, VoucherColumn::Side), "Cr.");
         EXPECT_EQ(Cell(3, VoucherColumn::Side), "");  // the empty line after the loaded ones
+        Grid().SetFocus();
+        Grid().Select(1, VoucherColumn::Particulars);
+        Key(screen, Qt::Key_Delete);
+        EXPECT_EQ(Cell(1, VoucherColumn::Particulars), "");
         SaveAs(1);
     });
     EXPECT_EQ(Posted(), before);
@@ -45,22 +51,31 @@ TEST_F(VoucherPostingTest, AnEditReplacesTheRowAndLeavesTheTotal) {
     EXPECT_EQ(Totals(cash), "150|0");
 }
 
-TEST_F(VoucherPostingTest, AChangedDateFailsTheFirstChangedLine) {
+// The row is looked for by what the screen shows now; where no line was changed, none is looked for.
+TEST_F(VoucherPostingTest, AChangedDateOrTypeFailsTheFirstChangedLine) {
     PostReceipt();
     const Lines before = Posted();
-    OnScreen(1, [&] {
-        screen.ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1));
-        Enter(1, VoucherColumn::Particulars, "later");
-        ExpectBox("Cannot save Voucher");  // a count of 0 is not logged
-        Save();
-        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
-    });
+    const std::function<void()> changes[] = {
+        [&] { screen.ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1)); },
+        [&] { screen.ui().cmbVoucherType->SetText("Journal"); }};
+    for (const auto& change : changes)
+        OnScreen(1, [&] {
+            change();
+            Enter(1, VoucherColumn::Particulars, "later");
+            ExpectBox("Cannot save Voucher");  // a count of 0 is not logged
+            Save();
+            EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
+            Key(screen, Qt::Key_Z, Qt::ControlModifier);
+            change();
+            SaveAs(1);
+        });
     EXPECT_EQ(Posted(), before);
     EXPECT_EQ(Totals(bank), "100|0");
     EXPECT_EQ(Rows("Select * From tblError"), Lines{});
 }
 
-// A removed line is found by the name on it: a second ledger of that name fails it.
+// A removed line is found by the name on it: a second ledger of that name fails it. A total that is Null
+// stays so.
 TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
     PostReceipt();
     const auto remove = [&] {
@@ -70,7 +85,9 @@ TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
             ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
                       qm::vbYesNo + qm::vbInformation, qm::vbYes);
             Key(screen, Qt::Key_Delete);
+            Type(screen, "C");  // the cursor stands on a line that is gone
         }
+        EXPECT_EQ(Cell(1, VoucherColumn::Side), "Dr.");
         EXPECT_EQ(Cell(LastRow(), VoucherColumn::DrAmount), "");
         EXPECT_EQ(Posted().size(), 2U);
     };
@@ -83,13 +100,14 @@ TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
     });
     EXPECT_EQ(Posted().size(), 2U);
     Run("Delete From Ledger_Master Where Ledger_ID = 9999");
+    Run("Update Ledger_Details Set LedDetCRTxnTot = Null Where Ledger_ID = " + std::to_string(sales));
     OnScreen(1, [&] {
         remove();
         SaveAs(1);
     });
     EXPECT_EQ(Posted(), Lines{});
     EXPECT_EQ(Totals(bank), "0|0");
-    EXPECT_EQ(Totals(sales), "0|0");
+    EXPECT_EQ(Totals(sales), "0|Null");
 }
 
 // The name on the line is the new ledger's, and no saved row bears it.
@@ -146,6 +164,37 @@ TEST_F(VoucherPostingTest, TheThirdLineOfFourFails) {
     });
     EXPECT_EQ(Rows("Select LedgerTrnNo, LedgerName From tb_Ledger2001"),
               (Lines{"1|Rent", "1|Cash", "2|Rent", "2|Cash", "2|Sales", "2|Bank of Test"}));
+}
+
+// They are found by the ledger alone: an edit of the one takes the other's row along, but not its amount.
+TEST_F(VoucherPostingTest, OfTwoLinesOnOneLedgerAnEditLeavesOne) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "100");
+        Line(2, "Cr.", "Cash", "60");
+        Enter(3, VoucherColumn::Side, "Cr.");
+        ChooseLedger(3, "Cash");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Totals(cash), "0|100");
+    OnScreen(1, [&] {
+        Enter(2, VoucherColumn::Particulars, "first");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Rows("Select LedgerName, LedgerCrAmt From tb_Ledger2001"), (Lines{"Rent|0", "Cash|60"}));
+    EXPECT_EQ(Totals(cash), "0|100");
+}
+
+// Numbers go by the highest: one that a deleted voucher left free below it stays free.
+TEST_F(VoucherPostingTest, OnlyTheHighestNumberIsUsedAgain) {
+    for (const int number : {1, 2, 3}) PostReceipt(number);
+    for (const int deleted : {2, 3}) {
+        EXPECT_TRUE(books.Host().DeleteVoucher(deleted));
+        PostReceipt(deleted == 2 ? 4 : 5);
+    }
+    EXPECT_TRUE(books.Host().DeleteVoucher(5));
+    PostReceipt(5);
+    EXPECT_EQ(Rows("Select Distinct LedgerTrnNo From tb_Ledger2001"), (Lines{"1", "4", "5"}));
 }
 
 // What the screen posts and what a host posts differ in the balance (after, before) and in the total of the

@@ -1,4 +1,6 @@
 // Entering vouchers as a bookkeeper does: the grid, its list of ledgers, its tests.
+#include <QClipboard>
+
 #include <gmock/gmock.h>
 
 #include "VoucherScreens.h"
@@ -8,6 +10,9 @@ using namespace testing;
 namespace {
 
 using qm::VoucherColumn;
+
+constexpr const char* SameLedger =
+    "Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one";
 
 class VoucherTest : public test::VoucherScreenTest {};
 
@@ -141,6 +146,12 @@ TEST_F(VoucherTest, CellsTakeOnlyWhatTheyMay) {
         Enter(1, VoucherColumn::CrAmount, "-12x3456789012");
         EXPECT_EQ(Cell(1, VoucherColumn::CrAmount), "123456789");
         Grid().Select(1, VoucherColumn::CrAmount);
+        Type(screen, "7");
+        QGuiApplication::clipboard()->setText("Rs -1,250 only");
+        Key(screen, Qt::Key_V, Qt::ControlModifier);  // of a pasted text too only the digits are taken
+        Key(screen, Qt::Key_Return);
+        EXPECT_EQ(Cell(1, VoucherColumn::CrAmount), "71250");
+        Grid().Select(1, VoucherColumn::CrAmount);
         Type(screen, "1.2.3");
         ExpectBox("Please enter a valid numeric integer");
         Key(screen, Qt::Key_Return);
@@ -250,12 +261,10 @@ TEST_F(VoucherTest, UndoReloadsAndNewEmpties) {
 
 // The line above counts, and no other.
 TEST_F(VoucherTest, TheOtherSideOfALineTakesAnotherLedger) {
-    const std::string box =
-        "Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one";
     OnScreen(0, [&] {
         ChooseType("Journal");
         Line(1, "Dr.", "Rent", "100");
-        ExpectBox(box);
+        ExpectBox(SameLedger);
         ChooseLedger(2, "Rent");
         Key(screen, Qt::Key_Escape);
         EXPECT_EQ(Cell(2, VoucherColumn::Ledger), "");
@@ -315,6 +324,51 @@ TEST_F(VoucherTest, TheTotalsAreComparedWholeAndTheCreditSideIsTested) {
     EXPECT_EQ(Posted(), Lines{});
 }
 
+// Less than half a paisa is not seen, and so it is saved.
+TEST_F(VoucherTest, TotalsThatReadAlikeAreSaved) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "100.004");
+        Line(2, "Cr.", "Cash", "100");
+        ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
+                  qm::vbYesNo + qm::vbInformation, qm::vbYes);
+        Grid().Select(3, VoucherColumn::Side);
+        Key(screen, Qt::Key_Delete);
+        SaveAs(1);
+    });
+    EXPECT_EQ(Rows("Select LedgerDrAmt, LedgerCrAmt From tb_Ledger2001"), (Lines{"100.004|0", "0|100"}));
+}
+
+// What was typed into an open cell or list is taken first; what they refuse stops the Save.
+TEST_F(VoucherTest, AnOpenEditIsFinishedBeforeTheSave) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "100");
+        Grid().Select(1, VoucherColumn::DrAmount);
+        Type(screen, "1.2.3");
+        ExpectBox("Please enter a valid numeric integer");
+        Save();
+        Key(screen, Qt::Key_Escape);
+        Grid().Select(2, VoucherColumn::Ledger);
+        Type(screen, "Ren");
+        ExpectBox(SameLedger);
+        Save();
+        EXPECT_EQ(Posted(), Lines{});
+        Key(screen, Qt::Key_Escape);
+        Grid().EditCell();
+        Type(screen, "Cas");
+        SaveAs(1);
+    });
+    OnScreen(1, [&] {
+        Grid().SetFocus();
+        Grid().Select(2, VoucherColumn::Particulars);
+        Type(screen, "late");
+        SaveAs(1);
+    });
+    EXPECT_EQ(Rows("Select LedgerName, LedgerCrAmt, LedgerNarration From tb_Ledger2001"),
+              (Lines{"Rent|0|", "Cash|100|late"}));
+}
+
 // A count of 0 is no error of its own: the box, and nothing in the log.
 TEST_F(VoucherTest, ALedgerWithoutARowOfTheYearFailsItsLine) {
     Run("Update Ledger_Details Set Opening_Bal = 100 Where Ledger_ID = " + std::to_string(sales));
@@ -325,6 +379,10 @@ TEST_F(VoucherTest, ALedgerWithoutARowOfTheYearFailsItsLine) {
         Run("Delete From Ledger_Details Where Ledger_ID = " + std::to_string(sales));
         ExpectBox("Cannot save Voucher");
         Save();
+        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "<New>");
+        Key(screen, Qt::Key_Z, Qt::ControlModifier);  // the number that was taken: the line that stands
+        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "1");
+        EXPECT_EQ(Cell(1, VoucherColumn::Ledger) + Cell(2, VoucherColumn::Ledger), "Bank of Test");
     });
     EXPECT_EQ(Rows("Select LedgerName From tb_Ledger2001"), Lines{"Bank of Test"});
     EXPECT_EQ(Rows("Select * From tblError"), Lines{});

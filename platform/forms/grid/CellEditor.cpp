@@ -59,9 +59,11 @@ void CellEditor::inputMethodEvent(QInputMethodEvent* event) {
     Take(typed);
 }
 
+// A box of one line takes a text up to the end of its first line.
 void CellEditor::Take(const QString& text) {
     const QPointer<CellEditor> self = this;
     for (const QChar c : text) {
+        if (c == '\n' || c == '\r') break;
         int ascii = c.unicode();
         filter_(ascii);
         if (!self) return;

@@ -129,6 +129,25 @@ TEST_F(VSFlexGridEditTest, CtrlLetterCompletesTheEditFirst) {
     EXPECT_EQ(Text(1, 1), "5");
 }
 
+// They neither end the edit nor come to the form, and what is pasted goes the way of what is typed.
+TEST_F(VSFlexGridEditTest, TheClipboardsLettersAreTheOpenEditorsOwn) {
+    Type("4");
+    QGuiApplication::clipboard()->setText("-9-\n8");
+    Logged();
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(Logged(), ElementsAre("KeyPressEdit", "KeyPressEdit", "KeyPressEdit"));
+    EXPECT_EQ(control().EditText(), "49");
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "49");
+    EXPECT_THAT(Logged(), IsEmpty());
+    Key(Qt::Key_Return);
+    Logged();
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(Logged(), testing::Contains("Form V"));
+    EXPECT_FALSE(control().Editing());
+}
+
 TEST_F(VSFlexGridEditTest, ACancelledEditOpensNoEditor) {
     control().Select(1, 3);
     Logged();
