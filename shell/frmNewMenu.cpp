@@ -145,6 +145,7 @@ void frmNewMenu::MarkOption(int row) {
 }
 
 void frmNewMenu::Press(forms::VSFlexGrid& grid) {
+    Release(grid);  // a second button may be pressed while the first is held
     pressedRow_ = grid.MouseRow();
     if (pressedRow_ < 0) return;
     colourBefore_ = grid.CellBackColor(pressedRow_, 0);

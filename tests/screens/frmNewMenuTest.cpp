@@ -110,6 +110,8 @@ TEST_F(MenuTest, AReleaseElsewhereMarksNoSecondRow) {
         const unsigned shown = colour(5);
         QTest::mousePress(categories.viewport(), Qt::LeftButton, {}, Place(categories, 5, 0));
         EXPECT_NE(colour(5), shown);
+        QTest::mousePress(categories.viewport(), Qt::RightButton, {}, Place(categories, 5, 0));
+        QTest::mouseRelease(categories.viewport(), Qt::RightButton, {}, Place(categories, 5, 0));
         QTest::mouseRelease(categories.viewport(), Qt::LeftButton, {}, Place(categories, 5, 0));
         EXPECT_EQ(colour(5), shown);
         drag(categories, 5, 15, 0);
