@@ -1,6 +1,7 @@
 #include "shell/frmNewMenu.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "core/DBCode.h"
@@ -144,18 +145,21 @@ void frmNewMenu::MarkOption(int row) {
 }
 
 void frmNewMenu::Press(forms::VSFlexGrid& grid) {
+    Release(grid);  // a second button may be pressed while the first is held
     pressedRow_ = grid.MouseRow();
-    if (pressedRow_ > -1) Paint(grid, pressedRow_, &grid == ui().vsOptions ? OptionPressed : CategoryPressed);
+    if (pressedRow_ < 0) return;
+    colourBefore_ = grid.CellBackColor(pressedRow_, 0);
+    Paint(grid, pressedRow_, PressedColour(grid));
 }
 
+// A row that was painted anew while the mouse was dragged over others keeps that colour.
 void frmNewMenu::Release(forms::VSFlexGrid& grid) {
-    if (pressedRow_ > -1) {
-        const bool option = &grid == ui().vsOptions;
-        const bool live =
-            option ? !grid.TextMatrix(pressedRow_, 1).empty() : CategoryAt(pressedRow_) != nullptr;
-        Paint(grid, pressedRow_, !live ? forms::NoColor : option ? OptionShown : CategoryShown);
-    }
-    pressedRow_ = -1;
+    const int row = std::exchange(pressedRow_, -1);
+    if (row > -1 && grid.CellBackColor(row, 0) == PressedColour(grid)) Paint(grid, row, colourBefore_);
+}
+
+unsigned frmNewMenu::PressedColour(const forms::VSFlexGrid& grid) {
+    return &grid == ui().vsOptions ? OptionPressed : CategoryPressed;
 }
 
 // A row without a key, and one whose screen does not stand, does nothing.

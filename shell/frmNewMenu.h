@@ -28,6 +28,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     void MarkOption(int row);
     void Press(forms::VSFlexGrid& grid);
     void Release(forms::VSFlexGrid& grid);
+    unsigned PressedColour(const forms::VSFlexGrid& grid);
     void OpenOption(int row);
     void StepCategory(int step);
     void StepOption(int step);
@@ -42,6 +43,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     void cmdExit_Click();
 
     int pressedRow_ = -1;
+    unsigned colourBefore_ = forms::NoColor;  // of the pressed row
 };
 
 }  // namespace qm

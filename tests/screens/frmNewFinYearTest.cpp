@@ -156,13 +156,28 @@ TEST_F(NewFinYearTest, AfterAMissingPreviousYearAKnownYearPasses) {
                  {"2005", "Previous Year Data Not Found"},
                  {"2001", "Previous Year Data Not Found"},
                  {"2003", ""},
-                 {"2002", "Year Already Added"}};
+                 {"2002", "Year Already Added"},
+                 {" 2002", ""},  // known years are compared as texts, the one before as a number
+                 {"2003.0", ""}};
     for (const auto& year : years) {
         EXPECT_EQ(Say(year.typed), year.said) << year.typed;
         if (*year.said) continue;
         EXPECT_EQ(form.ui().txtTo->Text(), std::to_string(std::stoi(year.typed) + 1));
     }
     form.Window()->close();
+}
+
+// The second year is stored as it stands in its box, and one opening adds one year.
+TEST_F(NewFinYearTest, TheSecondYearMayBeTypedAndSaveStaysOff) {
+    Show(form);
+    EXPECT_EQ(Say("2002"), "");
+    Retype(form, "2009");
+    Click(form.ui().cmdSave);
+    EXPECT_EQ(Say("2002"), "Year Already Added");
+    EXPECT_EQ(Say("2003"), "");
+    EXPECT_FALSE(form.ui().cmdSave->Enabled());
+    Key(form, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Years(), (Lines{"2001-2002|True", "2002-2009|False"}));
 }
 
 TEST_F(NewFinYearTest, WithNoYearKnownAnyPasses) {

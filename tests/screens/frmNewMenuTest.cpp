@@ -12,6 +12,11 @@ using namespace testing;
 
 namespace {
 
+// The rows of the categories, and the screens that their options open.
+const std::pair<int, test::Lines> Screens[] = {{5, {"frmFinYear", "frmGrpMain", "Ledger_Master"}},
+                                               {10, {"frmVoucher"}},
+                                               {15, {"frmTPL", "frmDayBook", "frmPartyLedger"}}};
+
 class MenuTest : public test::ScreenTest {
   protected:
     // The host's call, with the menu visited while it stands.
@@ -23,11 +28,11 @@ class MenuTest : public test::ScreenTest {
     }
     // Every option of every category, clicked with the mouse; the screens that come are closed again.
     void WalkWithTheMouse(qm::frmNewMenu& menu) {
-        for (const int category : {5, 10, 15}) {
+        for (const auto& [category, screens] : Screens) {
             Hover(*menu.ui().vsFinOptions, category);
             for (const int row : {0, 3, 6}) {
-                const std::string key = basic::TextOrEmpty(menu.ui().vsOptions->CellData(row, 1));
-                if (const auto* screen = qm::ScreenByKey(key)) script.Modal(std::string(screen->Form));
+                const auto place = static_cast<std::size_t>(row / 3);
+                if (place < screens.size()) script.Modal(screens[place]);
                 ClickCell(*menu.ui().vsOptions, row, 1);
                 EXPECT_TRUE(menu.Visible());
                 EXPECT_EQ(script.LeftOver(), 0U);
@@ -91,7 +96,60 @@ TEST_F(MenuTest, OnlyALiveOptionIsMarkedAndBearsTheHand) {
     });
 }
 
-// Every row whose screen stands opens it and is live again afterwards; the others do nothing.
+// The mouse goes on with its button held: what it comes to is marked, what it left no longer.
+TEST_F(MenuTest, AReleaseElsewhereMarksNoSecondRow) {
+    InMenu([](qm::frmNewMenu& menu) {
+        const auto drag = [](forms::VSFlexGrid& grid, int from, int to, int col) {
+            QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, Place(grid, from, col));
+            Hover(grid.viewport(), Place(grid, to, col), Qt::LeftButton);
+            QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, {-5, -5});  // outside: no click
+        };
+        forms::VSFlexGrid& categories = *menu.ui().vsFinOptions;
+        const auto colour = [&](int row) { return categories.CellBackColor(row, 0); };
+        Hover(categories, 5);
+        const unsigned shown = colour(5);
+        QTest::mousePress(categories.viewport(), Qt::LeftButton, {}, Place(categories, 5, 0));
+        EXPECT_NE(colour(5), shown);
+        QTest::mousePress(categories.viewport(), Qt::RightButton, {}, Place(categories, 5, 0));
+        QTest::mouseRelease(categories.viewport(), Qt::RightButton, {}, Place(categories, 5, 0));
+        QTest::mouseRelease(categories.viewport(), Qt::LeftButton, {}, Place(categories, 5, 0));
+        EXPECT_EQ(colour(5), shown);
+        drag(categories, 5, 15, 0);
+        EXPECT_EQ(colour(5), forms::NoColor);
+        EXPECT_EQ(colour(15), shown);
+
+        forms::VSFlexGrid& options = *menu.ui().vsOptions;
+        drag(options, 0, 3, 1);
+        EXPECT_EQ(Marked(menu), 3);
+    });
+}
+
+// The key decides, by whatever row it is borne: the items' screen is known though no row leads to it.
+TEST_F(MenuTest, DispatchesByTheKeyOfTheRow) {
+    InMenu([this](qm::frmNewMenu& menu) {
+        const struct {
+            const char *key, *screen;
+        } keys[] = {{"ItemMaster", "ItemMaster"}, {"fVoucher", "frmVoucher"}, {"frmVoucher", ""},
+                    {"frmReceipt", ""},           {"frmNobody", ""},          {"", ""}};
+        for (const auto& [key, screen] : keys) {
+            SCOPED_TRACE(key);
+            menu.ui().vsOptions->SetCellData(6, 1, key);
+            if (*screen) script.Modal(screen);
+            ClickCell(*menu.ui().vsOptions, 6, 1);
+            EXPECT_EQ(script.LeftOver(), 0U);
+        }
+    });
+}
+
+TEST_F(MenuTest, ReadsTheCurrentYearAtItsStart) {
+    Run("Insert Into Fnncl_Yr_Mstr (Fnncl_Yr) Values ('2002-2003')");
+    Run("Update Fnncl_Yr_Mstr Set Crrnt_Yr_Flg = False Where Fnncl_Yr = '2001-2002'");
+    Run("Update Fnncl_Yr_Mstr Set Crrnt_Yr_Flg = True Where Fnncl_Yr = '2002-2003'");
+    EXPECT_EQ(qm::shared().FinYear, "2001");
+    InMenu([](qm::frmNewMenu&) { EXPECT_EQ(qm::shared().FinYear, "2002"); });
+}
+
+// Every option opens its screen, and the menu is live again afterwards; rows without one do nothing.
 TEST_F(MenuTest, WalksAllScreensWithTheMouse) {
     InMenu([&](qm::frmNewMenu& menu) {
         WalkWithTheMouse(menu);
@@ -129,26 +187,27 @@ TEST_F(MenuTest, WalksAllScreensWithTheKeyboard) {
     InMenu([&](qm::frmNewMenu& menu) {
         const auto focused = [&] { return menu.ActiveControl()->Name(); };
         EXPECT_EQ(focused(), "vsFinOptions");
-        for (const auto& options : {Masters, Transactions, Reports}) {
+        for (const auto& [category, screens] : Screens) {
             Key(menu, Qt::Key_Down);
-            EXPECT_THAT(Shown(menu), ElementsAreArray(options));
+            EXPECT_EQ(menu.ui().vsFinOptions->Row(), category);
             Key(menu, Qt::Key_Right);
             EXPECT_EQ(focused(), "vsOptions");
-            for (const std::string& option : options) {
-                EXPECT_EQ(Marked(menu), std::stoi(option));
-                const auto* screen = qm::ScreenByKey(option.substr(option.rfind(' ') + 1));
-                if (screen) script.Modal(std::string(screen->Form));
+            int row = 0;
+            for (const std::string& screen : screens) {
+                EXPECT_EQ(Marked(menu), row) << screen;
+                script.Modal(screen);
                 Key(menu, Qt::Key_Return);
                 EXPECT_EQ(script.LeftOver(), 0U);
                 Key(menu, Qt::Key_Down);
+                row += 3;
             }
-            EXPECT_EQ(Marked(menu), std::stoi(options.back())) << "there is none below the last";
+            EXPECT_EQ(Marked(menu), row - 3) << "there is none below the last";
             Key(menu, Qt::Key_Left);
             EXPECT_EQ(Marked(menu), -1);
         }
         Key(menu, Qt::Key_M, Qt::AltModifier);
         EXPECT_THAT(Shown(menu), ElementsAreArray(Masters));
-        if (qm::ScreenByKey("frmFinYear")) script.Modal("frmFinYear");
+        script.Modal("frmFinYear");
         Key(menu, Qt::Key_S, Qt::AltModifier);
         EXPECT_EQ(script.LeftOver(), 0U);
         Key(menu, Qt::Key_Escape);

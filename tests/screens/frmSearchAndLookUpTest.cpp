@@ -111,6 +111,17 @@ TEST_F(LookUpTest, SelectWithoutARow) {
     EXPECT_EQ(Results(), "0 Name");
 }
 
+// The name is read past the row: the error shows, and the name of the choice before is gone all the same.
+TEST_F(LookUpTest, AQueryOfOneColumnHasNoNameToGive) {
+    lookUp.BaseQuery = "select Name from Ledger_Master where Name like 'An%'";
+    InLookUp([&] {
+        script.Box("Run-time error '9':\n\nSubscript out of range");
+        Click(lookUp.ui().cmdget);
+        EXPECT_TRUE(lookUp.Visible());
+    });
+    EXPECT_EQ(Results(), "Anand Traders ");
+}
+
 TEST_F(LookUpTest, NoRowsAtTheFirstShowingDisableSelectUntilTheFormIsUnloaded) {
     const std::string all = std::exchange(lookUp.BaseQuery, lookUp.BaseQuery + " where Name = 'Nobody'");
     InLookUp([&] {
@@ -133,6 +144,27 @@ TEST_F(LookUpTest, AQueryThatFailsLeavesTheGridAsItStands) {
         EXPECT_THAT(Names(), SizeIs(3));
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     });
+}
+
+// A dynamic set does not know its count: the grid grows with it, and ends with its last row.
+TEST_F(LookUpTest, ADynamicSetIsReadToItsEnd) {
+    for (int number = 1; number <= 203; ++number)
+        Run("Insert Into Ledger_Master (Ledger_ID, Name) Values (" + std::to_string(1000 + number) +
+            ", Null)");
+    const auto load = [&](const std::string& condition, int cursorType) {
+        ado::Recordset rows;
+        rows.Open("Select Ledger_ID, Name From Ledger_Master Where Ledger_ID " + condition,
+                  qm::shared().Connection, cursorType, ado::adLockReadOnly);
+        lookUp.LoadRecordsetIntoGrid(rows, Grid(), false, false);
+        return Grid().Rows();
+    };
+    EXPECT_EQ(load("> 1000", ado::adOpenDynamic), 204);
+    EXPECT_EQ(Grid().TextMatrix(203, 0) + Grid().TextMatrix(203, 1) + Grid().TextMatrix(203, 2), "2031203");
+    EXPECT_EQ(basic::ToLong(Grid().ColData(1)), ado::adInteger);
+    EXPECT_EQ(load("= 1001", ado::adOpenDynamic), 2);
+    EXPECT_EQ(load("= 5", ado::adOpenDynamic), 1);
+    load("> 1000", ado::adOpenForwardOnly);
+    EXPECT_EQ(Grid().TextMatrix(1, 1), "") << "other sets are not read";
 }
 
 TEST_F(LookUpTest, ChecksSizeTheColumnsAndMarkTheFirstRow) {
