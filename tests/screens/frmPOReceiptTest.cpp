@@ -289,7 +289,7 @@ TEST_F(POReceiptTest, ADeletedSuppliersOrderIsReceived) {
     Run("Update Ledger_Master Set Deleted = True");
     Run("Delete From Ledger_Details");
     Open([&] { SaveReceipt(1); });
-    EXPECT_EQ(Entries().size(), 2u);
+    EXPECT_THAT(Entries(), ElementsAre(StartsWith("1|" + acme + "|"), StartsWith("1|" + goods + "|")));
 }
 
 TEST_F(POReceiptTest, RowsBeforeAFailingOneStay) {
