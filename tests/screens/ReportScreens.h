@@ -16,6 +16,13 @@ class ReportScreensTest : public test::ScreenTest {
     static std::string Day(int ofApril) { return std::to_string(36979 + ofApril); }
     static basic::Date Date(int ofApril) { return basic::AddDays(basic::MakeDate(2001, 3, 31), ofApril); }
 
+    // "abc..." to that length: what a cut leaves is known by its letters.
+    static std::string Letters(std::size_t length) {
+        std::string letters;
+        while (letters.size() < length) letters += static_cast<char>('a' + letters.size() % 26);
+        return letters;
+    }
+
     // Runs what shows a report and gives the text of the page that came.
     std::string Printed(const std::function<void()>& print) {
         std::string text = "no page";

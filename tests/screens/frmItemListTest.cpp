@@ -104,8 +104,10 @@ TEST_F(ItemListTest, TheEmptyLineSearchesNothing) {
         EXPECT_FALSE(ui().vsItems->CellChecked(1, 0)) << "a new search starts with no ticks";
         ui().cmbSearchList->SetListIndex(0);
         EXPECT_EQ(Listed(), all) << "the whole list, under the typed text";
+        Tick("Sand");
         Search("x");
         EXPECT_EQ(Listed(), all);
+        EXPECT_TRUE(ui().vsItems->CellChecked(3, 0)) << "what is typed under the empty line fills nothing";
         EXPECT_EQ(ui().cmbSearchList->ListCount(), 3);
     });
 }

@@ -203,29 +203,30 @@ TEST_F(POReceiptTest, TheGridTakesOnlyWhatTheOrderLeaves) {
     });
 }
 
-TEST_F(POReceiptTest, ChecksBeforeItSaves) {
+// All is missing at first, and each refusal names the first that is.
+TEST_F(POReceiptTest, ChecksInOrderBeforeItSaves) {
     const struct {
-        std::function<void()> spoil;
         const char* message;
         const char* active;
+        std::function<void()> mend;
     } cases[] = {
-        {[] { ui().dtpDate->SetValue(basic::MakeDate(2002, 4, 1)); },
-         "Please select the date in Financial Year range \r\n\r\n'01-Apr-2000' to '31-Mar-2001'", "dtpDate"},
-        {[] { ui().txtBillNo->SetText(" "); }, "Please enter  the Bill No.", "txtBillNo"},
-        {[] { ui().cmbPurchaseLedger->SetListIndex(-1); }, "Please select a Purchase Ledger to be debited",
-         "cmbPurchaseLedger"},
+        {"Please select the date in Financial Year range \r\n\r\n'01-Apr-2000' to '31-Mar-2001'", "dtpDate",
+         [] { ui().dtpDate->SetValue(basic::MakeDate(2002, 3, 31)); }},
+        {"Please enter  the Bill No.", "txtBillNo", [] { ui().txtBillNo->SetText("B/9"); }},
+        {"Please select a Purchase Ledger to be debited", "cmbPurchaseLedger", [] {}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.message);
-        Open([&] {
-            FillHead();
-            c.spoil();
+    Open([&] {
+        ui().dtpDate->SetValue(basic::MakeDate(2002, 4, 1));
+        ui().txtBillNo->SetText(" ");
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.message);
             ui().cmdSave->SetFocus();
             ExpectBox(c.message);
             Click(ui().cmdSave);
             EXPECT_EQ(Active(Screen()), c.active);
-        });
-    }
+            c.mend();
+        }
+    });
     EXPECT_EQ(Bills(), Lines{});
 }
 
@@ -283,11 +284,12 @@ TEST_F(POReceiptTest, CtrlSOnASavedReceiptBooksItUnderANewNumber) {
     EXPECT_EQ(Bills(), (Lines{"B/9|1|1|True|7|10|5|20", "B/9|2|2|True|7|10|5|20"}));
 }
 
-// Nothing here looks at the mark: an order stands, its supplier deleted or not.
+// Nothing here looks at the mark or at the year of a ledger: an order stands, its supplier deleted or not.
 TEST_F(POReceiptTest, ADeletedSuppliersOrderIsReceived) {
     Run("Update Ledger_Master Set Deleted = True");
+    Run("Delete From Ledger_Details");
     Open([&] { SaveReceipt(1); });
-    EXPECT_EQ(Entries().size(), 2u);
+    EXPECT_THAT(Entries(), ElementsAre(StartsWith("1|" + acme + "|"), StartsWith("1|" + goods + "|")));
 }
 
 TEST_F(POReceiptTest, RowsBeforeAFailingOneStay) {

@@ -11,8 +11,8 @@ using Col = qm::OrderGrid;
 
 class OrderTest : public OrderScreensTest {
   protected:
-    // As a receipt against it leaves the order.
-    static void Touch() { Run("Update tblPODet2001 Set PoDetQtyRecd = 1 Where PoDetItemID = 1"); }
+    // As a receipt of its second line leaves the order.
+    static void Touch() { Run("Update tblPODet2001 Set PoDetQtyRecd = 1 Where PoDetItemID = 2"); }
     static Lines Shown() {
         Lines rows;
         for (int row = 1; row < Grid().Rows(); ++row) {
@@ -129,14 +129,17 @@ TEST_F(OrderTest, ChangesALineAddsOneAndHidesOne) {
         ChooseSupplier();
         ChooseOrder("1PO");
         EnterQty(1, "12.5");
+        EnterQty(2, "9");  // in vain: what is hidden is deleted, edited or not
         Grid().Select(2, Col::QtyCol);
         Key(Orders(), Qt::Key_Delete);
         EXPECT_TRUE(Grid().RowHidden(2));
         PickItems({"Coal", "Sand", "Lime"},
                   {"Item 'Coal' already added !!!"});  // the hidden one is passed over in silence
-        EXPECT_EQ(Shown(), (Lines{"|1|Coal|100|12.5", "hidden|2|Sand|50|4", "|3|Lime|7|", "||||"}));
+        EXPECT_EQ(Shown(), (Lines{"|1|Coal|100|12.5", "hidden|2|Sand|50|9", "|3|Lime|7|", "||||"}));
         ExpectBox("Please enter the qty. ordered for item 'Lime'");
         SaveOrder();
+        EXPECT_EQ(std::pair(Grid().Row(), Grid().Col()), std::pair(3, int{Col::QtyCol}));
+        EXPECT_EQ(Active(Orders()), "cmdSave");
         EnterQty(3, "1");
         Orders().ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1));
         ExpectBox("Purchase order saved");
@@ -149,6 +152,7 @@ TEST_F(OrderTest, ChangesALineAddsOneAndHidesOne) {
 TEST_F(OrderTest, ATouchedOrderIsForViewingOnly) {
     RaiseOrder();
     Touch();
+    Run("Update Ledger_Master Set Deleted = True");  // a deleted supplier's orders stay in reach
     const std::string locked = "One or more items have been received\r\n\r\nCannot edit PO";
     OnOrders([&] {
         ChooseSupplier();
@@ -172,13 +176,15 @@ TEST_F(OrderTest, ATouchedOrderIsForViewingOnly) {
         Click(Orders().ui().cmdDeletePO);
         EXPECT_EQ(Nodes(), Lines{});
     });
-    EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|1", "1|2|Sand|4|Null"}));
+    EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|Null", "1|2|Sand|4|1"}));
 }
 
-// In part and in full: the order stays in the tree and can be received against; a save changes nothing.
+// In part and in full: the order stays in the tree and can be received against; a save changes nothing, the
+// date of old included.
 TEST_F(OrderTest, FollowsItsReceipts) {
     books.AddLedger("Bought", "Purchase");
     RaiseOrder();
+    Run("Update tblPO2001 Set PoDate = 36990");
     const auto isMarked = [] { return !Orders().ui().tvPO->Item("1PO").icon(0).isNull(); };
     OnOrders([&] {
         ChooseSupplier();
@@ -202,7 +208,7 @@ TEST_F(OrderTest, FollowsItsReceipts) {
         ExpectBox("Purchase order saved");
         SaveOrder();
     });
-    EXPECT_EQ(OrderRows(), Lines{"1|Acme|37009|at once|False"});
+    EXPECT_EQ(OrderRows(), Lines{"1|Acme|36990|at once|False"});
     EXPECT_EQ(OrderLines(), (Lines{"1|1|Coal|10|10", "1|2|Sand|4|4"}));
 }
 
@@ -219,6 +225,9 @@ TEST_F(OrderTest, IsCancelledOrDeleted) {
         EXPECT_EQ(Shown(), Lines{"||||"});
         ChooseSupplier();
         ChooseOrder("1PO");
+        ExpectBox("Cancel PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbNo);
+        Click(Orders().ui().cmdCancelPO);
+        EXPECT_EQ(Nodes(), (Lines{"1", "<New>"}));  // as it was after No
         ExpectBox("Cancel PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbYes);
         ExpectBox("Cancelled Purchase Order No. '1'");
         Click(Orders().ui().cmdCancelPO);
@@ -250,7 +259,11 @@ TEST_F(OrderTest, SavesAreRefusedInOrder) {
         Key(Orders(), Qt::Key_S, Qt::ControlModifier);
         ChooseSupplier();
         PickItems({"Coal"});
-        Orders().ui().tvPO->SelectedItem()->SetSelected(false);
+        Grid().SetTextMatrix(1, Col::ItemCol, "");
+        ExpectBox("Please select any item to order");
+        SaveOrder();
+        EXPECT_EQ(std::pair(Grid().Row(), Grid().Col()), std::pair(1, int{Col::NameCol}));
+        Orders().ui().tvPO->SelectedItem()->SetSelected(false);  // the node is looked at before the lines
         ExpectBox("Please select any item from PO's section to add or modify");
         SaveOrder();
         EXPECT_EQ(Orders().ui().tvPO->SelectedItem()->Text(), "<New>");
@@ -287,7 +300,13 @@ TEST_F(OrderTest, CellsTakeOnlyWhatTheyMay) {
         Grid().Select(1, Col::QtyCol);
         Key(Orders(), Qt::Key_Delete);  // a line that was never saved goes at once
         EXPECT_EQ(Shown(), Lines{"||||"});
+        Key(Orders(), Qt::Key_Delete);  // and so does the entry row: then the order is saved without lines
+        EXPECT_EQ(Shown(), Lines{});
+        ExpectBox("Purchase Order Saved with No.'1'");
+        SaveOrder();
     });
+    EXPECT_EQ(OrderRows().size(), 1U);
+    EXPECT_EQ(OrderLines(), Lines{});
 }
 
 }  // namespace

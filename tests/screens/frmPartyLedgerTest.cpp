@@ -14,35 +14,29 @@ namespace {
 
 using namespace ledgertext;
 
+// A row with both amounts counts by its debit; a narration and a name go into the page as they stand.
 TEST_F(PartyLedgerTest, StatementsRunOnFromTheirOpening) {
     const int alpha = books.AddLedger("Alpha", "Debtors", 100, "D");
     const int beta = books.AddLedger("Beta", "Suppliers", 1250.5, "C");
     const int gamma = books.AddLedger("Gamma", "Sales");
     books.AddLedger("Idle", "Sales", 77);
     Post(alpha, 5, "50", "0", "Null", "Receipt");
-    Post(alpha, 10, "0", "200", "'paid'", "Payment");
+    Post(alpha, 10, "0", "200", "'<b>paid & done'", "Payment");
     Post(alpha, 10, "Null", "1", "''", "Receipt");
-    Post(beta, 30, "250.5", "0");
+    Post(beta, 30, "250.5", "0.5");
     Post(gamma, 2, "0", "0");
     Post(gamma, 3, "0", "12345678.9");
     Post(gamma, 33, "5", "0");  // beyond today
     Run("Update Ledger_Master Set Deleted = True Where Name = 'Gamma'");
     EXPECT_EQ(
         Statements(),
-        Open + Begin("Alpha") +
-            "<tr><td>01-Apr-2001</td><td>Opening Balance</td><td></td><td align = "
-            "'right'>100.00</td><td></td>"
-            "<td align = 'right'>100.00Dr </td><td></td></tr>" +
+        Open + Begin("Alpha") + Opening("01-Apr-2001", "100.00Dr ") +
             Row("05-Apr-2001", "", "Receipt", "50.00", "0.00", "150.00Dr") +
             Row("10-Apr-2001", "", "Receipt", "", "1.00", "149.00Dr") +
-            Row("10-Apr-2001", "paid", "Payment", "0.00", "200.00", "51.00Cr") +
-            Close("150.00", "201.00", "51.00Cr") + Begin("Beta") +
-            "<tr><td>01-Apr-2001</td><td>Opening Balance</td><td></td><td></td><td align = 'right'>1,250.50"
-            "</td><td align = 'right'>1,250.50Cr</td><td></td></tr>" +
-            Row("30-Apr-2001", "n", "Journal", "250.50", "0.00", "1,000.00Cr") +
-            Close("250.50", "1,250.50", "1,000.00Cr") + Begin("Gamma") +
-            "<tr><td>01-Apr-2001</td><td>Opening Balance</td><td></td><td></td><td align = 'right'>0.00</td>"
-            "<td align = 'right'>0.00Cr</td><td></td></tr>" +
+            Row("10-Apr-2001", "<b>paid & done", "Payment", "0.00", "200.00", "51.00Cr") +
+            Close("150.00", "201.00", "51.00Cr") + Begin("Beta") + Opening("01-Apr-2001", "1,250.50Cr") +
+            Row("30-Apr-2001", "n", "Journal", "250.50", "0.50", "1,000.00Cr") +
+            Close("250.50", "1,251.00", "1,000.00Cr") + Begin("Gamma") + Opening("01-Apr-2001", "0.00Cr") +
             Row("02-Apr-2001", "n", "Journal", "0.00", "0.00", "0.00Cr") +
             Row("03-Apr-2001", "n", "Journal", "0.00", "12,345,678.90", "12,345,678.90Cr") +
             Close("0.00", "12,345,678.90", "12,345,678.90Cr") + End);
@@ -51,13 +45,9 @@ TEST_F(PartyLedgerTest, StatementsRunOnFromTheirOpening) {
 
 TEST_F(PartyLedgerTest, LongNarrationsGoOnInOverlappingRows) {
     const int ledger = books.AddLedger("Alpha", "Debtors");
-    const auto text = [](int length) {
-        std::string letters;
-        for (int i = 0; i < length; ++i) letters += static_cast<char>('a' + i % 26);
-        return letters;
-    };
+    const auto text = Letters;
     const struct {
-        int length;
+        std::size_t length;
         std::string rows;  // that follow
     } cases[] = {
         {35, ""},
@@ -108,7 +98,7 @@ TEST_F(PartyLedgerTest, ANullOpeningStartsWhereTheLastLedgerEnded) {
 TEST_F(PartyLedgerTest, TheTrialBalanceShowsWhatTheRowsAddUpTo) {
     const int alpha = books.AddLedger("Alpha", "Debtors", 1500, "D");
     const int beta = books.AddLedger("Beta", "Sales", 0, "C"), late = books.AddLedger("Late", "Bank");
-    books.AddLedger("Never", "Bank", 20, "C");
+    books.AddLedger("Nev<er & Co", "Bank", 20, "C");
     Post(alpha, 3, "25.5", "0");
     Post(beta, 3, "0", "25.5");
     Post(late, 60, "10", "4");
@@ -119,8 +109,8 @@ TEST_F(PartyLedgerTest, TheTrialBalanceShowsWhatTheRowsAddUpTo) {
                              Right("1,525.50") + "</tr><tr><td>Beta</td>" + Right("0C") + Right("0.00") +
                              Right("25.50") + "<td></td>" + Right("25.50") + "</tr><tr><td>Late</td>" +
                              Right("0D") + Right("10.00") + Right("4.00") + Right("6.00") +
-                             "</tr><tr><td>Never</td>" + Right("20C") + Right("") + Right("") + "<td></td>" +
-                             Right("") + "</tr>";
+                             "</tr><tr><td>Nev<er & Co</td>" + Right("20C") + Right("") + Right("") +
+                             "<td></td>" + Right("") + "</tr>";
     const std::string totals = Right("35.50") + Right("29.50") + Right("1,531.50") + Right("25.50");
     OpenScreen();
     EXPECT_EQ(TrialBalance(), Trial("30-Dec-1899", "30/04/2001", rows, totals));
@@ -133,6 +123,10 @@ TEST_F(PartyLedgerTest, TheTrialBalanceShowsWhatTheRowsAddUpTo) {
     EXPECT_EQ(screen.ui().dtpDateFrom->Value(), Date(30));
     EXPECT_FALSE(screen.ui().dtpDateFrom->Enabled());
     EXPECT_EQ(TrialBalance(), Trial("01-Apr-2001", "30/04/2001", rows, totals));
+    Click(screen.ui().optDetail);
+    EXPECT_TRUE(screen.ui().dtpDateFrom->Enabled());
+    Click(screen.ui().ucPartyLedger->ui().cmdCancel);
+    EXPECT_FALSE(screen.Loaded());
 }
 
 TEST_F(PartyLedgerTest, AnEmptyYearAndAnEmptySelectionGiveAnEmptyPage) {

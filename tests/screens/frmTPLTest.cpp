@@ -48,7 +48,7 @@ class FinalResultsTest : public test::ScreenTest {
 TEST_F(FinalResultsTest, ProfitGoesFromStatementToStatement) {
     books.AddLedger("Owner", "Capital", 1000, "C");
     const int cash = books.AddLedger("Cash", "Cash In Hand", 1000);
-    const int bought = books.AddLedger(" Goods bought ", "Purchase"),
+    const int bought = books.AddLedger(" Goods <& bought ", "Purchase"),
               sold = books.AddLedger("Goods", "Sales");
     const int rent = books.AddLedger("Rent", "Expenditure(Indirect)");
     for (const double amount : {500.0, -300.0, -50.0}) Row(cash, 10, amount);
@@ -56,30 +56,24 @@ TEST_F(FinalResultsTest, ProfitGoesFromStatementToStatement) {
     Row(bought, 10, 300);
     Row(rent, 30, 50);
     Run("Update Ledger_Master Set Deleted = True");  // which keeps no ledger from its line
-    EXPECT_EQ(
-        Page(),
-        TradingHead() + Line(true, "Goods bought", "300.00", "", " ") +
-            Line(true, "", "", "Goods", "500.00") +
-            "<tr><td><u>Gross Profit</u></td><td align  = 'right'>200.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><ht></td></tr>"
-            "<tr><td></td><td align  = 'right'>500.00</td><td></td><td align  = 'right'>500.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>"
-            "<tr><td></td><td></td><td align = 'lEFT'>Gross Profit B/F</td><td align = "
-            "'right'>200.00</td></tr>" +
-            Line(true, "Rent", "50.00", "", " ") +
-            "\r\n"
-            "<tr><td><u>Net Profit</u></td><td align  = 'right'>150.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>"
-            "<tr><td></td><td align  = 'right'>200.00</td><td></td><td align  = 'right'>200.00</td></tr>"
-            "<tr><td></td><td><hr></td> <td></td><td><hr></td></tr>"
-            "</table>" +
-            BalanceHead() + Line(false, "Owner", "1,000.00", "", " ") +
-            Line(false, "", "", "Cash", "1,150.00") +
-            Line(false, "Net Profit Trf From P & L", "150.00", "", " ") +
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></td>"
-            "<tr><td></td><td align  = 'right'>1,150.00</td><td></td><td align  = 'right'>1,150.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>" +
-            End);
+    EXPECT_EQ(Page(), TradingHead() + LeftLine(true, "Goods <& bought", "300.00") +
+                          RightLine(true, "Goods", "500.00") +
+                          "<tr><td><u>Gross Profit</u></td><td align  = 'right'>200.00</td></tr>"
+                          "<tr><td></td><td><hr></td><td></td><td><ht></td></tr>" +
+                          TotalsRow("500.00", "500.00") + Rules +
+                          "<tr><td></td><td></td><td align = 'lEFT'>Gross Profit B/F</td><td align = "
+                          "'right'>200.00</td></tr>" +
+                          LeftLine(true, "Rent", "50.00") +
+                          "\r\n"
+                          "<tr><td><u>Net Profit</u></td><td align  = 'right'>150.00</td></tr>" +
+                          Rules + TotalsRow("200.00", "200.00") +
+                          "<tr><td></td><td><hr></td> <td></td><td><hr></td></tr>"
+                          "</table>" +
+                          BalanceHead() + LeftLine(false, "Owner", "1,000.00") +
+                          RightLine(false, "Cash", "1,150.00") +
+                          LeftLine(false, "Net Profit Trf From P & L", "150.00") +
+                          "<tr><td></td><td><hr></td><td></td><td><hr></td></td>" +
+                          TotalsRow("1,150.00", "1,150.00") + Rules + End);
 }
 
 // 500 bought and 300 sold is a gross loss of 200; no other income, so as much is lost net.
@@ -92,7 +86,7 @@ TEST_F(FinalResultsTest, LossIsPrintedOnTheLeftAndCountsAsAnAsset) {
     Row(cash, 1, -200);
     EXPECT_EQ(
         Page(),
-        TradingHead() + Line(true, "Bought", "500.00", "", " ") + Line(true, "", "", "Sold", "300.00") +
+        TradingHead() + LeftLine(true, "Bought", "500.00") + RightLine(true, "Sold", "300.00") +
             "<tr><td></td><td></td><td><u>Gross Loss : </u></td> <td align  = 'right'>200.00</td></tr>"
             "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>"
             "<tr><td> </td><td align  = 'right'> 500.00</td><td></td><td align  = 'right'>500.00</td></tr>"
@@ -100,16 +94,12 @@ TEST_F(FinalResultsTest, LossIsPrintedOnTheLeftAndCountsAsAnAsset) {
             "<tr><td align = 'lEFT'>Gross Loss B/F</td><td align = 'right'>200.00</td><td><td></td></td></tr>"
             "\r\n"
             "<tr><td><u>Net Loss  </u></td><td align  = 'right'>200.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td> <td><hr></td></tr>"
-            "<tr><td></td><td align  = 'right'>200.00</td><td></td><td align  = 'right'>200.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>"
-            "</table>" +
-            BalanceHead() + Line(false, "Owner", "1,000.00", "", " ") +
-            Line(false, "", "", "Cash", "800.00") + Line(false, "", "", "Net Loss Trf From P & L", "200.00") +
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></td>"
-            "<tr><td></td><td align  = 'right'>1,000.00</td><td></td><td align  = 'right'>1,000.00</td></tr>"
-            "<tr><td></td><td><hr></td><td></td><td><hr></td></tr>" +
-            End);
+            "<tr><td></td><td><hr></td><td></td> <td><hr></td></tr>" +
+            TotalsRow("200.00", "200.00") + Rules + "</table>" + BalanceHead() +
+            LeftLine(false, "Owner", "1,000.00") + RightLine(false, "Cash", "800.00") +
+            RightLine(false, "Net Loss Trf From P & L", "200.00") +
+            "<tr><td></td><td><hr></td><td></td><td><hr></td></td>" + TotalsRow("1,000.00", "1,000.00") +
+            Rules + End);
 }
 
 // Without trading and profit lines no document is begun, and no result is handed on.

@@ -55,6 +55,7 @@ TEST_F(SelectiveTest, FillsOnceByFocusAndKeepsItsMarks) {
     EXPECT_THAT(shown.itemSel(), ElementsAre(30000, 0));
     EXPECT_FALSE(shown.ui().cmdOk->Enabled());
     Click(shown.ui().optAll);
+    EXPECT_TRUE(List().Enabled()) << "as it was";
     EXPECT_EQ(Listed(), (Lines{"a *", "b *"}));
     Click(shown.ui().cmdOk);
     EXPECT_THAT(shown.itemSel(), ElementsAre(3, 30000, 0));
