@@ -108,18 +108,16 @@ bool frmIssues::RowIsComplete(int row) {
 
 // Saved rows are tested too, though the net quantity is already without theirs. Each search goes on from
 // where the last one stopped, so an item that lies before the row above's is not found: reading its quantity
-// raises. Where a counter is Null the net quantity is, and anything passes. The focus stays where it is. All
-// of it kept.
+// raises. Where a counter is Null the net quantity is, and anything passes. All of it kept.
 bool frmIssues::StockSuffices(int row, ado::Recordset& stock) {
     if (stock.RecordCount() == 0) return true;
     stock.Find("Item_ID = " + basic::NumberText(Grid().Number(row, StockGrid::ItemCol)), 0,
                ado::adSearchForward);
     const basic::Value net = stock["NetQty"];
     if (net.IsNull() || basic::ToDouble(net) >= Grid().Number(row, StockGrid::QtyCol)) return true;
-    MsgBox("Net qty. present in stock for Item '" + Grid().Text(row, StockGrid::NameCol) +
-               "' = " + basic::ToText(net) + "\r\n\r\nCannot issue qty. more than stock available",
-           vbInformation, AppTitle);
-    ui().vsIssue->Select(row, StockGrid::QtyCol);
+    Grid().Refuse(row, StockGrid::QtyCol,
+                  "Net qty. present in stock for Item '" + Grid().Text(row, StockGrid::NameCol) +
+                      "' = " + basic::ToText(net) + "\r\n\r\nCannot issue qty. more than stock available");
     return false;
 }
 

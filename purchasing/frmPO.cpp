@@ -219,11 +219,11 @@ bool frmPO::SupplierStands() {
     return false;
 }
 
-// The cell is chosen; the focus stays where it is.
 bool frmPO::LinesAreComplete() {
     const auto refuse = [this](int row, int col, const std::string& message) {
         Tell(message);
         ui().vsPODet->Select(row, col);
+        ui().vsPODet->SetFocus();
         return false;
     };
     for (int row = 1; row <= Lines().LastLine(); ++row) {

@@ -139,7 +139,7 @@ TEST_F(OrderTest, ChangesALineAddsOneAndHidesOne) {
         ExpectBox("Please enter the qty. ordered for item 'Lime'");
         SaveOrder();
         EXPECT_EQ(std::pair(Grid().Row(), Grid().Col()), std::pair(3, int{Col::QtyCol}));
-        EXPECT_EQ(Active(Orders()), "cmdSave");
+        EXPECT_EQ(Active(Orders()), "vsPODet");
         EnterQty(3, "1");
         Orders().ui().dtpDate->SetValue(basic::MakeDate(2001, 5, 1));
         ExpectBox("Purchase order saved");
