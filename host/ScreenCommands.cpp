@@ -27,19 +27,24 @@ std::string FolderOf(const ScreenOptions& options) {
     return UserBooksStand() ? UserBooksFolder().string() : "";
 }
 
+// Opens the books and does `work` with them.
+int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+    const std::string folder = FolderOf(options);
+    if (folder.empty()) return ExitFailed;
+    OpenBooks books(folder);
+    work(books);
+    return ExitOk;
+}
+
 // A start from the desktop names no folder and has no terminal that would show why it failed.
 bool StartedFromDesktop(const ScreenOptions& options) {
     return options.folder.empty() && isatty(STDERR_FILENO) == 0 && qm::DisplayIsThere();
 }
 
-// Opens the books and does `work` with them.
-int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+// The same for a window, whose user may have come from the desktop: a box tells what failed, too.
+int InWindow(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
     try {
-        const std::string folder = FolderOf(options);
-        if (folder.empty()) return ExitFailed;
-        OpenBooks books(folder);
-        work(books);
-        return ExitOk;
+        return OnBooks(options, work);
     } catch (const basic::Error& error) {
         if (StartedFromDesktop(options)) qm::MsgBox(error.Description, qm::vbOKOnly, qm::AppTitle);
         throw;
@@ -47,14 +52,14 @@ int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>&
 }
 
 int ShowMenuOf(const ScreenOptions& options) {
-    return OnBooks(options, [](OpenBooks& books) { books.Host().QmMainMenu(); });
+    return InWindow(options, [](OpenBooks& books) { books.Host().QmMainMenu(); });
 }
 
 int OpenOne(const ScreenOptions& options) {
     const std::vector<std::string> names = qm::ScreenNames();
     if (!names.empty() && std::find(names.begin(), names.end(), options.screen) == names.end())
         Fail("there is no screen '" + options.screen + "' (see qmhost open --help)");
-    return OnBooks(options, [&options](OpenBooks&) { qm::OpenScreen(options.screen); });
+    return InWindow(options, [&options](OpenBooks&) { qm::OpenScreen(options.screen); });
 }
 
 // Asked for only when the help is shown: it loads the screens.
