@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include <benchmark/benchmark.h>
+
 namespace bench {
 namespace {
 
@@ -40,6 +42,17 @@ bool BareStatement::Step() {
 void BareStatement::Run() {
     while (Step()) continue;
     Reset();
+}
+
+std::int64_t ReadTexts(BareStatement& rows) {
+    std::int64_t read = 0;
+    for (; rows.Step(); ++read)
+        for (int column = 0; column < rows.Columns(); ++column) {
+            std::string text(reinterpret_cast<const char*>(rows.Text(column)));
+            benchmark::DoNotOptimize(text);
+        }
+    rows.Reset();
+    return read;
 }
 
 Bare::Bare(const std::filesystem::path& folder, bool durable) {

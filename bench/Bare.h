@@ -32,6 +32,9 @@ class BareStatement {
     sqlite3_stmt* statement_ = nullptr;
 };
 
+// Reads every column of all rows as a text, as a list on the screen does, and gives the number of the rows.
+std::int64_t ReadTexts(BareStatement& rows);
+
 class Bare {
   public:
     // `durable` makes each commit wait for the disk.

@@ -29,17 +29,6 @@ const std::filesystem::path& PickerBooks() {
     return folder;
 }
 
-std::int64_t ReadAll(BareStatement& rows) {
-    std::int64_t read = 0;
-    for (; rows.Step(); ++read)
-        for (int column = 0; column < 3; ++column) {
-            std::string text(reinterpret_cast<const char*>(rows.Text(column)));
-            benchmark::DoNotOptimize(text);
-        }
-    rows.Reset();
-    return read;
-}
-
 void OpensOurs(benchmark::State& state) {
     AttachScreens();
     Ours ours(PickerBooks());
@@ -50,7 +39,7 @@ void OpensBare(benchmark::State& state) {
     Bare bare(PickerBooks());
     BareStatement rows(bare.Db(), "SELECT CAST(Item_ID AS TEXT), Item_Name, Unit_Price FROM ItemMaster2001");
     for (auto _ : state)
-        if (ReadAll(rows) < Items) state.SkipWithError("items are missing");
+        if (ReadTexts(rows) < Items) state.SkipWithError("items are missing");
 }
 
 const std::string Typed[] = {"i", "it", "item 1", "item 12", "item 123"};
@@ -81,7 +70,7 @@ void NarrowsBare(benchmark::State& state) {
             std::string upper = text;
             for (char& letter : upper) letter = static_cast<char>(std::toupper(letter));
             rows.Bind(1, upper + "%");
-            if (ReadAll(rows) == 0) state.SkipWithError("items are missing");
+            if (ReadTexts(rows) == 0) state.SkipWithError("items are missing");
         }
 }
 

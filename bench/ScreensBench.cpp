@@ -43,20 +43,6 @@ void MenuBare(benchmark::State& state) {
     for (auto _ : state) Ours ours(folder);
 }
 
-// What one query of the look-up costs: its rows are read whole, as text.
-std::int64_t ReadAll(BareStatement& rows) {
-    std::int64_t read = 0;
-    while (rows.Step()) {
-        std::string id(reinterpret_cast<const char*>(rows.Text(0)));
-        std::string name(reinterpret_cast<const char*>(rows.Text(1)));
-        benchmark::DoNotOptimize(id);
-        benchmark::DoNotOptimize(name);
-        ++read;
-    }
-    rows.Reset();
-    return read;
-}
-
 void PrepareLookUp(qm::frmSearchAndLookUp& lookUp) {
     lookUp.BaseQuery = "select ledger_ID as [Ledger Id],Name from Ledger_Master";
     qm::SearchLikePrefix = lookUp.BaseQuery + " where Name like ";
@@ -75,7 +61,7 @@ void LookUpOpensBare(benchmark::State& state) {
     Bare bare(LookUpBooks());
     BareStatement rows(bare.Db(), "SELECT ledger_ID, Name FROM Ledger_Master");
     for (auto _ : state)
-        if (ReadAll(rows) + ReadAll(rows) < LookUpLedgers) state.SkipWithError("ledgers are missing");
+        if (ReadTexts(rows) + ReadTexts(rows) < LookUpLedgers) state.SkipWithError("ledgers are missing");
 }
 
 // A word typed letter by letter; the first one narrows nothing.
@@ -103,7 +89,7 @@ void LookUpNarrowsBare(benchmark::State& state) {
     for (auto _ : state)
         for (const std::string& text : Typed) {
             rows.Bind(1, text + "%");
-            if (ReadAll(rows) == 0) state.SkipWithError("ledgers are missing");
+            if (ReadTexts(rows) == 0) state.SkipWithError("ledgers are missing");
         }
 }
 
