@@ -1,5 +1,7 @@
 #include "platform/ado/SqlCipherEngine.h"
 
+#include <cerrno>
+#include <cstring>
 #include <string>
 
 #include <sqlcipher/sqlite3.h>
@@ -59,7 +61,7 @@ void SqlCipherEngine::Open(const std::string& path, const std::string& password)
         while (!OpenOnce(path, password)) store_.Close();
         Configure();
     } catch (...) {
-        Release();
+        Leave();
         throw;
     }
 }
@@ -100,12 +102,11 @@ void SqlCipherEngine::Configure() {
 }
 
 void SqlCipherEngine::Close() {
-    if (looseWritten_) store_.Run("PRAGMA wal_checkpoint(PASSIVE)");  // writes the log to the disk first
-    looseWritten_ = false;
-    Release();
+    Flush();
+    Leave();
 }
 
-void SqlCipherEngine::Release() {
+void SqlCipherEngine::Leave() {
     store_.Close();
     use_.reset();
 }
@@ -158,8 +159,7 @@ void SqlCipherEngine::Commit() {
         throw basic::Error(failure.Number, TextOfLostCommit(failure.Description), failure.Source);
     }
     // A commit that wrote nothing waits for nothing; what was written loosely before must not stay behind it.
-    if (looseWritten_ && (undone_ || sqlite3_total_changes(store_.Get()) == changesAtBegin_))
-        store_.Run("PRAGMA wal_checkpoint(PASSIVE)");
+    if (undone_ || sqlite3_total_changes(store_.Get()) == changesAtBegin_) Flush();
     looseWritten_ = false;
 }
 
@@ -207,6 +207,23 @@ void SqlCipherEngine::WriteLoosely(const std::function<void()>& write) {
         if (InTransaction()) Rollback();
         throw;
     }
+}
+
+void SqlCipherEngine::Flush() {
+    if (!looseWritten_ || InTransaction()) return;
+    SyncLog();
+    looseWritten_ = false;
+}
+
+// A checkpoint would not do: beside a reader of an older moment it may sync nothing.
+void SqlCipherEngine::SyncLog() {
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(store_.Get(), "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    if (log == nullptr || log->pMethods == nullptr) return;  // no log: nothing was written
+    if (log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK)
+        throw basic::Error(
+            error::Unspecified,
+            std::string("The disk could not be read or written (") + std::strerror(errno) + ").", source);
 }
 
 // The moment is fixed by the first read, not by BEGIN.

@@ -16,7 +16,7 @@ class SqlCipherEngine final : public Engine {
     SqlCipherEngine() = default;
     SqlCipherEngine(const SqlCipherEngine&) = delete;
     SqlCipherEngine& operator=(const SqlCipherEngine&) = delete;
-    ~SqlCipherEngine() override { Release(); }
+    ~SqlCipherEngine() override { Leave(); }
 
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
@@ -34,15 +34,17 @@ class SqlCipherEngine final : public Engine {
     void CopyTo(const std::string& file, const std::string& password) override;
     void WriteLoosely(const std::function<void()>& write) override;
     std::string Notice() const override { return notice_; }
+    void Flush() override;
 
   private:
     bool OpenOnce(const std::string& source, const std::string& password);
     void Unlock(const std::string& source, const std::string& password);
     void Configure();
-    void Release();
+    void Leave();
     void BeginWriting();
     std::string TextOfLostCommit(const std::string& text);
     void WaitForDisk(bool wait);
+    void SyncLog();
 
     std::optional<OwnUse> use_;
     SqlHandle store_;
