@@ -200,6 +200,14 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     EXPECT_THAT(said(add + "2002-2003 </dev/null", 1), HasSubstr("nothing was changed\n"));
     EXPECT_EQ(Bytes(BooksFile()), before);
 
+    // An earlier try that was killed behind its first step.
+    Ask("INSERT INTO Ledger_Details (Ledger_ID, Fnncl_Yr) VALUES (17, 2002)");
+    EXPECT_EQ(
+        said(add + "2002-2003 --yes", 1),
+        "qmhost: details of 2002 stand already: an earlier try did not end, and another would double them. "
+        "Restore the backup that was made before it (qmhost restore), then add the year\n");
+    EXPECT_EQ(Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "");
+
     EXPECT_EQ(said(add + "2002-2003 --yes", 0), "current year: 2002\n");
     EXPECT_EQ(said("years " + Books(), 0), "2001-2002\n2002-2003  current\n");
     EXPECT_EQ(Ask("SELECT count(*) FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "28\n");
@@ -222,6 +230,10 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     EXPECT_EQ(CurrentYear(), "2002-2003\n");
     EXPECT_EQ(Post(voucher, "--year 1999").said, "qmhost: The books know no year '1999'\n");
 
+    EXPECT_EQ(said("year " + Books() + " 2001-2002", 0), "current year: 2001\n");  // as years prints it
+    EXPECT_EQ(said("year " + Books() + " 2002", 0), "current year: 2002\n");
+    EXPECT_EQ(said("year " + Books() + " 2001-2004", 1),
+              "qmhost: the books know no year '2001-2004' (see qmhost years)\n");
     EXPECT_EQ(said("year " + Books() + " 2001", 0), "current year: 2001\n");
     EXPECT_EQ(CurrentYear(), "2001-2002\n");
     EXPECT_EQ(said("year " + Books() + " 1999", 1),
