@@ -43,7 +43,8 @@ void AddCheck(CLI::App& app, Command& chosen) {
         "Errors are what should not be. Notes are what the system's own roads leave: what the next rebuild "
         "of the\n"
         "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
-        "Others may go on posting: what is read is of one moment. A voucher that stands by half then is named; check "
+        "Others may go on posting: what is read is of one moment. A voucher that stands by half then is "
+        "named; check "
         "again.\n"
         "Example: qmhost check books");
     command->callback([folder, &chosen] { chosen = [folder] { return Check(*folder); }; });
