@@ -358,7 +358,10 @@ TEST_F(QmhostCommands, BackupCopiesWholeBooksAndOverwritesNothing) {
     EXPECT_EQ(again.said, "qmhost: '" + copy + "' exists; a backup never overwrites\n");
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(Bytes(copy), copied);
-    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/no/copy.mdb").code, 1);
+    const Outcome nowhere = Qmhost("backup " + Books() + " " + (folder / "no" / "copy.mdb").string());
+    EXPECT_EQ(nowhere.said, "qmhost: there is no folder '" + (folder / "no").string() + "' for the backup\n");
+    EXPECT_EQ(nowhere.code, 1);
+    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/copy.mdb").code, 1);
 }
 
 TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {
