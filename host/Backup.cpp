@@ -38,13 +38,6 @@ void Compare(const std::string& file, const std::string& sums) {
     copy->Close();
 }
 
-// The folder of a new file, which must stand; ".": the present one.
-fs::path FolderOf(const fs::path& file) {
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
-    if (!fs::is_directory(folder)) Fail("there is no folder " + folder.string());
-    return folder;
-}
-
 // Never wider than its owner's rights, and no wider than those of the books.
 void NarrowRights(const fs::path& copy, const fs::path& books) {
     const fs::perms own = fs::perms::owner_read | fs::perms::owner_write;
@@ -55,8 +48,10 @@ void NarrowRights(const fs::path& copy, const fs::path& books) {
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
     if (fs::exists(fs::symlink_status(file))) Fail("'" + file + "' exists; a backup never overwrites");
+    const fs::path target = fs::absolute(file).parent_path();
+    if (!fs::is_directory(target)) Fail("there is no folder '" + target.string() + "' for the backup");
     const ReadOnlyBooks books(folder);
-    BooksFolder place(FolderOf(file), fs::path(file).filename());
+    BooksFolder place(target, fs::path(file).filename());
     const fs::path copy = place.Staging() / fs::path(file).filename();
     std::string sums;
     {
