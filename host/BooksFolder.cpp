@@ -34,7 +34,9 @@ bool Stands(const fs::path& path) {
 int Lock(const fs::path& folder) {
     const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0 || ::flock(handle, LOCK_EX | LOCK_NB) == 0) return handle;
+    const int reason = errno;
     ::close(handle);
+    errno = reason;
     return -1;
 }
 
@@ -91,8 +93,10 @@ void BooksFolder::MakeStaging() {
         std::string name = (folder_ / (StagingPrefix + std::string("XXXXXX"))).string();
         if (!::mkdtemp(name.data())) FailBySystem("cannot write in the folder " + folder_.string());
         staging_ = name;
+        fs::permissions(staging_, fs::perms::owner_all);  // whatever the mask
         lock_ = Lock(staging_);
-    } while (lock_ < 0 || !Stands(staging_));  // another may have swept it away before it was locked
+        // Another may sweep it away before it is locked; a file system without locks is never swept.
+    } while ((lock_ < 0 && errno == EWOULDBLOCK) || !Stands(staging_));
 }
 
 void BooksFolder::Publish() {

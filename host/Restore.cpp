@@ -15,6 +15,7 @@
 #include "host/Fail.h"
 #include "platform/ado/SoleUse.h"
 #include "platform/basic/Files.h"
+#include "platform/basic/Text.h"
 
 namespace fs = std::filesystem;
 
@@ -47,7 +48,7 @@ void RefuseUnlessWhole(const std::string& file, const fs::path& copy) {
         books->Execute("Select Ledger_ID From Ledger_Master");
         books->Close();
     } catch (const basic::Error& error) {
-        Fail("'" + file + "' cannot be restored: " + error.Description);
+        Fail("'" + file + "' cannot be restored: " + basic::Replace(error.Description, copy.string(), file));
     }
     // A log of other books was set aside there, which the owner of the file still has.
     for (const fs::directory_entry& entry : fs::directory_iterator(copy.parent_path()))
