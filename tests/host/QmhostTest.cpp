@@ -269,6 +269,14 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     EXPECT_THAT(said(add + "2002-2003 </dev/null", 1), HasSubstr("nothing was changed\n"));
     EXPECT_EQ(Bytes(BooksFile()), before);
 
+    // An earlier try that was killed behind its first step.
+    Ask("INSERT INTO Ledger_Details (Ledger_ID, Fnncl_Yr) VALUES (17, 2002)");
+    EXPECT_EQ(
+        said(add + "2002-2003 --yes", 1),
+        "qmhost: details of 2002 stand already: an earlier try did not end, and another would double them. "
+        "Restore the backup that was made before it (qmhost restore), then add the year\n");
+    EXPECT_EQ(Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "");
+
     EXPECT_EQ(said(add + "2002-2003 --yes", 0), "current year: 2002\n");
     EXPECT_EQ(said("years " + Books(), 0), "2001-2002\n2002-2003  current\n");
     EXPECT_EQ(Ask("SELECT count(*) FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "28\n");
@@ -287,6 +295,10 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
               "qmhost: the current year is 2002, not 2001: make that current first with qmhost year\n");
     EXPECT_EQ(CurrentYear(), "2002-2003\n");
 
+    EXPECT_EQ(said("year " + Books() + " 2001-2002", 0), "current year: 2001\n");  // as years prints it
+    EXPECT_EQ(said("year " + Books() + " 2002", 0), "current year: 2002\n");
+    EXPECT_EQ(said("year " + Books() + " 2001-2004", 1),
+              "qmhost: the books know no year '2001-2004' (see qmhost years)\n");
     EXPECT_EQ(said("year " + Books() + " 2001", 0), "current year: 2001\n");
     EXPECT_EQ(CurrentYear(), "2001-2002\n");
     EXPECT_EQ(Post(voucher, "--year 2001").said, "posted 1 voucher, 2 rows: 61\n");
@@ -346,7 +358,10 @@ TEST_F(QmhostCommands, BackupCopiesWholeBooksAndOverwritesNothing) {
     EXPECT_EQ(again.said, "qmhost: '" + copy + "' exists; a backup never overwrites\n");
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(Bytes(copy), copied);
-    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/no/copy.mdb").code, 1);
+    const Outcome nowhere = Qmhost("backup " + Books() + " " + (folder / "no" / "copy.mdb").string());
+    EXPECT_EQ(nowhere.said, "qmhost: there is no folder '" + (folder / "no").string() + "' for the backup\n");
+    EXPECT_EQ(nowhere.code, 1);
+    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/copy.mdb").code, 1);
 }
 
 TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {
