@@ -50,7 +50,7 @@ class Engine {
     // Runs a write outside transactions: whole or not at all, and not at once on the disk.
     virtual void WriteLoosely(const std::function<void()>& write) = 0;
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
-    virtual void Flush() = 0;  // loose writes are on the disk when it returns; in none, nothing
+    virtual void Flush() = 0;                // loose writes are on the disk when it returns; in none, nothing
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises
