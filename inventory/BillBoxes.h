@@ -4,7 +4,7 @@
 #include <initializer_list>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Controls.h"
+#include "platform/forms/controls/Controls.h"
 
 namespace qm {
 

@@ -1,0 +1,43 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include "core/DBCode.h"
+#include "core/modGeneral.h"
+#include "host/audit/Audit.h"
+#include "host/commands/Command.h"
+#include "host/commands/Counted.h"
+#include "host/commands/Exit.h"
+#include "host/commands/ReadOnlyBooks.h"
+
+namespace host {
+namespace {
+
+int Check(const std::string& folder) {
+    const ReadOnlyBooks books(folder);
+    const std::vector<Finding> findings = Audit::Run();
+    for (const Finding& finding : findings)
+        std::cout << (finding.severity == Severity::Error ? "error: " : "note:  ") << finding.text << "\n";
+    const auto isError = [](const Finding& finding) { return finding.severity == Severity::Error; };
+    const auto errors = static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isError));
+    std::cout << Counted(errors, "error") << ", " << Counted(findings.size() - errors, "note") << "\n";
+    return errors == 0 ? ExitOk : ExitFailed;
+}
+
+}  // namespace
+
+void AddCheck(CLI::App& app, Command& chosen) {
+    const auto folder = std::make_shared<std::string>();
+    auto* command = app.add_subcommand("check", "Audit the books and change nothing");
+    command->add_option("DIR", *folder, "Folder of the books")->required();
+    command->footer(
+        "Errors are what should not be. Notes are what the system's own roads leave: what the next rebuild "
+        "of the\n"
+        "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
+        "Example: qmhost check books");
+    command->callback([folder, &chosen] { chosen = [folder] { return Check(*folder); }; });
+}
+
+}  // namespace host
