@@ -6,8 +6,8 @@
 
 #include "host/commands/Command.h"
 #include "host/commands/Exit.h"
+#include "host/commands/Sample.h"
 #include "host/make/Books.h"
-#include "host/make/Sample.h"
 
 namespace host {
 namespace {

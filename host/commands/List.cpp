@@ -5,10 +5,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "host/audit/YearList.h"
 #include "host/commands/Command.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
-#include "host/commands/YearList.h"
 
 namespace host {
 namespace {

@@ -10,9 +10,9 @@
 #include "core/Screens.h"
 #include "host/commands/Command.h"
 #include "host/commands/Exit.h"
-#include "host/commands/Fail.h"
 #include "host/commands/OpenBooks.h"
 #include "host/commands/UserBooks.h"
+#include "host/make/Fail.h"
 
 namespace host {
 namespace {

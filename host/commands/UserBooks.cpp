@@ -4,9 +4,9 @@
 
 #include "core/MsgBox.h"
 #include "core/Screens.h"
-#include "host/commands/Fail.h"
+#include "host/commands/Sample.h"
 #include "host/make/Books.h"
-#include "host/make/Sample.h"
+#include "host/make/Fail.h"
 
 namespace host {
 namespace {

@@ -3,11 +3,11 @@
 #include <string>
 #include <tuple>
 
-#include "host/commands/Fail.h"
 #include "host/make/BooksFolder.h"
 #include "host/make/BooksStore.h"
 #include "host/make/CsvFile.h"
 #include "host/make/Embedded.h"
+#include "host/make/Fail.h"
 
 namespace host {
 namespace {

@@ -11,7 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "host/commands/Fail.h"
+#include "host/make/Fail.h"
 
 namespace fs = std::filesystem;
 

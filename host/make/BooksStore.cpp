@@ -6,8 +6,8 @@
 
 #include <sqlite3.h>
 
-#include "host/commands/Fail.h"
 #include "host/make/Books.h"
+#include "host/make/Fail.h"
 
 namespace host {
 

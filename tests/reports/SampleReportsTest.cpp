@@ -2,7 +2,7 @@
 // adding each ledger's lines to its opening in decimals; the narrations were cut after the 35th letter.
 #include <gmock/gmock.h>
 
-#include "host/make/Sample.h"
+#include "host/commands/Sample.h"
 #include "reports/frmTPL.h"
 #include "tests/accounts/PartyScreens.h"
 #include "tests/reports/ResultTexts.h"

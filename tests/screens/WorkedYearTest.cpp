@@ -8,7 +8,7 @@
 #include "accounts/Ledger_Master.h"
 #include "accounts/frmGrpMain.h"
 #include "host/audit/Audit.h"
-#include "host/make/Sample.h"
+#include "host/commands/Sample.h"
 #include "inventory/ItemMaster.h"
 #include "inventory/frmIssues.h"
 #include "purchasing/frmPO.h"

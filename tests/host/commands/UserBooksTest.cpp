@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 
 #include "core/clQm.h"
+#include "host/commands/Sample.h"
 #include "host/commands/UserBooks.h"
 #include "host/make/Books.h"
-#include "host/make/Sample.h"
 #include "platform/basic/Error.h"
 #include "tests/support/BoxScript.h"
 #include "tests/support/FreshBooks.h"

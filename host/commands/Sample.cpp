@@ -1,4 +1,4 @@
-#include "host/make/Sample.h"
+#include "host/commands/Sample.h"
 
 #include <cstdint>
 #include <string>
@@ -7,10 +7,10 @@
 #include "core/DBCode.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
-#include "host/commands/Fail.h"
 #include "host/commands/Posting.h"
 #include "host/commands/VoucherFile.h"
 #include "host/make/Embedded.h"
+#include "host/make/Fail.h"
 #include "platform/ado/Constants.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Clock.h"
@@ -75,8 +75,9 @@ void PostSampleVouchers(qm::clQm& books, int year) {
     const VoucherFile file = CheckVouchers(VouchersMovedTo(year), books, firstYear);
     if (!file.faults.empty())
         Fail("sample/vouchers.csv:" + std::to_string(file.faults[0].line) + ": " + file.faults[0].reason);
-    const PostingResult result = PostVouchers(books, file, firstYear, [](std::size_t) {});
-    if (!result.failure.empty()) Fail("sample/vouchers.csv: " + result.failure);
+    const PostingResult result = PostVouchers(books, file, firstYear, [](std::size_t) { return true; });
+    if (result.failure)
+        Fail("sample/vouchers.csv:" + std::to_string(result.failure->line) + ": " + result.failure->reason);
 }
 
 }  // namespace
