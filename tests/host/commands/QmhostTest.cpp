@@ -1,4 +1,5 @@
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -366,6 +367,21 @@ TEST_F(QmhostCommands, BackupCopiesWholeBooksAndOverwritesNothing) {
     EXPECT_EQ(nowhere.said, "qmhost: there is no folder '" + (folder / "no").string() + "' for the backup\n");
     EXPECT_EQ(nowhere.code, 1);
     EXPECT_EQ(Qmhost("backup " + Books() + " /proc/copy.mdb").code, 1);
+}
+
+// Every command and every option of it that the program's own help tells of.
+TEST_F(QmhostCommands, TheManPageIsWhole) {
+    std::string page = Bytes(MAN_PAGE);
+    std::erase(page, '\\');
+    const auto expectAll = [&page](const std::string& help, const std::regex& name) {
+        for (std::sregex_iterator at(help.begin(), help.end(), name), end; at != end; ++at)
+            EXPECT_THAT(page, HasSubstr((*at)[1].str()));
+    };
+    const std::string help = Qmhost("--help").said;
+    const std::regex command("\n  ([a-z-]+) ");
+    expectAll(help, command);
+    for (std::sregex_iterator at(help.begin(), help.end(), command), end; at != end; ++at)
+        expectAll(Qmhost((*at)[1].str() + " --help").said, std::regex("\n  (--[a-z-]+)"));
 }
 
 TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {
