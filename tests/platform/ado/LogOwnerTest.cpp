@@ -1,8 +1,8 @@
 // What a crash leaves beside a store, and what opening makes of it.
 #include <gmock/gmock.h>
 
-#include "platform/ado/CrashLog.h"
 #include "platform/ado/Maintenance.h"
+#include "platform/ado/store/CrashLog.h"
 #include "tests/platform/ado/TestStore.h"
 
 namespace ado {

@@ -7,7 +7,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include "platform/ado/Engine.h"
+#include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
 
 namespace {

@@ -1,0 +1,91 @@
+#include "host/commands/Backup.h"
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include "core/modGeneral.h"
+#include "host/commands/BooksCopy.h"
+#include "host/commands/Command.h"
+#include "host/commands/Exit.h"
+#include "host/commands/ReadOnlyBooks.h"
+#include "host/make/BooksFolder.h"
+#include "host/make/Fail.h"
+#include "platform/ado/Maintenance.h"
+
+namespace host {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What two states of the books are told apart by: rows and sums of every table, as one text.
+std::string Sums(ado::Connection& connection) {
+    std::string text;
+    for (const ado::TableSums& table : ado::SumTables(connection)) {
+        text += table.name + " " + std::to_string(table.rows);
+        for (const auto& [column, sum] : table.sums) text += " " + column + "=" + sum;
+        text += "\n";
+    }
+    return text;
+}
+
+void Compare(const std::string& file, const std::string& sums) {
+    const ado::ConnectionPtr copy = OpenCopy(file);
+    RefuseDamaged(*copy);
+    if (Sums(*copy) != sums) Fail("the sums of the copy differ from those of the books");
+    copy->Close();
+}
+
+// Never wider than its owner's rights, and no wider than those of the books.
+void NarrowRights(const fs::path& copy, const fs::path& books) {
+    const fs::perms own = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(copy, fs::status(books).permissions() & own);
+}
+
+}  // namespace
+
+void BackUpBooks(const std::string& folder, const std::string& file) {
+    if (fs::exists(fs::symlink_status(file))) Fail("'" + file + "' exists; a backup never overwrites");
+    const fs::path target = fs::absolute(file).parent_path();
+    if (!fs::is_directory(target)) Fail("there is no folder '" + target.string() + "' for the backup");
+    const ReadOnlyBooks books(folder);
+    BooksFolder place(target, fs::path(file).filename());
+    const fs::path copy = place.Staging() / fs::path(file).filename();
+    std::string sums;
+    {
+        // Others may go on writing: the sums and the copy are of one moment.
+        const ado::Snapshot moment(qm::Conn());
+        sums = Sums(qm::Conn());
+        ado::BackUp(qm::Conn(), copy);
+    }
+    Compare(copy, sums);
+    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+    place.Publish();
+}
+
+void AddBackup(CLI::App& app, Command& chosen) {
+    struct Options {
+        std::string folder, file;
+    };
+    const auto options = std::make_shared<Options>();
+    auto* command = app.add_subcommand("backup", "Copy the books into a file while others may work");
+    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("FILE", options->file, "New file; never overwritten")->required();
+    command->footer(
+        "The copy bears the same password. It is opened, its pages are checked and the sums of its tables "
+        "compared;\n"
+        "then it gets its name, and is on the disk before anything is said. To go back to it: qmhost "
+        "restore.\n"
+        "Example: qmhost backup books books-2025-04-01.mdb");
+    command->callback([options, &chosen] {
+        chosen = [options] {
+            BackUpBooks(options->folder, options->file);
+            std::cout << options->file << ": backed up and compared\n";
+            return ExitOk;
+        };
+    });
+}
+
+}  // namespace host
