@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPointer>
 #include <string_view>
 
 #include "platform/forms/Control.h"
@@ -54,7 +53,18 @@ void EventRouter::Install() {
     QCoreApplication::instance()->installEventFilter(installed);
 }
 
+// A dropped list closes when it is asked whether a key is a shortcut; the press itself comes after that, and
+// then goes to the window that the system holds for active. That is the form's, and no longer the list's,
+// where the list was dropped while the form was still on its way back from a box: Enter would choose a line
+// and press the default button as well.
+bool EventRouter::HasClosedAList(QEvent::Type type) {
+    if (type == QEvent::ShortcutOverride) asked_ = QApplication::activePopupWidget();
+    return type == QEvent::KeyPress && asked_ && FormWindow::Of(asked_->parentWidget()) &&
+           !asked_->isVisible();
+}
+
 bool EventRouter::eventFilter(QObject* object, QEvent* event) {
+    if (HasClosedAList(event->type())) return true;
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::MouseButtonPress:
@@ -106,7 +116,7 @@ bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& ke
 bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
     Control* const control = Control::Of(&widget);
     if (!control || !control->TakesFocus() || !control->Widget()->isEnabled()) return false;
-    return !window.MoveFocus(*control);
+    return !window.MoveFocus(*control, Qt::MouseFocusReason);
 }
 
 // A letter that two controls share only moves the focus, from one to the other.
@@ -114,12 +124,12 @@ bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous
     auto* const control = dynamic_cast<Control*>(&widget);
     if (!control) return false;
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
-        if (window.MoveFocus(*control) && !ambiguous) button->click();
+        if (window.MoveFocus(*control, Qt::ShortcutFocusReason) && !ambiguous) button->click();
         return true;
     }
     const auto* label = qobject_cast<QLabel*>(&widget);
     Control* const target = label ? Control::Of(label->buddy()) : control;
-    if (target) window.MoveFocus(*target);
+    if (target) window.MoveFocus(*target, Qt::ShortcutFocusReason);
     return true;
 }
 
