@@ -113,10 +113,7 @@ void ComboBox::SetLocked(bool locked) {
 }
 
 void ComboBox::OpenList() {
-    if (!isEnabled() || !isVisible() || locked_) return;
-    showPopup();
-    // Without a choice the first line is marked, by the toolkit only where the window is active already.
-    if (!view()->currentIndex().isValid()) view()->setCurrentIndex(model()->index(0, modelColumn()));
+    if (isEnabled() && isVisible() && !locked_) showPopup();
 }
 
 // The designer's `editable` is known only when the form is complete.

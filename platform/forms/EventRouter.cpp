@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <string_view>
+#include <utility>
 
 #include "platform/forms/Control.h"
 #include "platform/forms/Form.h"
@@ -57,14 +58,22 @@ void EventRouter::Install() {
 // then goes to the window that the system holds for active. That is the form's, and no longer the list's,
 // where the list was dropped while the form was still on its way back from a box: Enter would choose a line
 // and press the default button as well.
-bool EventRouter::HasClosedAList(QEvent::Type type) {
-    if (type == QEvent::ShortcutOverride) asked_ = QApplication::activePopupWidget();
-    return type == QEvent::KeyPress && asked_ && FormWindow::Of(asked_->parentWidget()) &&
-           !asked_->isVisible();
+bool EventRouter::HasClosedAList(const QEvent& event) {
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress) return false;
+    if (event.type() == QEvent::KeyPress) {
+        const QPointer<QWidget> list = std::exchange(asked_, nullptr);
+        return list && !list->isVisible() && FormWindow::Of(list->parentWidget());
+    }
+    // Who does not use the question passes it on to its parent, when the list may be closed already.
+    const quint64 time = static_cast<const QKeyEvent&>(event).timestamp();
+    QWidget* const list = QApplication::activePopupWidget();
+    if (list || time != askedAt_) asked_ = list;
+    askedAt_ = time;
+    return false;
 }
 
 bool EventRouter::eventFilter(QObject* object, QEvent* event) {
-    if (HasClosedAList(event->type())) return true;
+    if (HasClosedAList(*event)) return true;
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::MouseButtonPress:

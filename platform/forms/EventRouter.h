@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QEvent>
 #include <QObject>
 #include <QPointer>
 
+class QEvent;
 class QKeyEvent;
 class QWidget;
 
@@ -22,13 +22,14 @@ class EventRouter : public QObject {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    bool HasClosedAList(QEvent::Type type);
+    bool HasClosedAList(const QEvent& event);
     static bool OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key);
     static bool OnPress(FormWindow& window, QWidget& widget);
     static bool OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous);
     static void OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason reason);
 
     QPointer<QWidget> asked_;  // the dropped list that was asked about the key that is on its way
+    quint64 askedAt_ = 0;
 };
 
 }  // namespace forms
