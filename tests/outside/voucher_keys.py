@@ -32,7 +32,6 @@ class Desk:
         with os.fdopen(reading) as number:
             self.environment = dict(os.environ, DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")
         self.manager = self.start("openbox", "--sm-disable")
-        self.wait_for("the window manager", lambda: self.ask("search", "--class", "openbox"))
         return self
 
     def __exit__(self, *_):
@@ -41,16 +40,17 @@ class Desk:
             process.wait()
 
     def start(self, *command):
-        return subprocess.Popen(command, env=self.environment, stderr=subprocess.DEVNULL)
+        return subprocess.Popen(command, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def ask(self, *words):
-        return subprocess.run(["xdotool", *words], env=self.environment, capture_output=True, text=True).stdout.split("\n")[:-1]
+        asked = subprocess.run(["xdotool", *words], env=self.environment, capture_output=True, text=True)
+        return asked.stdout.splitlines()
 
     def wait_for(self, what, state):
         end = time.monotonic() + PATIENCE
         while not state():
             if time.monotonic() > end:
-                raise SystemExit(f"{what} did not come; the focus is on {self.focus()}, shown are {self.shown()}")
+                raise SystemExit(f"{what} did not come; the focus is on {self.focus()}")
             time.sleep(0.01)
 
     def focus(self):
@@ -69,6 +69,7 @@ class Desk:
 
 class VoucherKeys(Desk):
     def open(self, qmhost, folder):
+        self.wait_for("the window manager", lambda: self.ask("get_desktop"))
         self.program = self.start(qmhost, "open", "frmVoucher", folder)
         self.wait_for("the screen", lambda: self.focus() == [SCREEN])
 
@@ -87,8 +88,7 @@ class VoucherKeys(Desk):
         self.wait_for("the list", lambda: len(self.shown()) == 2 and BOX not in self.shown())
         # A window manager may be slow: the screen gets the system's focus back when the list is there already.
         screen = self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", f"^{SCREEN}$")
-        self.ask("windowfocus", *self.ask("search", "--maxdepth", "0", ".*"))
-        self.ask("windowfocus", *screen)
+        self.ask("windowfocus", *self.ask("search", "--maxdepth", "0", ".*"), "windowfocus", *screen)
         self.wait_for("the screen's focus", lambda: self.focus() == [SCREEN])
 
     def leave_list(self, key):
@@ -98,7 +98,8 @@ class VoucherKeys(Desk):
     def begin(self):
         """What the screen refuses at first; the cursor ends on the side of the first line."""
         self.save()
-        self.leave_list("Return")  # the first of the types: a receipt
+        self.press("r")  # finds the receipt
+        self.leave_list("Return")
         self.press("alt+d")
         self.type("15041999")
         self.save()
