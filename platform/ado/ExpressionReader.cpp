@@ -10,13 +10,6 @@ namespace {
 
 constexpr std::size_t MostOfIn = 100'000;  // bytes: a left side is written once for each kind of item
 
-// The store would read a text as a number, and most as 0.
-Expression Decisive(Expression e) {
-    if (e.type == ColumnType::Text)
-        Refuse(error::BadValue, "A text stands by itself where a condition is expected");
-    return e;
-}
-
 }  // namespace
 
 using basic::EqualText;
@@ -31,6 +24,13 @@ Expression ExpressionReader::Truth() {
 
 Expression ExpressionReader::And() {
     return Chain("AND", &ExpressionReader::Not);
+}
+
+// The store would read a text as a number, and most as 0.
+Expression ExpressionReader::Decisive(Expression e) const {
+    if (e.type != ColumnType::Text) return e;
+    tokens_.RefuseUnsupported();
+    Refuse(error::BadValue, "A text stands by itself where a condition is expected");
 }
 
 // One level of parentheses for the whole chain: the store's parser takes only so many.

@@ -46,6 +46,7 @@ class ExpressionReader {
     Expression Iif();
     Expression Aggregate(const std::string& function);
     Expression In(const Expression& left, bool negated);
+    Expression Decisive(Expression e) const;
     Expression AlignedAnew(const Expression& left, Expression& item);
     Expression Like(const Expression& text, bool negated);
     Expression Chain(std::string_view word, Operand operand);

@@ -154,9 +154,13 @@ std::string TokenReader::UnsupportedWords() const {
     return words.empty() || !AtWord("Not") ? words : Peek().text + " " + words;
 }
 
-void TokenReader::Refuse(const std::string& text) const {
+void TokenReader::RefuseUnsupported() const {
     if (const std::string words = UnsupportedWords(); !words.empty())
         ado::Refuse(error::Statement, "Syntax error: '" + words + "' is not supported in statements");
+}
+
+void TokenReader::Refuse(const std::string& text) const {
+    RefuseUnsupported();
     ado::Refuse(error::Statement, "Syntax error: " + text + " where " + Shown(Peek()) + " stands");
 }
 

@@ -187,6 +187,8 @@ TEST(Dialect, TellsTheWordThatStandsInTheWay) {
         {"Select Name From Ledger_Master Where Ledger_ID Between 1 And 2", "'Between' is not supported"},
         {"Select Name From Ledger_Master Where Ledger_ID Not Between 1 And 2",
          "'Not Between' is not supported"},
+        {"Select Name From Ledger_Master Where 1 = 1 And Name Not Between 'a' And 'b'",
+         "'Not Between' is not supported"},
         {"Select Name From Ledger_Master Inner Join tblError On 1 = 1", "'Inner Join' is not supported"},
         {"Select Name From Ledger_Master As A Left Outer Join tblError On 1 = 1",
          "'Left Outer Join' is not supported"},
