@@ -4,8 +4,8 @@
 Usage: voucher_keys.py SESSIONS VOUCHERS QMHOST LIBQMCLS FOLDER
 
 A session opens the voucher screen of new books of 2001, is refused without a type, with a wrong date and without a
-ledger, and posts so many vouchers. Each box is followed by a list: one press of Enter or Esc closes each of them,
-and must do nothing else. Exit code 77: a program that this needs is not installed.
+ledger, and posts so many vouchers. Each box is followed by a list: one press of Enter, Esc or F4 closes each of
+them, and must do nothing else. Exit code 77: a program that this needs is not installed.
 """
 
 import os
@@ -97,9 +97,8 @@ class VoucherKeys(Desk):
     def begin(self):
         """What the screen refuses at first; the cursor ends on the side of the first line."""
         self.save()
-        self.press("r")  # finds the receipt
-        self.leave_list("Return")
-        self.press("alt+d")
+        self.leave_list("F4")
+        self.press("r", "alt+d")  # finds the receipt
         self.type("15041999")
         self.save()
         self.leave_list("Escape")
