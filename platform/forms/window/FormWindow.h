@@ -32,8 +32,7 @@ class Form;
 //             +-----------> Transfer <----------+------------------------------+
 //                           1. the toolkit's focus goes (by Tab and Alt a text is selected)
 //                           2. Active() is the new control
-//                           3. LostFocus of the old one; a SetFocus in it is a move of its own and ends this
-//                           one
+//                           3. LostFocus of the old one; a SetFocus in it ends this move
 //                           4. EnterFocus of the user control that was entered
 //                           5. GotFocus of the new one
 //
