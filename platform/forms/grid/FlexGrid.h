@@ -108,6 +108,7 @@ class FlexGrid : public GridView, public Control {
   private:
     void ClampCurrent();
     void StepRow(int step);
+    void GoTowards(int row, int col);
     void FireMouse(const Event<int, int, int, int>& event, const QMouseEvent& mouse);
 
     GridModel model_;
