@@ -59,8 +59,8 @@ void LayDown(const std::filesystem::path& file, std::optional<int> year) {
 // Opened again as the next program will, and walked through.
 void CheckWhole(const std::filesystem::path& file) {
     BooksStore store(file);
-    const std::string found = store.Run("PRAGMA integrity_check").front();
-    if (found != "ok") Fail(std::string("the new ") + BooksFile + " is damaged: " + found);
+    const std::vector<std::string> found = store.Run("PRAGMA integrity_check");
+    if (found.front() != "ok") Fail(std::string("the new books are damaged: ").append(found.front()));
     store.Close();
 }
 

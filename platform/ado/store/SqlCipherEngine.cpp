@@ -7,6 +7,7 @@
 #include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/Errors.h"
+#include "platform/ado/store/BooksFile.h"
 #include "platform/ado/store/LogMark.h"
 #include "platform/ado/store/LogOwner.h"
 #include "platform/ado/store/SqlFunctions.h"
