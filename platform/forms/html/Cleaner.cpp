@@ -9,7 +9,7 @@
 namespace forms::html {
 namespace {
 
-constexpr int MostColumns = 100, MostPixels = 10000;
+constexpr int MostPixels = 10000;
 
 // Tags that the style sheet knows. Others count for nothing, but what is in them is shown.
 constexpr GumboTag Known[] = {
@@ -108,7 +108,7 @@ std::string FontSize(const GumboNode& font) {
 }  // namespace
 
 int SpanOf(const GumboNode& cell, const char* attribute) {
-    return std::clamp(Pixels(cell, attribute, 1), 1, MostColumns);
+    return std::clamp(Pixels(cell, attribute, 1), 1, Bounds::Span);
 }
 
 std::string Cleaner::Node(const GumboNode& node, Widths widths) {
@@ -118,7 +118,7 @@ std::string Cleaner::Node(const GumboNode& node, Widths widths) {
             cleaner.cellPadding_ = CellPadding(*around);
             break;
         }
-    cleaner.Add(node, 0);
+    cleaner.Add(node);
     return std::move(cleaner.out_);
 }
 
@@ -132,24 +132,24 @@ std::string Cleaner::TableStyle(const GumboNode& table, Widths widths) {
     return style + Colour(table, "bgcolor", "background-color");
 }
 
-void Cleaner::AddChildren(const GumboNode& node, int depth) {
-    for (const GumboNode* child : ChildrenOf(node)) Add(*child, depth);
+void Cleaner::AddChildren(const GumboNode& node) {
+    for (const GumboNode* child : ChildrenOf(node)) Add(*child);
 }
 
-void Cleaner::Add(const GumboNode& node, int depth) {
+void Cleaner::Add(const GumboNode& node) {
     if (IsText(node)) {
         out_ += Escaped(node.v.text.text);
         return;
     }
     const GumboTag tag = TagOf(node);
-    if (depth > DeepestNode || In(Dropped, tag) || node.type != GUMBO_NODE_ELEMENT) return;
+    if (In(Dropped, tag) || node.type != GUMBO_NODE_ELEMENT) return;
     const std::string padding = cellPadding_;
     if (tag == GUMBO_TAG_TABLE) cellPadding_ = CellPadding(node);
     const char* const name = In(Known, tag)          ? gumbo_normalized_tagname(tag)
                              : tag == GUMBO_TAG_FONT ? "span"
                                                      : nullptr;
     if (name) Open(node, name);
-    AddChildren(node, depth + 1);
+    AddChildren(node);
     if (name && tag != GUMBO_TAG_BR && tag != GUMBO_TAG_HR) out_ += std::string("</") + name + '>';
     cellPadding_ = padding;
 }
