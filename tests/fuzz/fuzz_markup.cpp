@@ -97,6 +97,11 @@ void CheckTree(const std::string& text, const Bounds& bounds) {
 
 }  // namespace
 
+// The fonts of the system are kept by their library until the process ends.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     static int count = 1;
     static std::array<char, 12> name{"fuzz_markup"};

@@ -25,7 +25,7 @@ class Cleaner {
 
     std::string out_;
     const Widths widths_;
-    std::string cellPadding_;  // of the table around, as a style
+    int cellPadding_ = 0;  // of the table around, in pixels
 };
 
 // How many columns a cell takes: 1 for an attribute that makes no sense, Bounds::Span at most.

@@ -23,8 +23,7 @@ TEST(Bounds, MarkupBeyondThemCountsForNothing) {
          "a<script>b('<i>')</script>c<style></style>ef"},
         {"<svg><td>a</td></svg><select><b>b</select><textarea>c", "<td>a</td><b>bc"},
         {"<b title='>'>a<b title='<i>b<b", "<b title='>'>a&lt;b title='<i>b&lt;b"},
-        {"<table><td>a text within its bounds<td>b",
-         "<table><td>a text within its bounds<td>b"},
+        {"<table><td>a text within its bounds<td>b", "<table><td>a text within its bounds<td>b"},
         {"<table><td>1<td>a long text goes on in a further row<td>b",
          "<table><td>1<td>a long text goes on in a further<tr><td><td> row<td>b"},
     };

@@ -44,7 +44,7 @@ TEST(Layout, OldAttributesPlaceTexts) {
         "<tr><td colspan = '2' width = '100%' align='CENTER'>e</td><td colspan=2 height='60'>f</td></tr>");
     EXPECT_EQ(at["a"].left(), 8);
     EXPECT_EQ(RightOf(at["b"]), 408);
-    EXPECT_EQ(at["c"].left(), 408);
+    EXPECT_GE(at["c"].left(), 414) << "columns stand apart";
     EXPECT_EQ(RightOf(at["d"]), 808);
     EXPECT_NEAR(at["e"].center().x(), 208, 2);
     EXPECT_NEAR(at["f"].center().y(), at["a"].bottom() + 31, 3) << "in the middle of its height";
