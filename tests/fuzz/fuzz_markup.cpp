@@ -7,8 +7,8 @@
 
 #include "platform/forms/html/Content.h"
 #include "platform/forms/html/Layout.h"
-#include "tests/forms/html/Extent.h"
 #include "tests/fuzz/Check.h"
+#include "tests/platform/forms/html/Extent.h"
 
 namespace {
 
