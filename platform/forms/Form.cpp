@@ -39,7 +39,7 @@ void CentreOn(QWidget& window, const QWidget* below) {
         std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width() + 1)));
     place.moveTop(
         std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height() + 1)));
-    window.move(place.topLeft());
+    window.setGeometry(place);  // without the frame, which the allowance leaves room for
 }
 
 }  // namespace

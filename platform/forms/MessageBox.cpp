@@ -1,6 +1,7 @@
 #include "platform/forms/MessageBox.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -16,7 +17,17 @@ namespace {
 constexpr const char* DefaultTitle = "Tovik Softwares";
 constexpr int YesNo = 4, Information = 64;
 constexpr int IconSide = 36;
+constexpr int FrameButtons = 140;  // pixels: the frame's icon and buttons, with a margin
 constexpr int AnswerOk = 1, AnswerYes = 6, AnswerNo = 7;
+
+// The system's frame cuts a title that is longer than its box is wide.
+void MakeRoomForTitle(QMessageBox& box) {
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    auto* const rows = qobject_cast<QGridLayout*>(box.layout());
+    rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
+}
 
 // Remembers who had the focus and gives it back: the toolkit itself does not always do so.
 class FocusKeeper {
@@ -42,6 +53,7 @@ int Ask(const std::string& text, int flags, const std::string& title) {
     const char* const icon = flags & YesNo ? ":/forms/icons/question.svg" : ":/forms/icons/information.svg";
     if (flags & Information)
         box.setIconPixmap(QIcon(icon).pixmap(QSize(IconSide, IconSide), box.devicePixelRatio()));
+    MakeRoomForTitle(box);
     if (!(flags & YesNo)) {
         box.exec();
         return AnswerOk;
