@@ -6,11 +6,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include "core/modGeneral.h"
 #include "host/Command.h"
 #include "host/Exit.h"
 #include "host/Fail.h"
 #include "host/OpenBooks.h"
 #include "host/YearList.h"
+#include "platform/ado/Maintenance.h"
 
 namespace host {
 namespace {
@@ -20,11 +22,24 @@ struct YearOptions {
     bool yes = false;
 };
 
+bool IsLongForm(const std::string& text) {
+    static const std::regex form("([0-9]{4})-([0-9]{4})");
+    std::smatch parts;
+    return std::regex_match(text, parts, form) && std::stoi(parts[2]) == std::stoi(parts[1]) + 1;
+}
+
+void TellYear(const std::string& current) {
+    ado::Flush(qm::Conn());  // what is told stands on the disk
+    std::cout << "current year: " << current << "\n";
+}
+
 int SetYear(const YearOptions& options) {
     OpenBooks books(options.folder);
-    const std::string now = books.Host().SetGetFinancialYear(options.year);
+    // "2001-2002", as the list of years has it, means 2001.
+    const std::string now =
+        books.Host().SetGetFinancialYear(IsLongForm(options.year) ? options.year.substr(0, 4) : options.year);
     if (now.empty()) Fail("the books know no year '" + options.year + "' (see qmhost years)");
-    std::cout << "current year: " << now << "\n";
+    TellYear(now);
     return ExitOk;
 }
 
@@ -32,12 +47,6 @@ bool Known(const std::string& shortForm) {
     const std::vector<Year> years = ReadYears();
     return std::any_of(years.begin(), years.end(),
                        [&](const Year& year) { return year.ShortForm() == shortForm; });
-}
-
-bool IsLongForm(const std::string& text) {
-    static const std::regex form("([0-9]{4})-([0-9]{4})");
-    std::smatch parts;
-    return std::regex_match(text, parts, form) && std::stoi(parts[2]) == std::stoi(parts[1]) + 1;
 }
 
 // A Null total would end the fold of the balances half-way.
@@ -64,7 +73,7 @@ bool Confirmed(const YearOptions& options, const std::string& current) {
 int TellOutcome(const YearOptions& options) {
     const std::string wanted = options.year.substr(0, 4), current = CurrentYear();
     if (current == wanted) {
-        std::cout << "current year: " << current << "\n";
+        TellYear(current);
         return ExitOk;
     }
     std::cerr << "qmhost: " << options.year << " could not be set up in full; the current year is "
@@ -98,7 +107,7 @@ void AddYearSwitch(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<YearOptions>();
     auto* command = app.add_subcommand("year", "Make a known year the current one");
     command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option("YEAR", options->year, "First year of it, such as 2002")->required();
+    command->add_option("YEAR", options->year, "The year, such as 2002 or 2002-2003")->required();
     command->footer("Example: qmhost year books 2002");
     command->callback([options, &chosen] { chosen = [options] { return SetYear(*options); }; });
 }

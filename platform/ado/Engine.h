@@ -47,6 +47,7 @@ class Engine {
     virtual void EndRead() = 0;
     virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
     virtual void BeforeLooseWrite() = 0;  // a write outside transactions need not reach the disk at once
+    virtual void Flush() = 0;             // loose writes are on the disk when it returns; in none, nothing
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises

@@ -69,6 +69,10 @@ Snapshot::~Snapshot() {
     }
 }
 
+void Flush(Connection& connection) {
+    connection.Opened()->engine().Flush();
+}
+
 void BackUp(Connection& connection, const std::string& file) {
     if (std::filesystem::exists(file))
         throw basic::Error(error::BadArgument, "The file '" + file + "' exists; a copy never overwrites.",

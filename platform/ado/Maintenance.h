@@ -26,6 +26,10 @@ class Snapshot {
     Connection& connection_;
 };
 
+// Waits until what was written outside transactions is on the disk, whoever else reads or writes. Within a
+// transaction it does nothing: its commit waits. Raises what the disk raises.
+void Flush(Connection& connection);
+
 // Copies the store into a new file under the same password, while others may go on writing; within a
 // Snapshot, as of its moment. Raises BadArgument where the file exists, and what reading or writing raises; a
 // copy that failed is removed.

@@ -1,6 +1,8 @@
 #include "platform/ado/SqlCipherEngine.h"
 
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -156,8 +158,7 @@ void SqlCipherEngine::Configure() {
 }
 
 void SqlCipherEngine::Close() {
-    if (looseWritten_) Run("PRAGMA wal_checkpoint(PASSIVE)");  // writes the log to the disk first
-    looseWritten_ = false;
+    Flush();
     sqlite3_close_v2(std::exchange(store_, nullptr));
 }
 
@@ -185,8 +186,7 @@ void SqlCipherEngine::Begin() {
 void SqlCipherEngine::Commit() {
     Run("COMMIT");
     // A commit that wrote nothing waits for nothing; what was written loosely before must not stay behind it.
-    if (looseWritten_ && (undone_ || sqlite3_total_changes(store_) == changesAtBegin_))
-        Run("PRAGMA wal_checkpoint(PASSIVE)");
+    if (undone_ || sqlite3_total_changes(store_) == changesAtBegin_) Flush();
     looseWritten_ = false;
 }
 
@@ -211,6 +211,23 @@ void SqlCipherEngine::RollbackTo(int level) {
 void SqlCipherEngine::BeforeLooseWrite() {
     WaitForDisk(false);
     looseWritten_ = true;
+}
+
+void SqlCipherEngine::Flush() {
+    if (!looseWritten_ || InTransaction()) return;
+    SyncLog();
+    looseWritten_ = false;
+}
+
+// A checkpoint would not do: beside a reader of an older moment it may sync nothing.
+void SqlCipherEngine::SyncLog() {
+    sqlite3_file* log = nullptr;
+    sqlite3_file_control(store_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    if (log == nullptr || log->pMethods == nullptr) return;  // no log: nothing was written
+    if (log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) != SQLITE_OK)
+        throw basic::Error(
+            error::Unspecified,
+            std::string("The disk could not be read or written (") + std::strerror(errno) + ").", source);
 }
 
 // The moment is fixed by the first read, not by BEGIN.

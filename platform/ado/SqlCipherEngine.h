@@ -34,6 +34,7 @@ class SqlCipherEngine final : public Engine {
     void EndRead() override;
     void CopyTo(const std::string& file, const std::string& password) override;
     void BeforeLooseWrite() override;
+    void Flush() override;
 
   private:
     void GiveKey(const std::string& password);
@@ -42,6 +43,7 @@ class SqlCipherEngine final : public Engine {
     void Run(const std::string& sql);
     std::string Ask(const std::string& sql);  // the first value of the first row as text, else ""
     void WaitForDisk(bool wait);
+    void SyncLog();
     [[noreturn]] void Fail();
 
     sqlite3* store_ = nullptr;
