@@ -113,7 +113,7 @@ void frmNewMenu::Form_Load() {
 }
 
 // On a small display the rows between the captions give way.
-void frmNewMenu::Form_Resize() {
+void frmNewMenu::Form_Activate() {
     for (forms::VSFlexGrid* grid : {ui().vsFinOptions, ui().vsOptions}) {
         const int left = (grid->Height() - Captions * CaptionTwips) / (MenuRows - Captions);
         for (int row = 0; row < MenuRows; ++row)

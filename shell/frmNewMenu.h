@@ -20,7 +20,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
   protected:
     void Wire() override;
     void Form_Load() override;
-    void Form_Resize() override;
+    void Form_Activate() override;
     void Form_MouseMove() override;
 
   private:

@@ -55,13 +55,19 @@ TEST_F(MessageBoxTest, AnswersAndIcons) {
         {4, Qt::Key_Escape, 7, ""},
     };
     for (const auto& expected : boxes)
-        EXPECT_EQ(Ask("Are you sure ?", expected.flags,
-                      [&](QMessageBox& box) {
-                          EXPECT_EQ(box.iconPixmap().toImage(),
-                                    QIcon(expected.icon).pixmap(36, 36).toImage());
-                          QTest::keyClick(&box, expected.key);
-                      }),
-                  expected.answer);
+        EXPECT_EQ(
+            Ask("Are you sure ?", expected.flags,
+                [&](QMessageBox& box) {
+                    EXPECT_EQ(box.iconPixmap().toImage(), QIcon(expected.icon).pixmap(36, 36).toImage());
+                    for (const QAbstractButton* button : box.buttons())
+                        EXPECT_TRUE(button->icon().isNull()) << "no picture of the toolkit's";
+                    QFont title = box.font();
+                    title.setBold(true);
+                    EXPECT_GT(box.width(), QFontMetrics(title).horizontalAdvance(box.windowTitle()) + 100)
+                        << "with the frame's own buttons";
+                    QTest::keyClick(&box, expected.key);
+                }),
+            expected.answer);
 }
 
 TEST_F(MessageBoxTest, GivesTheFocusBackAndFiresNothing) {
