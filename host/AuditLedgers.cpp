@@ -51,15 +51,31 @@ void CheckLedgers(Audit& audit, Chart& chart) {
             audit.Error("leaf " + std::to_string(id) + " '" + name + "': has no ledger");
 }
 
+// Sums keep what was taken off and put on again: a rebuild of the totals takes most of it away.
+void CheckFigures(Audit& audit, ado::Recordset& row) {
+    const std::pair<const char*, const char*> figures[] = {{"Opening_Bal", "opening balance"},
+                                                           {"Closing_Bal", "closing balance"},
+                                                           {"LedDetDRTxnTot", "debit total"},
+                                                           {"LedDetCRTxnTot", "credit total"}};
+    for (const auto& [field, name] : figures) {
+        const double amount = basic::NumberOrZero(row[field]);
+        if (const std::string fault = AmountFault(amount); !fault.empty())
+            audit.Note("details of ledger " + std::to_string(IdOf(row, "Ledger_ID")) + " in " +
+                       std::to_string(IdOf(row, "Fnncl_Yr")) + ": the " + name + " " + Digits(amount) + " " +
+                       fault);
+    }
+}
+
 void CheckDetails(Audit& audit, const Chart& chart) {
     std::map<std::pair<Id, Id>, int> rowsOf;
-    audit.Each("Select Ledger_ID, Fnncl_Yr, Bal_Type From Ledger_Details", [&](ado::Recordset& row) {
+    audit.Each("Select * From Ledger_Details", [&](ado::Recordset& row) {
         const Id id = IdOf(row, "Ledger_ID"), year = IdOf(row, "Fnncl_Yr");
         const std::string side = basic::TextOrEmpty(row["Bal_Type"]);
         ++rowsOf[{id, year}];
         if (side != "D" && side != "C")
             audit.Error("details of ledger " + std::to_string(id) + " in " + std::to_string(year) +
                         ": the balance type is '" + side + "', neither D nor C");
+        CheckFigures(audit, row);
     });
     for (const auto& [key, count] : rowsOf) {
         const auto ledger = chart.ledgers.find(key.first);

@@ -1,4 +1,4 @@
-// The stock of each year: an item's counters are the sums of its movements, and a bill has its voucher.
+// The stock of each year: an item's counters are the sums of its movements, and days lie in the year.
 #include "host/Audit.h"
 
 namespace host {
@@ -39,22 +39,16 @@ void CheckCounters(Audit& audit, const std::string& year, std::map<Id, Movements
         audit.Error("movements of " + year + ": item " + std::to_string(item) + " does not stand");
 }
 
-// The day book deletes the voucher of a receipt and leaves the bill, so that is a note.
-void CheckBills(Audit& audit, const std::string& year) {
-    std::set<Id> vouchers;
-    audit.Each("Select LedgerTrnNo From tb_Ledger" + year,
-               [&](ado::Recordset& row) { vouchers.insert(IdOf(row, "LedgerTrnNo")); });
-    audit.Each("Select BillID, BillTxnID, BillVchrNo From tblBills" + year, [&](ado::Recordset& row) {
-        const Id voucher = IdOf(row, "BillVchrNo");
-        if (vouchers.contains(voucher)) return;
-        const std::string bill = "bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
-                                 basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": ";
-        if (voucher == 0)
-            audit.Error(bill + "bears no voucher number");
-        else
-            audit.Note(bill + "its voucher " + std::to_string(voucher) +
-                       " does not stand (deleted in the day book)");
+void CheckDays(Audit& audit, const std::string& year, const std::string& what, const std::string& stem,
+               const std::string& number, const std::string& day) {
+    std::map<Id, std::string> outside;
+    audit.Each("Select " + number + ", " + day + " From " + stem + year, [&](ado::Recordset& row) {
+        if (const std::string text = DayOutside(row[day], year); !text.empty())
+            outside.emplace(IdOf(row, number), text);
     });
+    for (const auto& [id, text] : outside)
+        audit.Error(what + " " + std::to_string(id) + " of " + year + ": dated " + text +
+                    ", outside the year");
 }
 
 }  // namespace
@@ -62,7 +56,8 @@ void CheckBills(Audit& audit, const std::string& year) {
 void AuditStock(Audit& audit) {
     for (const std::string& year : audit.Years()) {
         CheckCounters(audit, year, ReadMovements(audit, year));
-        CheckBills(audit, year);
+        CheckDays(audit, year, "stock movement", "tblItemLed", "ItemLedTrnNo", "ItemLedTrnDate");
+        CheckDays(audit, year, "order", "tblPO", "poNumber", "Podate");
     }
 }
 

@@ -1,11 +1,10 @@
 #include "host/CsvFile.h"
 
 #include <fstream>
-#include <sstream>
 
 #include <csv.h>
 
-#include "platform/basic/Error.h"
+#include "host/Fail.h"
 
 namespace host {
 namespace {
@@ -13,8 +12,13 @@ namespace {
 struct Reading {
     std::vector<CsvRow> rows;
     CsvRow current;
+    std::size_t rowBytes = 0;
     int line = 1;
     bool started = false;
+
+    [[noreturn]] void Stop(const std::string& reason) const {
+        throw CsvError(started ? current.line : line, current.fields.size(), reason);
+    }
 };
 
 void TakeField(void* text, std::size_t length, void* data) {
@@ -26,38 +30,44 @@ void TakeRow(int, void* data) {
     auto& reading = *static_cast<Reading*>(data);
     reading.rows.push_back(std::move(reading.current));
     reading.current = {};
+    reading.rowBytes = 0;
     reading.started = false;
 }
 
-std::string Contents(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    if (in) text << in.rdbuf();
-    if (!in)
-        throw basic::Error(basic::error::InvalidCall, "The file '" + file.string() + "' cannot be read",
-                           "host");
-    return text.str();
+void CheckBounds(Reading& reading) {
+    if (++reading.rowBytes > MostRowBytes)
+        reading.Stop("the row is longer than 1 MB: does a quote never end?");
+    if (reading.current.fields.size() > MostFields)
+        reading.Stop("more than " + std::to_string(MostFields) + " fields stand in one row");
+    if (reading.rows.size() > MostRows)
+        reading.Stop("the file has more than " + std::to_string(MostRows) + " rows: split it");
 }
 
-// The parser does not count lines, so it is fed byte by byte.
+// The parser does not count lines, so it is fed byte by byte. A line ends with \n, \r or both.
 void Feed(csv_parser& parser, std::string_view text, Reading& reading) {
+    char before = 0;
     for (const char byte : text) {
         if (!reading.started && byte != '\n' && byte != '\r') {
             reading.started = true;
             reading.current.line = reading.line;
+            reading.rowBytes = 0;
         }
+        CheckBounds(reading);
         if (csv_parse(&parser, &byte, 1, TakeField, TakeRow, &reading) != 1)
-            throw basic::Error(
-                basic::error::InvalidCall,
-                "line " + std::to_string(reading.line) + ": a quote stands where none may stand", "host");
-        if (byte == '\n') ++reading.line;
+            reading.Stop("a quote stands where none may stand");
+        if (byte == '\r' || (byte == '\n' && before != '\r')) ++reading.line;
+        before = byte;
     }
-    if (csv_fini(&parser, TakeField, TakeRow, &reading) != 0)
-        throw basic::Error(basic::error::InvalidCall,
-                           "line " + std::to_string(reading.current.line) + ": a quote never ends", "host");
+    if (csv_fini(&parser, TakeField, TakeRow, &reading) != 0) reading.Stop("a quote never ends");
 }
 
 }  // namespace
+
+CsvError::CsvError(int atLine, std::size_t atField, const std::string& why)
+    : basic::Error(basic::error::InvalidCall, "line " + std::to_string(atLine) + ": " + why, "host"),
+      line(atLine),
+      field(atField),
+      reason(why) {}
 
 std::vector<CsvRow> ParseCsv(std::string_view text) {
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
@@ -74,8 +84,16 @@ std::vector<CsvRow> ParseCsv(std::string_view text) {
     return reading.rows;
 }
 
-std::vector<CsvRow> ReadCsv(const std::filesystem::path& file) {
-    return ParseCsv(Contents(file));
+std::string FileText(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::string text;
+    char part[1 << 16];
+    while (in.read(part, sizeof part) || in.gcount() > 0) {
+        text.append(part, static_cast<std::size_t>(in.gcount()));
+        if (text.size() > MostBytes) Fail("The file '" + file.string() + "' is larger than 64 MB: split it");
+    }
+    if (!in.eof()) Fail("The file '" + file.string() + "' cannot be read");
+    return text;
 }
 
 }  // namespace host

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <csignal>
 #include <iostream>
 #include <memory>
 
@@ -8,77 +12,146 @@
 #include "host/Command.h"
 #include "host/Counted.h"
 #include "host/Exit.h"
+#include "host/Fail.h"
 #include "host/OpenBooks.h"
 #include "host/Posting.h"
-#include "host/YearList.h"
+#include "host/StandingVouchers.h"
 
 namespace host {
 namespace {
 
 struct PostOptions {
     std::string folder, file, year;
-    bool dryRun = false;
+    bool dryRun = false, again = false, fast = false, monthFirst = false;
 };
 
-// A bar on the terminal, redrawn when a percent is done; nothing where the errors go to a file.
+// A bar on the terminal once the work has taken half a second, redrawn when a percent is done; nothing where
+// the errors go to a file.
 class ProgressBar {
   public:
     explicit ProgressBar(std::size_t total)
-        : total_(total), shown_(isatty(STDERR_FILENO) != 0 && total > 0) {}
+        : total_(total), onTerminal_(isatty(STDERR_FILENO) != 0 && total > 0) {}
     ~ProgressBar() {
-        if (shown_) std::cerr << "\r\x1b[K" << std::flush;
+        if (shown_ >= 0) std::cerr << "\r\x1b[K" << std::flush;
     }
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
     void Done(std::size_t rows) {
-        const std::size_t percent = shown_ ? rows * 100 / total_ : 0;
-        if (percent == percent_) return;
-        percent_ = percent;
-        std::cerr << "\r[" << std::string(percent / 4, '#') << std::string(25 - percent / 4, ' ') << "] "
-                  << percent << " %" << std::flush;
+        const int percent = onTerminal_ ? static_cast<int>(rows * 100 / total_) : -1;
+        if (percent == shown_ || Clock::now() - begun_ < Patience) return;
+        shown_ = percent;
+        const auto part = static_cast<std::size_t>(percent / 4);
+        std::cerr << "\r[" << std::string(part, '#') << std::string(25 - part, ' ') << "] " << percent << " %"
+                  << std::flush;
     }
 
   private:
-    std::size_t total_, percent_ = 0;
-    bool shown_;
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds Patience{500};
+    std::size_t total_;
+    bool onTerminal_;
+    int shown_ = -1;
+    Clock::time_point begun_ = Clock::now();
 };
 
+// Ctrl-C, or a request to end, lets the voucher in hand be finished, so that what stands can be told.
+class StopSignals {
+  public:
+    StopSignals() {
+        for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { wanted = true; });
+    }
+    ~StopSignals() {
+        for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+    }
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+    static bool Wanted() { return wanted; }
+
+  private:
+    static inline std::atomic<bool> wanted{false};
+};
+
+void TellFault(const std::string& file, const Fault& fault) {
+    std::cerr << file << ":" << fault.line << ": column " << fault.column << ": " << fault.reason << "\n";
+}
+
 int TellFaults(const std::string& file, const VoucherFile& vouchers) {
-    for (const Fault& fault : vouchers.faults)
-        std::cerr << file << ":" << fault.line << ": "
-                  << (fault.column.empty() ? "" : "column " + fault.column + ": ") << fault.reason << "\n";
-    std::cerr << "qmhost: " << Counted(vouchers.faults.size(), "fault") << "; nothing was posted\n";
+    for (const Fault& fault : vouchers.faults) TellFault(file, fault);
+    std::cerr << "qmhost: " << Counted(vouchers.faultCount, "fault");
+    if (vouchers.faultCount > vouchers.faults.size())
+        std::cerr << ", of which the first " << vouchers.faults.size() << " are named";
+    std::cerr << "; nothing was posted\n";
     return ExitFailed;
 }
 
-void TellPosted(const PostingResult& result) {
+// Whether the file may be posted although its vouchers, or some of them, stand in the books already.
+bool MayStandTwice(const PostOptions& options, const VoucherFile& file, std::int16_t year) {
+    if (options.again || file.vouchers.empty()) return true;
+    const std::vector<std::int32_t> numbers = StandingVouchers(file, year);
+    const auto standing = static_cast<std::size_t>(
+        std::count_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }));
+    if (standing == 0) return true;
+    const auto first = static_cast<std::size_t>(
+        std::find_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }) -
+        numbers.begin());
+    const bool all = standing == numbers.size();
+    std::cerr << (all ? "qmhost: every voucher of the file stands"
+                      : "qmhost: warning: " + std::to_string(standing) + " of " +
+                            Counted(numbers.size(), "voucher") + " stand")
+              << " in the books already, with the same day, type, ledgers and amounts: voucher "
+              << file.vouchers[first].key << " as number " << numbers[first]
+              << (standing > 1 ? " is the first" : "") << "\n";
+    if (all) std::cerr << "qmhost: nothing was posted; --again posts them a second time\n";
+    return !all;
+}
+
+void TellPosted(const PostingResult& result, const std::string& size) {
+    if (!result.failure) {
+        std::vector<int> numbers;
+        for (const PostedVoucher& voucher : result.posted) numbers.push_back(voucher.number);
+        std::cout << "posted " << size << (numbers.empty() ? "" : ": ") << Ranges(numbers) << "\n";
+        return;
+    }
     for (const PostedVoucher& voucher : result.posted)
         std::cout << "voucher " << voucher.key << " stands as number " << voucher.number << "\n";
+    std::cout << std::flush;
+}
+
+// The current year, which alone is posted into: another one is made current first, for all to see.
+std::int16_t YearToPostInto(const std::string& wanted) {
+    const std::string& year = qm::shared().FinYear;
+    const std::int16_t first = basic::ToInteger(basic::Value(year));
+    if (wanted.empty() || wanted == year || wanted == year + "-" + std::to_string(first + 1)) return first;
+    Fail("the current year is " + year + ", not " + wanted + ": make that current first with qmhost year");
 }
 
 int Post(const PostOptions& options) {
     OpenBooks books(options.folder);
-    const YearSwitch inYear(books.Host(), options.year);
-    const auto year = basic::ToInteger(basic::Value(qm::shared().FinYear));
-    const VoucherFile vouchers = ReadVoucherFile(options.file, books.Host(), year);
-    if (!vouchers.faults.empty()) return TellFaults(options.file, vouchers);
+    const std::int16_t year = YearToPostInto(options.year);
+    const VoucherFile file = ReadVoucherFile(
+        options.file, books.Host(), year, options.monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst);
+    if (!file.faults.empty()) return TellFaults(options.file, file);
+    if (!MayStandTwice(options, file, year)) return ExitFailed;
     const std::string size =
-        Counted(vouchers.vouchers.size(), "voucher") + ", " + Counted(vouchers.RowCount(), "row");
+        Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");
     if (options.dryRun) {
         std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
         return ExitOk;
     }
-    ProgressBar bar(vouchers.RowCount());
-    const PostingResult result =
-        PostVouchers(books.Host(), vouchers, year, [&](std::size_t rows) { bar.Done(rows); });
-    if (result.failure.empty()) {
-        std::cout << "posted " << size << "\n";
-        return ExitOk;
+    PostingResult result;
+    {
+        const StopSignals signals;
+        ProgressBar bar(file.RowCount());
+        result = (options.fast ? PostAtOnce : PostVouchers)(books.Host(), file, year, [&](std::size_t rows) {
+            bar.Done(rows);
+            return !StopSignals::Wanted();
+        });
     }
-    TellPosted(result);
-    std::cerr << options.file << ": " << result.failure << "\n"
-              << "qmhost: " << result.posted.size() << " of " << vouchers.vouchers.size()
+    TellPosted(result, size);
+    if (!result.failure) return ExitOk;
+    TellFault(options.file, *result.failure);
+    std::cerr << "qmhost: " << result.posted.size() << " of " << file.vouchers.size()
               << " vouchers were posted\n";
     return ExitFailed;
 }
@@ -87,17 +160,26 @@ int Post(const PostOptions& options) {
 
 void AddPost(CLI::App& app, Command& chosen) {
     const auto options = std::make_shared<PostOptions>();
-    auto* command = app.add_subcommand("post", "Post a file of vouchers");
+    auto* command = app.add_subcommand("post", "Post a file of vouchers into the current year");
     command->add_option("DIR", options->folder, "Folder of the books")->required();
     command
-        ->add_option("FILE", options->file, "Comma-separated: voucher,date,type,side,ledger,amount,narration")
+        ->add_option("FILE", options->file,
+                     "UTF-8, comma-separated: voucher,date,type,side,ledger,amount,narration")
         ->required();
-    command->add_option("--year", options->year, "Post into this year (2001) instead of the current one");
+    command->add_option("--year", options->year, "Post only if this is the current year (2001)");
     command->add_flag("--dry-run", options->dryRun, "Check the file and stop before posting");
+    command->add_flag("--again", options->again, "Post although all its vouchers stand in the books already");
+    command->add_flag("--fast", options->fast,
+                      "Post the whole file in one transaction: all of it or nothing");
+    command->add_flag("--month-first", options->monthFirst,
+                      "Read all dates in figures as month/day/year instead of day/month/year");
     command->footer(
-        "The whole file is checked first; with a fault in it nothing is posted. A voucher whose row fails is "
-        "taken\n"
-        "back, and the run stops there.\n"
+        "The whole file is checked first; with a fault in it nothing is posted. Then each row is on the "
+        "disk\n"
+        "before the next is written, which takes the disk's time for each (several milliseconds). A voucher\n"
+        "whose row fails is taken back, and the run stops there. With --fast the disk is waited for once, "
+        "and\n"
+        "nobody else can write until the file is posted.\n"
         "Example: qmhost post books april.csv --dry-run");
     command->callback([options, &chosen] { chosen = [options] { return Post(*options); }; });
 }

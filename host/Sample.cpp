@@ -75,8 +75,9 @@ void PostSampleVouchers(qm::clQm& books, int year) {
     const VoucherFile file = CheckVouchers(VouchersMovedTo(year), books, firstYear);
     if (!file.faults.empty())
         Fail("sample/vouchers.csv:" + std::to_string(file.faults[0].line) + ": " + file.faults[0].reason);
-    const PostingResult result = PostVouchers(books, file, firstYear, [](std::size_t) {});
-    if (!result.failure.empty()) Fail("sample/vouchers.csv: " + result.failure);
+    const PostingResult result = PostVouchers(books, file, firstYear, [](std::size_t) { return true; });
+    if (result.failure)
+        Fail("sample/vouchers.csv:" + std::to_string(result.failure->line) + ": " + result.failure->reason);
 }
 
 }  // namespace

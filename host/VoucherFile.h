@@ -2,32 +2,14 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "core/clQm.h"
 #include "host/CsvFile.h"
+#include "host/VoucherCells.h"
 
 namespace host {
-
-// The ledgers that can be posted to in the year in force, by number and by name without regard to case.
-class LedgerBook {
-  public:
-    explicit LedgerBook(qm::clQm& books);
-
-    struct Entry {
-        std::int32_t id = 0;
-        std::string name;
-    };
-    // What a cell of the file names: a ledger's number, or its name. nullptr with a reason if it names none,
-    // or two.
-    const Entry* Find(const std::string& cell, std::string& reason) const;
-
-  private:
-    std::map<std::int32_t, Entry> byId_;
-    std::multimap<std::string, std::int32_t> byFoldedName_;
-};
 
 struct VoucherRow {
     int line = 0;          // of the file
@@ -36,7 +18,7 @@ struct VoucherRow {
     std::string side;      // "D" or "C"
     std::int32_t ledger = 0;
     std::string ledgerName;
-    double amount = 0;  // rupees, above 0
+    Amount amount;
     std::string narration;
 };
 
@@ -47,7 +29,7 @@ struct FileVoucher {
 
 struct Fault {
     int line = 0;
-    std::string column;  // "" for the whole row
+    std::string column;
     std::string reason;
 };
 
@@ -55,14 +37,18 @@ struct Fault {
 // whole: only a file without faults may be posted.
 struct VoucherFile {
     std::vector<FileVoucher> vouchers;  // in the order of their first rows
-    std::vector<Fault> faults;          // in the order of the lines
+    std::vector<Fault> faults;          // in the order of the lines, the first thousand found
+    std::size_t faultCount = 0;         // of all
     std::size_t RowCount() const;
 };
 
 // Checks the rows of such a file, its header the first of them. `year` is the first year of the financial
 // year that the dates must lie in.
-VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year);
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
+                          DateOrder order = DateOrder::DayFirst);
 
-VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year);
+// The same of a file. What is no comma-separated text at all is one fault, at the line where it shows.
+VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year,
+                            DateOrder order);
 
 }  // namespace host

@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "core/DBCode.h"
 #include "core/modGeneral.h"
 #include "host/Command.h"
 #include "host/Exit.h"
@@ -49,6 +50,11 @@ bool Known(const std::string& shortForm) {
                        [&](const Year& year) { return year.ShortForm() == shortForm; });
 }
 
+// A try that was killed leaves them behind.
+bool HasDetails(const std::string& shortForm) {
+    return !qm::ExecuteRecordset("Select Ledger_ID From Ledger_Details Where Fnncl_Yr = " + shortForm)->Eof();
+}
+
 // A Null total would end the fold of the balances half-way.
 std::vector<std::string> LedgersWithNullTotal(qm::clQm& host) {
     std::vector<std::string> names;
@@ -63,7 +69,10 @@ bool Confirmed(const YearOptions& options, const std::string& current) {
     std::cout << "Adding " << options.year << " folds the totals of " << current
               << " into its opening balances and gives the new year\n"
               << "the openings and totals that " << current
-              << " has now. This cannot be undone. Go on? [y/N] " << std::flush;
+              << " has now. This cannot be undone, and a try that is broken off has to be taken back by a "
+                 "backup: make one "
+                 "first\n(qmhost backup). Go on? [y/N] "
+              << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
@@ -86,6 +95,10 @@ int AddYear(const YearOptions& options) {
     OpenBooks books(options.folder);
     if (!IsLongForm(options.year)) Fail("a year is written like 2002-2003, not '" + options.year + "'");
     if (Known(options.year.substr(0, 4))) Fail("the books already know the year " + options.year);
+    if (HasDetails(options.year.substr(0, 4)))
+        Fail("details of " + options.year.substr(0, 4) +
+             " stand already: an earlier try did not end, and another would double them. Restore the backup "
+             "that was made before it (qmhost restore), then add the year");
     const std::vector<std::string> unset = LedgersWithNullTotal(books.Host());
     if (!unset.empty())
         Fail(std::to_string(unset.size()) +

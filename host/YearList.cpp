@@ -1,8 +1,6 @@
 #include "host/YearList.h"
 
-#include "core/ErrorModule.h"
 #include "core/modGeneral.h"
-#include "platform/basic/Error.h"
 
 namespace host {
 
@@ -18,23 +16,6 @@ std::string CurrentYear() {
     for (const Year& year : ReadYears())
         if (year.current) return year.ShortForm();
     return {};
-}
-
-YearSwitch::YearSwitch(qm::clQm& books, const std::string& shortForm)
-    : books_(books), before_(CurrentYear()) {
-    if (shortForm.empty() || shortForm == before_) return;
-    if (books_.SetGetFinancialYear(shortForm) != shortForm)
-        throw basic::Error(basic::error::InvalidCall, "The books know no year '" + shortForm + "'", "host");
-    moved_ = true;
-    books_.StartDataConn();
-}
-
-YearSwitch::~YearSwitch() {
-    if (!moved_) return;
-    qm::SkipOnError([this] {
-        books_.SetGetFinancialYear(before_);
-        books_.StartDataConn();
-    });
 }
 
 }  // namespace host

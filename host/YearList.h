@@ -21,19 +21,4 @@ std::vector<Year> ReadYears();
 // The short form of the year with the flag, "" if none bears it.
 std::string CurrentYear();
 
-// Works in another year while it lives and puts the flag back at the end.
-class YearSwitch {
-  public:
-    YearSwitch(qm::clQm& books,
-               const std::string& shortForm);  // raises for an unknown year; "" keeps the current one
-    ~YearSwitch();
-    YearSwitch(const YearSwitch&) = delete;
-    YearSwitch& operator=(const YearSwitch&) = delete;
-
-  private:
-    qm::clQm& books_;
-    std::string before_;
-    bool moved_ = false;
-};
-
 }  // namespace host

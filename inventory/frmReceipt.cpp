@@ -16,7 +16,6 @@ namespace qm {
 namespace {
 
 constexpr int QtyWidth = 1500;  // twips
-constexpr BillRule Rule{.RatesOfPrefix = true};
 
 }  // namespace
 
@@ -152,7 +151,7 @@ void frmReceipt::RecalcGridTotal() {
 }
 
 void frmReceipt::RecalcBill() {
-    Boxes().Recalc(Rule);
+    Boxes().Recalc(ReceiptBill);
 }
 
 void frmReceipt::vsReceipt_AfterEdit(int row, int col) {

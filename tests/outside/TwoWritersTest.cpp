@@ -1,5 +1,6 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include "tests/host/Qmhost.h"
 #include "tests/outside/PostedBooks.h"
 #include "tests/outside/RunningPoster.h"
 
@@ -25,6 +26,19 @@ TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
     }
     EXPECT_EQ(told.size(), 2000U);
     EXPECT_EQ(books.Look(), told);
+}
+
+// The audit reads rows and totals one after the other: as of one moment, or they would differ. A voucher may
+// have one side at that moment.
+TEST(TwoWriters, LetTheAuditReadOneMoment) {
+    PostedBooks books;
+    RunningPoster poster(books.DataPath(), 1000000);
+    for (int row = 0; row < 100; ++row) poster.Line();
+    for (int look = 0; look < 10; ++look)
+        EXPECT_THAT(Qmhost("check " + books.DataPath()).said,
+                    testing::MatchesRegex(
+                        "(error: voucher [0-9]+ of 2001: debit [0-9.]+, credit 0\n1 error|0 errors), "
+                        "0 notes\n"));
 }
 
 }  // namespace
