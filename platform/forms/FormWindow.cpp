@@ -20,7 +20,8 @@ bool CanHaveFocus(const Control& control) {
 // or to any where none is chosen.
 bool IsTabStop(const Control& control) {
     const auto* const option = dynamic_cast<const OptionButton*>(&control);
-    if (option && !option->Value())
+    if (option && option->Value()) return true;
+    if (option)
         for (const auto* other :
              option->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
             if (other->isChecked() && other->isEnabled() && !other->isHidden()) return false;

@@ -8,24 +8,25 @@
 namespace forms {
 namespace {
 
-// The same in white: the picture's own lines would be dark on a selected row's dark ground.
-void AddSelected(QIcon& icon) {
-    for (const int side : {16, 32, 64}) {
-        QPixmap light = icon.pixmap(QSize(side, side), 1);
-        QPainter painter(&light);
+// On a selected row in white: the picture's own lines would be dark on its dark ground.
+QIcon WithSelected(const QIcon& drawn) {
+    QIcon icon;
+    for (const int side : {16, 32, 48, 64}) {
+        QPixmap picture = drawn.pixmap(QSize(side, side), 1);
+        icon.addPixmap(picture);
+        QPainter painter(&picture);
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(light.rect(), Qt::white);
+        painter.fillRect(picture.rect(), Qt::white);
         painter.end();
-        icon.addPixmap(light, QIcon::Selected);
+        icon.addPixmap(picture, QIcon::Selected);
     }
+    return icon;
 }
 
 }  // namespace
 
 void ImageList::Add(const std::string& key, const std::string& image) {
-    QIcon icon(ToQt(image));
-    AddSelected(icon);
-    icons_.insert(ToQt(key), icon);
+    icons_.insert(ToQt(key), WithSelected(QIcon(ToQt(image))));
 }
 
 QIcon ImageList::Icon(const std::string& key) const {
