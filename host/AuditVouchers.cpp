@@ -74,8 +74,9 @@ YearRows ReadRows(Audit& audit, const std::string& year) {
 void CheckSides(Audit& audit, const std::string& year, const YearRows& rows) {
     for (const auto& [voucher, sums] : rows.byVoucher)
         if (std::round(sums.debit) != std::round(sums.credit))
-            audit.Error(OfVoucher(voucher, year) + "debit " + Rupees(InRupees(std::round(sums.debit))) +
-                        ", credit " + Rupees(InRupees(std::round(sums.credit))));
+            audit.PassingError(OfVoucher(voucher, year) + "debit " +
+                               Rupees(InRupees(std::round(sums.debit))) + ", credit " +
+                               Rupees(InRupees(std::round(sums.credit))));
     for (const auto& [voucher, day] : rows.outside)
         audit.Error(OfVoucher(voucher, year) + "dated " + day + ", outside the year");
 }

@@ -54,6 +54,8 @@ void Remove(const std::string& file) {
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
     if (std::filesystem::exists(file)) Fail("'" + file + "' exists; a backup never overwrites");
+    const std::string target = std::filesystem::absolute(file).parent_path();
+    if (!std::filesystem::is_directory(target)) Fail("there is no folder '" + target + "' for the backup");
     const ReadOnlyBooks books(folder);
     std::string sums;
     {

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <iostream>
 #include <memory>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 #include <unistd.h>
@@ -29,30 +30,29 @@ struct PostOptions {
 // the errors go to a file.
 class ProgressBar {
   public:
-    explicit ProgressBar(std::size_t total)
-        : total_(total), onTerminal_(isatty(STDERR_FILENO) != 0 && total > 0) {}
+    explicit ProgressBar(std::string what) : what_(std::move(what)) {}
     ~ProgressBar() {
         if (shown_ >= 0) std::cerr << "\r\x1b[K" << std::flush;
     }
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
-    void Done(std::size_t rows) {
-        const int percent = onTerminal_ ? static_cast<int>(rows * 100 / total_) : -1;
+    void Done(std::size_t rows, std::size_t all) {
+        const int percent = onTerminal_ ? static_cast<int>(rows * 100 / all) : -1;
         if (percent == shown_ || Clock::now() - begun_ < Patience) return;
         shown_ = percent;
         const auto part = static_cast<std::size_t>(percent / 4);
-        std::cerr << "\r[" << std::string(part, '#') << std::string(25 - part, ' ') << "] " << percent << " %"
-                  << std::flush;
+        std::cerr << "\r" << what_ << " [" << std::string(part, '#') << std::string(25 - part, ' ') << "] "
+                  << percent << " %" << std::flush;
     }
 
   private:
     using Clock = std::chrono::steady_clock;
     static constexpr std::chrono::milliseconds Patience{500};
-    std::size_t total_;
-    bool onTerminal_;
+    const std::string what_;
+    const bool onTerminal_ = isatty(STDERR_FILENO) != 0;
+    const Clock::time_point begun_ = Clock::now();
     int shown_ = -1;
-    Clock::time_point begun_ = Clock::now();
 };
 
 // Ctrl-C, or a request to end, lets the voucher in hand be finished, so that what stands can be told.
@@ -126,11 +126,28 @@ std::int16_t YearToPostInto(const std::string& wanted) {
     Fail("the current year is " + year + ", not " + wanted + ": make that current first with qmhost year");
 }
 
+VoucherFile Checked(const PostOptions& options, qm::clQm& books, std::int16_t year) {
+    ProgressBar bar("checking");
+    return ReadVoucherFile(options.file, books, year,
+                           options.monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst,
+                           [&](std::size_t done, std::size_t all) { bar.Done(done, all); });
+}
+
+PostingResult Posted(const PostOptions& options, qm::clQm& books, const VoucherFile& file,
+                     std::int16_t year) {
+    const StopSignals signals;
+    ProgressBar bar("posting");
+    const std::size_t all = file.RowCount();
+    return (options.fast ? PostAtOnce : PostVouchers)(books, file, year, [&](std::size_t done) {
+        bar.Done(done, all);
+        return !StopSignals::Wanted();
+    });
+}
+
 int Post(const PostOptions& options) {
     OpenBooks books(options.folder);
     const std::int16_t year = YearToPostInto(options.year);
-    const VoucherFile file = ReadVoucherFile(
-        options.file, books.Host(), year, options.monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst);
+    const VoucherFile file = Checked(options, books.Host(), year);
     if (!file.faults.empty()) return TellFaults(options.file, file);
     if (!MayStandTwice(options, file, year)) return ExitFailed;
     const std::string size =
@@ -139,15 +156,7 @@ int Post(const PostOptions& options) {
         std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
         return ExitOk;
     }
-    PostingResult result;
-    {
-        const StopSignals signals;
-        ProgressBar bar(file.RowCount());
-        result = (options.fast ? PostAtOnce : PostVouchers)(books.Host(), file, year, [&](std::size_t rows) {
-            bar.Done(rows);
-            return !StopSignals::Wanted();
-        });
-    }
+    const PostingResult result = Posted(options, books.Host(), file, year);
     TellPosted(result, size);
     if (!result.failure) return ExitOk;
     TellFault(options.file, *result.failure);

@@ -220,20 +220,23 @@ std::size_t VoucherFile::RowCount() const {
 }
 
 VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
-                          DateOrder order) {
+                          DateOrder order, const CheckProgress& progress) {
     if (rows.empty()) return OneFault(1, 0, "the file is empty");
     Checker checker(books, year, order);
-    if (checker.Header(rows.front()))
-        for (std::size_t i = 1; i < rows.size(); ++i) checker.Row(rows[i]);
+    if (!checker.Header(rows.front())) return checker.Finish();
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        checker.Row(rows[i]);
+        progress(i, rows.size());
+    }
     return checker.Finish();
 }
 
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year,
-                            DateOrder order) {
+                            DateOrder order, const CheckProgress& progress) {
     const std::string text = FileText(file);
     if (const std::string other = OtherForm(text); !other.empty()) return OneFault(1, 0, other);
     try {
-        return CheckVouchers(ParseCsv(text), books, year, order);
+        return CheckVouchers(ParseCsv(text), books, year, order, progress);
     } catch (const CsvError& error) {
         return OneFault(error.line, error.field, error.reason);
     }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,13 +43,17 @@ struct VoucherFile {
     std::size_t RowCount() const;
 };
 
+// Hears how many of the rows are done.
+using CheckProgress = std::function<void(std::size_t done, std::size_t all)>;
+
 // Checks the rows of such a file, its header the first of them. `year` is the first year of the financial
 // year that the dates must lie in.
-VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
-                          DateOrder order = DateOrder::DayFirst);
+VoucherFile CheckVouchers(
+    const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
+    DateOrder order = DateOrder::DayFirst, const CheckProgress& progress = [](std::size_t, std::size_t) {});
 
 // The same of a file. What is no comma-separated text at all is one fault, at the line where it shows.
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year,
-                            DateOrder order);
+                            DateOrder order, const CheckProgress& progress);
 
 }  // namespace host

@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "core/DBCode.h"
+#include "core/ErrorModule.h"
 #include "core/modGeneral.h"
 #include "host/Command.h"
 #include "host/Exit.h"
@@ -50,9 +51,15 @@ bool Known(const std::string& shortForm) {
                        [&](const Year& year) { return year.ShortForm() == shortForm; });
 }
 
-// A try that was killed leaves them behind.
-bool HasDetails(const std::string& shortForm) {
-    return !qm::ExecuteRecordset("Select Ledger_ID From Ledger_Details Where Fnncl_Yr = " + shortForm)->Eof();
+// A try that was killed leaves details behind, or a year in the register without its table.
+bool IsHalfMade(const std::string& shortForm) {
+    const auto reads = [](const std::string& select, bool& row) {
+        return qm::SkipOnError([&] { row = !qm::ExecuteRecordset(select)->Eof(); });
+    };
+    bool row = false;
+    const bool hasTable = reads("Select LedgerTrnNo From tb_Ledger" + shortForm, row);
+    reads("Select Ledger_ID From Ledger_Details Where Fnncl_Yr = " + shortForm, row);
+    return Known(shortForm) ? !hasTable : row;
 }
 
 // A Null total would end the fold of the balances half-way.
@@ -94,11 +101,12 @@ int TellOutcome(const YearOptions& options) {
 int AddYear(const YearOptions& options) {
     OpenBooks books(options.folder);
     if (!IsLongForm(options.year)) Fail("a year is written like 2002-2003, not '" + options.year + "'");
-    if (Known(options.year.substr(0, 4))) Fail("the books already know the year " + options.year);
-    if (HasDetails(options.year.substr(0, 4)))
-        Fail("details of " + options.year.substr(0, 4) +
+    const std::string shortForm = options.year.substr(0, 4);
+    if (IsHalfMade(shortForm))
+        Fail("parts of " + shortForm +
              " stand already: an earlier try did not end, and another would double them. Restore the backup "
              "that was made before it (qmhost restore), then add the year");
+    if (Known(shortForm)) Fail("the books already know the year " + options.year);
     const std::vector<std::string> unset = LedgersWithNullTotal(books.Host());
     if (!unset.empty())
         Fail(std::to_string(unset.size()) +

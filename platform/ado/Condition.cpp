@@ -79,8 +79,11 @@ class ConditionReader {
             comparison.isText = true;
             comparison.text = TakeText(left_.front());
         } else if (TakeWord("True")) {
-            comparison.number = -1;
-        } else if (!TakeWord("False")) {
+            comparison.isTruth = true;
+            comparison.number = 1;
+        } else if (TakeWord("False")) {
+            comparison.isTruth = true;
+        } else {
             TakeNumber(comparison);
         }
     }
@@ -131,6 +134,17 @@ class ConditionReader {
     std::string_view left_;
 };
 
+// A number beside a boolean: True equals 1 and -1.
+double BesideTruth(double number) {
+    return number == -1 ? 1 : number;
+}
+
+std::string TextOf(const Comparison& with) {
+    if (with.isText) return with.text;
+    if (with.isTruth) return with.number != 0 ? "True" : "False";
+    return basic::NumberText(with.number);
+}
+
 template <class T>
 int Order(const T& a, const T& b) {
     return a < b ? -1 : a > b ? 1 : 0;
@@ -138,14 +152,14 @@ int Order(const T& a, const T& b) {
 
 // Less than, equal to or greater than 0; nothing where the two cannot be put in order.
 std::optional<int> Compare(const Comparison& with, const Cell& cell, std::string_view text, ColumnType type) {
-    if (cell.kind == CellKind::Text)
-        return basic::CompareText(text, with.isText ? with.text : basic::NumberText(with.number));
+    if (cell.kind == CellKind::Text) return basic::CompareText(text, TextOf(with));
     double number = with.number;
     if (with.isText) {
         if (!basic::IsNumeric(with.text)) return {};
         number = basic::WholeNumber(with.text);
     }
-    return Order(cell.Number(), type == ColumnType::Boolean && number != 0 ? 1 : number);
+    if (type == ColumnType::Boolean) return Order(cell.Number(), BesideTruth(number));
+    return Order(with.isTruth ? BesideTruth(cell.Number()) : cell.Number(), number);
 }
 
 }  // namespace
@@ -193,6 +207,7 @@ std::optional<std::string> ComparisonSql(const Comparison& comparison, const Out
                                          std::size_t parameter) {
     const bool textColumn = output.type == ColumnType::Text;
     if (output.column.empty() || output.type == ColumnType::Any || textColumn != comparison.isText) return {};
+    if (comparison.isTruth && output.type != ColumnType::Boolean) return {};
     std::string sql = QuotedName(output.table) + "." + QuotedName(output.column);
     for (const auto& [text, op] : operators)
         if (op == comparison.op) sql += " " + std::string(text) + " ?" + std::to_string(parameter);
@@ -201,7 +216,7 @@ std::optional<std::string> ComparisonSql(const Comparison& comparison, const Out
 
 basic::Value ComparedValue(const Comparison& comparison, const Output& output) {
     if (comparison.isText) return comparison.text;
-    if (output.type == ColumnType::Boolean && comparison.number != 0) return 1.0;
+    if (output.type == ColumnType::Boolean) return BesideTruth(comparison.number);
     return comparison.number;
 }
 

@@ -21,9 +21,10 @@ struct Comparison {
     bool isText = false;
     std::string text;
     double number = 0;
+    bool isTruth = false;  // the words True (number 1) and False
 
     // Whether the field of the row meets it. Null meets none; a text that is no number is just unequal to a
-    // number; texts compare without regard to case; any number but 0 stands for True.
+    // number; texts compare without regard to case; True equals 1 and -1.
     bool Meets(const RowStore& rows, std::size_t row, std::size_t column) const;
 };
 

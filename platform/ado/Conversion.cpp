@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "platform/ado/Errors.h"
+#include "platform/ado/Refusal.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -71,13 +71,20 @@ Value LiteralValue(const Literal& literal, const Parameter& parameter, std::stri
     Value value = literal.isText ? Value(literal.text) : NumberValue(literal.number);
     try {
         if (parameter.negate) value = NumberValue(-basic::ToDouble(ConvertTo(ColumnType::Double, value)));
-        if (parameter.compared && !literal.isText) return std::int32_t{literal.number != 0};
+        if (parameter.compared && value == Value(std::int32_t{-1})) return std::int32_t{1};
+        if (parameter.pattern && literal.isText) CheckPattern(literal.text);
         return ConvertTo(parameter.as, value);
     } catch (basic::Error& failure) {
         if (failure.Number == error::BadValue && !where.empty())
             failure.Description += " (Table '" + std::string(where) + "'.)";
         throw;
     }
+}
+
+void CheckPattern(std::string_view pattern) {
+    if (pattern.find('[') != std::string_view::npos)
+        Refuse(error::Statement, "The pattern '" + std::string(pattern) +
+                                     "' is not supported in statements: Like knows % and _ only");
 }
 
 void Bind(EngineStatement& statement, int index, const Value& value) {

@@ -15,6 +15,10 @@ basic::Value ConvertTo(ColumnType type, const basic::Value& value);
 // The value that a literal of a statement is bound with. `where` names the place in an error's text.
 basic::Value LiteralValue(const Literal& literal, const Parameter& parameter, std::string_view where);
 
+// Raises Statement for what a wider dialect takes for a pattern: an opening bracket begins a set of
+// characters there. Of ours, % and _ alone stand for other characters.
+void CheckPattern(std::string_view pattern);
+
 // Binds a value; a boolean is stored as 1 or 0.
 void Bind(EngineStatement& statement, int index, const basic::Value& value);
 

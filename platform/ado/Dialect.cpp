@@ -84,7 +84,7 @@ class Translator {
     }
 
     void Where() {
-        if (tokens_.TakeWord("Where")) plan_.where = " WHERE " + expressions_.Condition().sql;
+        if (tokens_.TakeWord("Where")) plan_.where = " WHERE " + expressions_.Truth().sql;
     }
 
     Catalog& catalog_;

@@ -53,7 +53,9 @@ struct Parameter {
     bool negate = false;  // the literal stood behind a minus sign
     ColumnType as =
         ColumnType::Any;    // Any: as it stands; else it is converted, and refused, as a value of that type
-    bool compared = false;  // compared with a boolean column: any non-zero number is bound as 1
+    bool compared = false;  // compared with a boolean: -1 is bound as 1, since True equals both
+    bool pattern = false;   // stands behind Like: what only a wider dialect would take is refused
+    friend bool operator==(const Parameter&, const Parameter&) = default;
 };
 
 struct Output {

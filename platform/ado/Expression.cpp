@@ -38,7 +38,7 @@ void AlignWithBoolean(Expression& other, Plan& plan) {
     if (IsNumberLiteral(other))
         plan.parameters[*other.parameter].compared = true;
     else if (other.type != ColumnType::Boolean && other.type != ColumnType::Text && !other.isNull)
-        other = Of("(" + other.sql + " <> 0)", ColumnType::Boolean);
+        other = Of("qm_truth(" + other.sql + ")", ColumnType::Any);
 }
 
 void AlignWithText(const Expression& side, Expression& other, Plan& plan) {

@@ -25,7 +25,8 @@ Expression Of(std::string sql, ColumnType type);
 
 // Makes the two sides of a comparison fit each other:
 // a number beside texts is compared as its text; a text literal beside a number counts as the number that it
-// reads as, any other is unequal; beside a boolean any number but 0 is True.
+// reads as, any other is unequal; beside a boolean 1 and -1 are True, 0 is False, and any other number is
+// neither.
 void Align(Expression& left, Expression& right, Plan& plan);
 
 // Whether the comparison goes without regard to case; then the left side is to be collated.

@@ -6,6 +6,11 @@
 #include "platform/basic/Text.h"
 
 namespace ado {
+namespace {
+
+constexpr std::size_t MostOfIn = 100'000;  // bytes: a left side is written once for each kind of item
+
+}  // namespace
 
 using basic::EqualText;
 
@@ -13,21 +18,33 @@ Expression ExpressionReader::Condition() {
     return Chain("OR", &ExpressionReader::And);
 }
 
+Expression ExpressionReader::Truth() {
+    return Decisive(Condition());
+}
+
 Expression ExpressionReader::And() {
     return Chain("AND", &ExpressionReader::Not);
+}
+
+// The store would read a text as a number, and most as 0.
+Expression ExpressionReader::Decisive(Expression e) const {
+    if (e.type != ColumnType::Text) return e;
+    tokens_.RefuseUnsupported();
+    Refuse(error::BadValue, "A text stands by itself where a condition is expected");
 }
 
 // One level of parentheses for the whole chain: the store's parser takes only so many.
 Expression ExpressionReader::Chain(std::string_view word, Operand operand) {
     Expression first = (this->*operand)();
     if (!tokens_.AtWord(word)) return first;
-    std::string sql = "(" + first.sql;
-    while (tokens_.TakeWord(word)) sql.append(" ").append(word).append(" ") += (this->*operand)().sql;
+    std::string sql = "(" + Decisive(std::move(first)).sql;
+    while (tokens_.TakeWord(word))
+        sql.append(" ").append(word).append(" ") += Decisive((this->*operand)()).sql;
     return Of(sql + ")", ColumnType::Boolean);
 }
 
 Expression ExpressionReader::Not() {
-    if (tokens_.TakeWord("Not")) return Of("(NOT " + Not().sql + ")", ColumnType::Boolean);
+    if (tokens_.TakeWord("Not")) return Of("(NOT " + Decisive(Not()).sql + ")", ColumnType::Boolean);
     return Comparison();
 }
 
@@ -39,7 +56,7 @@ Expression ExpressionReader::Comparison() {
         return Of("(" + left.sql + (negated ? " IS NOT NULL)" : " IS NULL)"), ColumnType::Boolean);
     }
     const bool negated = (tokens_.AtWord("In", 1) || tokens_.AtWord("Like", 1)) && tokens_.TakeWord("Not");
-    if (tokens_.TakeWord("In")) return In(std::move(left), negated);
+    if (tokens_.TakeWord("In")) return In(left, negated);
     if (tokens_.TakeWord("Like")) return Like(left, negated);
     for (const char* sign : {"=", "<>", "<=", ">=", "<", ">"}) {
         if (!tokens_.TakeSymbol(sign)) continue;
@@ -51,34 +68,63 @@ Expression ExpressionReader::Comparison() {
     return left;
 }
 
-Expression ExpressionReader::In(Expression left, bool negated) {
+// Each item meets the left side by itself: what one of them needs of it, the next one may not bear. Those
+// that need the same stand in one list.
+Expression ExpressionReader::In(const Expression& left, bool negated) {
     tokens_.ExpectSymbol("(");
     if (tokens_.AtWord("Select")) tokens_.Refuse("a list of values is expected (In takes no select)");
-    std::string items;
-    bool texts = false;
+    std::vector<std::pair<std::string, std::string>> lists;  // the left side and its items
     do {
         Expression item = Signed();
-        Align(left, item, plan_);
-        texts = texts || ComparesTexts(left, item);
-        items += (items.empty() ? "" : ", ") + item.sql;
+        const Expression own = AlignedAnew(left, item);
+        const std::string side = Collated(own, ComparesTexts(own, item));
+        auto list = std::find_if(lists.begin(), lists.end(), [&](const auto& l) { return l.first == side; });
+        if (list == lists.end()) list = lists.insert(lists.end(), {side, {}});
+        list->second.append(list->second.empty() ? "" : ", ") += item.sql;
     } while (tokens_.TakeSymbol(","));
     tokens_.ExpectSymbol(")");
-    return Of("(" + Collated(left, texts) + (negated ? " NOT IN (" : " IN (") + items + "))",
-              ColumnType::Boolean);
+    std::string sql;
+    for (const auto& [side, items] : lists)
+        sql += (sql.empty() ? ""
+                : negated   ? " AND "
+                            : " OR ") +
+               side + (negated ? " NOT IN (" : " IN (") + items + ")";
+    if (sql.size() > MostOfIn) Refuse(error::Statement, "The statement is nested too deeply");
+    return Of("(" + sql + ")", ColumnType::Boolean);
+}
+
+// The left side aligned with one item. A literal that is bound in another way for it becomes a parameter of
+// its own.
+Expression ExpressionReader::AlignedAnew(const Expression& left, Expression& item) {
+    Expression own = left;
+    if (!left.parameter) {
+        Align(own, item, plan_);
+        return own;
+    }
+    const Parameter before = plan_.parameters[*left.parameter];
+    Align(own, item, plan_);
+    const Parameter wanted = std::exchange(plan_.parameters[*left.parameter], before);
+    if (wanted == before) return own;
+    const auto found = std::find(plan_.parameters.begin(), plan_.parameters.end(), wanted);
+    own.parameter = static_cast<std::size_t>(found - plan_.parameters.begin());
+    if (found == plan_.parameters.end()) plan_.parameters.push_back(wanted);
+    own.sql = "?" + std::to_string(*own.parameter + 1);
+    return own;
 }
 
 Expression ExpressionReader::Like(const Expression& text, bool negated) {
-    const std::string pattern = TextOperand();
+    const Expression pattern = TextOperand();
+    if (pattern.parameter) plan_.parameters[*pattern.parameter].pattern = true;
     const std::string like = "qm_like(" +
                              (text.type == ColumnType::Boolean ? AsText(text, plan_).sql : text.sql) + ", " +
-                             pattern + ")";
+                             pattern.sql + ")";
     return Of(negated ? "(NOT " + like + ")" : like, ColumnType::Boolean);
 }
 
 // The functions read numbers as the classic texts by themselves, but know no booleans.
-std::string ExpressionReader::TextOperand() {
+Expression ExpressionReader::TextOperand() {
     Expression value = Sum();
-    return value.type == ColumnType::Boolean ? AsText(std::move(value), plan_).sql : value.sql;
+    return value.type == ColumnType::Boolean ? AsText(std::move(value), plan_) : value;
 }
 
 Expression ExpressionReader::Sum() {
@@ -193,11 +239,11 @@ Expression ExpressionReader::Call(const std::string& function) {
     } else if (EqualText(function, "IsNull")) {
         result = Of("(" + Condition().sql + " IS NULL)", ColumnType::Boolean);
     } else if (EqualText(function, "CStr")) {
-        result = Of("qm_cstr(" + TextOperand() + ")", ColumnType::Text);
+        result = Of("qm_cstr(" + TextOperand().sql + ")", ColumnType::Text);
     } else if (EqualText(function, "UCase")) {
-        result = Of("qm_ucase(" + TextOperand() + ")", ColumnType::Text);
+        result = Of("qm_ucase(" + TextOperand().sql + ")", ColumnType::Text);
     } else if (EqualText(function, "Left")) {
-        const std::string text = TextOperand();
+        const std::string text = TextOperand().sql;
         tokens_.ExpectSymbol(",");
         result = Of("qm_left(" + text + ", " + Sum().sql + ")", ColumnType::Text);
     } else {
@@ -209,7 +255,7 @@ Expression ExpressionReader::Call(const std::string& function) {
 
 // Of one type whichever branch is taken: texts if one of them is a text, else numbers or booleans.
 Expression ExpressionReader::Iif() {
-    const std::string condition = Condition().sql;
+    const std::string condition = Truth().sql;
     tokens_.ExpectSymbol(",");
     Expression yes = Condition();
     tokens_.ExpectSymbol(",");

@@ -20,7 +20,8 @@ class ExpressionReader {
     ExpressionReader(TokenReader& tokens, const Scope& scope, Plan& plan, SubselectTranslator subselect)
         : tokens_(tokens), scope_(scope), plan_(plan), subselect_(std::move(subselect)) {}
 
-    Expression Condition();  // Or, And, Not, comparisons
+    Expression Condition();  // Or, And, Not, comparisons; a value by itself, too
+    Expression Truth();      // the same where it decides: a text is refused
     Expression Column();     // a field's name, with or without its table
 
     // Max and Sum are refused unless allowed.
@@ -44,11 +45,13 @@ class ExpressionReader {
     Expression Call(const std::string& function);
     Expression Iif();
     Expression Aggregate(const std::string& function);
-    Expression In(Expression left, bool negated);
+    Expression In(const Expression& left, bool negated);
+    Expression Decisive(Expression e) const;
+    Expression AlignedAnew(const Expression& left, Expression& item);
     Expression Like(const Expression& text, bool negated);
     Expression Chain(std::string_view word, Operand operand);
     Expression Arithmetic(std::string_view signs, Operand operand);
-    std::string TextOperand();  // of a function that takes texts
+    Expression TextOperand();  // of a function that takes texts
 
     TokenReader& tokens_;
     const Scope& scope_;

@@ -71,6 +71,7 @@ void SelectReader::Tables() {
     tokens_.ExpectWord("From");
     do {
         const TableInfo& table = RequireTable(catalog_, tokens_.ExpectName("a table"));
+        tokens_.RefuseBareAlias();
         scope_.Add({tokens_.TakeWord("As") ? tokens_.ExpectName("a table's alias") : table.name, &table});
     } while (tokens_.TakeSymbol(","));
 }
@@ -127,6 +128,7 @@ void SelectReader::OneItem() {
         item.output.name = item.output.column = column.column->name;
         item.output.table = column.table->alias;
     }
+    tokens_.RefuseBareAlias();
     if (tokens_.TakeWord("As"))
         item.output.name = tokens_.ExpectName("a column");
     else if (item.output.name.empty())
@@ -135,7 +137,7 @@ void SelectReader::OneItem() {
 }
 
 void SelectReader::Where() {
-    if (tokens_.TakeWord("Where")) where_ = " WHERE " + expressions_->Condition().sql;
+    if (tokens_.TakeWord("Where")) where_ = " WHERE " + expressions_->Truth().sql;
 }
 
 void SelectReader::GroupBy() {

@@ -38,9 +38,15 @@ bool AnyNull(const Arguments& a) {
 Value Like(const Arguments& a) {
     const auto* text = a[0].As<std::string>();
     const auto* pattern = a[1].As<std::string>();
+    if (pattern) CheckPattern(*pattern);
     if (text && pattern) return basic::LikeText(*text, *pattern);
     if (AnyNull(a)) return {};
     return basic::LikeText(basic::ToText(a[0]), basic::ToText(a[1]));
+}
+
+// A number beside a boolean: True equals 1 and -1.
+Value Truth(const Arguments& a) {
+    return a[0] == Value(std::int32_t{-1}) || a[0] == Value(-1.0) ? Value(std::int32_t{1}) : a[0];
 }
 
 Value UpperCase(const Arguments& a) {
@@ -69,6 +75,7 @@ Value Divide(const Arguments& a) {
 
 constexpr Function functions[] = {
     {"qm_like", 2, Like},
+    {"qm_truth", 1, Truth},
     {"qm_ucase", 1, UpperCase},
     {"qm_left", 2, LeftPart},
     {"qm_cstr", 1, Text},

@@ -16,9 +16,10 @@ constexpr std::array<std::string_view, 30> Keywords{
     "null",   "like",     "as",     "true", "false",  "between", "join",  "having", "union", "exists"};
 
 // Words of wider dialects, told by name where they stand in the way.
-constexpr std::array<std::string_view, 19> Unsupported{
-    "all",  "any",   "between", "cross", "distinctrow", "exists", "full",      "having", "inner", "join",
-    "left", "limit", "pivot",   "right", "some",        "top",    "transform", "union",  "with"};
+constexpr std::array<std::string_view, 21> Unsupported{
+    "all",   "any",    "between", "cross", "distinctrow", "escape", "exists",
+    "full",  "having", "inner",   "join",  "left",        "limit",  "outer",
+    "pivot", "right",  "some",    "top",   "transform",   "union",  "with"};
 
 template <class Words>
 bool Holds(const Words& words, std::string_view text) {
@@ -138,9 +139,28 @@ void TokenReader::ExpectEnd() const {
     if (Peek().kind != TokenKind::End) Refuse("the statement should end");
 }
 
+void TokenReader::RefuseBareAlias() const {
+    const Token& token = Peek();
+    if (token.kind == TokenKind::Bracketed || (token.kind == TokenKind::Name && !IsKeyword(token.text)))
+        Refuse("'As' is expected before an alias");
+}
+
+// All the words that stand in the way together: "Not Between", "Left Outer Join".
+std::string TokenReader::UnsupportedWords() const {
+    std::string words;
+    std::size_t ahead = AtWord("Not") ? 1 : 0;
+    for (; Peek(ahead).kind == TokenKind::Name && Holds(Unsupported, Peek(ahead).text); ++ahead)
+        words += (words.empty() ? "" : " ") + Peek(ahead).text;
+    return words.empty() || !AtWord("Not") ? words : Peek().text + " " + words;
+}
+
+void TokenReader::RefuseUnsupported() const {
+    if (const std::string words = UnsupportedWords(); !words.empty())
+        ado::Refuse(error::Statement, "Syntax error: '" + words + "' is not supported in statements");
+}
+
 void TokenReader::Refuse(const std::string& text) const {
-    if (Peek().kind == TokenKind::Name && Holds(Unsupported, Peek().text))
-        ado::Refuse(error::Statement, "Syntax error: '" + Peek().text + "' is not supported in statements");
+    RefuseUnsupported();
     ado::Refuse(error::Statement, "Syntax error: " + text + " where " + Shown(Peek()) + " stands");
 }
 

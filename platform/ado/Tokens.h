@@ -43,6 +43,8 @@ class TokenReader {
     void ExpectSymbol(std::string_view symbol);
     std::string ExpectName(std::string_view what);  // a bare name that is no keyword, or a bracketed one
     void ExpectEnd() const;
+    void RefuseUnsupported() const;  // raises where words of a wider dialect stand
+    void RefuseBareAlias() const;    // raises where a name stands that only As could bring in
 
     std::size_t Position() const { return at_; }
     void MoveTo(std::size_t position) { at_ = position; }
@@ -50,6 +52,8 @@ class TokenReader {
     [[noreturn]] void Refuse(const std::string& text) const;
 
   private:
+    std::string UnsupportedWords() const;
+
     std::vector<Token> tokens_;
     std::size_t at_ = 0;
 };

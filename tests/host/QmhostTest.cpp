@@ -269,13 +269,17 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     EXPECT_THAT(said(add + "2002-2003 </dev/null", 1), HasSubstr("nothing was changed\n"));
     EXPECT_EQ(Bytes(BooksFile()), before);
 
-    // An earlier try that was killed behind its first step.
-    Ask("INSERT INTO Ledger_Details (Ledger_ID, Fnncl_Yr) VALUES (17, 2002)");
-    EXPECT_EQ(
-        said(add + "2002-2003 --yes", 1),
-        "qmhost: details of 2002 stand already: an earlier try did not end, and another would double them. "
-        "Restore the backup that was made before it (qmhost restore), then add the year\n");
-    EXPECT_EQ(Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "");
+    // An earlier try that was killed behind its first step, and one that was killed before its last.
+    for (const char* step : {"INSERT INTO Ledger_Details (Ledger_ID, Fnncl_Yr) VALUES (17, 2002)",
+                             "INSERT INTO Fnncl_Yr_Mstr (Fnncl_Yr) VALUES ('2002-2003')"}) {
+        Ask(step);
+        EXPECT_EQ(
+            said(add + "2002-2003 --yes", 1),
+            "qmhost: parts of 2002 stand already: an earlier try did not end, and another would double them. "
+            "Restore the backup that was made before it (qmhost restore), then add the year\n");
+    }
+    Ask("DELETE FROM Fnncl_Yr_Mstr WHERE Fnncl_Yr = '2002-2003'");
+    Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002");
 
     EXPECT_EQ(said(add + "2002-2003 --yes", 0), "current year: 2002\n");
     EXPECT_EQ(said("years " + Books(), 0), "2001-2002\n2002-2003  current\n");
@@ -358,7 +362,10 @@ TEST_F(QmhostCommands, BackupCopiesWholeBooksAndOverwritesNothing) {
     EXPECT_EQ(again.said, "qmhost: '" + copy + "' exists; a backup never overwrites\n");
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(Bytes(copy), copied);
-    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/no/copy.mdb").code, 1);
+    const Outcome nowhere = Qmhost("backup " + Books() + " " + (folder / "no" / "copy.mdb").string());
+    EXPECT_EQ(nowhere.said, "qmhost: there is no folder '" + (folder / "no").string() + "' for the backup\n");
+    EXPECT_EQ(nowhere.code, 1);
+    EXPECT_EQ(Qmhost("backup " + Books() + " /proc/copy.mdb").code, 1);
 }
 
 TEST_F(QmhostCommands, WhatDoesNotReadIsTwoAndMissingBooksAreOne) {

@@ -1,4 +1,4 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "tests/host/Qmhost.h"
 #include "tests/outside/PostedBooks.h"
@@ -28,17 +28,14 @@ TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
     EXPECT_EQ(books.Look(), told);
 }
 
-// The audit reads rows and totals one after the other: as of one moment, or they would differ. A voucher may
-// have one side at that moment.
+// The audit reads rows and totals one after the other: as of one moment, or they would differ. A voucher
+// whose second row is just being posted is looked at again.
 TEST(TwoWriters, LetTheAuditReadOneMoment) {
     PostedBooks books;
     RunningPoster poster(books.DataPath(), 1000000);
     for (int row = 0; row < 100; ++row) poster.Line();
-    for (int look = 0; look < 10; ++look)
-        EXPECT_THAT(Qmhost("check " + books.DataPath()).said,
-                    testing::MatchesRegex(
-                        "(error: voucher [0-9]+ of 2001: debit [0-9.]+, credit 0\n1 error|0 errors), "
-                        "0 notes\n"));
+    for (int look = 0; look < 12; ++look)
+        EXPECT_EQ(Qmhost("check " + books.DataPath()).said, "0 errors, 0 notes\n");
 }
 
 }  // namespace
