@@ -5,7 +5,7 @@
 
 #include "core/BillFigures.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Controls.h"
+#include "platform/forms/controls/Controls.h"
 
 namespace qm {
 

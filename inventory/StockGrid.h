@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/basic/Value.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
 

@@ -10,7 +10,7 @@
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 
 namespace qm {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "platform/ado/Errors.h"
-#include "platform/ado/Scope.h"
-#include "platform/ado/Session.h"
+#include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/Session.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <string>
 
-#include "host/CsvFile.h"
-#include "host/VoucherCells.h"
+#include "host/commands/VoucherCells.h"
+#include "host/make/CsvFile.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/host/Qmhost.h"
+#include "tests/host/commands/Qmhost.h"
 #include "tests/outside/PostedBooks.h"
 #include "tests/outside/RunningPoster.h"
 

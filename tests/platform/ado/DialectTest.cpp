@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "host/Embedded.h"
-#include "platform/ado/Dialect.h"
+#include "host/make/Embedded.h"
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Dialect.h"
 #include "tests/platform/ado/PlainStore.h"
 #include "tests/platform/ado/TestStore.h"
 

@@ -1,0 +1,65 @@
+#include "platform/basic/Error.h"
+#include "tests/platform/forms/window/Fixture.h"
+
+namespace {
+
+class ListBoxTest : public FormsTest {
+  protected:
+    void SetUp() override {
+        Show();
+        list = new ListBox(form.Window());
+        form.Window()->layout()->addWidget(list);
+        list->show();
+        list->Click = [this] { log.push_back("Click " + std::to_string(list->ListIndex())); };
+        for (const char* year : {"2001-2002", "2002-2003", "2003-2004"}) list->AddItem(year);
+    }
+    void ClickLine(int index) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(index)).center());
+    }
+    std::vector<bool> Marks() const {
+        std::vector<bool> marks;
+        for (int i = 0; i < list->ListCount(); ++i) marks.push_back(list->Selected(i));
+        return marks;
+    }
+    ListBox* list = nullptr;
+};
+
+TEST_F(ListBoxTest, AddingSelectsNothingAndTheFocusSelectsNothing) {
+    list->SetFocus();
+    EXPECT_EQ(list->ListIndex(), -1);
+    EXPECT_THAT(Logged(), ElementsAre("txtFirst?", "txtFirst-"));
+    EXPECT_THAT(Marks(), ElementsAre(false, false, false));
+}
+
+TEST_F(ListBoxTest, ListIndexSelectsAndFiresOncePerChange) {
+    list->SetListIndex(1);
+    EXPECT_THAT(Logged(), ElementsAre("Click 1"));
+    EXPECT_THAT(Marks(), ElementsAre(false, true, false));
+    list->SetListIndex(1);
+    list->SetSelected(1, true);
+    list->SetSelected(0, false);
+    EXPECT_THAT(Logged(), IsEmpty());
+    ClickLine(2);
+    EXPECT_EQ(Logged().back(), "Click 2");
+    list->AddItem("2004-2005");
+    list->SetItemData(list->NewIndex(), 12);
+    EXPECT_EQ(list->ListIndex(), 2);
+    EXPECT_EQ(list->ItemData(3), 12);
+    list->Clear();
+    EXPECT_EQ(list->ListIndex(), -1);
+    EXPECT_THAT(Logged(), IsEmpty());
+    EXPECT_THROW(list->SetListIndex(0), basic::Error);
+}
+
+TEST_F(ListBoxTest, AMultipleListKeepsEveryMark) {
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (int i = 0; i < list->ListCount(); ++i) list->SetSelected(i, true);
+    EXPECT_EQ(list->SelCount(), 3);
+    ClickLine(1);
+    EXPECT_THAT(Marks(), ElementsAre(true, false, true));
+    list->SetEnabled(false);
+    EXPECT_THAT(Marks(), ElementsAre(true, false, true));
+}
+
+}  // namespace
