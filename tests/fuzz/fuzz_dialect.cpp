@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/ado/Errors.h"
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "tests/fuzz/Check.h"
 #include "tests/fuzz/StatementWriter.h"
 #include "tests/platform/ado/PlainStore.h"

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "platform/ado/dialect/Scope.h"
 
 namespace ado {

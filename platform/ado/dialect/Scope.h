@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Catalog.h"
 
 namespace ado {
 

@@ -1,9 +1,10 @@
 // Cuts a statement into its shape and its literals: the one pass that every statement pays, so it works on
 // bytes.
+#include "platform/ado/dialect/Shape.h"
+
 #include <algorithm>
 #include <charconv>
 
-#include "platform/ado/dialect/Dialect.h"
 #include "platform/ado/dialect/Refusal.h"
 #include "platform/ado/dialect/Tokens.h"
 

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Catalog.h"
 #include "platform/ado/rows/TextPool.h"
 #include "platform/ado/store/Engine.h"
 #include "platform/basic/Value.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "platform/ado/rows/RowStore.h"
 #include "platform/basic/Value.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "platform/ado/rows/Column.h"
 #include "platform/ado/rows/TextPool.h"
 #include "platform/ado/store/Engine.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Catalog.h"
 #include "platform/ado/store/Engine.h"
 
 namespace ado {

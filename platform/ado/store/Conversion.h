@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "platform/ado/store/Engine.h"
 #include "platform/basic/Value.h"
 

@@ -4,7 +4,7 @@
 
 #include "host/make/Embedded.h"
 #include "platform/ado/Errors.h"
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 #include "tests/platform/ado/PlainStore.h"
 #include "tests/platform/ado/TestStore.h"
 

@@ -7,7 +7,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Catalog.h"
 #include "platform/basic/Text.h"
 
 namespace ado::test {

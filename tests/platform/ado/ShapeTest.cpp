@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Shape.h"
 #include "platform/ado/dialect/Tokens.h"
 #include "platform/basic/Error.h"
 

@@ -1,51 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-// Statements arrive in the classic desktop-database dialect; this turns them into the store's own SQL. A
-// statement is first cut into its shape and its literals (one pass over the bytes); only a shape seen for the
-// first time is parsed and translated, and the result, a Plan, is kept with its prepared statement.
+#include "platform/ado/dialect/Catalog.h"
+#include "platform/ado/dialect/Shape.h"
+
+// Statements arrive in the classic desktop-database dialect; this turns a shape into the store's own SQL. The
+// result, a Plan, is kept with its prepared statement.
 namespace ado {
-
-enum class ColumnType { Any, Boolean, Integer, Long, Double, Text };
-
-struct Literal {
-    bool isText = false;
-    std::string text;   // of a text: without its quotes, doubled quotes undone; of a number: as written
-    double number = 0;  // of a number
-};
-
-struct Shape {
-    std::string key;                // the statement with each literal replaced by a mark and blanks folded
-    std::vector<Literal> literals;  // in the order of the statement
-};
-
-// Raises ado::error::Statement for a literal that does not end and for anything after the statement.
-Shape ShapeOf(std::string_view statement);
-
-struct ColumnInfo {
-    std::string name;
-    ColumnType type = ColumnType::Any;
-    bool counter = false;  // the store assigns it
-};
-
-struct TableInfo {
-    std::string name;  // as the store spells it
-    std::vector<ColumnInfo> columns;
-};
-
-// What the translator asks about the tables. Never remembers that a table is missing.
-class Catalog {
-  public:
-    virtual ~Catalog() = default;
-    virtual const TableInfo* Table(
-        std::string_view name) = 0;  // without regard to case; nullptr if there is none
-};
 
 // How a literal is bound: parameter ?n (n from 1, in the order of Plan::parameters) takes literals[literal].
 struct Parameter {

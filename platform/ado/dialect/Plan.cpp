@@ -1,4 +1,4 @@
-#include "platform/ado/dialect/Dialect.h"
+#include "platform/ado/dialect/Plan.h"
 
 #include "platform/ado/dialect/Insert.h"
 #include "platform/ado/dialect/Limits.h"
