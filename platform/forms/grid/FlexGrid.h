@@ -112,6 +112,7 @@ class FlexGrid : public GridView, public Control {
     void ClampCurrent();
     int Needed(int col) const;  // pixels for the longest text of a column and its button
     void StepRow(int step);
+    void GoTowards(int row, int col);
     void FireMouse(const Event<int, int, int, int>& event, const QMouseEvent& mouse);
 
     GridModel model_;

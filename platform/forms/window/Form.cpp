@@ -207,6 +207,10 @@ void Form::SetMousePointer(int pointer) {
     pointer == vbHourglass ? window_->setCursor(Qt::WaitCursor) : window_->unsetCursor();
 }
 
+FormWindow* Form::Topmost() {
+    return Shown().empty() ? nullptr : Shown().back()->window_;
+}
+
 void Form::Minimize() {
     EnsureLoaded();
     window_->showMinimized();

@@ -66,10 +66,10 @@ Control* FormWindow::Active() const {
     return active_ ? Control::Of(active_) : nullptr;
 }
 
-bool FormWindow::MoveFocus(Control& target) {
+bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
     if (!CanHaveFocus(target)) {  // a container hands it on to its first control
         Control* const first = FirstIn(target.Widget());
-        if (first) return MoveFocus(*first);
+        if (first) return MoveFocus(*first, reason);
         if (auto* user = dynamic_cast<UserControl*>(&target)) user->EnterFocus.Fire();
         return false;
     }
@@ -87,7 +87,7 @@ bool FormWindow::MoveFocus(Control& target) {
     const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
     if (!self || !form_) return false;
     if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
-        Transfer(*control);
+        Transfer(*control, goes ? reason : Qt::OtherFocusReason);
     return goes;
 }
 
@@ -112,12 +112,12 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
     return destination == sent;
 }
 
-void FormWindow::Transfer(Control& target) {
+void FormWindow::Transfer(Control& target, Qt::FocusReason reason) {
     const QPointer<QWidget> before = active_;
     const QPointer<QWidget> after = target.Widget();
     {
         const Flag transferring(transferring_);
-        after->setFocus(Qt::OtherFocusReason);
+        after->setFocus(reason);
     }
     active_ = after;
     if (before) Control::Of(before)->LostFocus.Fire();
@@ -129,17 +129,17 @@ void FormWindow::Transfer(Control& target) {
 
 void FormWindow::FocusFirst() {
     if (Active()) return;
-    if (Control* first = FirstIn(this)) Transfer(*first);
+    if (Control* first = FirstIn(this)) Transfer(*first, Qt::TabFocusReason);
 }
 
 void FormWindow::Adopt(Control& control) {
     if (validating_ || transferring_ || activating_ || &control == Active() || !control.TakesFocus()) return;
-    Transfer(control);
+    Transfer(control, Qt::OtherFocusReason);
 }
 
 void FormWindow::LeaveDisabled() {
     if (!active_ || validating_) return;
-    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour);
+    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour, Qt::OtherFocusReason);
 }
 
 Control* FormWindow::Neighbour(bool next) const {
@@ -163,7 +163,7 @@ bool FormWindow::focusNextPrevChild(bool next) {
         return true;
     }
     Control* const neighbour = Neighbour(next);
-    if (neighbour) MoveFocus(*neighbour);
+    if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
     return neighbour != nullptr;
 }
 

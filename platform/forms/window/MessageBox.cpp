@@ -1,13 +1,12 @@
 #include "platform/forms/window/MessageBox.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QMessageBox>
-#include <QPointer>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
+#include "platform/forms/window/FocusKeeper.h"
 #include "platform/forms/window/Style.h"
 #include "platform/forms/window/TestSeams.h"
 
@@ -29,23 +28,10 @@ void MakeRoomForTitle(QMessageBox& box) {
     rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
 }
 
-// Remembers who had the focus and gives it back: the toolkit itself does not always do so.
-class FocusKeeper {
-  public:
-    FocusKeeper() : window_(QApplication::activeWindow()), widget_(QApplication::focusWidget()) {}
-    ~FocusKeeper() {
-        if (window_ && window_->isVisible()) window_->activateWindow();
-        if (widget_ && widget_->isVisible()) widget_->setFocus(Qt::ActiveWindowFocusReason);
-    }
-
-  private:
-    QPointer<QWidget> window_, widget_;
-};
-
 int Ask(const std::string& text, int flags, const std::string& title) {
     const FocusKeeper keeper;
     const PointerPause pause;
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(keeper.Window());
     Style::Apply(box);
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);

@@ -62,6 +62,12 @@ TEST_F(VSFlexGridTest, ACancelledMoveDoesNotHappen) {
     EXPECT_THAT(Logged(), ElementsAre("before 2,1", "before 2,0", "before 2,3"));
     EXPECT_EQ(control().Row(), 1);
     EXPECT_EQ(control().Col(), 0);
+    refusedRow = 5;  // a foot: the long ways stop before it
+    for (const auto& [key, col] : {std::pair(Qt::Key_PageDown, 0), {Qt::Key_End, 3}}) {
+        control().Select(1, 0);
+        Key(key, key == Qt::Key_End ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(At("", control().Row(), control().Col()), At("", 4, col));
+    }
 }
 
 TEST_F(VSFlexGridTest, TabLeavesWhereNoCellFollowsOrTheMoveIsRefused) {
