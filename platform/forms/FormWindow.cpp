@@ -96,7 +96,10 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
         destination = active.Widget();
     }
     wanted_ = nullptr;
-    if (destination == active.Widget()) destination->setFocus(Qt::OtherFocusReason);
+    if (destination == active.Widget()) {
+        destination->setFocus(Qt::OtherFocusReason);
+        active.StartOver();
+    }
     return destination == sent;
 }
 
@@ -153,6 +156,10 @@ bool FormWindow::focusNextPrevChild(bool next) {
     Control* const neighbour = Neighbour(next);
     if (neighbour) MoveFocus(*neighbour);
     return neighbour != nullptr;
+}
+
+void FormWindow::reject() {
+    if (form_) RunEvent(this, [this] { form_->Form_Escape(); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
