@@ -20,7 +20,10 @@ class LookUpTest : public test::ScreenTest {
     ~LookUpTest() override { lookUp.Unload(); }
 
     void InLookUp(const std::function<void()>& visit) {
-        script.Modal("frmSearchAndLookUp", [visit](forms::Form&) { visit(); });
+        script.Modal("frmSearchAndLookUp", [visit](forms::Form& shown) {
+            BringToFront(shown);
+            visit();
+        });
         lookUp.Show(forms::vbModal);
     }
     forms::MSFlexGrid& Grid() { return *lookUp.ui().grd; }
