@@ -3,15 +3,20 @@
 
 BOOKS ?= books
 
-run: build
+run: build/build.ninja
+	cmake --build --preset dev --target qmhost qmscreens
 	@tools/run $(BOOKS)
 
 test: build
 	ctest --preset dev
 
-build: deps
-	@cmake --preset dev > build.log 2>&1 || { cat build.log; rm -f build.log; exit 1; }; rm -f build.log
+build: build/build.ninja
 	cmake --build --preset dev
+
+# The build configures itself again when its own files change; only the presets stand outside.
+build/build.ninja: CMakePresets.json | deps
+	@cmake --preset dev > build.log 2>&1 || { cat build.log; rm -f build.log; exit 1; }; rm -f build.log
+	@touch $@
 
 pictures: build
 	@tools/pictures

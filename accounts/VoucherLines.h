@@ -5,7 +5,7 @@
 
 #include "platform/ado/KeptRows.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/RowSource.h"
+#include "platform/forms/grid/RowSource.h"
 
 namespace qm {
 

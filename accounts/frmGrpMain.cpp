@@ -10,7 +10,7 @@
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 #include "reports/LedgerTotals.h"
 #include "vouchers/frmVoucher.h"
 

@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "bench/Bare.h"
-#include "host/Books.h"
+#include "host/make/Books.h"
 
 namespace bench {
 namespace {

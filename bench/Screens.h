@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/forms/Form.h"
+#include "platform/forms/window/Form.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 #include "bench/Figures.h"
 #include "bench/Ours.h"
 #include "bench/Screens.h"
-#include "shell/frmNewMenu.h"
+#include "screens/ScreenTable.h"
 #include "shell/frmSearchAndLookUp.h"
 #include "shell/modSearch.h"
 
@@ -34,7 +34,7 @@ void MenuOurs(benchmark::State& state) {
     for (auto _ : state) {
         qm::clQm host;
         host.dataPath(folder.string() + "/");
-        Visit("frmNewMenu", [] { forms::Default<qm::frmNewMenu>().Load(); });
+        Visit("frmNewMenu", [] { forms::Default<qm::frmNewMenu>().Load(qm::ScreenTable()); });
     }
 }
 

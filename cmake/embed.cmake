@@ -12,7 +12,7 @@ if(CMAKE_SCRIPT_MODE_FILE)
     string(APPEND table "    {\"${file}\", file${number}, sizeof file${number} - 1},\n")
     math(EXPR number "${number} + 1")
   endforeach()
-  file(WRITE ${OUT} "#include \"host/EmbeddedTable.h\"\n\nnamespace host {\nnamespace {\n${arrays}}  // namespace\n
+  file(WRITE ${OUT} "#include \"host/make/EmbeddedTable.h\"\n\nnamespace host {\nnamespace {\n${arrays}}  // namespace\n
 const EmbeddedFile EmbeddedFiles[] = {\n${table}};\nconst std::size_t EmbeddedCount = ${number};\n}  // namespace host\n")
   return()
 endif()

@@ -4,6 +4,9 @@
 #include <utility>
 
 #include "core/Screens.h"
+#include "core/modGeneral.h"
+#include "platform/ado/Constants.h"
+#include "platform/ado/Maintenance.h"
 #include "platform/basic/Text.h"
 
 namespace qm {
@@ -23,9 +26,16 @@ int TellStandardError(const std::string& text, int flags, const std::string& tit
     return (flags & vbYesNo) != 0 ? vbNo : vbOK;
 }
 
+// A box that tells of something done must not be undone by a power cut.
+void PutOnDisk() {
+    const ado::ConnectionPtr& books = shared().Connection;
+    if (books && books->State() == ado::adStateOpen) ado::Flush(*books);
+}
+
 }  // namespace
 
 int MsgBox(const std::string& text, int flags, const std::string& title) {
+    if ((flags & vbInformation) != 0) PutOnDisk();
     if (!Port() && DisplayIsThere()) LoadScreens();
     return Port() ? Port()(text, flags, title) : TellStandardError(text, flags, title);
 }

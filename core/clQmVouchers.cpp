@@ -1,4 +1,5 @@
 // The voucher calls of the class: one row, one transaction each, with no check that the sides balance.
+#include <cmath>
 #include <limits>
 
 #include "core/DBCode.h"
@@ -26,6 +27,13 @@ std::string OfVoucher(std::int32_t lTrnID) {
 
 std::string OfLedger(const std::string& ledgerCode) {
     return " Where Ledger_ID = " + ledgerCode + " And Fnncl_Yr = " + shared().FinYear;
+}
+
+// The ordinary conversion, which knows words for what is not finite: the statement that holds them fails, in
+// its own transaction.
+std::string AmountText(double amount) {
+    if (std::isfinite(amount)) return basic::NumberText(amount);
+    return std::isnan(amount) ? "-1.#IND" : amount < 0 ? "-1.#INF" : "1.#INF";
 }
 
 // Any other letter appends nothing, which leaves the insert a value short, so it fails.
@@ -121,7 +129,7 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
                          const std::string& sTrnType, const std::string& sTrnNarration, double dAmt,
                          std::int32_t lLedCode, const std::string& sLedName) {
     try {
-        const std::string ledgerCode = basic::NumberText(lLedCode), amount = basic::NumberText(dAmt);
+        const std::string ledgerCode = basic::NumberText(lLedCode), amount = AmountText(dAmt);
         const std::string side = basic::UCase(sTrnType);
         std::string insert =
             "Insert Into " + YearTable("tb_Ledger") +

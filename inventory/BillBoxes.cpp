@@ -3,7 +3,6 @@
 #include "core/DBCode.h"
 #include "inventory/EntryChecks.h"
 #include "platform/basic/Clock.h"
-#include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 
 namespace qm {
@@ -24,33 +23,20 @@ double BillBoxes::Prefix(const forms::TextBox& box) {
     return basic::PrefixValue(box.Text());
 }
 
-// The mask drops the commas.
-double BillBoxes::Whole(const forms::TextBox& box) {
-    return basic::PrefixValue(basic::Format(box.Text(), "######.00"));
-}
-
-void BillBoxes::ShowAmount(forms::TextBox& box, double amount) {
-    box.SetText(basic::Format(amount, "#,##,###.00"));
-}
-
 void BillBoxes::ShowBillTotal(double sum) const {
-    if (sum == 0) return billTotal_->SetText("");
-    ShowAmount(*billTotal_, sum);
+    billTotal_->SetText(sum == 0 ? "" : BillFigures::Shown(sum));
 }
 
-// The tax is subtracted like the discount, though the box above it reads "Amt. After Tax": kept. A 0 shows
-// as ".00" before it is emptied.
 void BillBoxes::Recalc(BillRule rule) const {
-    const auto emptyUnlessPositive = [](forms::TextBox& box, const forms::TextBox& decides) {
-        if (Whole(decides) <= 0) box.SetText("");
-    };
-    const double base = rule.RatesOfPrefix ? BillTotal() : Whole(*billTotal_);
-    ShowAmount(*amtAfterTax_, Whole(*billTotal_) - (TaxRate() / 100 * base + Discount() / 100 * base));
-    emptyUnlessPositive(*amtAfterTax_, rule.BlankByBillTotal ? *billTotal_ : *amtAfterTax_);
-    ShowAmount(*totalAmt_, Whole(*amtAfterTax_) + Whole(*otherCharges_));
-    emptyUnlessPositive(*totalAmt_, *totalAmt_);
-    ShowAmount(*netAmt_, Whole(*totalAmt_) + Whole(*roundOff_));
-    emptyUnlessPositive(*netAmt_, *netAmt_);
+    BillFigures bill{.BillTotal = billTotal_->Text(),
+                     .Discount = discount_->Text(),
+                     .TaxRate = taxRate_->Text(),
+                     .OtherCharges = otherCharges_->Text(),
+                     .RoundOff = roundOff_->Text()};
+    bill.Reckon(rule);
+    amtAfterTax_->SetText(bill.AmtAfterTax);
+    totalAmt_->SetText(bill.TotalAmt);
+    netAmt_->SetText(bill.NetAmt);
 }
 
 void BillBoxes::Show(ado::Recordset& bill) const {

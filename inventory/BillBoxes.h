@@ -3,18 +3,11 @@
 #include <functional>
 #include <initializer_list>
 
+#include "core/BillFigures.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Controls.h"
+#include "platform/forms/controls/Controls.h"
 
 namespace qm {
-
-// How the two receipt screens reckon a bill.
-struct BillRule {
-    // The percentages are taken of the number before the bill total's comma, not of the whole total: kept.
-    bool RatesOfPrefix = false;
-    // The box whose value decides whether the amount after tax is emptied: itself, or the bill total.
-    bool BlankByBillTotal = false;
-};
 
 // The boxes of a supplier's bill as both receipt screens have them, with the number of each as the rows take
 // it. Cheap to make where it is needed.
@@ -39,7 +32,7 @@ class BillBoxes {
     void Wire(const std::function<void()>& recalc) const;
 
     void ShowBillTotal(double sum) const;  // 0 as nothing
-    // From the bill total to the net amount. An amount that is not above 0 is emptied.
+    // Shows what BillFigures::Reckon makes of the boxes.
     void Recalc(BillRule rule) const;
 
     void Show(ado::Recordset& bill) const;  // the bill on which the record set stands; not the round-off
@@ -56,8 +49,6 @@ class BillBoxes {
 
   private:
     static double Prefix(const forms::TextBox& box);
-    static double Whole(const forms::TextBox& box);
-    static void ShowAmount(forms::TextBox& box, double amount);
 
     forms::DTPicker* date_;
     forms::TextBox *billNo_, *narration_, *billTotal_, *discount_, *taxRate_, *amtAfterTax_, *otherCharges_,

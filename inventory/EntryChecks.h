@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/forms/Controls.h"
+#include "platform/forms/controls/Controls.h"
 
 namespace qm {
 

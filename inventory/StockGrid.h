@@ -5,8 +5,8 @@
 #include <unordered_set>
 
 #include "platform/basic/Value.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/controls/Label.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
 

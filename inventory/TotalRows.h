@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms/Controls.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/controls/Controls.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmItemList.h"
 
 namespace qm {

@@ -10,13 +10,12 @@
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 
 namespace qm {
 namespace {
 
 constexpr int QtyWidth = 1500;  // twips
-constexpr BillRule Rule{.RatesOfPrefix = true};
 
 }  // namespace
 
@@ -151,7 +150,7 @@ void frmReceipt::RecalcGridTotal() {
 }
 
 void frmReceipt::RecalcBill() {
-    Boxes().Recalc(Rule);
+    Boxes().Recalc(ReceiptBill);
 }
 
 void frmReceipt::vsReceipt_AfterEdit(int row, int col) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
 

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Controls.h"
-#include "platform/forms/ImageList.h"
-#include "platform/forms/TreeView.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/controls/Controls.h"
+#include "platform/forms/controls/ImageList.h"
+#include "platform/forms/controls/TreeView.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "purchasing/OrderGrid.h"
 #include "ui_frmPO.h"
 

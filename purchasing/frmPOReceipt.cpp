@@ -11,7 +11,7 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 
 namespace qm {
 namespace {
@@ -21,7 +21,6 @@ enum Column { MarkCol, ItemCol, NameCol, RateCol, OrderedCol, PreviousCol, QtyCo
 constexpr const char* NewReceipt = "<New>";
 constexpr int QtyLength = 9, NoteLength = 99;  // characters
 constexpr int HeadingHeight = 500;             // twips
-constexpr BillRule Rule{.BlankByBillTotal = true};
 
 }  // namespace
 
@@ -51,7 +50,7 @@ void frmPOReceipt::Wire() {
     };
     grid.ValidateEdit = [this](int row, int col, bool& cancel) { vsItems_ValidateEdit(row, col, cancel); };
     grid.AfterEdit = [this](int row, int col) { vsItems_AfterEdit(row, col); };
-    Boxes().Wire([this] { Boxes().Recalc(Rule); });
+    Boxes().Wire([this] { Boxes().Recalc(OrderBill); });
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
     ui().cmdExit->Click = [this] { Unload(); };
 }
@@ -193,7 +192,7 @@ void frmPOReceipt::FillPOReceiptBill() {
 
 void frmPOReceipt::RecalcGridTotal() {
     Boxes().ShowBillTotal(ShowTotal(*ui().vsItems, QtyCol, RateCol));
-    Boxes().Recalc(Rule);
+    Boxes().Recalc(OrderBill);
 }
 
 void frmPOReceipt::vsItems_BeforeEdit(int row, int col, bool& cancel) {

@@ -5,7 +5,7 @@
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
-#include "platform/forms/Progress.h"
+#include "platform/forms/window/Progress.h"
 
 namespace qm {
 namespace {

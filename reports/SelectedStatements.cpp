@@ -1,8 +1,8 @@
 #include "reports/SelectedStatements.h"
 
 #include "platform/basic/Number.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Progress.h"
+#include "platform/forms/window/Application.h"
+#include "platform/forms/window/Progress.h"
 
 namespace qm {
 namespace {

@@ -71,7 +71,8 @@ void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::stri
     double debits = opening > 0 ? opening : 0, credits = opening > 0 ? 0 : 0 - opening;
     Append("<tr><td width = '100%' colspan = '2'><b>" + name +
            "</b></td></tr><tr><td width='100%' colspan = '6'><hr></td></tr>");
-    Append(std::string("<tr>") + StatementHeads);
+    Append("<tr>");
+    Append(StatementHeads);
     Append(OpeningRow(basic::Format(fromDate_, "dd-MMM-yyyy"), opening));
     for (; !rs.Eof(); rs.MoveNext()) {
         const std::string narration = basic::TextOrEmpty(rs["LedgerNarration"]);
@@ -104,7 +105,8 @@ void frmLedger::PartyTrial(basic::Date) {
         shared().Connection);
     if (rs.Eof() && rs.Bof()) return;
     double debits = 0, credits = 0, closingDebits = 0, closingCredits = 0;
-    Append(std::string("<tr><td width='100%' colspan = '6'><hr></td></tr>") + TrialHeads);
+    Append("<tr><td width='100%' colspan = '6'><hr></td></tr>");
+    Append(TrialHeads);
     for (; !rs.Eof(); rs.MoveNext()) {
         const basic::Value debit = rs["leddetDrtxntot"], credit = rs["leddetCrtxntot"];
         debits += basic::NumberOrZero(debit);

@@ -5,7 +5,7 @@
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 #include "reports/LedgerTotals.h"
 #include "reports/SelectedStatements.h"
 #include "reports/frmLedger.h"

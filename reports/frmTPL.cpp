@@ -3,7 +3,7 @@
 #include "core/DBCode.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 #include "reports/FinalResults.h"
 #include "reports/LedgerTotals.h"
 

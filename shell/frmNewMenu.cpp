@@ -6,7 +6,6 @@
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "shell/ScreenTable.h"
 
 namespace qm {
 namespace {
@@ -77,7 +76,8 @@ void SetUp(forms::VSFlexGrid& grid, int cols, const std::vector<int>& captionRow
 
 }  // namespace
 
-void frmNewMenu::Load() {
+void frmNewMenu::Load(std::span<const ScreenEntry> screens) {
+    screens_ = screens;
     OpenConnection(BooksFile);
     LoadCurrentYear();
     Show(forms::vbModal);
@@ -167,7 +167,10 @@ unsigned frmNewMenu::PressedColour(const forms::VSFlexGrid& grid) {
 // A row without a key, and one whose screen does not stand, does nothing.
 void frmNewMenu::OpenOption(int row) {
     const std::string key = basic::TextOrEmpty(ui().vsOptions->CellData(row, 1));
-    if (const ScreenEntry* screen = ScreenByKey(key)) screen->Open();
+    if (key.empty()) return;
+    const auto screen = std::find_if(screens_.begin(), screens_.end(),
+                                     [&](const ScreenEntry& each) { return each.Key == key; });
+    if (screen != screens_.end()) screen->Open();
 }
 
 // The highlight of a row without a category has the colour of the ground.

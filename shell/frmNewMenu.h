@@ -1,21 +1,30 @@
 #pragma once
 
-#include <string>
+#include <span>
+#include <string_view>
 
-#include "platform/forms/Controls.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/controls/Controls.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmNewMenu.h"
 
 namespace qm {
+
+// How a screen is opened: on its own, by its form's name, or from the main menu, by the key of its row.
+struct ScreenEntry {
+    std::string_view Form;  // "frmVoucher"
+    std::string_view Key;   // "fVoucher"; "": no row and no dispatch leads to it
+    void (*Open)();         // modally, through the screen's own opening operation; returns when it has closed
+};
 
 // The main menu: a window without frame, two grids as menus. The options of a category appear as soon as the
 // mouse is over it; a click on an option opens its screen. By keyboard: arrows, Enter, Alt and the first
 // letter of a category or an option, Esc.
 class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
   public:
-    // Opens the books in dataPath and reads the current year, then shows the menu modally. Raises what
-    // opening raises.
-    void Load();
+    // Opens the books in dataPath and reads the current year, then shows the menu modally. Its rows open the
+    // screens of the table that bear their keys; a row whose screen does not stand does nothing. Raises what
+    // opening the books raises.
+    void Load(std::span<const ScreenEntry> screens);
 
   protected:
     void Wire() override;
@@ -42,6 +51,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     void lblMinimize_Click();
     void cmdExit_Click();
 
+    std::span<const ScreenEntry> screens_;
     int pressedRow_ = -1;
     unsigned colourBefore_ = forms::NoColor;  // of the pressed row
 };

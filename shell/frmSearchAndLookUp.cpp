@@ -5,7 +5,7 @@
 
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 #include "shell/modSearch.h"
 
 namespace qm {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/ado/KeptRows.h"
-#include "platform/forms/RowSource.h"
+#include "platform/forms/grid/RowSource.h"
 
 namespace qm {
 

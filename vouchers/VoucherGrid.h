@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "vouchers/VoucherPosting.h"
 
 namespace qm {

@@ -11,7 +11,7 @@
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/window/Application.h"
 #include "vouchers/DayBookLines.h"
 #include "vouchers/frmVoucher.h"
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/forms/Controls.h"
-#include "platform/forms/VSFlexGrid.h"
+#include "platform/forms/controls/Controls.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmVoucher.h"
 #include "vouchers/LedgerList.h"
 #include "vouchers/VoucherGrid.h"

@@ -7,7 +7,7 @@
 #include "platform/ado/Errors.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/RecordsetImpl.h"
-#include "platform/ado/Session.h"
+#include "platform/ado/store/Session.h"
 #include "platform/basic/Text.h"
 
 namespace ado {

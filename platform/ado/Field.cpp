@@ -1,5 +1,5 @@
-#include "platform/ado/Conversion.h"
 #include "platform/ado/RecordsetImpl.h"
+#include "platform/ado/store/Conversion.h"
 
 namespace ado {
 namespace {

@@ -3,9 +3,10 @@
 #include <filesystem>
 
 #include "platform/ado/Errors.h"
-#include "platform/ado/Scope.h"
-#include "platform/ado/Session.h"
+#include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/Session.h"
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
 
 namespace ado {
 namespace {
@@ -17,11 +18,20 @@ std::vector<std::string> FirstColumn(Engine& engine, const std::string& sql, int
     return values;
 }
 
+std::vector<std::string> TableNames(Engine& engine) {
+    return FirstColumn(
+        engine,
+        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name");
+}
+
+std::vector<std::string> ColumnNames(Engine& engine, const std::string& table) {
+    return FirstColumn(engine, "PRAGMA table_info(" + QuotedName(table) + ")", 1);
+}
+
 TableSums SumTable(Engine& engine, const std::string& table) {
     TableSums result;
     result.name = table;
-    const std::vector<std::string> columns =
-        FirstColumn(engine, "PRAGMA table_info(" + QuotedName(table) + ")", 1);
+    const std::vector<std::string> columns = ColumnNames(engine, table);
     std::string list = "count(*)";
     for (const std::string& column : columns) {
         const std::string name = QuotedName(column);
@@ -56,6 +66,22 @@ std::vector<std::string> CheckIntegrity(Connection& connection) {
     }
 }
 
+std::vector<BadText> FindBadTexts(Connection& connection) {
+    Engine& engine = connection.Opened()->engine();
+    std::vector<BadText> found;
+    for (const std::string& table : TableNames(engine)) {
+        const std::vector<std::string> columns = ColumnNames(engine, table);
+        const auto rows = engine.Prepare("SELECT * FROM " + QuotedName(table) + " ORDER BY rowid");
+        for (std::int64_t row = 1; rows->Step(); ++row)
+            for (int i = 0; i < rows->ColumnCount(); ++i) {
+                if (rows->Kind(i) != CellKind::Text || basic::IsUtf8(rows->Text(i))) continue;
+                found.push_back({table, columns.at(static_cast<std::size_t>(i)), row,
+                                 basic::FromUtf16(basic::ToUtf16(rows->Text(i)))});
+            }
+    }
+    return found;
+}
+
 Snapshot::Snapshot(Connection& connection) : connection_(connection) {
     connection.Opened()->engine().BeginRead();
 }
@@ -67,6 +93,10 @@ Snapshot::~Snapshot() {
         // Nothing was written: there is nothing to lose.
         return;
     }
+}
+
+void Flush(Connection& connection) {
+    connection.Opened()->engine().Flush();
 }
 
 void BackUp(Connection& connection, const std::string& file) {
@@ -84,10 +114,7 @@ void BackUp(Connection& connection, const std::string& file) {
 std::vector<TableSums> SumTables(Connection& connection) {
     Engine& engine = connection.Opened()->engine();
     std::vector<TableSums> tables;
-    for (const std::string& name : FirstColumn(
-             engine,
-             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name"))
-        tables.push_back(SumTable(engine, name));
+    for (const std::string& name : TableNames(engine)) tables.push_back(SumTable(engine, name));
     return tables;
 }
 

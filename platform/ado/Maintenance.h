@@ -13,6 +13,15 @@ namespace ado {
 // Reads every page and index of the store: a line for each fault, none if all is well.
 std::vector<std::string> CheckIntegrity(Connection& connection);
 
+// A text that the store holds and that is no UTF-8, as another program may have written it.
+struct BadText {
+    std::string table, column;
+    std::int64_t row = 0;  // its place in the table, from 1
+    std::string text;      // U+FFFD where the bytes do not read
+};
+
+std::vector<BadText> FindBadTexts(Connection& connection);
+
 // Holds one moment of the store in view while it lives: what is read meanwhile is of that moment, while
 // others go on writing. No transaction may be open.
 class Snapshot {
@@ -25,6 +34,10 @@ class Snapshot {
   private:
     Connection& connection_;
 };
+
+// Waits until what was written outside transactions is on the disk, whoever else reads or writes. Within a
+// transaction it does nothing: its commit waits. Raises what the disk raises.
+void Flush(Connection& connection);
 
 // Copies the store into a new file under the same password, while others may go on writing; within a
 // Snapshot, as of its moment. Raises BadArgument where the file exists, and what reading or writing raises; a

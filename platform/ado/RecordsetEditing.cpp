@@ -1,9 +1,9 @@
 #include <utility>
 
-#include "platform/ado/Conversion.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/RecordsetImpl.h"
-#include "platform/ado/Scope.h"
+#include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/Conversion.h"
 
 namespace ado {
 namespace {

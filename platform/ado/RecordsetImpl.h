@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/ado/Condition.h"
 #include "platform/ado/Recordset.h"
-#include "platform/ado/RowStore.h"
-#include "platform/ado/Session.h"
+#include "platform/ado/rows/Condition.h"
+#include "platform/ado/rows/RowStore.h"
+#include "platform/ado/store/Session.h"
 #include "platform/basic/Error.h"
 
 namespace ado {

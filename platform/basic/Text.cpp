@@ -169,6 +169,12 @@ bool LikeText(std::string_view text, std::string_view pattern) {
     return pattern.find_first_not_of('%', in) == std::string_view::npos;
 }
 
+bool IsUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();)
+        if (Next(text, at) >= 0x110000) return false;
+    return true;
+}
+
 std::u16string ToUtf16(std::string_view text) {
     std::u16string out;
     out.reserve(text.size());

@@ -25,6 +25,8 @@ bool EqualText(std::string_view a, std::string_view b);  // CompareText == 0, fa
 // `pattern` with % (any run of characters) and _ (any one), ignoring case; no escape character.
 bool LikeText(std::string_view text, std::string_view pattern);
 
+bool IsUtf8(std::string_view text);  // no byte stands where no character can begin or go on
+
 std::u16string ToUtf16(std::string_view text);    // invalid bytes become U+FFFD
 std::string FromUtf16(std::u16string_view text);  // lone surrogates become U+FFFD
 

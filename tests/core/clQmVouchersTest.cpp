@@ -1,3 +1,5 @@
+#include <limits>
+
 #include <gtest/gtest.h>
 
 #include "core/FDBCode.h"
@@ -108,6 +110,21 @@ TEST_F(VoucherCalls, UpdateDropsARowWithBothAmountsAndIgnoresWhatInsertSays) {
     EXPECT_EQ(Ledger(), Lines{});
     EXPECT_EQ(Totals(cash), "0|-40");  // both amounts were taken away
     EXPECT_EQ(qm::Conn().TransDepth(), 0);
+}
+
+TEST_F(VoucherCalls, UpdateCommitsTheReversalsWhereNoAmountCanBeWritten) {
+    using Limits = std::numeric_limits<double>;
+    for (const double amount :
+         {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(), Limits::max()}) {
+        Post(1, "D", 100, cash);
+        Post(1, "C", 100, sales);
+        boxes.ExpectLog("Class-ClQm", "Syntax error");
+        boxes.ExpectLog("Class-ClQm", "Syntax error");
+        EXPECT_TRUE(Host().UpdateVoucher(1, 36990, amount)) << amount;
+        EXPECT_EQ(Ledger(), Lines{}) << amount;
+        EXPECT_EQ(Totals(cash) + " " + Totals(sales), "0|0 0|0") << amount;
+        EXPECT_EQ(qm::Conn().TransDepth(), 0);
+    }
 }
 
 TEST_F(VoucherCalls, UpdateCommitsItsDeleteBeforeItCanFail) {

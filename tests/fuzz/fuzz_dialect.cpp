@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ado/Dialect.h"
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Plan.h"
 #include "tests/fuzz/Check.h"
 #include "tests/fuzz/StatementWriter.h"
 #include "tests/platform/ado/PlainStore.h"

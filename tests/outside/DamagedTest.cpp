@@ -6,7 +6,7 @@
 #include <sys/resource.h>
 
 #include "core/modGeneral.h"
-#include "host/BooksStore.h"
+#include "host/make/BooksStore.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Maintenance.h"
 #include "platform/basic/Error.h"

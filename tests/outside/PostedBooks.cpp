@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/Audit.h"
+#include "host/audit/Audit.h"
 #include "platform/basic/Number.h"
 
 namespace test {

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <map>
 
-#include "ScreenFixture.h"
 #include "inventory/frmItemList.h"
 #include "purchasing/frmPOReceipt.h"
 #include "reports/frmLedger.h"
-#include "shell/ScreenTable.h"
+#include "screens/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 #include "shell/frmSearchAndLookUp.h"
+#include "tests/screens/ScreenFixture.h"
 #include "years/frmClosingBal.h"
 #include "years/frmNewFinYear.h"
 
@@ -31,7 +31,7 @@ constexpr struct {
     const char* Form;
     void (*Open)();
 } InnerScreens[] = {
-    {"frmNewMenu", [] { forms::Default<qm::frmNewMenu>().Load(); }},
+    {"frmNewMenu", [] { forms::Default<qm::frmNewMenu>().Load(qm::ScreenTable()); }},
     {"frmNewFinYear", ShowModal<qm::frmNewFinYear>},
     {"frmClosingBal", [] { forms::Default<qm::frmClosingBal>().Load(1); }},
     {"frmSearchAndLookUp",

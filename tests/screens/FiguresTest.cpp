@@ -4,12 +4,12 @@
 
 #include <gmock/gmock.h>
 
-#include "ReportScreens.h"
-#include "host/Audit.h"
-#include "host/Books.h"
+#include "host/audit/Audit.h"
+#include "host/make/Books.h"
 #include "platform/basic/Format.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
+#include "tests/reports/ReportScreens.h"
 
 using namespace testing;
 

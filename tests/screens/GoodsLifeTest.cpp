@@ -8,7 +8,7 @@
 #include "reports/frmLedger.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
-#include "tests/screens/OrderScreens.h"
+#include "tests/purchasing/OrderScreens.h"
 #include "years/frmNewFinYear.h"
 
 using namespace testing;

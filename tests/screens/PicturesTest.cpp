@@ -3,9 +3,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "ScreenFixture.h"
-#include "shell/Pictures.h"
-#include "shell/ScreenTable.h"
+#include "screens/Pictures.h"
+#include "screens/ScreenTable.h"
+#include "tests/screens/ScreenFixture.h"
 
 using namespace testing;
 

@@ -14,9 +14,9 @@
 
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "platform/forms/Controls.h"
-#include "platform/forms/FlexGrid.h"
-#include "platform/forms/TestSeams.h"
+#include "platform/forms/controls/Controls.h"
+#include "platform/forms/grid/FlexGrid.h"
+#include "platform/forms/window/TestSeams.h"
 #include "tests/support/FreshBooks.h"
 
 extern "C" void qmAttachScreens();

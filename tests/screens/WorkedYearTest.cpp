@@ -5,12 +5,10 @@
 
 #include <gmock/gmock.h>
 
-#include "PartyScreens.h"
-#include "StockScreens.h"
 #include "accounts/Ledger_Master.h"
 #include "accounts/frmGrpMain.h"
-#include "host/Audit.h"
-#include "host/Sample.h"
+#include "host/audit/Audit.h"
+#include "host/commands/Sample.h"
 #include "inventory/ItemMaster.h"
 #include "inventory/frmIssues.h"
 #include "purchasing/frmPO.h"
@@ -18,6 +16,8 @@
 #include "reports/frmTPL.h"
 #include "shell/frmSearchAndLookUp.h"
 #include "shell/modSearch.h"
+#include "tests/accounts/PartyScreens.h"
+#include "tests/inventory/StockScreens.h"
 #include "vouchers/frmDayBook.h"
 #include "vouchers/frmVoucher.h"
 #include "years/frmFinYear.h"

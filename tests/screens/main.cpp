@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/forms/Application.h"
-#include "platform/forms/TestSeams.h"
+#include "platform/forms/window/Application.h"
+#include "platform/forms/window/TestSeams.h"
 
 // The host of the screens: one without a window application, unless it is told to have its own. The platform
 // is the one that draws to memory, unless a developer names another.

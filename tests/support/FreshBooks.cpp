@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "core/modGeneral.h"
-#include "host/Books.h"
+#include "host/make/Books.h"
 #include "platform/basic/Number.h"
 
 namespace test {

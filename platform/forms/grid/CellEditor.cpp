@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <utility>
 
-#include "platform/forms/Control.h"
+#include "platform/forms/controls/Control.h"
 #include "platform/forms/grid/GridKeys.h"
 
 namespace forms {

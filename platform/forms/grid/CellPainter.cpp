@@ -6,7 +6,7 @@
 #include <QStyleOptionButton>
 #include <QWidget>
 
-#include "platform/forms/Control.h"
+#include "platform/forms/controls/Control.h"
 
 namespace forms {
 

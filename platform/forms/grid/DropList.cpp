@@ -5,7 +5,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "platform/forms/Text.h"
+#include "platform/forms/controls/Text.h"
 #include "platform/forms/grid/TextMeasure.h"
 
 namespace forms {

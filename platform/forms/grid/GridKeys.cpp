@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <utility>
 
-#include "platform/forms/Control.h"
+#include "platform/forms/controls/Control.h"
 
 namespace forms {
 

@@ -2,8 +2,8 @@
 
 #include <QAccessibleWidget>
 
-#include "platform/forms/DHTMLEdit.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/controls/Text.h"
+#include "platform/forms/html/DHTMLEdit.h"
 
 namespace forms::html {
 namespace {

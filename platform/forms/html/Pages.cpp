@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "platform/basic/Error.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/controls/Text.h"
 #include "platform/forms/html/PageBreaks.h"
 #include "platform/forms/html/Paint.h"
 

@@ -2,7 +2,7 @@
 
 #include <QPalette>
 
-#include "platform/forms/Text.h"
+#include "platform/forms/controls/Text.h"
 
 namespace forms::html {
 namespace {

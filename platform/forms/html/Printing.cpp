@@ -8,10 +8,10 @@
 #include <memory>
 
 #include "platform/basic/Error.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Event.h"
-#include "platform/forms/Form.h"
+#include "platform/forms/controls/Event.h"
 #include "platform/forms/html/Pages.h"
+#include "platform/forms/window/Application.h"
+#include "platform/forms/window/Form.h"
 
 namespace forms::html {
 namespace {

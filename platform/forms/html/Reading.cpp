@@ -3,7 +3,7 @@
 #include <QString>
 #include <algorithm>
 
-#include "platform/forms/Text.h"
+#include "platform/forms/controls/Text.h"
 #include "platform/forms/html/Tree.h"
 
 namespace forms::html {

@@ -53,9 +53,26 @@ TEST_F(Comparison, FitsItsTwoSides) {
         {"Flag = -1", "1"},
         {"Flag <> 0", "1"},
         {"Flag = True", "1"},
-        {"Flag = (3 + 4)", "1"},
+        {"Flag = -Id", "1"},
+        {"Flag = 2", ""},
+        {"Flag <> -2", "1 2 3"},
+        {"Flag = 0.5 - 1.5", "1"},
+        {"Flag = (3 + 4)", ""},
+        {"Qty = True", ""},
+        {"Qty - 4 = True", "1"},
+        {"Qty - 6 = True", "1"},
+        {"Qty = False", "2"},
+        {"Qty <> True", "1 2"},
         {"Flag In (False, 0)", "2 3"},
         {"Flag = Id - 2", "1 2"},
+        // Each item of a list for itself.
+        {"Id In (2, True)", "1 2"},
+        {"Id In (True, 2)", "1 2"},
+        {"Id Not In (True, 2)", "3"},
+        {"5 In (Code, 5)", "1 2 3"},
+        {"5 Not In (Code, 6)", "2"},
+        {"(Id + 0) In ('2', True, 3, Code)", "1 2 3"},
+        {"(3 - Id) In (Flag, -1)", "3"},
         {"(Id = 2) = True", "2"},
         {"CStr(Flag) = 'true'", "1"},
         {"Flag Like 'Fa%'", "2 3"},
@@ -88,6 +105,10 @@ TEST_F(Comparison, FitsItsTwoSides) {
     for (const auto& [condition, ids] : cases) EXPECT_EQ(Ids(condition), ids) << condition;
     EXPECT_EQ(ado::test::ErrorOf(connection_, "Select Id From T Where Id = (Select Id From T As U)"),
               error::Statement);
+    // Patterns of a wider dialect, read from the statement (of an empty table, too) or from a field.
+    for (const char* like : {"Id = 9 And Name Like '[AB]%'", "Name Not Like '%[0-9'", "'x' Like Code + ''",
+                             "'x' Like Iif(Flag, '[', Code)"})
+        EXPECT_NE(ado::test::ErrorOf(connection_, std::string("Select Id From T Where ") + like), 0) << like;
 }
 
 TEST_F(Comparison, StoresWhatTheFieldTakes) {

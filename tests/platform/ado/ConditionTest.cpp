@@ -45,6 +45,12 @@ const Sifted sifted[] = {
     {"LedgerTrnNo < 'abc'", ""},
     {"LedgerMcGenerated = True", "1 3"},
     {"LedgerMcGenerated = -1", "1 3"},
+    {"LedgerMcGenerated = 2", ""},
+    {"LedgerMcGenerated <> -2", "1 2 3 4 5"},
+    {"LedgerTrnNo = True", "1"},
+    {"LedgerDrAmt = True", "5"},
+    {"LedgerDrAmt <> True", "1 2 4"},
+    {"LedgerName = True", ""},
     {"LedgerMcGenerated <> 1 And LedgerTrnNo > 2", "4 5"},
     {"LedgerMcGenerated = False", "2 4 5"},
 };

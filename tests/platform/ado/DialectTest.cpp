@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "host/Embedded.h"
-#include "platform/ado/Dialect.h"
+#include "host/make/Embedded.h"
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Plan.h"
 #include "tests/platform/ado/PlainStore.h"
 #include "tests/platform/ado/TestStore.h"
 
@@ -154,6 +154,9 @@ TEST(Dialect, RefusesWhatItDoesNotKnowByName) {
         {"Select Name Into T From Ledger_Master", error::Statement},
         {"Select * From Ledger_Master Where Name = #1/1/2001#", error::Statement},
         {"Update Ledger_Master Set Name = 'a' + 1", error::BadValue},
+        {"Delete From Ledger_Master Where Name", error::BadValue},
+        {"Select * From Ledger_Master Where Name = 'a' Or 'b'", error::BadValue},
+        {"Select Iif(Not UCase(Name), 1, 2) From Ledger_Master", error::BadValue},
         {"Update Ledger_Details Set Opening_Bal = Max(Opening_Bal)", error::Statement},
         {"Select * From Ledger_Master Where Ledger_ID = (Select Ledger_ID, Name From Ledger_Master)",
          error::Statement},
@@ -182,8 +185,17 @@ TEST(Dialect, TellsTheWordThatStandsInTheWay) {
         const char *statement, *word;
     } cases[] = {
         {"Select Name From Ledger_Master Where Ledger_ID Between 1 And 2", "'Between' is not supported"},
-        {"Select Name From Ledger_Master Inner Join tblError On 1 = 1", "'Inner' is not supported"},
-        {"Select Name From Ledger_Master Left Join tblError On 1 = 1", "'Left' is not supported"},
+        {"Select Name From Ledger_Master Where Ledger_ID Not Between 1 And 2",
+         "'Not Between' is not supported"},
+        {"Select Name From Ledger_Master Where 1 = 1 And Name Not Between 'a' And 'b'",
+         "'Not Between' is not supported"},
+        {"Select Name From Ledger_Master Inner Join tblError On 1 = 1", "'Inner Join' is not supported"},
+        {"Select Name From Ledger_Master As A Left Outer Join tblError On 1 = 1",
+         "'Left Outer Join' is not supported"},
+        {"Select Name From Ledger_Master Where Name Like 'a!%' Escape '!'", "'Escape' is not supported"},
+        {"Select Name N From Ledger_Master", "'As' is expected before an alias where 'N' stands"},
+        {"Select Ledger_ID + 1 [N] From Ledger_Master", "'As' is expected before an alias where [N] stands"},
+        {"Select Name From Ledger_Master L", "'As' is expected before an alias where 'L' stands"},
         {"Select Group_Id From Ledger_Master Group By Group_Id Having 1", "'Having' is not supported"},
         {"Select Name From Ledger_Master Union Select Name From Ledger_Master", "'Union' is not supported"},
         {"Select Top 5 Name From Ledger_Master", "'Top' is not supported"},

@@ -7,7 +7,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-#include "platform/ado/Dialect.h"
+#include "platform/ado/dialect/Catalog.h"
 #include "platform/basic/Text.h"
 
 namespace ado::test {
@@ -23,7 +23,7 @@ class PlainStore final : public Catalog {
             sqlite3_result_null(context);
         };
         for (const char* name : {"qm_like", "qm_ucase", "qm_left", "qm_cstr", "qm_div", "qm_bool", "qm_int",
-                                 "qm_long", "qm_real", "qm_text"})
+                                 "qm_long", "qm_real", "qm_text", "qm_truth"})
             sqlite3_create_function(db_, name, -1, SQLITE_UTF8, nullptr, nothing, nullptr, nullptr);
         sqlite3_create_function(db_, "qm_single", 2, SQLITE_UTF8, nullptr, nullptr, nothing,
                                 [](sqlite3_context*) {});

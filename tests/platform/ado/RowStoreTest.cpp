@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/ado/RowStore.h"
+#include "platform/ado/rows/RowStore.h"
 #include "tests/platform/ado/TestStore.h"
 
 namespace ado {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "platform/ado/Dialect.h"
-#include "platform/ado/Tokens.h"
+#include "platform/ado/dialect/Shape.h"
+#include "platform/ado/dialect/Tokens.h"
 #include "platform/basic/Error.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include "platform/ado/Engine.h"
+#include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
 
 namespace ado {

@@ -29,6 +29,10 @@ TEST(Text, InvalidBytesAreCharactersByThemselves) {
     EXPECT_FALSE(EqualText("\xFF", "\xFE"));
     EXPECT_FALSE(EqualText("\xFF", "\u00FF"));
     EXPECT_EQ(ToUtf16("\xFFx"), u"\uFFFDx");
+    // Latin-1, an overlong form, half a pair, a character cut short; then four that are right.
+    for (const char* wrong : {"caf\xE9", "\xC0\x80", "\xED\xA0\x80", "a\xE2\x82"})
+        EXPECT_FALSE(IsUtf8(wrong));
+    for (const char* right : {"", "\x01", "\u00E9\u20AC", "\U0001F600"}) EXPECT_TRUE(IsUtf8(right));
 }
 
 TEST(Text, TrimTakesOnlyBlanks) {

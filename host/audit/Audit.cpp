@@ -1,0 +1,84 @@
+#include "host/audit/Audit.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/modGeneral.h"
+#include "platform/ado/Errors.h"
+#include "platform/basic/Dates.h"
+#include "platform/basic/Decimal.h"
+#include "platform/basic/Error.h"
+#include "platform/basic/Format.h"
+#include "platform/basic/Number.h"
+
+namespace host {
+
+std::vector<Finding> Audit::Run() {
+    Audit audit;
+    for (const auto check : {AuditFile, AuditYears, AuditLedgers, AuditVouchers, AuditStock, AuditBills})
+        check(audit);
+    return std::move(audit.findings_);
+}
+
+bool Audit::HasErrors() const {
+    return std::any_of(findings_.begin(), findings_.end(),
+                       [](const Finding& finding) { return finding.severity == Severity::Error; });
+}
+
+void Audit::Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row) {
+    try {
+        const ado::RecordsetPtr rows = qm::Conn().Execute(sql);
+        for (; !rows->Eof(); rows->MoveNext()) row(*rows);
+        rows->Close();
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::NoSuchTable) throw;
+    }
+}
+
+bool Audit::HasTable(const std::string& table) {
+    try {
+        qm::Conn().Execute("Select * From " + table + " Where 1 = 0")->Close();
+        return true;
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::NoSuchTable) throw;
+        return false;
+    }
+}
+
+std::int32_t IdOf(ado::Recordset& row, std::string_view field) {
+    const basic::Value id = row[field];
+    return id.IsNull() ? 0 : basic::ToLong(id);
+}
+
+std::string DayOutside(const basic::Value& dayNumber, const std::string& year) {
+    if (dayNumber.IsNull() || !basic::IsNumeric(year)) return {};
+    const double zero = basic::MakeDate(1900, 1, 1).Serial;
+    const basic::Date day{zero + basic::ToLong(dayNumber)};
+    if (!basic::IsDateSerial(day.Serial)) return "day " + basic::ToText(dayNumber);
+    const auto [y, month, d] = basic::Parts(day);
+    const int begins = month < 4 ? y - 1 : y;
+    return std::to_string(begins) == year ? "" : basic::Format(day, "dd-MMM-yyyy");
+}
+
+std::string AmountFault(double amount) {
+    if (!(std::abs(amount) < 1e15)) return "is too large to bear paise";
+    if (std::nearbyint(amount * 100) / 100 == amount) return {};
+    const basic::Decimal decimal = basic::Decimal::Of(amount);
+    if (static_cast<int>(decimal.digits.size()) - decimal.point <= 2) return {};
+    const bool residue = std::abs(amount - std::nearbyint(amount * 100) / 100) < 1e-6;
+    return residue ? "bears a residue of floating-point sums" : "has more than two decimals";
+}
+
+std::string Digits(double amount) {
+    return std::isfinite(amount) ? basic::NumberText(amount) : "beyond all digits";
+}
+
+std::string Rupees(double amount) {
+    return std::isfinite(amount) ? basic::NumberText(basic::Round(amount, 2)) : Digits(amount);
+}
+
+bool Differ(double a, double b) {
+    return std::abs(a - b) >= 0.005;
+}
+
+}  // namespace host

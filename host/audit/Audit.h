@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/Recordset.h"
+
+namespace host {
+
+// Errors are what should not be. Notes are what the system's own roads leave behind: what the next rebuild of
+// the totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.
+enum class Severity { Note, Error };
+
+struct Finding {
+    Severity severity = Severity::Note;
+    std::string text;      // one line
+    bool passing = false;  // another program that is just posting explains it: look again
+    friend bool operator==(const Finding&, const Finding&) = default;
+};
+
+// Reads the books as they stand and changes nothing. The checks stand in AuditStore, AuditLedgers,
+// AuditYears, AuditVouchers, AuditStock and AuditBills; each adds its findings here.
+class Audit {
+  public:
+    static std::vector<Finding> Run();
+
+    void Error(std::string text) { findings_.push_back({Severity::Error, std::move(text)}); }
+    void PassingError(std::string text) { findings_.push_back({Severity::Error, std::move(text), true}); }
+    void Note(std::string text) { findings_.push_back({Severity::Note, std::move(text)}); }
+
+    bool HasErrors() const;
+    const std::vector<std::string>& Years() const { return years_; }  // short forms, each once
+    bool HasTable(const std::string& table);
+
+    // Calls `row` for each row of the select; nothing for a table that does not stand.
+    void Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row);
+
+    void SetYears(std::vector<std::string> years) { years_ = std::move(years); }
+
+  private:
+    std::vector<Finding> findings_;
+    std::vector<std::string> years_;
+};
+
+void AuditFile(Audit& audit);      // the file's pages, bytes that are no text
+void AuditYears(Audit& audit);     // flags, doubled and half-made years, tables; tells the audit its years
+void AuditLedgers(Audit& audit);   // leaves, ledgers and details against each other
+void AuditVouchers(Audit& audit);  // sides, amounts, dates, unknown ledgers, running totals
+void AuditStock(Audit& audit);     // counters against movements, dates of movements and orders
+void AuditBills(Audit& audit);     // goods, bills and vouchers against each other
+
+// A number that a row bears. Books that are not whole hold rows without one, which the audit must not fall
+// over: it counts as 0, which no row of the system bears.
+std::int32_t IdOf(ado::Recordset& row, std::string_view field);
+
+// The day of a row as messages show it, where it lies outside the table's year: else "". Null lies in every
+// year.
+std::string DayOutside(const basic::Value& dayNumber, const std::string& year);
+
+// An amount with up to 15 digits, as the tables have it; it need not be finite.
+std::string Digits(double amount);
+
+// What is wrong with an amount as such, as it stands behind it in a message; "" where it is whole paise.
+std::string AmountFault(double amount);
+
+// A sum as messages show it, rounded to paise: 0.1 + 0.2 - 0.3 is 0.
+std::string Rupees(double amount);
+bool Differ(double a, double b);  // by half a paisa or more
+
+}  // namespace host

@@ -1,0 +1,75 @@
+// A receipt of goods is rows of stock, a bill and a voucher: they are held against each other.
+#include "core/BillFigures.h"
+#include "host/audit/Audit.h"
+#include "platform/basic/Number.h"
+
+namespace host {
+namespace {
+
+using Id = std::int32_t;
+
+struct Receipts {
+    std::map<Id, double> goods;     // what the goods of a receipt cost together
+    std::map<Id, double> vouchers;  // what a voucher credits
+};
+
+Receipts ReadReceipts(Audit& audit, const std::string& year) {
+    Receipts receipts;
+    audit.Each("Select ItemLedTrnNo, ItemLedTrnRptQty, ItemLedUnitPrice From tblItemLed" + year +
+                   " Where ItemLedTrnType = 'Receipt'",
+               [&](ado::Recordset& row) {
+                   receipts.goods[IdOf(row, "ItemLedTrnNo")] += basic::NumberOrZero(row["ItemLedTrnRptQty"]) *
+                                                                basic::NumberOrZero(row["ItemLedUnitPrice"]);
+               });
+    audit.Each("Select LedgerTrnNo, LedgerCrAmt From tb_Ledger" + year, [&](ado::Recordset& row) {
+        receipts.vouchers[IdOf(row, "LedgerTrnNo")] += basic::NumberOrZero(row["LedgerCrAmt"]);
+    });
+    return receipts;
+}
+
+// The total of the bill as its screen showed it, "" for none.
+std::string TotalOf(ado::Recordset& row, double goods) {
+    qm::BillFigures bill{.BillTotal = goods == 0 ? "" : qm::BillFigures::Shown(goods),
+                         .Discount = basic::TextOrEmpty(row["BillDiscount"]),
+                         .TaxRate = basic::TextOrEmpty(row["BillTaxRate"]),
+                         .OtherCharges = basic::TextOrEmpty(row["BillOtherCharges"])};
+    bill.Reckon(basic::ToBoolean(row["ISPoBill"]) ? qm::OrderBill : qm::ReceiptBill);
+    return bill.TotalAmt;
+}
+
+// The day book deletes the voucher of a receipt and leaves the bill; a receipt posts the number before its
+// total's comma: so these are notes.
+void CheckBill(Audit& audit, const std::string& year, const Receipts& receipts, ado::Recordset& row) {
+    const Id number = IdOf(row, "BillVchrNo");
+    const std::string bill = "bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
+                             basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": ";
+    const std::string voucher = "its voucher " + std::to_string(number);
+    if (number == 0) return audit.Error(bill + "bears no voucher number");
+    const auto posted = receipts.vouchers.find(number);
+    if (posted == receipts.vouchers.end())
+        return audit.Note(bill + voucher + " does not stand (deleted in the day book)");
+    const auto goods = receipts.goods.find(IdOf(row, "BillTxnID"));
+    const std::string total = TotalOf(row, goods == receipts.goods.end() ? 0 : goods->second);
+    if (total.find(',') != std::string::npos && !Differ(posted->second, basic::PrefixValue(total)))
+        audit.Note(bill + voucher + " bears " + Rupees(posted->second) + ", the part before the comma of " +
+                   total);
+}
+
+}  // namespace
+
+void AuditBills(Audit& audit) {
+    for (const std::string& year : audit.Years()) {
+        Receipts receipts = ReadReceipts(audit, year);
+        std::set<Id> billed;
+        audit.Each("Select * From tblBills" + year, [&](ado::Recordset& row) {
+            billed.insert(IdOf(row, "BillTxnID"));
+            CheckBill(audit, year, receipts, row);
+        });
+        for (const auto& [receipt, cost] : receipts.goods)
+            if (!billed.contains(receipt))
+                audit.Error("receipt " + std::to_string(receipt) + " of " + year +
+                            ": its goods have no bill and no voucher");
+    }
+}
+
+}  // namespace host

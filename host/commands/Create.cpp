@@ -1,0 +1,56 @@
+#include <iostream>
+#include <memory>
+#include <optional>
+
+#include <CLI/CLI.hpp>
+
+#include "host/commands/Command.h"
+#include "host/commands/Exit.h"
+#include "host/commands/Sample.h"
+#include "host/make/Books.h"
+
+namespace host {
+namespace {
+
+struct CreateOptions {
+    std::string folder;
+    std::optional<int> year;
+    bool sample = false;
+};
+
+int Create(const CreateOptions& options) {
+    std::optional<int> year = options.year;
+    if (options.sample && !year) year = FinancialYearOfToday();
+    std::function<void(const std::filesystem::path&)> fill;
+    if (options.sample) fill = [&](const auto& staging) { FillWithSample(staging, *year); };
+    CreateBooks(options.folder, year, fill);
+    std::cout << (std::filesystem::path(options.folder) / BooksFile).string() << ": "
+              << (options.sample ? "sample books" : "new books");
+    if (year) std::cout << " for " << *year << "-" << *year + 1;
+    std::cout << "\n";
+    return ExitOk;
+}
+
+}  // namespace
+
+void AddCreate(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<CreateOptions>();
+    auto* command = app.add_subcommand("create", "Lay down new books in a folder");
+    command->add_option("DIR", options->folder, "Folder of the books, made where it is missing")->required();
+    command
+        ->add_option("--year", options->year,
+                     "First year of the financial year to lay down as the current one; without it the first "
+                     "start of the books begins 2001-2002")
+        ->type_name("Y")
+        ->check(CLI::Range(LowestYear, HighestYear));
+    command->add_flag(
+        "--sample", options->sample,
+        "Fill them with a small trading firm: ledgers, items and 60 vouchers (without --year in "
+        "today's financial year)");
+    command->footer(
+        "Nothing is left behind where it fails, and books that stand are never touched.\n"
+        "Example: qmhost create books --year 2025 --sample");
+    command->callback([options, &chosen] { chosen = [options] { return Create(*options); }; });
+}
+
+}  // namespace host

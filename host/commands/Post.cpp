@@ -1,0 +1,197 @@
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <iostream>
+#include <memory>
+#include <utility>
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include "core/modGeneral.h"
+#include "host/audit/YearList.h"
+#include "host/commands/Command.h"
+#include "host/commands/Counted.h"
+#include "host/commands/Exit.h"
+#include "host/commands/OpenBooks.h"
+#include "host/commands/Posting.h"
+#include "host/commands/StandingVouchers.h"
+#include "host/make/Fail.h"
+
+namespace host {
+namespace {
+
+struct PostOptions {
+    std::string folder, file, year;
+    bool dryRun = false, again = false, fast = false, monthFirst = false;
+};
+
+// A bar on the terminal once the work has taken half a second, redrawn when a percent is done; nothing where
+// the errors go to a file.
+class ProgressBar {
+  public:
+    explicit ProgressBar(std::string what) : what_(std::move(what)) {}
+    ~ProgressBar() {
+        if (shown_ >= 0) std::cerr << "\r\x1b[K" << std::flush;
+    }
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
+
+    void Done(std::size_t rows, std::size_t all) {
+        const int percent = onTerminal_ ? static_cast<int>(rows * 100 / all) : -1;
+        if (percent == shown_ || Clock::now() - begun_ < Patience) return;
+        shown_ = percent;
+        const auto part = static_cast<std::size_t>(percent / 4);
+        std::cerr << "\r" << what_ << " [" << std::string(part, '#') << std::string(25 - part, ' ') << "] "
+                  << percent << " %" << std::flush;
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds Patience{500};
+    const std::string what_;
+    const bool onTerminal_ = isatty(STDERR_FILENO) != 0;
+    const Clock::time_point begun_ = Clock::now();
+    int shown_ = -1;
+};
+
+// Ctrl-C, or a request to end, lets the voucher in hand be finished, so that what stands can be told.
+class StopSignals {
+  public:
+    StopSignals() {
+        for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { wanted = true; });
+    }
+    ~StopSignals() {
+        for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+    }
+    StopSignals(const StopSignals&) = delete;
+    StopSignals& operator=(const StopSignals&) = delete;
+    static bool Wanted() { return wanted; }
+
+  private:
+    static inline std::atomic<bool> wanted{false};
+};
+
+void TellFault(const std::string& file, const Fault& fault) {
+    std::cerr << file << ":" << fault.line << ": column " << fault.column << ": " << fault.reason << "\n";
+}
+
+int TellFaults(const std::string& file, const VoucherFile& vouchers) {
+    for (const Fault& fault : vouchers.faults) TellFault(file, fault);
+    std::cerr << "qmhost: " << Counted(vouchers.faultCount, "fault");
+    if (vouchers.faultCount > vouchers.faults.size())
+        std::cerr << ", of which the first " << vouchers.faults.size() << " are named";
+    std::cerr << "; nothing was posted\n";
+    return ExitFailed;
+}
+
+// Whether the file may be posted although its vouchers, or some of them, stand in the books already.
+bool MayStandTwice(const PostOptions& options, const VoucherFile& file, std::int16_t year) {
+    if (options.again || file.vouchers.empty()) return true;
+    const std::vector<std::int32_t> numbers = StandingVouchers(file, year);
+    const auto standing = static_cast<std::size_t>(
+        std::count_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }));
+    if (standing == 0) return true;
+    const auto first = static_cast<std::size_t>(
+        std::find_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }) -
+        numbers.begin());
+    const bool all = standing == numbers.size();
+    std::cerr << (all ? "qmhost: every voucher of the file stands"
+                      : "qmhost: warning: " + std::to_string(standing) + " of " +
+                            Counted(numbers.size(), "voucher") + " stand")
+              << " in the books already, with the same day, type, ledgers and amounts: voucher "
+              << file.vouchers[first].key << " as number " << numbers[first]
+              << (standing > 1 ? " is the first" : "") << "\n";
+    if (all) std::cerr << "qmhost: nothing was posted; --again posts them a second time\n";
+    return !all;
+}
+
+void TellPosted(const PostingResult& result, const std::string& size) {
+    if (!result.failure) {
+        std::vector<int> numbers;
+        for (const PostedVoucher& voucher : result.posted) numbers.push_back(voucher.number);
+        std::cout << "posted " << size << (numbers.empty() ? "" : ": ") << Ranges(numbers) << "\n";
+        return;
+    }
+    for (const PostedVoucher& voucher : result.posted)
+        std::cout << "voucher " << voucher.key << " stands as number " << voucher.number << "\n";
+    std::cout << std::flush;
+}
+
+// The current year, which alone is posted into: another one is made current first, for all to see.
+std::int16_t YearToPostInto(const std::string& wanted) {
+    const std::string& year = qm::shared().FinYear;
+    const std::int16_t first = basic::ToInteger(basic::Value(year));
+    if (wanted.empty() || wanted == year || wanted == year + "-" + std::to_string(first + 1)) return first;
+    Fail("the current year is " + year + ", not " + wanted + ": make that current first with qmhost year");
+}
+
+VoucherFile Checked(const PostOptions& options, qm::clQm& books, std::int16_t year) {
+    ProgressBar bar("checking");
+    return ReadVoucherFile(options.file, books, year,
+                           options.monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst,
+                           [&](std::size_t done, std::size_t all) { bar.Done(done, all); });
+}
+
+PostingResult Posted(const PostOptions& options, qm::clQm& books, const VoucherFile& file,
+                     std::int16_t year) {
+    const StopSignals signals;
+    ProgressBar bar("posting");
+    const std::size_t all = file.RowCount();
+    return (options.fast ? PostAtOnce : PostVouchers)(books, file, year, [&](std::size_t done) {
+        bar.Done(done, all);
+        return !StopSignals::Wanted();
+    });
+}
+
+int Post(const PostOptions& options) {
+    OpenBooks books(options.folder);
+    const std::int16_t year = YearToPostInto(options.year);
+    const VoucherFile file = Checked(options, books.Host(), year);
+    if (!file.faults.empty()) return TellFaults(options.file, file);
+    if (!MayStandTwice(options, file, year)) return ExitFailed;
+    const std::string size =
+        Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");
+    if (options.dryRun) {
+        std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
+        return ExitOk;
+    }
+    const PostingResult result = Posted(options, books.Host(), file, year);
+    TellPosted(result, size);
+    if (!result.failure) return ExitOk;
+    TellFault(options.file, *result.failure);
+    std::cerr << "qmhost: " << result.posted.size() << " of " << file.vouchers.size()
+              << " vouchers were posted\n";
+    return ExitFailed;
+}
+
+}  // namespace
+
+void AddPost(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<PostOptions>();
+    auto* command = app.add_subcommand("post", "Post a file of vouchers into the current year");
+    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command
+        ->add_option("FILE", options->file,
+                     "UTF-8, comma-separated: voucher,date,type,side,ledger,amount,narration")
+        ->required();
+    command->add_option("--year", options->year, "Post only if this is the current year (2001)");
+    command->add_flag("--dry-run", options->dryRun, "Check the file and stop before posting");
+    command->add_flag("--again", options->again, "Post although all its vouchers stand in the books already");
+    command->add_flag("--fast", options->fast,
+                      "Post the whole file in one transaction: all of it or nothing");
+    command->add_flag("--month-first", options->monthFirst,
+                      "Read all dates in figures as month/day/year instead of day/month/year");
+    command->footer(
+        "The whole file is checked first; with a fault in it nothing is posted. Then each row is on the "
+        "disk\n"
+        "before the next is written, which takes the disk's time for each (several milliseconds). A voucher\n"
+        "whose row fails is taken back, and the run stops there. With --fast the disk is waited for once, "
+        "and\n"
+        "nobody else can write until the file is posted.\n"
+        "Example: qmhost post books april.csv --dry-run");
+    command->callback([options, &chosen] { chosen = [options] { return Post(*options); }; });
+}
+
+}  // namespace host

@@ -1,0 +1,122 @@
+// The main menu, single screens, and files of what they show.
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include "core/MsgBox.h"
+#include "core/Screens.h"
+#include "host/commands/Command.h"
+#include "host/commands/Exit.h"
+#include "host/commands/OpenBooks.h"
+#include "host/commands/UserBooks.h"
+#include "host/make/Fail.h"
+
+namespace host {
+namespace {
+
+struct ScreenOptions {
+    std::string screen, folder;
+};
+
+// The folder that was named, else the user's own; "" where the user wants no books laid down there.
+std::string FolderOf(const ScreenOptions& options) {
+    if (!options.folder.empty()) return options.folder;
+    return UserBooksStand() ? UserBooksFolder().string() : "";
+}
+
+// Opens the books and does `work` with them.
+int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+    const std::string folder = FolderOf(options);
+    if (folder.empty()) return ExitFailed;
+    OpenBooks books(folder);
+    work(books);
+    return ExitOk;
+}
+
+// A start from the desktop names no folder and has no terminal that would show why it failed.
+bool StartedFromDesktop(const ScreenOptions& options) {
+    return options.folder.empty() && isatty(STDERR_FILENO) == 0 && qm::DisplayIsThere();
+}
+
+// The same for a window, whose user may have come from the desktop: a box tells what failed, too.
+int InWindow(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+    try {
+        return OnBooks(options, work);
+    } catch (const basic::Error& error) {
+        if (StartedFromDesktop(options)) qm::MsgBox(error.Description, qm::vbOKOnly, qm::AppTitle);
+        throw;
+    }
+}
+
+int ShowMenuOf(const ScreenOptions& options) {
+    return InWindow(options, [](OpenBooks& books) { books.Host().QmMainMenu(); });
+}
+
+int OpenOne(const ScreenOptions& options) {
+    const std::vector<std::string> names = qm::ScreenNames();
+    if (!names.empty() && std::find(names.begin(), names.end(), options.screen) == names.end())
+        Fail("there is no screen '" + options.screen + "' (see qmhost open --help)");
+    return InWindow(options, [&options](OpenBooks&) { qm::OpenScreen(options.screen); });
+}
+
+// Asked for only when the help is shown: it loads the screens.
+std::string ScreenList() {
+    const std::vector<std::string> names = qm::ScreenNames();
+    std::string text = names.empty() ? "The screens cannot be loaded here." : "Screens:";
+    for (const std::string& name : names) text += " " + name;
+    return text + "\nExample: qmhost open frmFinYear books";
+}
+
+constexpr const char* OwnFolder = "Folder of the books; without it the user's own, made at the first start";
+
+void AddFiles(CLI::App& app, Command& chosen, const char* name, const char* what, const char* example,
+              void (*write)(const std::string& folder)) {
+    const auto to = std::make_shared<std::string>();
+    const auto options = std::make_shared<ScreenOptions>();
+    auto* command = app.add_subcommand(name, what);
+    command->add_option("FOLDER", *to, "Where the files are written; it is made if it is not there")
+        ->required();
+    command->add_option("DIR", options->folder, OwnFolder);
+    command->footer(example);
+    command->callback([to, options, write, &chosen] {
+        chosen = [to, options, write] { return OnBooks(*options, [&to, write](OpenBooks&) { write(*to); }); };
+    });
+}
+
+}  // namespace
+
+int ShowMenu() {
+    return ShowMenuOf({});
+}
+
+void AddMenu(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<ScreenOptions>();
+    auto* command = app.add_subcommand("menu", "Open the main menu and wait until it is closed");
+    command->add_option("DIR", options->folder, OwnFolder);
+    command->footer("Example: qmhost menu books");
+    command->callback([options, &chosen] { chosen = [options] { return ShowMenuOf(*options); }; });
+}
+
+void AddOpen(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<ScreenOptions>();
+    auto* command = app.add_subcommand("open", "Open one screen and wait until it is closed");
+    command->add_option("SCREEN", options->screen, "Name of its form")->required();
+    command->add_option("DIR", options->folder, OwnFolder);
+    command->footer(ScreenList);
+    command->callback([options, &chosen] { chosen = [options] { return OpenOne(*options); }; });
+}
+
+void AddPictures(CLI::App& app, Command& chosen) {
+    AddFiles(app, chosen, "pictures", "Write a picture of each screen; needs no display",
+             "Example: qmhost pictures out books", qm::WritePictures);
+}
+
+void AddReports(CLI::App& app, Command& chosen) {
+    AddFiles(app, chosen, "reports", "Write each report as PDF and as text; needs no display",
+             "Example: qmhost reports out books", qm::WriteReports);
+}
+
+}  // namespace host

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/basic/Value.h"
+
+// What the cells of a file of vouchers hold. Where a cell does not read, `reason` says why, in words that
+// stand behind its place in the file; no cell is echoed longer than a line, nor with its control characters.
+namespace host {
+
+// A cell in a message: within apostrophes, cut where it is long, what cannot be shown replaced.
+std::string Shown(const std::string& cell);
+
+// "" for a cell that may be stored: UTF-8 without control characters. Line ends may stand in a narration.
+std::string TextFault(const std::string& cell, bool lineEnds);
+
+struct Amount {
+    double rupees = 0;       // as it is posted
+    std::int64_t paise = 0;  // the same, exactly: sums are compared in these
+};
+
+// Above 0, with at most two decimals and 15 digits, so that nothing of it is lost in the books. Commas may
+// group the rupees by three, or by two as in 12,34,567.00.
+std::optional<Amount> ReadAmount(const std::string& cell, std::string& reason);
+
+enum class DateOrder { DayFirst, MonthFirst };
+
+// The one order of day and month holds for every date written in figures; one that fits only the other is
+// refused. A date with the month's name, or with the year first, reads alike in both.
+std::optional<basic::Date> ReadDay(const std::string& cell, DateOrder order, std::string& reason);
+
+}  // namespace host

@@ -1,0 +1,151 @@
+// Switching and adding years.
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <regex>
+
+#include <CLI/CLI.hpp>
+
+#include "core/DBCode.h"
+#include "core/ErrorModule.h"
+#include "core/modGeneral.h"
+#include "host/audit/YearList.h"
+#include "host/commands/Command.h"
+#include "host/commands/Exit.h"
+#include "host/commands/OpenBooks.h"
+#include "host/make/Fail.h"
+#include "platform/ado/Maintenance.h"
+
+namespace host {
+namespace {
+
+struct YearOptions {
+    std::string folder, year;
+    bool yes = false;
+};
+
+bool IsLongForm(const std::string& text) {
+    static const std::regex form("([0-9]{4})-([0-9]{4})");
+    std::smatch parts;
+    return std::regex_match(text, parts, form) && std::stoi(parts[2]) == std::stoi(parts[1]) + 1;
+}
+
+void TellYear(const std::string& current) {
+    ado::Flush(qm::Conn());  // what is told stands on the disk
+    std::cout << "current year: " << current << "\n";
+}
+
+int SetYear(const YearOptions& options) {
+    OpenBooks books(options.folder);
+    // "2001-2002", as the list of years has it, means 2001.
+    const std::string now =
+        books.Host().SetGetFinancialYear(IsLongForm(options.year) ? options.year.substr(0, 4) : options.year);
+    if (now.empty()) Fail("the books know no year '" + options.year + "' (see qmhost years)");
+    TellYear(now);
+    return ExitOk;
+}
+
+bool Known(const std::string& shortForm) {
+    const std::vector<Year> years = ReadYears();
+    return std::any_of(years.begin(), years.end(),
+                       [&](const Year& year) { return year.ShortForm() == shortForm; });
+}
+
+// A try that was killed leaves details behind, or a year in the register without its table.
+bool IsHalfMade(const std::string& shortForm) {
+    const auto reads = [](const std::string& select, bool& row) {
+        return qm::SkipOnError([&] { row = !qm::ExecuteRecordset(select)->Eof(); });
+    };
+    bool row = false;
+    const bool hasTable = reads("Select LedgerTrnNo From tb_Ledger" + shortForm, row);
+    reads("Select Ledger_ID From Ledger_Details Where Fnncl_Yr = " + shortForm, row);
+    return Known(shortForm) ? !hasTable : row;
+}
+
+// A Null total would end the fold of the balances half-way.
+std::vector<std::string> LedgersWithNullTotal(qm::clQm& host) {
+    std::vector<std::string> names;
+    const ado::RecordsetPtr rows = host.Ledgers("(LedDetDRTxnTot Is Null Or LedDetCRTxnTot Is Null)");
+    for (; !rows->Eof(); rows->MoveNext()) names.push_back(basic::TextOrEmpty(rows->Fields(1).Value()));
+    rows->Close();
+    return names;
+}
+
+bool Confirmed(const YearOptions& options, const std::string& current) {
+    if (options.yes) return true;
+    std::cout << "Adding " << options.year << " folds the totals of " << current
+              << " into its opening balances and gives the new year\n"
+              << "the openings and totals that " << current
+              << " has now. This cannot be undone, and a try that is broken off has to be taken back by a "
+                 "backup: make one "
+                 "first\n(qmhost backup). Go on? [y/N] "
+              << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+// The call says False whatever happened, so what stands is looked at.
+int TellOutcome(const YearOptions& options) {
+    const std::string wanted = options.year.substr(0, 4), current = CurrentYear();
+    if (current == wanted) {
+        TellYear(current);
+        return ExitOk;
+    }
+    std::cerr << "qmhost: " << options.year << " could not be set up in full; the current year is "
+              << (current.empty() ? "none" : current) << ", the new year is " << (Known(wanted) ? "" : "not ")
+              << "in the register; run qmhost check\n";
+    return ExitFailed;
+}
+
+int AddYear(const YearOptions& options) {
+    OpenBooks books(options.folder);
+    if (!IsLongForm(options.year)) Fail("a year is written like 2002-2003, not '" + options.year + "'");
+    const std::string shortForm = options.year.substr(0, 4);
+    if (IsHalfMade(shortForm))
+        Fail("parts of " + shortForm +
+             " stand already: an earlier try did not end, and another would double them. Restore the backup "
+             "that was made before it (qmhost restore), then add the year");
+    if (Known(shortForm)) Fail("the books already know the year " + options.year);
+    const std::vector<std::string> unset = LedgersWithNullTotal(books.Host());
+    if (!unset.empty())
+        Fail(std::to_string(unset.size()) +
+             " ledgers have no debit or no credit total in this year yet (the first is '" + unset.front() +
+             "'): their balances cannot be folded. Make the new year on its screen, or open the final "
+             "results once, "
+             "which sets their totals to 0");
+    if (!Confirmed(options, CurrentYear())) {
+        std::cout << "nothing was changed\n";
+        return ExitFailed;
+    }
+    books.Host().SetFinancialYear(options.year);
+    return TellOutcome(options);
+}
+
+}  // namespace
+
+void AddYearSwitch(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<YearOptions>();
+    auto* command = app.add_subcommand("year", "Make a known year the current one");
+    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("YEAR", options->year, "The year, such as 2002 or 2002-2003")->required();
+    command->footer("Example: qmhost year books 2002");
+    command->callback([options, &chosen] { chosen = [options] { return SetYear(*options); }; });
+}
+
+void AddAddYear(CLI::App& app, Command& chosen) {
+    const auto options = std::make_shared<YearOptions>();
+    auto* command =
+        app.add_subcommand("add-year", "Set up a new year by the class and make it the current one");
+    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("YEAR", options->year, "Both years, such as 2002-2003")->required();
+    command->add_flag("--yes", options->yes, "Do not ask");
+    command->footer(
+        "The old year's openings are rewritten and cannot be brought back: make a backup first. The year has "
+        "no stock\n"
+        "tables; a year made on the screen has.\n"
+        "Example: qmhost add-year books 2002-2003");
+    command->callback([options, &chosen] { chosen = [options] { return AddYear(*options); }; });
+}
+
+}  // namespace host

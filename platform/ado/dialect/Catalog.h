@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ado {
+
+enum class ColumnType { Any, Boolean, Integer, Long, Double, Text };
+
+struct ColumnInfo {
+    std::string name;
+    ColumnType type = ColumnType::Any;
+    bool counter = false;  // the store assigns it
+};
+
+struct TableInfo {
+    std::string name;  // as the store spells it
+    std::vector<ColumnInfo> columns;
+};
+
+// What the translator asks about the tables. Never remembers that a table is missing.
+class Catalog {
+  public:
+    virtual ~Catalog() = default;
+    virtual const TableInfo* Table(
+        std::string_view name) = 0;  // without regard to case; nullptr if there is none
+};
+
+}  // namespace ado

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "platform/ado/dialect/Plan.h"
+#include "platform/ado/dialect/Scope.h"
+
+namespace ado {
+
+// A piece of a statement in the store's SQL, with what is known of its type.
+struct Expression {
+    std::string sql;
+    ColumnType type = ColumnType::Any;
+    std::optional<std::size_t> parameter;  // of a literal: its place in Plan::parameters
+    bool isText = false;                   // of a literal: a text
+    bool isNull = false;                   // the word Null
+    std::optional<bool> truth;             // the words True and False
+    ColumnRef column;                      // of a plain column
+    bool meetsTexts = false;  // a text that reads as a number equals it; so the store has it for columns
+};
+
+Expression Of(std::string sql, ColumnType type);
+
+// Makes the two sides of a comparison fit each other:
+// a number beside texts is compared as its text; a text literal beside a number counts as the number that it
+// reads as, any other is unequal; beside a boolean 1 and -1 are True, 0 is False, and any other number is
+// neither.
+void Align(Expression& left, Expression& right, Plan& plan);
+
+// Whether the comparison goes without regard to case; then the left side is to be collated.
+bool ComparesTexts(const Expression& left, const Expression& right);
+std::string Collated(const Expression& e, bool texts);
+
+// As an operand of arithmetic, True being -1. Raises error::BadValue for a text; `sign` tells where it stood.
+Expression AsNumber(Expression e, const std::string& sign);
+// As a text, booleans being "True" and "False". Null stays Null.
+Expression AsText(Expression e, Plan& plan);
+
+// As it may be stored in a column: a literal is converted when it is bound, all else by a function of the
+// store that refuses what the column's type refuses.
+std::string Stored(const Expression& value, const ColumnInfo& column, Plan& plan);
+
+}  // namespace ado

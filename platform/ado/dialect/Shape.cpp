@@ -1,0 +1,134 @@
+// Cuts a statement into its shape and its literals: the one pass that every statement pays, so it works on
+// bytes.
+#include "platform/ado/dialect/Shape.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "platform/ado/dialect/Refusal.h"
+#include "platform/ado/dialect/Tokens.h"
+
+namespace ado {
+namespace {
+
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The marks of the literals are among these.
+bool IsControl(char c) {
+    return (c >= 0 && c < ' ') || c == 0x7f;
+}
+
+[[noreturn]] void Refuse(const std::string& text) {
+    ado::Refuse(error::Statement, text);
+}
+
+constexpr std::size_t UsualLiterals = 12;  // a voucher's row has ten
+
+class Cutter {
+  public:
+    explicit Cutter(std::string_view statement) : text_(statement) {
+        shape_.key.reserve(statement.size());
+        shape_.literals.reserve(UsualLiterals);
+    }
+
+    Shape Cut() {
+        while (at_ < text_.size()) {
+            const char c = text_[at_];
+            if (IsBlank(c))
+                Blank();
+            else if (c == '\'' || c == '"')
+                Text(c);
+            else if (c == '[')
+                Bracketed();
+            else if (IsDigit(c) || (c == '.' && at_ + 1 < text_.size() && IsDigit(text_[at_ + 1])))
+                Number();
+            else if (IsNameByte(c))
+                Name();
+            else if (c == ';')
+                End();
+            else
+                Symbol();
+        }
+        if (!shape_.key.empty() && shape_.key.back() == ' ') shape_.key.pop_back();
+        return std::move(shape_);
+    }
+
+  private:
+    void Blank() {
+        if (!shape_.key.empty() && shape_.key.back() != ' ') shape_.key += ' ';
+        ++at_;
+    }
+
+    void Name() {
+        const std::size_t from = at_;
+        while (at_ < text_.size() && IsNameByte(text_[at_])) ++at_;
+        shape_.key.append(text_, from, at_ - from);
+    }
+
+    void Bracketed() {
+        const std::size_t end = text_.find(']', at_);
+        if (end == std::string_view::npos) Refuse("Syntax error: a name in brackets does not end");
+        if (end == at_ + 1) Refuse("Syntax error: a name in brackets is empty");
+        if (std::any_of(text_.begin() + at_, text_.begin() + end, IsControl))
+            Refuse("Syntax error: a name in brackets holds a control character");
+        shape_.key.append(text_, at_, end + 1 - at_);
+        at_ = end + 1;
+    }
+
+    void Symbol() {
+        if (IsControl(text_[at_])) Refuse("Syntax error: the statement holds a control character");
+        shape_.key += text_[at_++];
+    }
+
+    // A doubled quote stands for one.
+    void Text(char quote) {
+        Literal literal;
+        literal.isText = true;
+        for (++at_;; ++at_) {
+            const std::size_t end = text_.find(quote, at_);
+            if (end == std::string_view::npos) Refuse("Syntax error: a text does not end");
+            literal.text.append(text_, at_, end - at_);
+            at_ = end + 1;
+            if (at_ >= text_.size() || text_[at_] != quote) break;
+            literal.text += quote;
+        }
+        Add(std::move(literal), TextMark);
+    }
+
+    void Number() {
+        Literal literal;
+        const char* const from = text_.data() + at_;
+        const auto result = std::from_chars(from, text_.data() + text_.size(), literal.number);
+        literal.text.assign(from, result.ptr);
+        if (result.ec != std::errc()) Refuse("Syntax error: the number " + literal.text + " is out of range");
+        at_ += static_cast<std::size_t>(result.ptr - from);
+        Add(std::move(literal), NumberMark);
+    }
+
+    void Add(Literal literal, char mark) {
+        shape_.literals.push_back(std::move(literal));
+        shape_.key += mark;
+    }
+
+    void End() {
+        while (++at_ < text_.size())
+            if (!IsBlank(text_[at_])) Refuse("Characters stand after the end of the statement");
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    Shape shape_;
+};
+
+}  // namespace
+
+Shape ShapeOf(std::string_view statement) {
+    return Cutter(statement).Cut();
+}
+
+}  // namespace ado

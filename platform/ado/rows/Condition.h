@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/dialect/Plan.h"
+#include "platform/ado/rows/RowStore.h"
+#include "platform/basic/Value.h"
+
+namespace ado {
+
+// One comparison of a record set's Filter or Find: a field, an operator, and a number or a text.
+struct Comparison {
+    enum class Operator { Equal, Unequal, Less, LessOrEqual, Greater, GreaterOrEqual };
+
+    std::string field;
+    Operator op = Operator::Equal;
+    bool isText = false;
+    std::string text;
+    double number = 0;
+    bool isTruth = false;  // the words True (number 1) and False
+
+    // Whether the field of the row meets it. Null meets none; a text that is no number is just unequal to a
+    // number; texts compare without regard to case; True equals 1 and -1.
+    bool Meets(const RowStore& rows, std::size_t row, std::size_t column) const;
+};
+
+// "Field = 12 [And Other >= 'a' ...]". Raises BadArgument for anything else.
+std::vector<Comparison> ReadCondition(std::string_view condition);
+
+// The place of a field among the outputs: "Table.Field" is that very one, a bare name the first that bears
+// it.
+std::optional<std::size_t> FindOutput(const std::vector<Output>& outputs, std::string_view name);
+
+// The comparison in the store's SQL, with the value as parameter ?n, where it means the same there as in
+// Meets: on a plain column and a value of its own kind.
+std::optional<std::string> ComparisonSql(const Comparison& comparison, const Output& output,
+                                         std::size_t parameter);
+
+// The value that goes with ComparisonSql.
+basic::Value ComparedValue(const Comparison& comparison, const Output& output);
+
+}  // namespace ado

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+// The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
+// with a number of ado::error. The embedded store stands in SqlCipherEngine; a server engine could stand
+// beside it.
+namespace ado {
+
+enum class CellKind { Null, Integer, Real, Text };
+
+class EngineStatement {
+  public:
+    virtual ~EngineStatement() = default;
+    virtual void BindNull(int index) = 0;  // index from 1
+    virtual void BindInteger(int index, std::int64_t value) = 0;
+    virtual void BindReal(int index, double value) = 0;
+    virtual void BindText(int index, std::string_view text) = 0;  // copied or kept until Reset
+    virtual bool Step() = 0;                                      // True: a row stands
+    virtual void Reset() = 0;                                     // ready to run again; never throws
+    virtual int ColumnCount() const = 0;
+    virtual CellKind Kind(int column) const = 0;  // column from 0
+    virtual std::int64_t Integer(int column) const = 0;
+    virtual double Real(int column) const = 0;
+    virtual std::string_view Text(int column) const = 0;  // valid until the next Step
+};
+
+class Engine {
+  public:
+    virtual ~Engine() = default;
+    virtual void Open(const std::string& source, const std::string& password) = 0;
+    virtual void Close() = 0;
+    virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
+    virtual std::int64_t Changes() const = 0;  // rows of the last insert, update or delete
+    virtual bool InTransaction() const = 0;    // False also after the store rolled back by itself
+    virtual void Begin() = 0;                  // takes the write lock at once and makes its commit durable
+    virtual void Commit() = 0;
+    virtual void Rollback() = 0;
+    virtual void Savepoint(int level) = 0;
+    virtual void Release(int level) = 0;
+    virtual void RollbackTo(int level) = 0;  // and releases it
+    virtual void BeginRead() = 0;            // holds the present moment in view; others may go on writing
+    virtual void EndRead() = 0;
+    virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
+    virtual void BeforeLooseWrite() = 0;  // a write outside transactions need not reach the disk at once
+    virtual void Flush() = 0;             // loose writes are on the disk when it returns; in none, nothing
+};
+
+// By the form of the source: a file path gives the embedded store; anything else raises
+// ado::error::BadArgument.
+std::unique_ptr<Engine> EngineFor(const std::string& source);
+
+// How long a statement waits for another program from the next Open on: 5 s unless a test shortens it.
+void SetLockWait(std::chrono::milliseconds wait);
+
+}  // namespace ado

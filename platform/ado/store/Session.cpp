@@ -1,0 +1,147 @@
+#include "platform/ado/store/Session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/ado/Errors.h"
+#include "platform/ado/store/Conversion.h"
+#include "platform/ado/store/SelectInto.h"
+#include "platform/basic/Error.h"
+
+namespace ado {
+namespace {
+
+std::vector<basic::Value> LiteralValues(const Shape& shape, const Plan& plan) {
+    std::vector<basic::Value> values;
+    values.reserve(plan.parameters.size());
+    for (const Parameter& parameter : plan.parameters)
+        values.push_back(LiteralValue(shape.literals.at(parameter.literal), parameter, plan.table));
+    return values;
+}
+
+// Our own functions can stop a statement halfway, and the store would keep the half.
+bool MayStopHalfway(const std::string& sql) {
+    return sql.find("qm_") != std::string::npos;
+}
+
+}  // namespace
+
+Session::Session(std::unique_ptr<Engine> engine, const std::string& source, const std::string& password)
+    : engine_(std::move(engine)), catalog_(*engine_), transactions_(*engine_) {
+    engine_->Open(source, password);
+    open_ = true;
+}
+
+Session::~Session() {
+    try {
+        Close();
+    } catch (const basic::Error&) {
+        // Nobody is left to be told; the store repairs itself at the next Open.
+    }
+}
+
+void Session::Close() {
+    if (!std::exchange(open_, false)) return;
+    cache_.Clear();
+    transactions_.RollbackAll();
+    engine_->Close();
+}
+
+ReadyStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
+    const Shape shape = ShapeOf(statement);
+    std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
+    CachedStatementPtr cached = cache_.Find(key);
+    if (!cached) cached = cache_.Add(std::move(key), Translate(shape, catalog_, options));
+    std::vector<basic::Value> values = LiteralValues(shape, *cached->plan);
+    return {std::move(cached), std::move(values)};
+}
+
+ReadyStatement Session::Narrowed(const ReadyStatement& base, const std::string& condition,
+                                 const std::vector<basic::Value>& values) {
+    std::string key = base.cached->key + "\nfilter " + condition;
+    CachedStatementPtr cached = cache_.Find(key);
+    if (!cached) {
+        constexpr std::string_view word = " WHERE ";
+        Plan plan = base.plan();
+        plan.where = plan.where.empty()
+                         ? std::string(word) + condition
+                         : std::string(word) + "(" + plan.where.substr(word.size()) + ") AND " + condition;
+        cached = cache_.Add(std::move(key), std::move(plan));
+    }
+    std::vector<basic::Value> all = base.values;
+    all.insert(all.end(), values.begin(), values.end());
+    return {std::move(cached), std::move(all)};
+}
+
+ReadyStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
+    std::string key = "\nown " + sql;
+    CachedStatementPtr cached = cache_.Find(key);
+    if (!cached) {
+        Plan plan;
+        plan.kind = StatementKind::Update;
+        plan.head = std::move(sql);
+        cached = cache_.Add(std::move(key), std::move(plan));
+    }
+    return {std::move(cached), std::move(values)};
+}
+
+RunningStatement Session::Start(const ReadyStatement& statement) {
+    RunningStatement running(*engine_, statement.cached);
+    int index = 0;
+    for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
+    return running;
+}
+
+std::int64_t Session::Execute(const ReadyStatement& statement) {
+    ReadPostponed();
+    if (statement.plan().kind == StatementKind::SelectInto) {
+        MakeTable(statement.plan());
+        return 0;
+    }
+    transactions_.Write(MayStopHalfway(statement.cached->sql), [&] { Start(statement)->Step(); });
+    return engine_->Changes();
+}
+
+void Session::MakeTable(const Plan& plan) {
+    catalog_.Forget();
+    if (catalog_.Table(plan.into) != nullptr)
+        throw basic::Error(error::Statement, "Table '" + plan.into + "' already exists.", "ado.Statement");
+    transactions_.Atomic([&] { SelectInto(*engine_, plan.table, plan.into); });
+    catalog_.Forget();
+}
+
+int Session::BeginTrans() {
+    ReadPostponed();
+    return transactions_.Begin();
+}
+
+void Session::CommitTrans() {
+    ReadPostponed();
+    transactions_.Commit();
+}
+
+void Session::RollbackTrans() {
+    ReadPostponed();
+    transactions_.Rollback();
+    // What was told of a table that was made inside the transaction is no longer true.
+    catalog_.Forget();
+    cache_.Clear();
+}
+
+void Session::Postpone(PostponedRead& read) {
+    postponed_.push_back(&read);
+}
+
+void Session::Forget(PostponedRead& read) {
+    std::erase(postponed_, &read);
+}
+
+void Session::ReadPostponed() {
+    while (!postponed_.empty()) {
+        PostponedRead* read = postponed_.back();
+        postponed_.pop_back();
+        read->ReadNow();
+    }
+}
+
+}  // namespace ado

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/store/CatalogReader.h"
+#include "platform/ado/store/Engine.h"
+#include "platform/ado/store/StatementCache.h"
+#include "platform/ado/store/Transactions.h"
+#include "platform/basic/Value.h"
+
+namespace ado {
+
+// A statement that was found or translated, with the values of its literals.
+struct ReadyStatement {
+    CachedStatementPtr cached;
+    std::vector<basic::Value> values;
+    const Plan& plan() const { return *cached->plan; }
+};
+
+// A record set that has not read its rows yet. It reads them before anything on its connection changes.
+class PostponedRead {
+  public:
+    virtual void ReadNow() noexcept = 0;
+
+  protected:
+    ~PostponedRead() = default;
+};
+
+// An open store: what stands behind a connection from Open to Close.
+class Session {
+  public:
+    Session(std::unique_ptr<Engine> engine, const std::string& source, const std::string& password);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+    void Close();  // rolls back what is open
+
+    // Finds or translates a statement and converts its literals; raises all that is wrong with it so far.
+    ReadyStatement Ready(std::string_view statement, const PlanOptions& options = {});
+    // A select with one more condition, in the store's SQL; its values are the parameters from
+    // ParameterFrom(base).
+    ReadyStatement Narrowed(const ReadyStatement& base, const std::string& condition,
+                            const std::vector<basic::Value>& values);
+    static std::size_t ParameterFrom(const ReadyStatement& base) { return base.values.size() + 1; }
+
+    // Bound and about to give its first row.
+    RunningStatement Start(const ReadyStatement& statement);
+    // Runs a statement that gives no rows; the rows that an insert, update or delete matched, else 0.
+    std::int64_t Execute(const ReadyStatement& statement);
+    // For what this layer writes in the store's own SQL: the values are bound in order.
+    ReadyStatement Own(std::string sql, std::vector<basic::Value> values);
+
+    Engine& engine() { return *engine_; }  // for maintenance, beside running statements
+
+    int BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+    int TransDepth() const { return transactions_.Depth(); }
+
+    void Postpone(PostponedRead& read);
+    void Forget(PostponedRead& read);
+
+  private:
+    void ReadPostponed();
+    void MakeTable(const Plan& plan);
+
+    std::unique_ptr<Engine> engine_;
+    CatalogReader catalog_;
+    StatementCache cache_;
+    Transactions transactions_;
+    std::vector<PostponedRead*> postponed_;
+    bool open_ = false;
+};
+
+}  // namespace ado

@@ -1,0 +1,258 @@
+#include "platform/forms/window/Form.h"
+
+#include <QEventLoop>
+#include <QLayout>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/basic/Error.h"
+#include "platform/forms/controls/Accessibility.h"
+#include "platform/forms/controls/Text.h"
+#include "platform/forms/controls/UserControl.h"
+#include "platform/forms/grid/TextMeasure.h"
+#include "platform/forms/window/Application.h"
+#include "platform/forms/window/EventScope.h"
+#include "platform/forms/window/Style.h"
+#include "platform/forms/window/TestSeams.h"
+
+namespace forms {
+namespace {
+
+constexpr QMargins FrameAllowance(4, 32, 4,
+                                  4);  // pixels for the system's title and border, unknown before it shows
+constexpr std::int32_t PathAccess = 75, ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
+
+// The forms that are shown, the topmost last.
+std::vector<Form*>& Shown() {
+    static std::vector<Form*> shown;
+    return shown;
+}
+
+void CentreOn(QWidget& window, const QWidget* below) {
+    const QScreen* screen = below ? below->screen() : window.screen();
+    const QRect room = screen->availableGeometry() - FrameAllowance;
+    window.resize(window.size().boundedTo(room.size()));
+    QRect place(QPoint(), window.size());
+    place.moveCenter(below ? below->geometry().center() : room.center());
+    place.moveLeft(
+        std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width() + 1)));
+    place.moveTop(
+        std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height() + 1)));
+    window.move(place.topLeft());
+}
+
+}  // namespace
+
+Form::~Form() {
+    if (!window_) return;
+    std::erase(Shown(), this);
+    window_->form_ = nullptr;
+    delete window_;
+}
+
+void Form::EnsureLoaded() {
+    if (window_) return;
+    EnsureApplication();
+    window_ = new FormWindow(*this);
+    {
+        const EventScope scope(window_);
+        try {
+            BuildWindow(*window_);
+            Style::Apply(*window_);
+            window_->ensurePolished();  // later it would undo the colours that Form_Load sets
+            NameForAssistance(*window_);
+            Wire();
+            Form_Load();
+        } catch (...) {
+            Discard();
+            throw;
+        }
+    }
+    if (!window_) throw basic::Error(ObjectWasUnloaded, "Object was unloaded", "forms.Form");
+}
+
+void Form::Show(ShowMode mode) {
+    EnsureLoaded();
+    if (mode == vbModal && Visible())
+        throw basic::Error(AlreadyDisplayed, "Form already displayed; can't show modally", "forms.Form");
+    Form* const below = Shown().empty() || Shown().back() == this ? nullptr : Shown().back();
+    if (!Visible()) {
+        Shown().push_back(this);
+        window_->setWindowModality(mode == vbModal ? Qt::ApplicationModal : Qt::NonModal);
+        CentreOn(*window_, below ? below->window_ : nullptr);
+        window_->winId();
+        if (below) window_->windowHandle()->setTransientParent(below->window_->windowHandle());
+    }
+    Activate();
+    if (mode != vbModal || !Visible()) return;
+    RunModal();
+    if (below && below->Visible()) below->Activate();
+}
+
+// Brings the window to the front and runs Form_Activate; the first control gets the focus if Form_Activate
+// gave it to none.
+void Form::Activate() {
+    const QPointer<FormWindow> window = window_;
+    window->activating_ = true;
+    window->show();
+    window->raise();
+    window->activateWindow();
+    RunEvent(window, [this] { Form_Activate(); });
+    if (!window || window != window_) return;
+    window->activating_ = false;
+    if (window->isVisible()) window->FocusFirst();
+}
+
+void Form::RunModal() {
+    const QPointer<FormWindow> window = window_;
+    QEventLoop loop;
+    window->modalLoop_ = &loop;
+    if (!seams::VisitModal(*this)) loop.exec(QEventLoop::DialogExec);
+    if (!window) return;
+    window->modalLoop_ = nullptr;
+    if (window->Owner() && window->isVisible()) Unload();  // the program is ending
+    if (!window->Owner()) delete window;
+}
+
+void Form::Hide() {
+    if (!window_) return;
+    window_->hide();
+    std::erase(Shown(), this);
+    if (window_->modalLoop_) window_->modalLoop_->quit();
+}
+
+void Form::Unload() {
+    if (!window_ || unloading_) return;
+    if (window_->runningEvents_ > 0) {
+        window_->unloadWanted_ = true;
+        return;
+    }
+    unloading_ = true;
+    RunEvent(window_, [this] { Form_Unload(); });
+    unloading_ = false;
+    Discard();
+}
+
+void Form::Discard() {
+    FormWindow* const window = window_;
+    window_ = nullptr;
+    window->form_ = nullptr;
+    DropWindow();
+    std::erase(Shown(), this);
+    window->hide();
+    if (window->modalLoop_) {
+        window->modalLoop_->quit();  // RunModal deletes the window
+    } else {
+        window->deleteLater();
+    }
+}
+
+bool Form::Visible() const {
+    return window_ && window_->isVisible();
+}
+
+std::string Form::Name() {
+    EnsureLoaded();
+    return FromQt(window_->objectName());
+}
+
+std::string Form::Caption() {
+    EnsureLoaded();
+    return FromQt(window_->windowTitle());
+}
+
+void Form::SetCaption(const std::string& caption) {
+    EnsureLoaded();
+    window_->setWindowTitle(ToQt(caption));
+}
+
+void Form::SetMousePointer(int pointer) {
+    EnsureLoaded();
+    pointer == vbHourglass ? window_->setCursor(Qt::WaitCursor) : window_->unsetCursor();
+}
+
+void Form::Minimize() {
+    EnsureLoaded();
+    window_->showMinimized();
+}
+
+void Form::SetBorderless() {
+    EnsureLoaded();
+    window_->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+}
+
+int Form::TextWidth(const std::string& text) {
+    EnsureLoaded();
+    QFont font = window_->font();
+    font.setBold(true);
+    return TwipsFromPixels(TextMeasure(font).Width(text), window_);
+}
+
+void Form::WritePicture(const std::string& path) {
+    EnsureLoaded();
+    if (!window_->grab().save(ToQt(path)))
+        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be written",
+                           "forms.Form");
+}
+
+double Form::PixelDensity() {
+    EnsureLoaded();
+    return window_->devicePixelRatioF();
+}
+
+int Form::Top() {
+    EnsureLoaded();
+    return TwipsFromPixels(window_->y(), window_);
+}
+
+void Form::SetTop(int top) {
+    EnsureLoaded();
+    window_->move(window_->x(), PixelsFromTwips(top, window_));
+}
+
+int Form::Width() {
+    EnsureLoaded();
+    return TwipsFromPixels(window_->width(), window_);
+}
+
+int Form::Height() {
+    EnsureLoaded();
+    return TwipsFromPixels(window_->height(), window_);
+}
+
+// The layout first learns what was shown or hidden just before: what stands no more would hold the window
+// open.
+void Form::SetHeight(int height) {
+    EnsureLoaded();
+    if (QLayout* layout = window_->layout()) layout->activate();
+    window_->resize(window_->width(), PixelsFromTwips(height, window_));
+}
+
+std::vector<basic::Control*> Form::Controls() {
+    EnsureLoaded();
+    std::vector<basic::Control*> controls;
+    for (QWidget* widget : window_->findChildren<QWidget*>()) {
+        auto* control = dynamic_cast<Control*>(widget);
+        if (control && !UserControl::Around(widget->parentWidget())) controls.push_back(control);
+    }
+    return controls;
+}
+
+Control* Form::ActiveControl() const {
+    return window_ ? window_->Active() : nullptr;
+}
+
+void Form::Form_KeyDown(int keyCode, int shift) {
+    if (!(shift & vbCtrlMask)) return;
+    for (const auto& [letter, run] : CtrlCommands())
+        if (letter == keyCode) return run();
+}
+
+bool Form::HasCommand(int keyCode) {
+    const auto commands = CtrlCommands();
+    return std::any_of(commands.begin(), commands.end(),
+                       [=](const Command& c) { return c.first == keyCode; });
+}
+
+}  // namespace forms

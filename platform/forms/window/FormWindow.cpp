@@ -1,0 +1,212 @@
+#include "platform/forms/window/FormWindow.h"
+
+#include <QCloseEvent>
+#include <QPushButton>
+#include <QWindow>
+
+#include "platform/forms/controls/UserControl.h"
+#include "platform/forms/window/Form.h"
+
+namespace forms {
+namespace {
+
+bool CanHaveFocus(const Control& control) {
+    const QWidget* widget = control.Widget();
+    return control.TakesFocus() && widget->isEnabled() && widget->isVisibleTo(widget->window());
+}
+
+// The first control that can have the focus, in tab order, inside `container`; null if none.
+Control* FirstIn(QWidget* container) {
+    QWidget* const start = container->window();
+    for (QWidget* widget = start->nextInFocusChain(); widget != start; widget = widget->nextInFocusChain()) {
+        auto* control = dynamic_cast<Control*>(widget);
+        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) &&
+            widget->focusPolicy() & Qt::TabFocus)
+            return control;
+    }
+    return nullptr;
+}
+
+class Flag {
+  public:
+    explicit Flag(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Flag() { flag_ = before_; }
+
+  private:
+    bool& flag_;
+    const bool before_;
+};
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form) : form_(&form) {
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                   Qt::WindowCloseButtonHint);
+    setAttribute(Qt::WA_QuitOnClose, false);  // a host's own loop must not end with our windows
+    setMouseTracking(true);
+}
+
+FormWindow* FormWindow::Of(QWidget* widget) {
+    return widget ? dynamic_cast<FormWindow*>(widget->window()) : nullptr;
+}
+
+Control* FormWindow::Active() const {
+    return active_ ? Control::Of(active_) : nullptr;
+}
+
+bool FormWindow::MoveFocus(Control& target) {
+    if (!CanHaveFocus(target)) {  // a container hands it on to its first control
+        Control* const first = FirstIn(target.Widget());
+        if (first) return MoveFocus(*first);
+        if (auto* user = dynamic_cast<UserControl*>(&target)) user->EnterFocus.Fire();
+        return false;
+    }
+    if (validating_) {
+        wanted_ = target.Widget();
+        return false;
+    }
+    Control* const active = Active();
+    if (active == &target) {
+        if (!target.Widget()->isAncestorOf(focusWidget())) target.Widget()->setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    QPointer<QWidget> destination = target.Widget();
+    const QPointer<FormWindow> self = this;
+    const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
+    if (!self || !form_) return false;
+    if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
+        Transfer(*control);
+    return goes;
+}
+
+// Asks the active control whether the focus may leave; `destination` comes back as where it goes now. False
+// if it does not go where it was sent.
+bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
+    const QPointer<QWidget> sent = destination;
+    bool hold = false;
+    {
+        const Flag validating(validating_);
+        wanted_ = nullptr;
+        hold = !active.FinishEdit();
+        if (!hold) active.Validate.Fire(hold);
+    }
+    if (wanted_) {
+        destination = wanted_;
+    } else if (hold) {
+        destination = active.Widget();
+    }
+    wanted_ = nullptr;
+    if (destination == active.Widget()) {
+        destination->setFocus(Qt::OtherFocusReason);
+        active.StartOver();
+    }
+    return destination == sent;
+}
+
+void FormWindow::Transfer(Control& target) {
+    const QPointer<QWidget> before = active_;
+    const QPointer<QWidget> after = target.Widget();
+    {
+        const Flag transferring(transferring_);
+        after->setFocus(Qt::OtherFocusReason);
+    }
+    active_ = after;
+    if (before) Control::Of(before)->LostFocus.Fire();
+    if (active_ != after || !after) return;  // LostFocus sent it elsewhere
+    UserControl* const user = UserControl::Around(after);
+    if (user && !(before && user->isAncestorOf(before))) user->EnterFocus.Fire();
+    if (active_ == after && after) Control::Of(after)->GotFocus.Fire();
+}
+
+void FormWindow::FocusFirst() {
+    if (Active()) return;
+    if (Control* first = FirstIn(this)) Transfer(*first);
+}
+
+void FormWindow::Adopt(Control& control) {
+    if (validating_ || transferring_ || activating_ || &control == Active() || !control.TakesFocus()) return;
+    Transfer(control);
+}
+
+void FormWindow::LeaveDisabled() {
+    if (!active_ || validating_) return;
+    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour);
+}
+
+Control* FormWindow::Neighbour(bool next) const {
+    const auto step = [next](QWidget* widget) {
+        return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    };
+    QWidget* const start = active_ ? active_.data() : const_cast<FormWindow*>(this);
+    for (QWidget* widget = step(start); widget != start; widget = step(widget)) {
+        auto* control = dynamic_cast<Control*>(widget);
+        if (control && CanHaveFocus(*control) && widget->focusPolicy() & Qt::TabFocus) return control;
+    }
+    return nullptr;
+}
+
+// Tab and Backtab come here, and the toolkit when the widget that has the focus was disabled or hidden.
+bool FormWindow::focusNextPrevChild(bool next) {
+    Control* const active = Active();
+    if (validating_ || activating_) return true;
+    if (active && !CanHaveFocus(*active)) {
+        LeaveDisabled();
+        return true;
+    }
+    Control* const neighbour = Neighbour(next);
+    if (neighbour) MoveFocus(*neighbour);
+    return neighbour != nullptr;
+}
+
+void FormWindow::reject() {
+    if (form_) RunEvent(this, [this] { form_->Form_Escape(); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();  // the form closes the window itself, after Form_Unload
+    if (form_) form_->Unload();
+}
+
+// Enter presses the button that has the focus, else the default button the way Alt+letter presses one: the
+// focus goes there first, with Validate.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) return QDialog::keyPressEvent(event);
+    if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused->click();
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        Control* const control = Control::Of(button);
+        if (!button->isDefault() || !button->isVisible() || !button->isEnabled() || !control) continue;
+        if (MoveFocus(*control)) button->click();
+        return;
+    }
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (form_ && isVisible()) RunEvent(this, [this] { form_->Form_Resize(); });
+}
+
+// What was resized before it was shown is told now, as at any first showing.
+void FormWindow::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (form_ && !event->spontaneous()) RunEvent(this, [this] { form_->Form_Resize(); });
+}
+
+// A window without a frame is moved by its background: by the system where that can do it.
+void FormWindow::mousePressEvent(QMouseEvent* event) {
+    QDialog::mousePressEvent(event);
+    const bool frameless = windowFlags() & Qt::FramelessWindowHint;
+    if (!frameless || event->button() != Qt::LeftButton) return;
+    event->accept();
+    if (!windowHandle()->startSystemMove()) grip_ = event->globalPosition().toPoint() - pos();
+}
+
+void FormWindow::mouseMoveEvent(QMouseEvent* event) {
+    QDialog::mouseMoveEvent(event);
+    const bool held = event->buttons() & Qt::LeftButton;
+    if (!grip_.isNull() && held) return move(event->globalPosition().toPoint() - grip_);
+    grip_ = {};
+    if (form_) RunEvent(this, [this] { form_->Form_MouseMove(); });
+}
+
+}  // namespace forms
