@@ -40,6 +40,7 @@ void StockGrid::Setup(int qtyWidth) const {
     grid_->SetColHidden(MarkCol, true);
     grid_->SetColHidden(ItemCol, true);
     grid_->SetColWidth(NameCol, 4000);
+    grid_->SetGrowingCol(NameCol);
     grid_->SetColComboList(NameCol, "...");
     grid_->SetColWidth(PriceCol, 1500);
     grid_->SetColWidth(QtyCol, qtyWidth);

@@ -17,6 +17,7 @@ void OrderGrid::Setup() const {
     grid_->SetColBoolean(MarkCol, true);
     for (const int hidden : {MarkCol, OrderCol, ItemCol}) grid_->SetColHidden(hidden, true);
     grid_->SetColWidth(NameCol, 4000);
+    grid_->SetGrowingCol(NameCol);
     grid_->SetColComboList(NameCol, "...");
     for (const int figures : {RateCol, QtyCol}) {
         grid_->SetColWidth(figures, 1500);

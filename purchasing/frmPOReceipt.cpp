@@ -120,6 +120,7 @@ void frmPOReceipt::SetupGrid() {
                    {"Qty. Prev.\r\nReceived", 1400},
                    {"Qty.\r\nReceived", 1300},
                    {"Remarks", 2600}};
+    grid.SetGrowingCol(NameCol);
     for (int col = 0; col < Columns; ++col) {
         grid.SetTextMatrix(0, col, columns[col].heading);
         grid.SetColWidth(col, columns[col].width);

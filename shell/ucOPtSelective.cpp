@@ -19,8 +19,10 @@ void ucOPtSelective::UserControl_EnterFocus() {
     if (!rows_) return;
     SkipOnError([&] { rows_->Open(); });
     if (list.ListCount() > 0) return;
+    const bool onlyCancel = !ui().optAll->Enabled();
     ui().optAll->SetEnabled(true);
     ui().optSel->SetEnabled(true);
+    if (onlyCancel) ui().optAll->SetFocus();
     SkipOnError([&] {
         if (rows_->Bof()) return;
         for (; !rows_->Eof(); rows_->MoveNext()) {

@@ -123,6 +123,7 @@ void frmDayBook::OpenDayBook(const std::string& sql) {
 }
 
 void frmDayBook::ShowToday() {
+    ui().lvwDayBook->SetEmptyNote("No vouchers today. Filter (Ctrl+F) shows those of other days.");
     DayBookRecordset.SetFilter("LedgerTxnDate = " + DayNumber(basic::Clock::Today()));
 }
 
@@ -215,6 +216,7 @@ void frmDayBook::cmdOk_Click() {
     const std::string field = ui().cboFilterFld->Text(), value = ui().cboFilterValue->Text();
     const std::string from = DayNumber(ui().dtpDateFrom->Value());
     DayBookRecordset.SetFilter("");
+    ui().lvwDayBook->SetEmptyNote("No vouchers match the filter.");
     if (field == "Date Range")
         Reopen(" Where LedgerTxnDate >= " + from +
                " And LedgerTxnDate <= " + DayNumber(ui().dtpDateUpTo->Value()) + " Order by LedgerTxnDate");

@@ -51,7 +51,7 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     void vsVoucher_StartEdit(int row, int col, bool& cancel);
     void vsVoucher_ValidateEdit(int col, bool& cancel);
     void vsVoucher_AfterEdit(int row, int col);
-    void vsVoucher_KeyDown(int& keyCode);
+    void vsVoucher_KeyDown(int& keyCode, int shift);
     void DeleteByColumn(int row, int col, int& keyCode);
     void vsCombo_ValidateEdit(bool& cancel);
     void vsCombo_AfterEdit();

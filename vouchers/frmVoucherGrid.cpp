@@ -36,7 +36,7 @@ void frmVoucher::WireGrid() {
         if (IsAmount(col) && !digit && key != '.' && key != forms::vbKeyBack) key = 0;
     };
     grid.AfterEdit = [this](int row, int col) { vsVoucher_AfterEdit(row, col); };
-    grid.KeyDown = [this](int& keyCode, int) { vsVoucher_KeyDown(keyCode); };
+    grid.KeyDown = [this](int& keyCode, int shift) { vsVoucher_KeyDown(keyCode, shift); };
     grid.KeyPress = [this](int& key) {
         typed_ = key >= ' ' ? basic::FromUtf16(std::u16string(1, static_cast<char16_t>(key))) : "";
     };
@@ -51,8 +51,9 @@ void frmVoucher::WireGrid() {
     combo.ValidateEdit = [this](int, int, bool& cancel) { vsCombo_ValidateEdit(cancel); };
     combo.AfterEdit = [this](int, int) { vsCombo_AfterEdit(); };
     combo.LostFocus = [this] { ui().vsVoucher->SetFocus(); };
-    combo.KeyDown = [this](int& keyCode, int) {
-        if (keyCode == forms::vbKeyEscape) ui().vsVoucher->SetFocus();
+    combo.EditDropped = [this] {
+        ui().vsVoucher->SetFocus();
+        ui().vsCombo->SetVisible(false);
     };
 }
 
@@ -144,10 +145,11 @@ void frmVoucher::vsVoucher_AfterEdit(int row, int col) {
     lines_->ShowTotals();
 }
 
-void frmVoucher::vsVoucher_KeyDown(int& keyCode) {
+void frmVoucher::vsVoucher_KeyDown(int& keyCode, int shift) {
     const int row = ui().vsVoucher->Row(), col = ui().vsVoucher->Col();
     if (keyCode == forms::vbKeyDelete) DeleteByColumn(row, col, keyCode);
-    if (keyCode == forms::vbKeyTab && col == Particulars && row == lines_->LastLine()) {
+    const bool onwards = keyCode == forms::vbKeyTab && !(shift & forms::vbShiftMask);
+    if (onwards && col == Particulars && row == lines_->LastLine()) {
         keyCode = 0;
         ui().cmdSave->SetFocus();
     }

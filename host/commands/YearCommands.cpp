@@ -10,6 +10,7 @@
 #include "core/ErrorModule.h"
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
+#include "host/commands/AllOrNothing.h"
 #include "host/commands/Command.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
@@ -33,16 +34,6 @@ bool IsLongForm(const std::string& text) {
 void TellYear(const std::string& current) {
     ado::Flush(qm::Conn());  // what is told stands on the disk
     std::cout << "current year: " << current << "\n";
-}
-
-int SetYear(const YearOptions& options) {
-    OpenBooks books(options.folder);
-    // "2001-2002", as the list of years has it, means 2001.
-    const std::string now =
-        books.Host().SetGetFinancialYear(IsLongForm(options.year) ? options.year.substr(0, 4) : options.year);
-    if (now.empty()) Fail("the books know no year '" + options.year + "' (see qmhost years)");
-    TellYear(now);
-    return ExitOk;
 }
 
 bool Known(const std::string& shortForm) {
@@ -83,6 +74,19 @@ bool Confirmed(const YearOptions& options, const std::string& current) {
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+// The class takes the flag from one year and then gives it to the other. In one transaction nobody sees the
+// books without a current year, for which any host would begin the first one again.
+int SetYear(const YearOptions& options) {
+    OpenBooks books(options.folder);
+    // "2001-2002", as the list of years has it, means 2001.
+    const std::string wanted = IsLongForm(options.year) ? options.year.substr(0, 4) : options.year;
+    if (!Known(wanted)) Fail("the books know no year '" + options.year + "' (see qmhost years)");
+    if (!AllOrNothing([&] { return books.Host().SetGetFinancialYear(wanted) == wanted; }))
+        Fail("the current year is " + CurrentYear() + " still: it could not be moved to " + wanted);
+    TellYear(wanted);
+    return ExitOk;
 }
 
 // The call says False whatever happened, so what stands is looked at.

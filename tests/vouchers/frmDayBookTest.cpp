@@ -103,6 +103,9 @@ TEST_F(DayBookTest, WithoutALineNothingIsDoneToOne) {
     Row(1, Today - 1, "5, 0");
     Show(form);
     EXPECT_EQ(Shown(), Lines{});
+    const QImage noted = List().grab().toImage();
+    List().SetEmptyNote("");
+    EXPECT_NE(List().grab().toImage(), noted) << "it says that nothing is there";
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_D}) Ctrl(key);
     QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().CellRect(1, 1).center());
     Row(2, Today, "5, 0");

@@ -219,6 +219,31 @@ TEST_F(VoucherTest, TheGridIsEnteredAtTheSideOfItsOnlyLine) {
     });
 }
 
+// Esc closes the list, whoever dropped it, and Shift+Tab goes one cell back, also where Tab goes on to Save.
+TEST_F(VoucherTest, TheKeyboardStaysInTheGrid) {
+    OnScreen(0, [&] {
+        ChooseType("Journal");
+        Line(1, "Dr.", "Rent", "100");
+        ExpectBox("Please select a ledger to be credited");
+        Save();
+        Key(screen, Qt::Key_Escape);
+        EXPECT_FALSE(screen.ui().vsCombo->Visible());
+        EXPECT_TRUE(Grid().hasFocus());
+        Key(screen, Qt::Key_Up);
+        EXPECT_EQ(Grid().Row(), 1);
+        Key(screen, Qt::Key_Delete);
+        EXPECT_EQ(Cell(1, VoucherColumn::Ledger), "");
+        Grid().Select(2, VoucherColumn::Particulars);
+        Type(screen, "told");
+        Key(screen, Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(Active(screen), "vsVoucher");
+        EXPECT_EQ(Grid().Col(), VoucherColumn::CrAmount);
+        Key(screen, Qt::Key_Tab);
+        Key(screen, Qt::Key_Tab);
+        EXPECT_EQ(Active(screen), "cmdSave");
+    });
+}
+
 // A ledger that another program adds is offered from the next cell on.
 TEST_F(VoucherTest, EveryMoveReadsTheLedgersAgain) {
     OnScreen(0, [&] {

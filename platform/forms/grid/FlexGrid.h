@@ -41,6 +41,9 @@ class FlexGrid : public GridView, public Control {
     bool ColHidden(int col) const { return model_.Column(col).Hidden; }
     void SetColHidden(int col, bool hidden);
     void SetColAlignment(int col, Alignment alignment);
+    // A column of names: where its texts need more than its width, it is shown wider by what the columns
+    // leave free, and only the rest goes to the last one. ColWidth stays as it was set.
+    void SetGrowingCol(int col);
 
     // The current cell. Moving it by code fires the move events like a user's move, and a cancelled move does
     // not happen.
@@ -109,12 +112,15 @@ class FlexGrid : public GridView, public Control {
 
   private:
     void ClampCurrent();
+    int Needed(int col) const;  // pixels for the longest text of a column and its button
     void StepRow(int step);
+    void GoTowards(int row, int col);
     void FireMouse(const Event<int, int, int, int>& event, const QMouseEvent& mouse);
 
     GridModel model_;
     int row_ = 0;
     int col_ = 0;
+    int growingCol_ = -1;
     QPoint mouse_{-1, -1};
     QCursor hand_{Qt::PointingHandCursor};
     bool pressed_ = false;                // the press was on this grid and not refused

@@ -62,7 +62,7 @@ void FlexGrid::KeyDefault(QKeyEvent& event, int) {
             const bool home = event.key() == Qt::Key_Home;
             const int row = control ? (home ? firstRow : lastRow) : row_;
             const int col = home ? ColAxis().NextShown(0, 1) : ColAxis().NextShown(Cols() - 1, -1);
-            if (row >= 0 && col >= 0) MoveTo(row, col);
+            if (row >= 0 && col >= 0) GoTowards(row, col);
             return;
         }
         case Qt::Key_Tab:
@@ -85,7 +85,15 @@ void FlexGrid::StepRow(int step) {
         if (next < 0) break;
         target = next;
     }
-    if (target != row_) MoveTo(target, col_);
+    GoTowards(target, col_);
+}
+
+// Moves to the row, or to the nearest before it that takes the cursor: the foot of a grid refuses it.
+void FlexGrid::GoTowards(int row, int col) {
+    const int back = row < row_ ? 1 : -1;
+    for (; row >= 0 && (row_ - row) * back > 0; row = RowAxis().NextShown(row + back, back))
+        if (MoveTo(row, col)) return;
+    if (col != col_) MoveTo(row_, col);
 }
 
 bool FlexGrid::StepCol(int step) {

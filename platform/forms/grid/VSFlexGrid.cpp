@@ -16,6 +16,7 @@ VSFlexGrid::VSFlexGrid(QWidget* parent)
       KeyPressEdit(this),
       ValidateEdit(this),
       AfterEdit(this),
+      EditDropped(this),
       CellButtonClick(this) {}
 
 VSFlexGrid::~VSFlexGrid() = default;

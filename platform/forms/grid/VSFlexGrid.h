@@ -71,6 +71,7 @@ class VSFlexGrid : public FlexGrid {
     Event<int, int, int&> KeyPressEdit;            // row, column, character; 0 drops it
     Event<int, int, bool&> ValidateEdit;           // Cancel leaves the editor open
     Event<int, int> AfterEdit;                     // fires even if the text is as before
+    Event<> EditDropped;                           // by Esc, instead of the two
     Event<int, int> CellButtonClick;
     CellShown Shown(int row, int col) const override;
     bool Active() const override { return hasFocus() || Editing(); }

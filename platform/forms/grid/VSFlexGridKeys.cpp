@@ -50,6 +50,7 @@ bool VSFlexGrid::EditorKey(QKeyEvent& key) {
     switch (key.key()) {
         case Qt::Key_Escape:
             DropEdit();
+            EditDropped.Fire();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPointer>
 #include <string_view>
+#include <utility>
 
 #include "platform/forms/controls/Control.h"
 #include "platform/forms/window/Form.h"
@@ -45,7 +45,26 @@ void EventRouter::Install() {
     QCoreApplication::instance()->installEventFilter(installed);
 }
 
+// A dropped list closes when it is asked whether a key is a shortcut; the press itself comes after that, and
+// then goes to the window that the system holds for active. That is the form's, and no longer the list's,
+// where the list was dropped while the form was still on its way back from a box: Enter would choose a line
+// and press the default button as well.
+bool EventRouter::HasClosedAList(const QEvent& event) {
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress) return false;
+    if (event.type() == QEvent::KeyPress) {
+        const QPointer<QWidget> list = std::exchange(asked_, nullptr);
+        return list && !list->isVisible() && FormWindow::Of(list->parentWidget());
+    }
+    // Who does not use the question passes it on to its parent, when the list may be closed already.
+    const quint64 time = static_cast<const QKeyEvent&>(event).timestamp();
+    QWidget* const list = QApplication::activePopupWidget();
+    if (list || time != askedAt_) asked_ = list;
+    askedAt_ = time;
+    return false;
+}
+
 bool EventRouter::eventFilter(QObject* object, QEvent* event) {
+    if (HasClosedAList(*event)) return true;
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::MouseButtonPress:
@@ -105,7 +124,7 @@ bool EventRouter::Yielded(FormWindow& window) {
 bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
     Control* const control = Control::Of(&widget);
     if (!control || !control->TakesFocus() || !control->Widget()->isEnabled()) return false;
-    return !window.MoveFocus(*control);
+    return !window.MoveFocus(*control, Qt::MouseFocusReason);
 }
 
 // A letter that two controls share only moves the focus, from one to the other.
@@ -114,12 +133,12 @@ bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous
     if (!control) return false;
     if (!Yielded(window)) return true;
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
-        if (window.MoveFocus(*control) && !ambiguous) button->click();
+        if (window.MoveFocus(*control, Qt::ShortcutFocusReason) && !ambiguous) button->click();
         return true;
     }
     const auto* label = qobject_cast<QLabel*>(&widget);
     Control* const target = label ? Control::Of(label->buddy()) : control;
-    if (target) window.MoveFocus(*target);
+    if (target) window.MoveFocus(*target, Qt::ShortcutFocusReason);
     return true;
 }
 

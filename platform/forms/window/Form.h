@@ -73,6 +73,7 @@ class Form : public basic::ControlHost {
     }
     Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
     FormWindow* Window() const { return window_; }  // null unless loaded
+    static FormWindow* Topmost();  // the window of the form that was shown last; null if none
 
   protected:
     virtual void Wire() {}  // sets the handlers of the controls; runs before Form_Load

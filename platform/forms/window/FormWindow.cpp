@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QWindow>
 
+#include "platform/forms/controls/Button.h"
 #include "platform/forms/controls/UserControl.h"
 #include "platform/forms/window/Form.h"
 
@@ -15,13 +16,24 @@ bool CanHaveFocus(const Control& control) {
     return control.TakesFocus() && widget->isEnabled() && widget->isVisibleTo(widget->window());
 }
 
+// Whether Tab, and the focus of a form that opens, may come to it: of a group of options to the chosen one,
+// or to any where none is chosen.
+bool IsTabStop(const Control& control) {
+    const auto* const option = dynamic_cast<const OptionButton*>(&control);
+    if (option && option->Value()) return true;
+    if (option)
+        for (const auto* other :
+             option->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
+            if (other->isChecked() && other->isEnabled() && !other->isHidden()) return false;
+    return control.Widget()->focusPolicy() & Qt::TabFocus;
+}
+
 // The first control that can have the focus, in tab order, inside `container`; null if none.
 Control* FirstIn(QWidget* container) {
     QWidget* const start = container->window();
     for (QWidget* widget = start->nextInFocusChain(); widget != start; widget = widget->nextInFocusChain()) {
         auto* control = dynamic_cast<Control*>(widget);
-        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) &&
-            widget->focusPolicy() & Qt::TabFocus)
+        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) && IsTabStop(*control))
             return control;
     }
     return nullptr;
@@ -54,10 +66,10 @@ Control* FormWindow::Active() const {
     return active_ ? Control::Of(active_) : nullptr;
 }
 
-bool FormWindow::MoveFocus(Control& target) {
+bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
     if (!CanHaveFocus(target)) {  // a container hands it on to its first control
         Control* const first = FirstIn(target.Widget());
-        if (first) return MoveFocus(*first);
+        if (first) return MoveFocus(*first, reason);
         if (auto* user = dynamic_cast<UserControl*>(&target)) user->EnterFocus.Fire();
         return false;
     }
@@ -75,7 +87,7 @@ bool FormWindow::MoveFocus(Control& target) {
     const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
     if (!self || !form_) return false;
     if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
-        Transfer(*control);
+        Transfer(*control, goes ? reason : Qt::OtherFocusReason);
     return goes;
 }
 
@@ -103,12 +115,12 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
     return destination == sent;
 }
 
-void FormWindow::Transfer(Control& target) {
+void FormWindow::Transfer(Control& target, Qt::FocusReason reason) {
     const QPointer<QWidget> before = active_;
     const QPointer<QWidget> after = target.Widget();
     {
         const Flag transferring(transferring_);
-        after->setFocus(Qt::OtherFocusReason);
+        after->setFocus(reason);
     }
     active_ = after;
     if (before) Control::Of(before)->LostFocus.Fire();
@@ -120,17 +132,17 @@ void FormWindow::Transfer(Control& target) {
 
 void FormWindow::FocusFirst() {
     if (Active()) return;
-    if (Control* first = FirstIn(this)) Transfer(*first);
+    if (Control* first = FirstIn(this)) Transfer(*first, Qt::TabFocusReason);
 }
 
 void FormWindow::Adopt(Control& control) {
     if (validating_ || transferring_ || activating_ || &control == Active() || !control.TakesFocus()) return;
-    Transfer(control);
+    Transfer(control, Qt::OtherFocusReason);
 }
 
 void FormWindow::LeaveDisabled() {
     if (!active_ || validating_) return;
-    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour);
+    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour, Qt::OtherFocusReason);
 }
 
 Control* FormWindow::Neighbour(bool next) const {
@@ -140,7 +152,7 @@ Control* FormWindow::Neighbour(bool next) const {
     QWidget* const start = active_ ? active_.data() : const_cast<FormWindow*>(this);
     for (QWidget* widget = step(start); widget != start; widget = step(widget)) {
         auto* control = dynamic_cast<Control*>(widget);
-        if (control && CanHaveFocus(*control) && widget->focusPolicy() & Qt::TabFocus) return control;
+        if (control && CanHaveFocus(*control) && IsTabStop(*control)) return control;
     }
     return nullptr;
 }
@@ -154,7 +166,7 @@ bool FormWindow::focusNextPrevChild(bool next) {
         return true;
     }
     Control* const neighbour = Neighbour(next);
-    if (neighbour) MoveFocus(*neighbour);
+    if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
     return neighbour != nullptr;
 }
 

@@ -12,6 +12,32 @@ class Form;
 
 // The window of a loaded form. It keeps which control has the focus, and how many of the form's events are
 // running.
+//
+// How the focus moves: all ways end in Transfer, which alone sets Active() and fires.
+//
+//   Tab, click, Alt+letter, Enter      the toolkit has moved it      the active control was
+//   on the default button, SetFocus    by itself                     disabled or hidden
+//             |                                 |                              |
+//         MoveFocus                           Adopt                      LeaveDisabled
+//         - a container: its first control    - not while one of         - the next control
+//         - inside a Validate: kept as          the others moves it        in tab order
+//           `wanted_`, nothing moves            or the form is shown           |
+//             |                                 |                              |
+//           LetGo  asks the control that is left, and may turn the way:        |
+//         - FinishEdit refused: it stays        |                              |
+//         - Validate asked for another          |                              |
+//           control by SetFocus: that one       |                              |
+//         - Validate said Cancel: it stays      |                              |
+//             |                                 |                              |
+//             +-----------> Transfer <----------+------------------------------+
+//                           1. the toolkit's focus goes (by Tab and Alt a text is selected)
+//                           2. Active() is the new control
+//                           3. LostFocus of the old one; a SetFocus in it ends this move
+//                           4. EnterFocus of the user control that was entered
+//                           5. GotFocus of the new one
+//
+// Between windows (a box, a list, another form or program) nothing moves: Active() stays, and FocusKeeper
+// gives the toolkit's focus back.
 class FormWindow : public QDialog {
   public:
     explicit FormWindow(Form& form);
@@ -21,7 +47,7 @@ class FormWindow : public QDialog {
 
     // Gives the focus to `target` by the rules of Control::SetFocus. False if it was held or went elsewhere
     // by Validate.
-    bool MoveFocus(Control& target);
+    bool MoveFocus(Control& target, Qt::FocusReason reason = Qt::OtherFocusReason);
     // Gives it to the first control in tab order, with its GotFocus, if none has it.
     void FocusFirst();
     // The focus left the active control without being asked for (it was disabled or hidden, or the toolkit
@@ -48,7 +74,7 @@ class FormWindow : public QDialog {
 
     Control* Neighbour(bool next) const;
     bool LetGo(Control& active, QPointer<QWidget>& destination);
-    void Transfer(Control& target);
+    void Transfer(Control& target, Qt::FocusReason reason);
 
     Form* form_;
     QPointer<QWidget> active_;

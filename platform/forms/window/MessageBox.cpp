@@ -1,12 +1,12 @@
 #include "platform/forms/window/MessageBox.h"
 
-#include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
-#include <QPointer>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
+#include "platform/forms/window/FocusKeeper.h"
 #include "platform/forms/window/Style.h"
 #include "platform/forms/window/TestSeams.h"
 
@@ -16,25 +16,22 @@ namespace {
 constexpr const char* UntrappedTitle = "Tovik Softwares";
 constexpr int YesNo = 4, Information = 64;
 constexpr int IconSide = 36;
+constexpr int FrameButtons = 140;  // pixels: the frame's icon and buttons, with a margin
 constexpr int AnswerOk = 1, AnswerYes = 6, AnswerNo = 7;
 
-// Remembers who had the focus and gives it back: the toolkit itself does not always do so.
-class FocusKeeper {
-  public:
-    FocusKeeper() : window_(QApplication::activeWindow()), widget_(QApplication::focusWidget()) {}
-    ~FocusKeeper() {
-        if (window_ && window_->isVisible()) window_->activateWindow();
-        if (widget_ && widget_->isVisible()) widget_->setFocus(Qt::ActiveWindowFocusReason);
-    }
-
-  private:
-    QPointer<QWidget> window_, widget_;
-};
+// The system's frame cuts a title that is longer than its box is wide.
+void MakeRoomForTitle(QMessageBox& box) {
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    auto* const rows = qobject_cast<QGridLayout*>(box.layout());
+    rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
+}
 
 int Ask(const std::string& text, int flags, const std::string& title) {
     const FocusKeeper keeper;
     const PointerPause pause;
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(keeper.Window());
     Style::Apply(box);
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
@@ -42,6 +39,7 @@ int Ask(const std::string& text, int flags, const std::string& title) {
     const char* const icon = flags & YesNo ? ":/forms/icons/question.svg" : ":/forms/icons/information.svg";
     if (flags & Information)
         box.setIconPixmap(QIcon(icon).pixmap(QSize(IconSide, IconSide), box.devicePixelRatio()));
+    MakeRoomForTitle(box);
     if (!(flags & YesNo)) {
         box.exec();
         return AnswerOk;

@@ -2,12 +2,12 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
+#include "platform/forms/window/FocusKeeper.h"
 #include "platform/forms/window/Style.h"
 
 namespace forms {
@@ -42,8 +42,7 @@ class Progress::Box : public QObject {
   public:
     Box(const std::string& what, int steps, Cancel cancel)
         : dialog_(ToQt(what), cancel == Cancel::Offered ? tr("&Cancel") : QString(), 0, steps,
-                  QApplication::activeWindow()),
-          focus_(QApplication::focusWidget()) {
+                  keeper_.Window()) {
         Style::Apply(dialog_);
         dialog_.setWindowTitle("Tovik Softwares");
         dialog_.setWindowModality(Qt::ApplicationModal);
@@ -64,10 +63,6 @@ class Progress::Box : public QObject {
         QCoreApplication::processEvents();  // what was typed meanwhile is dropped with the rest
         QCoreApplication::instance()->removeEventFilter(this);
         dialog_.hide();
-        if (focus_ && focus_->isVisible()) {
-            focus_->activateWindow();
-            focus_->setFocus(Qt::ActiveWindowFocusReason);
-        }
     }
 
     bool Step(int done) {
@@ -94,8 +89,8 @@ class Progress::Box : public QObject {
     }
 
   private:
+    const FocusKeeper keeper_;
     QProgressDialog dialog_;
-    QPointer<QWidget> focus_;
     QElapsedTimer since_, looked_;
     bool offered_ = false;
 };

@@ -311,6 +311,11 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     EXPECT_EQ(said("year " + Books() + " 1999", 1),
               "qmhost: the books know no year '1999' (see qmhost years)\n");
     EXPECT_EQ(CurrentYear(), "2001-2002\n");
+    // The flag is never seen to be missing, not even where the second of its two steps fails.
+    Ask("CREATE TRIGGER second_step BEFORE UPDATE ON Fnncl_Yr_Mstr WHEN NEW.Crrnt_Yr_Flg BEGIN SELECT "
+        "RAISE(ABORT, 'no'); END");
+    EXPECT_THAT(said("year " + Books() + " 2002", 1), HasSubstr("qmhost: the current year is 2001 still: "));
+    EXPECT_EQ(CurrentYear(), "2001-2002\n");
 }
 
 TEST_F(QmhostCommands, LedgersTakesACondition) {

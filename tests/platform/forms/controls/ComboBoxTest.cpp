@@ -82,6 +82,30 @@ TEST_F(ComboBoxTest, TheUserChoosesByKeyAndByList) {
     EXPECT_EQ(Active(form), "cmbList") << "the list is no other control";
 }
 
+// The press of such a key goes to the window that has the system's focus: the form's, where the list was
+// dropped before that came back from a box.
+TEST_F(ComboBoxTest, AKeyThatClosesTheListDoesNothingElse) {
+    form.ui().cmdSave->setDefault(true);
+    combo->SetFocus();
+    for (const auto& [key, modifiers] : {std::pair(Qt::Key_Return, Qt::NoModifier),
+                                         {Qt::Key_Enter, Qt::KeypadModifier},
+                                         {Qt::Key_Escape, Qt::NoModifier},
+                                         {Qt::Key_Down, Qt::AltModifier},
+                                         {Qt::Key_F4, Qt::NoModifier}}) {
+        SCOPED_TRACE(key);
+        combo->SetListIndex(1);
+        combo->OpenList();
+        ASSERT_TRUE(combo->view()->isVisible());
+        Logged();
+        SystemKey(key, modifiers);
+        EXPECT_FALSE(combo->view()->isVisible());
+        EXPECT_THAT(Logged(), IsEmpty());
+        EXPECT_TRUE(combo->hasFocus());
+    }
+    SystemKey(Qt::Key_Up);
+    EXPECT_THAT(Logged(), ElementsAre("Click 0")) << "the next key is the form's again";
+}
+
 TEST_F(ComboBoxTest, TypedLettersFindTheLineWithTheBlankInItsName) {
     for (const char* group : {"Current Liabilities", "Current Asset", "Asset"}) combo->AddItem(group);
     combo->SetFocus();

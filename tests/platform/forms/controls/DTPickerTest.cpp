@@ -44,6 +44,14 @@ TEST_F(DTPickerTest, TheCalendarOpensByKeyAndByCode) {
         EXPECT_FALSE(picker->calendarWidget()->isVisible());
         EXPECT_THAT(Logged(), IsEmpty());
     }
+    form.ui().cmdSave->setDefault(true);
+    for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
+        picker->OpenList();
+        SystemKey(key);
+        EXPECT_FALSE(picker->calendarWidget()->isVisible());
+        EXPECT_THAT(Logged(), IsEmpty()) << "the key that closes it does nothing else";
+        EXPECT_TRUE(picker->hasFocus());
+    }
 }
 
 TEST_F(DTPickerTest, TabLeavesItAtOnce) {

@@ -62,6 +62,12 @@ TEST_F(VSFlexGridTest, ACancelledMoveDoesNotHappen) {
     EXPECT_THAT(Logged(), ElementsAre("before 2,1", "before 2,0", "before 2,3"));
     EXPECT_EQ(control().Row(), 1);
     EXPECT_EQ(control().Col(), 0);
+    refusedRow = 5;  // a foot: the long ways stop before it
+    for (const auto& [key, col] : {std::pair(Qt::Key_PageDown, 0), {Qt::Key_End, 3}}) {
+        control().Select(1, 0);
+        Key(key, key == Qt::Key_End ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(At("", control().Row(), control().Col()), At("", 4, col));
+    }
 }
 
 TEST_F(VSFlexGridTest, TabLeavesWhereNoCellFollowsOrTheMoveIsRefused) {
@@ -174,6 +180,53 @@ TEST_F(VSFlexGridTest, AutoSizeFitsTheWidestPaintedText) {
     control().SetTextMatrix(0, 1, "A heading that is much wider");
     control().AutoSize(1, 1);
     EXPECT_GT(control().ColWidth(1), 2 * raw);
+}
+
+TEST_F(VSFlexGridTest, AColumnOfNamesTakesWhatTheOthersLeaveFree) {
+    VSFlexGrid& grid = control();
+    const int told = grid.CellRect(1, 1).width(), last = grid.CellRect(1, 3).width();
+    grid.SetGrowingCol(1);
+    grid.SetTextMatrix(2, 1, "Tea");
+    EXPECT_EQ(grid.CellRect(1, 1).width(), told) << "it fits";
+    grid.SetTextMatrix(2, 1, "Packing charges recovered from customers");
+    const int grown = grid.CellRect(1, 1).width();
+    EXPECT_GT(grown, QFontMetrics(grid.font()).horizontalAdvance("Packing charges recovered from customers"));
+    EXPECT_EQ(grid.CellRect(1, 3).width(), last - (grown - told));
+    grid.SetTextMatrix(2, 1, std::string(500, 'W'));
+    EXPECT_EQ(grid.CellRect(1, 3).right(), grid.viewport()->width() - 1) << "never more than there is";
+    EXPECT_EQ(PixelsFromTwips(grid.ColWidth(1), &grid), told);
+    grid.SetTextMatrix(2, 1, "b");
+    EXPECT_EQ(grid.CellRect(1, 1).width(), told);
+}
+
+TEST_F(VSFlexGridTest, OnlyAGridWithTheFocusFramesItsCell) {
+    VSFlexGrid& grid = control();
+    grid.Select(2, 1);
+    const auto edge = [&] {
+        const QRect cell = grid.CellRect(2, 1);
+        const QImage image = grid.viewport()->grab(cell).toImage();
+        return image.pixelColor(1, cell.height() / 2) != image.pixelColor(4, cell.height() / 2);
+    };
+    EXPECT_TRUE(edge());
+    form.ui().txtBefore->SetFocus();
+    EXPECT_FALSE(edge());
+}
+
+// A text that stands out into empty cells has no line of the grid through it.
+TEST_F(VSFlexGridTest, NoLineGoesThroughAText) {
+    VSFlexGrid& grid = control();
+    form.ui().txtBefore->SetFocus();
+    for (int col = 0; col < 2; ++col) grid.SetTextMatrix(3, col, "");
+    grid.SetColAlignment(1, Alignment::Right);
+    const auto line = [&] {
+        const QRect cell = grid.CellRect(3, 0);
+        const QColor corner =
+            grid.viewport()->grab(QRect(cell.right(), cell.top() + 1, 1, 1)).toImage().pixelColor(0, 0);
+        return corner != QColor(Qt::white);
+    };
+    EXPECT_TRUE(line());
+    grid.SetTextMatrix(3, 1, "Total Balance = ");
+    EXPECT_FALSE(line());
 }
 
 TEST_F(VSFlexGridTest, ASortedGridCarriesTheTicksWithTheirRows) {

@@ -117,5 +117,10 @@ class FormsTest : public testing::Test {
         QWidget* target = form.Window()->focusWidget() ? form.Window()->focusWidget() : form.Window();
         QTest::keyClick(target, key, modifiers);
     }
+    // A key as the system tells the toolkit of it: to the form's window, whatever has dropped over it.
+    void SystemKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            qt_handleKeyEvent(form.Window()->windowHandle(), type, key, modifiers);
+    }
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
 };

@@ -66,6 +66,29 @@ TEST_F(FocusTest, AltLetterMovesTheFocusBeforeItClicks) {
     EXPECT_EQ(Active(form), "optOne");
 }
 
+TEST_F(FocusTest, ATextThatIsEnteredByKeyIsSelectedAndAClickPlacesTheCursor) {
+    TextBox* const box = ui().txtSecond;
+    box->SetText("Balance");
+    const struct {
+        const char* what;
+        std::function<void()> enter;
+        const char* selected;
+    } ways[] = {
+        {"tab", [this] { Key(Qt::Key_Tab); }, "Balance"},
+        {"alt", [this] { Key(Qt::Key_C, Qt::AltModifier); }, "Balance"},
+        {"click", [this] { Click(ui().txtSecond); }, ""},
+        {"code", [this] { ui().txtSecond->SetFocus(); }, ""},
+        {"back", [this] { ui().txtThird->SetFocus(), Key(Qt::Key_Backtab, Qt::ShiftModifier); }, "Balance"},
+    };
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.what);
+        ui().txtFirst->SetFocus();
+        way.enter();
+        EXPECT_EQ(Active(form), "txtSecond");
+        EXPECT_EQ(box->selectedText(), way.selected);
+    }
+}
+
 TEST_F(FocusTest, SetFocusInsideValidateWins) {
     ui().txtFirst->Validate = [this](bool&) { ui().txtThird->SetFocus(); };
     Click(ui().cmdSave);

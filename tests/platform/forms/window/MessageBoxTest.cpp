@@ -67,13 +67,46 @@ TEST_F(MessageBoxTest, AnswersAndIcons) {
         {4, Qt::Key_Escape, 7, ""},
     };
     for (const auto& expected : boxes)
-        EXPECT_EQ(Ask("Are you sure ?", expected.flags,
-                      [&](QMessageBox& box) {
-                          EXPECT_EQ(box.iconPixmap().toImage(),
-                                    QIcon(expected.icon).pixmap(36, 36).toImage());
-                          QTest::keyClick(&box, expected.key);
-                      }),
-                  expected.answer);
+        EXPECT_EQ(
+            Ask("Are you sure ?", expected.flags,
+                [&](QMessageBox& box) {
+                    EXPECT_EQ(box.iconPixmap().toImage(), QIcon(expected.icon).pixmap(36, 36).toImage());
+                    for (const QAbstractButton* button : box.buttons())
+                        EXPECT_TRUE(button->icon().isNull()) << "no picture of the toolkit's";
+                    QFont title = box.font();
+                    title.setBold(true);
+                    EXPECT_GT(box.width(), QFontMetrics(title).horizontalAdvance(box.windowTitle()) + 100)
+                        << "with the frame's own buttons";
+                    QTest::keyClick(&box, expected.key);
+                }),
+            expected.answer);
+}
+
+// The system has not told yet that the form is active again when the next box or list comes.
+TEST_F(MessageBoxTest, WhatFollowsAtOnceStandsOverTheFormAndItsControlHasTheFocus) {
+    form.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.Window()));
+    ComboBox& list = *form.ui().cmbList;
+    list.AddItem("Receipt");
+    list.SetFocus();
+    for (const char* text : {"Cannot save Voucher", "Disk full"})
+        Ask(text, 64, [this](QMessageBox& box) {
+            EXPECT_EQ(box.parentWidget(), form.Window());
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+    EXPECT_TRUE(list.hasFocus());
+    list.OpenList();
+    qt_handleKeyEvent(form.Window()->windowHandle(), QEvent::KeyPress, Qt::Key_Escape, {});
+    EXPECT_TRUE(list.hasFocus());
+
+    frmTest picker(log);
+    picker.OnActivate = [&] { QTimer::singleShot(0, [&] { picker.Unload(); }); };
+    picker.Show(vbModal);
+    Ask("No items", 64, [this](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), form.Window());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_TRUE(list.hasFocus());
 }
 
 TEST_F(MessageBoxTest, GivesTheFocusBackAndFiresNothing) {
