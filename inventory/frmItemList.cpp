@@ -48,6 +48,7 @@ void frmItemList::PrepareGrid() {
     for (int col = 0; col < Columns; ++col) grid.SetTextMatrix(0, col, headings[col]);
     grid.SetColBoolean(TickCol, true);
     grid.SetColWidth(NameCol, 4000);
+    grid.SetGrowingCol(NameCol);
     grid.SetEditable(true);
 }
 

@@ -22,8 +22,8 @@ std::string DayOf(forms::DTPicker& date) {
 }
 
 // Yes and No, and no icon.
-bool Agreed(const std::string& question) {
-    return MsgBox(question, vbYesNo, AppTitle) == vbYes;
+bool Agreed(const std::string& question, int flags) {
+    return MsgBox(question, flags, AppTitle) == vbYes;
 }
 
 void Tell(const std::string& text) {
@@ -44,6 +44,7 @@ void frmPO::Wire() {
     ui().tvPO->NodeClick = [this](forms::Node&) { tvPO_NodeClick(); };
     ui().tvPO->Click = [this] { tvPO_NodeClick(); };
     ui().tvPO->SetLabelEdit(false);
+    ui().vsPODet->SetCellButtonPicture(ui().picButton->Picture());
     ui().vsPODet->Click = [this] { vsPODet_Click(); };
     ui().vsPODet->KeyDown = [this](int& keyCode, int) { vsPODet_KeyDown(keyCode); };
     ui().vsPODet->KeyPress = [this](int& keyAscii) {
@@ -78,12 +79,11 @@ void frmPO::Form_Unload() {
     terms_.clear();
 }
 
-void frmPO::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmPO::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 void frmPO::ResetPurchaseOrders() {
@@ -307,7 +307,7 @@ void frmPO::InsertLine(int row, const std::string& number) {
 void frmPO::cmdCancelPO_Click() {
     if (!ui().tvPO->SelectedItem()) return;
     const std::string number = SelectedNumber();
-    if (!Agreed("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?")) return;
+    if (!Agreed("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo)) return;
     if (!POUntouched(number))
         return Tell("One or more items have been received for Purchase Order No." + number +
                     "\r\n\r\nCannot Cancel !!!");
@@ -320,7 +320,8 @@ void frmPO::cmdCancelPO_Click() {
 // In no transaction, and the screen comes back empty in every case, also after No. Kept.
 void frmPO::cmdDeletePO_Click() {
     const std::string number = SelectedNumber();
-    if (!number.empty() && Agreed("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?")) {
+    if (!number.empty() &&
+        Agreed("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo + vbInformation)) {
         if (!POUntouched(number))
             Tell("One or more items have been received for Purchase Order No." + number +
                  "\r\n\r\nCannot Delete !!!");

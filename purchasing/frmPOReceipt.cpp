@@ -56,12 +56,11 @@ void frmPOReceipt::Wire() {
 }
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
-void frmPOReceipt::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 bool frmPOReceipt::IsSaved() {
@@ -121,6 +120,7 @@ void frmPOReceipt::SetupGrid() {
                    {"Qty. Prev.\r\nReceived", 1400},
                    {"Qty.\r\nReceived", 1300},
                    {"Remarks", 2600}};
+    grid.SetGrowingCol(NameCol);
     for (int col = 0; col < Columns; ++col) {
         grid.SetTextMatrix(0, col, columns[col].heading);
         grid.SetColWidth(col, columns[col].width);

@@ -38,8 +38,8 @@ const std::vector<Category>& Categories() {
     return categories;
 }
 
-constexpr int MenuRows = 20;
-constexpr int RowTwips = 210, CaptionTwips = 600, PictureTwips = 510, OptionTwips = 4200;
+constexpr int MenuRows = 20, Captions = 3;  // captions of each grid
+constexpr int Pixel = 15, RowTwips = 210, CaptionTwips = 600, PictureTwips = 510, OptionTwips = 4200;
 constexpr const char* OptionMark = ":/shell/icons/mark.svg";
 
 // Back colours of rows, and what each grid shows under the mouse and while pressed.
@@ -107,9 +107,20 @@ void frmNewMenu::Form_Load() {
         ui().vsFinOptions->SetCellPicture(category.Row, 0, category.Picture);
     }
     SetUp(*ui().vsOptions, 3, {0, 3, 6});
+    for (forms::VSFlexGrid* grid : {ui().vsFinOptions, ui().vsOptions})
+        grid->SetMouseIcon(ui().imgMouseIcon->Picture());
     ui().vsOptions->SetColWidth(0, PictureTwips);
     ui().vsOptions->SetColWidth(1, OptionTwips);
     Form_MouseMove();
+}
+
+// On a small display the rows between the captions give way.
+void frmNewMenu::Form_Activate() {
+    for (forms::VSFlexGrid* grid : {ui().vsFinOptions, ui().vsOptions}) {
+        const int left = (grid->Height() - Captions * CaptionTwips) / (MenuRows - Captions) / Pixel * Pixel;
+        for (int row = 0; row < MenuRows; ++row)
+            if (grid->RowHeight(row) != CaptionTwips) grid->SetRowHeight(row, std::clamp(left, 0, RowTwips));
+    }
 }
 
 void frmNewMenu::Form_MouseMove() {
@@ -139,7 +150,7 @@ void frmNewMenu::MarkOption(int row) {
     forms::VSFlexGrid& grid = *ui().vsOptions;
     for (int each = 0; each < MenuRows; ++each) {
         const bool marked = each == row && !grid.TextMatrix(each, 1).empty();
-        grid.SetCellPicture(each, 0, marked ? OptionMark : "");
+        grid.SetCellPicture(each, 0, marked ? OptionMark : ui().imgClear->Picture());
         Paint(grid, each, marked ? OptionShown : forms::NoColor);
     }
 }

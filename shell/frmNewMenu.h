@@ -29,6 +29,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
   protected:
     void Wire() override;
     void Form_Load() override;
+    void Form_Activate() override;
     void Form_MouseMove() override;
 
   private:

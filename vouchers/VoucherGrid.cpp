@@ -32,6 +32,7 @@ void VoucherGrid::SetUp() {
         grid_.SetTextMatrix(0, column, heading);
         if (width > 0) grid_.SetColWidth(column, width);
     }
+    grid_.SetGrowingCol(Ledger);
     grid_.SetColHidden(Changed, true);
     grid_.SetColHidden(Number, true);
     grid_.SetColBoolean(Changed, true);

@@ -107,18 +107,13 @@ void frmDayBook::Form_Resize() {
     list.SetColumnWidth(ledger, std::max(left, NarrowestLedger));
 }
 
-void frmDayBook::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'A', [this] { cmdAdd_Click(); }},
-               {'E', [this] { cmdEdit_Click(); }},
-               {'D', [this] { cmdDelete_Click(); }},
-               {'R', [this] { cmdRefresh_Click(); }},
-               {'X', [this] { Unload(); }},
-               {'F', [this] { cmdFilter_Click(); }},
-               {'O', [this] { cmdOk_Click(); }},
-               {'C', [this] { cmdClear_Click(); }},
-           });
+std::vector<forms::Form::Command> frmDayBook::CtrlCommands() {
+    return {
+        {'A', [this] { cmdAdd_Click(); }},    {'E', [this] { cmdEdit_Click(); }},
+        {'D', [this] { cmdDelete_Click(); }}, {'R', [this] { cmdRefresh_Click(); }},
+        {'X', [this] { Unload(); }},          {'F', [this] { cmdFilter_Click(); }},
+        {'O', [this] { cmdOk_Click(); }},     {'C', [this] { cmdClear_Click(); }},
+    };
 }
 
 void frmDayBook::OpenDayBook(const std::string& sql) {
@@ -128,6 +123,7 @@ void frmDayBook::OpenDayBook(const std::string& sql) {
 }
 
 void frmDayBook::ShowToday() {
+    ui().lvwDayBook->SetEmptyNote("No vouchers today. Filter (Ctrl+F) shows those of other days.");
     DayBookRecordset.SetFilter("LedgerTxnDate = " + DayNumber(basic::Clock::Today()));
 }
 
@@ -220,6 +216,7 @@ void frmDayBook::cmdOk_Click() {
     const std::string field = ui().cboFilterFld->Text(), value = ui().cboFilterValue->Text();
     const std::string from = DayNumber(ui().dtpDateFrom->Value());
     DayBookRecordset.SetFilter("");
+    ui().lvwDayBook->SetEmptyNote("No vouchers match the filter.");
     if (field == "Date Range")
         Reopen(" Where LedgerTxnDate >= " + from +
                " And LedgerTxnDate <= " + DayNumber(ui().dtpDateUpTo->Value()) + " Order by LedgerTxnDate");

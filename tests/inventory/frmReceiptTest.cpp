@@ -135,6 +135,10 @@ TEST_F(ReceiptTest, ReckonsTheBill) {
         Enter(1, 4, "0");
         Enter(2, 4, "0");
         EXPECT_EQ(ui().txtBillTotal->Text() + Column(5).back(), "");
+        Screen().Window()->resize(792, 564);
+        QApplication::processEvents();
+        for (const QWidget* box : {ui().txtBillTotal, ui().txtTotalAmt, ui().txtNetAmt})
+            EXPECT_GT(box->width(), box->fontMetrics().horizontalAdvance("1,234,567,890.00") + 20);
     });
 }
 

@@ -41,6 +41,7 @@ TEST_F(SelectiveTest, FillsOnceByFocusAndKeepsItsMarks) {
     Fill();
     qm::ucOPtSelective& shown = *screen.ui().ucItemLedger;
     EXPECT_EQ(Listed(), (Lines{"a", "b"}));
+    EXPECT_EQ(Active(screen), "optAll") << "not the button that closes the screen";
     EXPECT_FALSE(List().Enabled());
     EXPECT_FALSE(shown.ui().cmdOk->Enabled());
     Click(shown.ui().optSel);

@@ -103,6 +103,9 @@ TEST_F(DayBookTest, WithoutALineNothingIsDoneToOne) {
     Row(1, Today - 1, "5, 0");
     Show(form);
     EXPECT_EQ(Shown(), Lines{});
+    const QImage noted = List().grab().toImage();
+    List().SetEmptyNote("");
+    EXPECT_NE(List().grab().toImage(), noted) << "it says that nothing is there";
     for (const Qt::Key key : {Qt::Key_E, Qt::Key_D}) Ctrl(key);
     QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().CellRect(1, 1).center());
     Row(2, Today, "5, 0");
@@ -324,18 +327,21 @@ class DayBookDatesTest : public DayBookTest {
 TEST_F(DayBookDatesTest, OutsideTheYearGoesToItsFirstDayOrTheDayAfterIt) {
     Open("Date Range");
     ExpectYearRange();
-    Leave(*ui().dtpDateFrom, basic::MakeDate(2001, 3, 31));
+    ui().dtpDateFrom->SetFocus();
+    Type(form, "31032001\t");
     EXPECT_EQ(Active(form), "dtpDateFrom");
     EXPECT_EQ(Both(), "01/04/2001 10/05/2001");
+    Type(form, "15042001\t");
+    EXPECT_EQ(Both(), "15/04/2001 10/05/2001");
     Leave(*ui().dtpDateUpTo, basic::MakeDate(2002, 3, 31));
     EXPECT_EQ(Active(form), "cmdOk");
     ExpectYearRange();
     Leave(*ui().dtpDateUpTo, basic::MakeDate(2003, 1, 1));
-    EXPECT_EQ(Both(), "01/04/2001 01/04/2002");
+    EXPECT_EQ(Both(), "15/04/2001 01/04/2002");
     ExpectYearRange();
     Key(form, Qt::Key_Tab);
     EXPECT_EQ(Active(form), "dtpDateUpTo") << "the day that it was given is refused in turn";
-    EXPECT_EQ(Both(), "01/04/2001 01/04/2002");
+    EXPECT_EQ(Both(), "15/04/2001 01/04/2002");
 }
 
 TEST_F(DayBookDatesTest, ARangeThatEndsBeforeItBegins) {

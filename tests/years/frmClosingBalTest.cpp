@@ -51,6 +51,7 @@ TEST_F(ClosingBalTest, ManualSaveWritesTheFigureOfThisLedgerAndYearAndShowsNothi
 
 TEST_F(ClosingBalTest, OnlyTheKeysOfANumberAreTaken) {
     Open(stock, [&] {
+        EXPECT_EQ(Active(form), "optManually") << "the choice that stands";
         ui().txtClosingBal->SetFocus();
         Type(form, "a1,2 .e5-x+");
         EXPECT_EQ(ui().txtClosingBal->Text(), "12.5-");

@@ -1,12 +1,32 @@
 #include "platform/forms/controls/ImageList.h"
 
+#include <QPainter>
+
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/controls/TreeView.h"
 
 namespace forms {
+namespace {
+
+// On a selected row in white: the picture's own lines would be dark on its dark ground.
+QIcon WithSelected(const QIcon& drawn) {
+    QIcon icon;
+    for (const int side : {16, 32, 48, 64}) {
+        QPixmap picture = drawn.pixmap(QSize(side, side), 1);
+        icon.addPixmap(picture);
+        QPainter painter(&picture);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(picture.rect(), Qt::white);
+        painter.end();
+        icon.addPixmap(picture, QIcon::Selected);
+    }
+    return icon;
+}
+
+}  // namespace
 
 void ImageList::Add(const std::string& key, const std::string& image) {
-    icons_.insert(ToQt(key), QIcon(ToQt(image)));
+    icons_.insert(ToQt(key), WithSelected(QIcon(ToQt(image))));
 }
 
 QIcon ImageList::Icon(const std::string& key) const {

@@ -54,7 +54,7 @@ QRect CellPainter::CheckRect(const QRect& cell) {
 void CellPainter::Paint(const QRect& cell, const CellShown& shown) {
     painter_.save();
     painter_.setClipRect(cell, Qt::IntersectClip);
-    Ground(cell, shown);
+    painter_.fillRect(cell, Ground(shown));
     Lines(cell, shown);
     if (shown.HasCheck) Check(cell, shown.Checked);
     QRect room = cell.adjusted(Padding / 2, 0, -Padding / 2, -1);
@@ -68,16 +68,15 @@ void CellPainter::Paint(const QRect& cell, const CellShown& shown) {
     painter_.restore();
 }
 
-void CellPainter::Ground(const QRect& cell, const CellShown& shown) {
+QColor CellPainter::Ground(const CellShown& shown) const {
     const QPalette& palette = widget_.palette();
-    QColor back = shown.Back;
-    if (!back.isValid())
-        back = shown.Header ? Blend(palette.color(QPalette::Window), palette.color(QPalette::Text), 5)
-                            : palette.color(QPalette::Base);
+    const QColor mark = palette.color(QPalette::Highlight);
     if (shown.Mark == CellMark::Highlighted)
-        back = active_ ? palette.color(QPalette::Highlight)
-                       : Blend(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 30);
-    painter_.fillRect(cell, back);
+        return active_ ? mark : Blend(palette.color(QPalette::Base), mark, 30);
+    if (shown.Back.isValid()) return shown.Back;
+    if (shown.Header) return Blend(palette.color(QPalette::Window), palette.color(QPalette::Text), 5);
+    const bool left = shown.Mark == CellMark::Current && !active_;
+    return left ? Blend(palette.color(QPalette::Base), mark, 10) : palette.color(QPalette::Base);
 }
 
 void CellPainter::Lines(const QRect& cell, const CellShown& shown) {
@@ -86,9 +85,8 @@ void CellPainter::Lines(const QRect& cell, const CellShown& shown) {
         painter_.drawLine(cell.topRight(), cell.bottomRight());
         painter_.drawLine(cell.bottomLeft(), cell.bottomRight());
     }
-    if (shown.Mark == CellMark::Current) {
+    if (shown.Mark == CellMark::Current && active_) {  // a second frame would look like a second focus
         QPen pen(widget_.palette().color(QPalette::Highlight), 2);
-        if (!active_) pen.setColor(Blend(pen.color(), widget_.palette().color(QPalette::Base), 50));
         pen.setJoinStyle(Qt::MiterJoin);
         painter_.setPen(pen);
         painter_.drawRect(cell.adjusted(1, 1, -1, -1));
@@ -150,10 +148,12 @@ void CellPainter::Text(const QRect& room, const CellShown& shown) {
     if (!widget_.isEnabled()) color = widget_.palette().color(QPalette::Disabled, QPalette::Text);
     painter_.setPen(color);
     QRect place = room;
-    if (shown.Align == Alignment::Right &&
-        painter_.fontMetrics().horizontalAdvance(shown.Text) > room.width()) {
+    const int width = painter_.fontMetrics().horizontalAdvance(shown.Text);
+    if (shown.Align == Alignment::Right && width > room.width()) {
         place.setLeft(qMin(place.left(), shown.BlankFrom + Padding / 2));
         painter_.setClipRect(place);
+        painter_.fillRect(QRect(place.right() - width, place.top(), width + 1, place.height()),
+                          Ground(shown));  // no line of the grid goes through the text
     }
     QString text = shown.Text;
     text.replace(u'\t', u' ');  // a tab is as wide as it is drawn

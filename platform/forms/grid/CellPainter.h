@@ -51,7 +51,7 @@ class CellPainter {
     static constexpr int ArrowRoom = 12;  // what the mark of a sorted column takes from its heading
 
   private:
-    void Ground(const QRect& cell, const CellShown& shown);
+    QColor Ground(const CellShown& shown) const;
     void Lines(const QRect& cell, const CellShown& shown);
     void Check(const QRect& cell, bool checked);
     void Button(const QRect& cell, const CellShown& shown);

@@ -1,6 +1,8 @@
 #include "platform/forms/grid/FlexGrid.h"
 
+#include <QIcon>
 #include <algorithm>
+#include <numeric>
 
 #include "platform/basic/Error.h"
 #include "platform/basic/Format.h"
@@ -60,7 +62,7 @@ void FlexGrid::ClampCurrent() {
 
 void FlexGrid::SetTextMatrix(int row, int col, std::string text) {
     model_.SetText(row, col, std::move(text));
-    if (row < FixedRows()) LayoutChanged();  // a heading makes room for its lines
+    if (row < FixedRows() || col == growingCol_) LayoutChanged();  // it makes room for its text
     CellsChanged();
 }
 
@@ -112,6 +114,11 @@ void FlexGrid::SetColAlignment(int col, Alignment alignment) {
     CellsChanged();
 }
 
+void FlexGrid::SetGrowingCol(int col) {
+    growingCol_ = col;
+    LayoutChanged();
+}
+
 void FlexGrid::SetRow(int row) {
     Select(row, col_);
 }
@@ -157,8 +164,15 @@ int FlexGrid::CellHeight() const {
     return TwipsFromPixels(CellRect(row_, col_).height(), this);
 }
 
+void FlexGrid::SetMouseIcon(const std::string& picture) {
+    constexpr int Side = 24;
+    constexpr QPoint FingerTip(9, 2);
+    hand_ = QCursor(QIcon(ToQt(picture)).pixmap(QSize(Side, Side), devicePixelRatio()), FingerTip.x(),
+                    FingerTip.y());
+}
+
 void FlexGrid::SetMousePointer(int pointer) {
-    viewport()->setCursor(pointer == vbHand ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    viewport()->setCursor(pointer == vbHand ? hand_ : QCursor(Qt::ArrowCursor));
 }
 
 void FlexGrid::SetRedraw(bool redraw) {
@@ -200,7 +214,20 @@ void FlexGrid::MeasureCols(GridAxis& cols) const {
     std::vector<int> sizes;
     for (int col = 0; col < Cols(); ++col)
         sizes.push_back(model_.Column(col).Hidden ? 0 : PixelsFromTwips(ColWidth(col), this));
+    const int spare = viewport()->width() - std::accumulate(sizes.begin(), sizes.end(), 0);
+    if (growingCol_ >= 0 && growingCol_ < Cols() && !ColHidden(growingCol_)) {
+        int& size = sizes[static_cast<std::size_t>(growingCol_)];
+        size += std::clamp(Needed(growingCol_) - size, 0, std::max(0, spare));
+    }
     cols.Set(std::move(sizes), 0);
+}
+
+int FlexGrid::Needed(int col) const {
+    const TextMeasure measure(font());
+    int widest = 0;
+    for (int row = FixedRows(); row < Rows(); ++row)
+        widest = std::max(widest, measure.Width(model_.Text(row, col)));
+    return widest + CellPainter::Padding + RowPixels;
 }
 
 std::string FlexGrid::PaintedText(int row, int col) const {

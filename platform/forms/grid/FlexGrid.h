@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <string>
 #include <utility>
 
@@ -40,6 +41,9 @@ class FlexGrid : public GridView, public Control {
     bool ColHidden(int col) const { return model_.Column(col).Hidden; }
     void SetColHidden(int col, bool hidden);
     void SetColAlignment(int col, Alignment alignment);
+    // A column of names: where its texts need more than its width, it is shown wider by what the columns
+    // leave free, and only the rest goes to the last one. ColWidth stays as it was set.
+    void SetGrowingCol(int col);
 
     // The current cell. Moving it by code fires the move events like a user's move, and a cancelled move does
     // not happen.
@@ -56,7 +60,8 @@ class FlexGrid : public GridView, public Control {
     // The cell under the mouse; -1: none.
     int MouseRow() const { return RowAt(mouse_.y()); }
     int MouseCol() const { return ColAt(mouse_.x()); }
-    void SetMousePointer(int pointer);  // 0 or vbHand
+    void SetMouseIcon(const std::string& picture);  // what vbHand shows
+    void SetMousePointer(int pointer);              // 0 or vbHand
 
     void SetRedraw(bool redraw);  // False while many cells change
     void Refresh();
@@ -107,6 +112,7 @@ class FlexGrid : public GridView, public Control {
 
   private:
     void ClampCurrent();
+    int Needed(int col) const;  // pixels for the longest text of a column and its button
     void StepRow(int step);
     void GoTowards(int row, int col);
     void FireMouse(const Event<int, int, int, int>& event, const QMouseEvent& mouse);
@@ -114,7 +120,9 @@ class FlexGrid : public GridView, public Control {
     GridModel model_;
     int row_ = 0;
     int col_ = 0;
+    int growingCol_ = -1;
     QPoint mouse_{-1, -1};
+    QCursor hand_{Qt::PointingHandCursor};
     bool pressed_ = false;                // the press was on this grid and not refused
     bool doubled_ = false;                // it was the second of a double click
     std::pair<int, int> before_{-1, -1};  // the current cell when the mouse was pressed

@@ -129,6 +129,7 @@ bool GridView::event(QEvent* event) {
 }
 
 void GridView::resizeEvent(QResizeEvent*) {
+    measured_ = false;
     ArrangeScrollBars();
 }
 

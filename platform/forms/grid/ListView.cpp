@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <algorithm>
 #include <utility>
@@ -174,6 +175,19 @@ void ListView::SetSelectedIndex(int index) {
     ShowCell(selected_ + 1, 0);
     GridAccessible::Announce(*this, selected_ + 1, 0);
     CellsChanged();
+}
+
+void ListView::SetEmptyNote(const std::string& note) {
+    emptyNote_ = ToQt(note);
+    CellsChanged();
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+    GridView::paintEvent(event);
+    if (Count() > 0 || emptyNote_.isEmpty()) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyNote_);
 }
 
 void ListView::MeasureRows(GridAxis& rows) const {

@@ -29,6 +29,9 @@ class ListView : public GridView, public Control {
 
     std::string TypeName() const override { return "ListView"; }
 
+    // Painted in grey over a list without lines; none of its texts.
+    void SetEmptyNote(const std::string& note);
+
     // Columns count from 1, as ColumnClick does.
     void AddColumn(std::string caption, int width, Alignment alignment = Alignment::Left);  // width in twips
     int ColumnCount() const { return static_cast<int>(columns_.size()); }
@@ -66,6 +69,7 @@ class ListView : public GridView, public Control {
     QPoint Current() const override { return {0, SelectedIndex() > 0 ? SelectedIndex() : -1}; }
 
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void MeasureRows(GridAxis& rows) const override;
     void MeasureCols(GridAxis& cols) const override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -101,6 +105,7 @@ class ListView : public GridView, public Control {
     int pressedRow_ = -1;
     int pressedCol_ = -1;
     bool doubled_ = false;
+    QString emptyNote_;
 };
 
 }  // namespace forms

@@ -24,9 +24,11 @@ constexpr std::int32_t NoWindows =
 // Never destroyed: windows and their style may be in use until the process ends.
 void MakeApplication() {
     static int argc = 1;
-    static char name[] = "qmscreens";
+    static char name[] = "qmhost";  // the desktop finds the program's entry and icon by it
     static char* argv[] = {name, nullptr};
     new QApplication(argc, argv);
+    QApplication::setApplicationName(name);
+    QApplication::setDesktopFileName(name);
     QApplication::setQuitOnLastWindowClosed(false);
     Style::SetForApplication();
 }

@@ -1,7 +1,8 @@
 #include "platform/forms/window/Form.h"
 
+#include <QBoxLayout>
 #include <QEventLoop>
-#include <QLayout>
+#include <QGridLayout>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -29,17 +30,51 @@ std::vector<Form*>& Shown() {
     return shown;
 }
 
-void CentreOn(QWidget& window, const QWidget* below) {
-    const QScreen* screen = below ? below->screen() : window.screen();
-    const QRect room = screen->availableGeometry() - FrameAllowance;
-    window.resize(window.size().boundedTo(room.size()));
-    QRect place(QPoint(), window.size());
-    place.moveCenter(below ? below->geometry().center() : room.center());
+QRect RoomOn(const QScreen& screen) {
+    return screen.availableGeometry() - FrameAllowance;
+}
+
+// What a screen is too low for stands closer together.
+void Tighten(QWidget& window, int height) {
+    if (!window.layout() || window.minimumSizeHint().height() <= height) return;
+    for (QLayout* layout : window.findChildren<QLayout*>()) {
+        const QMargins margins = layout->contentsMargins();
+        layout->setContentsMargins(margins.left(), margins.top() / 2, margins.right(), margins.bottom() / 2);
+        auto* const grid = qobject_cast<QGridLayout*>(layout);
+        if (grid)
+            grid->setVerticalSpacing(2);
+        else if (qobject_cast<QVBoxLayout*>(layout))
+            layout->setSpacing(2);
+    }
+    window.layout()->activate();  // it held the window to its height
+}
+
+// Moves the window's place, without its frame, into the room; only as much as is needed.
+void PutInto(const QRect& room, QWidget& window, QRect place) {
     place.moveLeft(
         std::clamp(place.left(), room.left(), std::max(room.left(), room.right() - place.width() + 1)));
     place.moveTop(
         std::clamp(place.top(), room.top(), std::max(room.top(), room.bottom() - place.height() + 1)));
-    window.move(place.topLeft());
+    window.setGeometry(place);
+}
+
+void CentreOn(QWidget& window, const QWidget* below) {
+    const QRect room = RoomOn(*(below ? below : &window)->screen());
+    Tighten(window, room.height());
+    window.resize(window.size().boundedTo(room.size()));
+    QRect place(QPoint(), window.size());
+    place.moveCenter(below ? below->geometry().center() : room.center());
+    PutInto(room, window, place);
+}
+
+// After a size or a place was set on a window that is shown.
+void KeepOnScreen(QWidget& window) {
+    const QRect room = RoomOn(*window.screen());
+    if (!window.isVisible() || room.contains(window.geometry())) return;
+    Tighten(window, room.height());
+    QRect place = window.geometry();
+    place.setHeight(std::min(place.height(), room.height()));
+    PutInto(room, window, place);
 }
 
 }  // namespace
@@ -213,6 +248,7 @@ int Form::Top() {
 void Form::SetTop(int top) {
     EnsureLoaded();
     window_->move(window_->x(), PixelsFromTwips(top, window_));
+    KeepOnScreen(*window_);
 }
 
 int Form::Width() {
@@ -231,6 +267,7 @@ void Form::SetHeight(int height) {
     EnsureLoaded();
     if (QLayout* layout = window_->layout()) layout->activate();
     window_->resize(window_->width(), PixelsFromTwips(height, window_));
+    KeepOnScreen(*window_);
 }
 
 std::vector<basic::Control*> Form::Controls() {
@@ -247,10 +284,16 @@ Control* Form::ActiveControl() const {
     return window_ ? window_->Active() : nullptr;
 }
 
-void Form::OnCtrl(int keyCode, int shift, std::initializer_list<Command> commands) {
+void Form::Form_KeyDown(int keyCode, int shift) {
     if (!(shift & vbCtrlMask)) return;
-    for (const auto& [letter, run] : commands)
+    for (const auto& [letter, run] : CtrlCommands())
         if (letter == keyCode) return run();
+}
+
+bool Form::HasCommand(int keyCode) {
+    const auto commands = CtrlCommands();
+    return std::any_of(commands.begin(), commands.end(),
+                       [=](const Command& c) { return c.first == keyCode; });
 }
 
 }  // namespace forms

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QWindow>
 
+#include "platform/forms/controls/Button.h"
 #include "platform/forms/controls/UserControl.h"
 #include "platform/forms/window/Form.h"
 
@@ -15,13 +16,24 @@ bool CanHaveFocus(const Control& control) {
     return control.TakesFocus() && widget->isEnabled() && widget->isVisibleTo(widget->window());
 }
 
+// Whether Tab, and the focus of a form that opens, may come to it: of a group of options to the chosen one,
+// or to any where none is chosen.
+bool IsTabStop(const Control& control) {
+    const auto* const option = dynamic_cast<const OptionButton*>(&control);
+    if (option && option->Value()) return true;
+    if (option)
+        for (const auto* other :
+             option->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
+            if (other->isChecked() && other->isEnabled() && !other->isHidden()) return false;
+    return control.Widget()->focusPolicy() & Qt::TabFocus;
+}
+
 // The first control that can have the focus, in tab order, inside `container`; null if none.
 Control* FirstIn(QWidget* container) {
     QWidget* const start = container->window();
     for (QWidget* widget = start->nextInFocusChain(); widget != start; widget = widget->nextInFocusChain()) {
         auto* control = dynamic_cast<Control*>(widget);
-        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) &&
-            widget->focusPolicy() & Qt::TabFocus)
+        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) && IsTabStop(*control))
             return control;
     }
     return nullptr;
@@ -96,7 +108,10 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
         destination = active.Widget();
     }
     wanted_ = nullptr;
-    if (destination == active.Widget()) destination->setFocus(Qt::OtherFocusReason);
+    if (destination == active.Widget()) {
+        destination->setFocus(Qt::OtherFocusReason);
+        active.StartOver();
+    }
     return destination == sent;
 }
 
@@ -137,7 +152,7 @@ Control* FormWindow::Neighbour(bool next) const {
     QWidget* const start = active_ ? active_.data() : const_cast<FormWindow*>(this);
     for (QWidget* widget = step(start); widget != start; widget = step(widget)) {
         auto* control = dynamic_cast<Control*>(widget);
-        if (control && CanHaveFocus(*control) && widget->focusPolicy() & Qt::TabFocus) return control;
+        if (control && CanHaveFocus(*control) && IsTabStop(*control)) return control;
     }
     return nullptr;
 }
@@ -153,6 +168,10 @@ bool FormWindow::focusNextPrevChild(bool next) {
     Control* const neighbour = Neighbour(next);
     if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
     return neighbour != nullptr;
+}
+
+void FormWindow::reject() {
+    if (form_) RunEvent(this, [this] { form_->Form_Escape(); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -1,5 +1,6 @@
 #include "platform/forms/window/MessageBox.h"
 
+#include <QGridLayout>
 #include <QMessageBox>
 
 #include "platform/basic/Error.h"
@@ -12,10 +13,20 @@
 namespace forms {
 namespace {
 
-constexpr const char* DefaultTitle = "Tovik Softwares";
+constexpr const char* UntrappedTitle = "Tovik Softwares";
 constexpr int YesNo = 4, Information = 64;
 constexpr int IconSide = 36;
+constexpr int FrameButtons = 140;  // pixels: the frame's icon and buttons, with a margin
 constexpr int AnswerOk = 1, AnswerYes = 6, AnswerNo = 7;
+
+// The system's frame cuts a title that is longer than its box is wide.
+void MakeRoomForTitle(QMessageBox& box) {
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + FrameButtons;
+    auto* const rows = qobject_cast<QGridLayout*>(box.layout());
+    rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
+}
 
 int Ask(const std::string& text, int flags, const std::string& title) {
     const FocusKeeper keeper;
@@ -28,6 +39,7 @@ int Ask(const std::string& text, int flags, const std::string& title) {
     const char* const icon = flags & YesNo ? ":/forms/icons/question.svg" : ":/forms/icons/information.svg";
     if (flags & Information)
         box.setIconPixmap(QIcon(icon).pixmap(QSize(IconSide, IconSide), box.devicePixelRatio()));
+    MakeRoomForTitle(box);
     if (!(flags & YesNo)) {
         box.exec();
         return AnswerOk;
@@ -60,14 +72,13 @@ std::string Describe(const std::exception_ptr& error) {
 }  // namespace
 
 int ShowMessage(const std::string& text, int flags, const std::string& title) {
-    const std::string& shown = title.empty() ? DefaultTitle : title;
-    if (const auto answer = seams::TakeBox(text, flags, shown)) return *answer;
+    if (const auto answer = seams::TakeBox(text, flags, title)) return *answer;
     EnsureApplication();
-    return Ask(text, flags, shown);
+    return Ask(text, flags, title);
 }
 
 void ShowUntrappedError(std::exception_ptr error) {
-    ShowMessage(Describe(error), 0, DefaultTitle);
+    ShowMessage(Describe(error), 0, UntrappedTitle);
 }
 
 }  // namespace forms

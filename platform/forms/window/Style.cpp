@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QIcon>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
@@ -48,6 +49,8 @@ QString Sheet() {
 void Style::SetForApplication() {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(Colours());
+    RegisterResources();
+    QApplication::setWindowIcon(QIcon(":/forms/icons/program.svg"));
 }
 
 void Style::Apply(QWidget& window) {

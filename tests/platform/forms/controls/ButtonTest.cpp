@@ -37,6 +37,32 @@ TEST_F(ButtonTest, OptionsOfAFrameAreOneGroup) {
     EXPECT_TRUE(elsewhere->Value());
 }
 
+// In its picture, whoever gave it: a default button has a colour of its own, an option perhaps no mark yet.
+TEST_F(ButtonTest, TheFocusIsSeen) {
+    form.ui().cmdSave->setDefault(true);
+    auto* check = new CheckBox(form.ui().fmeBox);
+    form.ui().fmeBox->layout()->addWidget(check);
+    check->show();
+    for (Control* control :
+         std::initializer_list<Control*>{form.ui().cmdSave, form.ui().cmdExit, form.ui().optOne, check}) {
+        form.ui().txtFirst->SetFocus();
+        const QImage without = control->Widget()->grab().toImage();
+        control->SetFocus();
+        EXPECT_NE(control->Widget()->grab().toImage(), without) << control->Name();
+    }
+}
+
+TEST_F(ButtonTest, TabComesToTheChosenOption) {
+    const auto next = [this] {
+        form.ui().txtThird->SetFocus();
+        Key(Qt::Key_Tab);
+        return Active(form);
+    };
+    EXPECT_EQ(next(), "optOne");
+    form.ui().optTwo->SetValue(1);
+    EXPECT_EQ(next(), "optTwo");
+}
+
 TEST_F(ButtonTest, CheckBoxFiresOnEveryChange) {
     auto* check = new CheckBox(form.Window());
     form.Window()->layout()->addWidget(check);

@@ -38,6 +38,22 @@ TEST_F(ListViewTest, TheFirstLineIsSelectedAfterAFill) {
     EXPECT_THROW(control().Item(1), basic::Error);
 }
 
+TEST_F(ListViewTest, AnEmptyListShowsItsNoteAndItsFocus) {
+    const auto picture = [this] { return control().grab().toImage(); };
+    control().SetEmptyNote("Nothing here");
+    const QImage full = picture();
+    control().SetEmptyNote("");
+    EXPECT_EQ(picture(), full) << "lines hide it";
+    control().Clear();
+    const QImage bare = picture();
+    control().SetEmptyNote("Nothing here");
+    EXPECT_NE(picture(), bare);
+    EXPECT_EQ(control().Count(), 0);
+    control().SetEmptyNote("");
+    form.ui().txtBefore->SetFocus();
+    EXPECT_NE(picture(), bare) << "its frame tells that it has the focus";
+}
+
 TEST_F(ListViewTest, SortsTextsStablyAndKeepsTheSelectedLine) {
     ListView& list = control();
     list.SetSelectedIndex(2);

@@ -63,6 +63,21 @@ TEST_F(TreeViewTest, EqualKeysAndMissingRelativesAreRefused) {
     tree.Add("", 0, "R1", "Bank");  // free again
 }
 
+TEST_F(TreeViewTest, APictureIsLightOnASelectedRow) {
+    ImageList images;
+    images.Add("Received", ":/forms/icons/received.svg");
+    const auto shade = [&](QIcon::Mode mode) {
+        const QImage image = images.Icon("Received").pixmap(QSize(16, 16), 2, mode).toImage();
+        int light = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (qAlpha(image.pixel(x, y)) > 200) light = std::max(light, qGray(image.pixel(x, y)));
+        return light;
+    };
+    EXPECT_LT(shade(QIcon::Normal), 100);
+    EXPECT_GT(shade(QIcon::Selected), 200);
+}
+
 TEST_F(TreeViewTest, SortsWhereTold) {
     EXPECT_EQ(Texts(), "Suppliers sharma Anand Bank ");
     control().SetSorted(true);
@@ -133,15 +148,21 @@ TEST_F(LabelEditTest, ARebuiltTreeThrowsTheLabelAway) {
     EXPECT_EQ(Texts(), "Suppliers sharma Anand Bank ");
 }
 
-TEST_F(LabelEditTest, LeavingAndCtrlLetterCompleteTheEdit) {
+TEST_F(LabelEditTest, LeavingCompletesItACommandDropsItAndOtherLettersAreItsOwn) {
     Key(Qt::Key_F2);
-    Type("Verma");
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(static_cast<QLineEdit*>(Focused())->text(), "");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(static_cast<QLineEdit*>(Focused())->text(), "sharma");
+    EXPECT_THAT(Logged(), IsEmpty());
+    Type("Be");
     Key(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\sharma -> Verma", "Form D"));
+    EXPECT_THAT(Logged(), ElementsAre("Form D"));
+    EXPECT_EQ(control().Item("C5").Text(), "sharma");
     Key(Qt::Key_F2);
     Type("Gupta");
     form.ui().txtAfter->SetFocus();
-    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\Verma -> Gupta"));
+    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\sharma -> Gupta"));
     EXPECT_EQ(Active(), "txtAfter");
 }
 

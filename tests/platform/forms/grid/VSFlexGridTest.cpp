@@ -182,6 +182,53 @@ TEST_F(VSFlexGridTest, AutoSizeFitsTheWidestPaintedText) {
     EXPECT_GT(control().ColWidth(1), 2 * raw);
 }
 
+TEST_F(VSFlexGridTest, AColumnOfNamesTakesWhatTheOthersLeaveFree) {
+    VSFlexGrid& grid = control();
+    const int told = grid.CellRect(1, 1).width(), last = grid.CellRect(1, 3).width();
+    grid.SetGrowingCol(1);
+    grid.SetTextMatrix(2, 1, "Tea");
+    EXPECT_EQ(grid.CellRect(1, 1).width(), told) << "it fits";
+    grid.SetTextMatrix(2, 1, "Packing charges recovered from customers");
+    const int grown = grid.CellRect(1, 1).width();
+    EXPECT_GT(grown, QFontMetrics(grid.font()).horizontalAdvance("Packing charges recovered from customers"));
+    EXPECT_EQ(grid.CellRect(1, 3).width(), last - (grown - told));
+    grid.SetTextMatrix(2, 1, std::string(500, 'W'));
+    EXPECT_EQ(grid.CellRect(1, 3).right(), grid.viewport()->width() - 1) << "never more than there is";
+    EXPECT_EQ(PixelsFromTwips(grid.ColWidth(1), &grid), told);
+    grid.SetTextMatrix(2, 1, "b");
+    EXPECT_EQ(grid.CellRect(1, 1).width(), told);
+}
+
+TEST_F(VSFlexGridTest, OnlyAGridWithTheFocusFramesItsCell) {
+    VSFlexGrid& grid = control();
+    grid.Select(2, 1);
+    const auto edge = [&] {
+        const QRect cell = grid.CellRect(2, 1);
+        const QImage image = grid.viewport()->grab(cell).toImage();
+        return image.pixelColor(1, cell.height() / 2) != image.pixelColor(4, cell.height() / 2);
+    };
+    EXPECT_TRUE(edge());
+    form.ui().txtBefore->SetFocus();
+    EXPECT_FALSE(edge());
+}
+
+// A text that stands out into empty cells has no line of the grid through it.
+TEST_F(VSFlexGridTest, NoLineGoesThroughAText) {
+    VSFlexGrid& grid = control();
+    form.ui().txtBefore->SetFocus();
+    for (int col = 0; col < 2; ++col) grid.SetTextMatrix(3, col, "");
+    grid.SetColAlignment(1, Alignment::Right);
+    const auto line = [&] {
+        const QRect cell = grid.CellRect(3, 0);
+        const QColor corner =
+            grid.viewport()->grab(QRect(cell.right(), cell.top() + 1, 1, 1)).toImage().pixelColor(0, 0);
+        return corner != QColor(Qt::white);
+    };
+    EXPECT_TRUE(line());
+    grid.SetTextMatrix(3, 1, "Total Balance = ");
+    EXPECT_FALSE(line());
+}
+
 TEST_F(VSFlexGridTest, ASortedGridCarriesTheTicksWithTheirRows) {
     control().SetExplorerSort(true);
     for (int row = 1; row < 6; ++row)

@@ -122,6 +122,23 @@ TEST_F(FormTest, OpensCentredAndFitsTheScreen) {
     EXPECT_TRUE(form.Window()->screen()->availableGeometry().contains(form.Window()->geometry()));
 }
 
+TEST_F(FormTest, AWindowThatGrowsStaysOnTheScreen) {
+    Show();
+    const QRect screen = form.Window()->screen()->availableGeometry();
+    const auto shown = [&] { return screen.contains(form.Window()->geometry()); };
+    form.SetTop(TwipsFromPixels(screen.bottom() - 100, form.Window()));
+    EXPECT_TRUE(shown());
+    form.SetHeight(TwipsFromPixels(screen.height() + 50, form.Window()));
+    EXPECT_TRUE(shown());
+    while (form.Window()->minimumSizeHint().height() <= screen.height()) {
+        auto* const box = new TextBox(form.Window());
+        form.Window()->layout()->addWidget(box);
+        box->show();
+    }
+    form.SetHeight(0);
+    EXPECT_TRUE(shown()) << "its lines stand closer";
+}
+
 TEST_F(FormTest, WhatWasJustHiddenDoesNotHoldTheHeight) {
     Show();
     form.SetHeight(0);

@@ -10,13 +10,14 @@ namespace {
 // A real box over a real form; `act` is what the user does with it.
 class MessageBoxTest : public testing::Test {
   protected:
-    int Ask(const std::string& text, int flags, const std::function<void(QMessageBox&)>& act) {
+    int Ask(const std::string& text, int flags, const std::function<void(QMessageBox&)>& act,
+            const char* title = "Tovik Softwares") {
         QTimer::singleShot(0, [act] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             act(*box);
         });
-        return ShowMessage(text, flags, "");
+        return ShowMessage(text, flags, title);
     }
     EventLog log;
     frmTest form{log};
@@ -35,10 +36,21 @@ TEST_F(MessageBoxTest, LineEnds) {
         Ask(text, 0, [&](QMessageBox& box) {
             EXPECT_EQ(FromQt(box.text()), shown);
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.windowTitle(), "Tovik Softwares");
             QTest::keyClick(&box, Qt::Key_Escape);
         });
     }
+}
+
+// The window itself is asked: a title put in on the way to it would be no one's.
+TEST_F(MessageBoxTest, BearsTheTitleThatItWasGivenOrNone) {
+    for (const char* title : {"Tovik Softwares", ""})
+        Ask(
+            "text", 0,
+            [&](QMessageBox& box) {
+                EXPECT_EQ(box.windowTitle(), title);
+                QTest::keyClick(&box, Qt::Key_Escape);
+            },
+            title);
 }
 
 TEST_F(MessageBoxTest, AnswersAndIcons) {
@@ -55,13 +67,19 @@ TEST_F(MessageBoxTest, AnswersAndIcons) {
         {4, Qt::Key_Escape, 7, ""},
     };
     for (const auto& expected : boxes)
-        EXPECT_EQ(Ask("Are you sure ?", expected.flags,
-                      [&](QMessageBox& box) {
-                          EXPECT_EQ(box.iconPixmap().toImage(),
-                                    QIcon(expected.icon).pixmap(36, 36).toImage());
-                          QTest::keyClick(&box, expected.key);
-                      }),
-                  expected.answer);
+        EXPECT_EQ(
+            Ask("Are you sure ?", expected.flags,
+                [&](QMessageBox& box) {
+                    EXPECT_EQ(box.iconPixmap().toImage(), QIcon(expected.icon).pixmap(36, 36).toImage());
+                    for (const QAbstractButton* button : box.buttons())
+                        EXPECT_TRUE(button->icon().isNull()) << "no picture of the toolkit's";
+                    QFont title = box.font();
+                    title.setBold(true);
+                    EXPECT_GT(box.width(), QFontMetrics(title).horizontalAdvance(box.windowTitle()) + 100)
+                        << "with the frame's own buttons";
+                    QTest::keyClick(&box, expected.key);
+                }),
+            expected.answer);
 }
 
 // The system has not told yet that the form is active again when the next box or list comes.
