@@ -24,8 +24,8 @@ void frmLedger::Wire() {
     ui().cmdClose->Click = [this] { Unload(); };
 }
 
-void frmLedger::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift, {{'P', [this] { ui().cmdPrint->Click.Fire(); }}});
+std::vector<forms::Form::Command> frmLedger::CtrlCommands() {
+    return {{'P', [this] { ui().cmdPrint->Click.Fire(); }}};
 }
 
 void frmLedger::Form_Resize() {

@@ -38,7 +38,7 @@ class frmLedger : public forms::FormOf<Ui::frmLedger> {
   protected:
     void Wire() override;
     void Form_Resize() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void Append(const std::string& html) { report_ += html; }

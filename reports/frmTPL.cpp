@@ -21,10 +21,11 @@ void frmTPL::Form_Load() {
     ui().ucHTMLBox->Editable(false);
 }
 
-void frmTPL::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift, {{'P', [this] {
-                                 if (ui().cmdPrint->isEnabled()) ui().cmdPrint->Click.Fire();
-                             }}});
+std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
+    const auto print = [this] {
+        if (ui().cmdPrint->isEnabled()) ui().cmdPrint->Click.Fire();
+    };
+    return {{'P', print}};
 }
 
 // The totals of the ledgers stand as of the date until the screen closes.

@@ -12,7 +12,7 @@ class frmTPL : public forms::FormOf<Ui::frmTPL> {
     void Wire() override;
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void cmdView_Click();
