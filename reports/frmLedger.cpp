@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/basic/Format.h"
+#include "reports/ReportPaper.h"
 
 namespace qm {
 namespace {
@@ -11,7 +12,7 @@ struct Heading {
     const char *Title, *Span, *ToDateMask;
 };
 
-// The To date of the stock ledger is written unlike the others'. Kept.
+// The To date of the stock ledger is written unlike the others'. Kept 73.
 constexpr Heading Headings[] = {{"Stock Ledger", "7", "dd-MMM-yyyy"},
                                 {"Party Ledger", "6", "dd/MM/yyyy"},
                                 {"Trial Balance", "6", "dd/MM/yyyy"}};
@@ -23,6 +24,10 @@ void frmLedger::Wire() {
     ui().cmdClose->Click = [this] { Unload(); };
 }
 
+std::vector<forms::Form::Command> frmLedger::CtrlCommands() {
+    return {{'P', [this] { ui().cmdPrint->Click.Fire(); }}};
+}
+
 void frmLedger::Form_Resize() {
     const auto moveTo = [this](forms::CommandButton& button, double share) {
         button.Move(static_cast<int>(Width() * share), button.Top(), button.Width(), button.Height());
@@ -32,6 +37,7 @@ void frmLedger::Form_Resize() {
 }
 
 // The party ledger comes with the title "Ledger", so it has no heading; "Party Ledger" is kept all the same.
+// Kept 73.
 void frmLedger::BeginReport(const std::string& title) {
     report_ = "<html><head><title></title></head>";
     Append(
@@ -39,9 +45,11 @@ void frmLedger::BeginReport(const std::string& title) {
     const auto* const heading = std::find_if(std::begin(Headings), std::end(Headings),
                                              [&](const Heading& known) { return title == known.Title; });
     if (heading != std::end(Headings)) AppendHeading(title, heading->Span, heading->ToDateMask);
+    title_ = title;
+    begun_ = report_.size();
 }
 
-// The title's cell closes while its paragraph stays open. Kept: the text is compared and printed as it is.
+// The title's cell closes while its paragraph stays open. Kept 72: the text is compared and printed as it is.
 void frmLedger::AppendHeading(const std::string& title, const std::string& span, const char* toDateMask) {
     Append("<tr><td width='100%' colspan='" + span + "' height='27'>");
     Append("<p align='center'><font size='5'><b>");
@@ -58,9 +66,18 @@ void frmLedger::AppendHeading(const std::string& title, const std::string& span,
 
 // The report is read-only in the end: showing it sets the switch that Editable let go of.
 void frmLedger::EndReport() {
+    const bool blank = report_.size() == begun_;
     Append("</table></body></html>");
     ui().ucHTMLBox->Editable(false);
     ui().ucHTMLBox->SetHTMl(report_);
+    forms::DHTMLEdit& view = *ui().ucHTMLBox->ui().dhtEdit;
+    view.SetPaper(PaperOf());
+    view.SetBlankHint(blank ? "Nothing to show for this period" : "");
+}
+
+// A trial balance holds all up to its date; the from date in its heading is another report's. Kept 70.
+forms::html::Paper frmLedger::PaperOf() const {
+    return ReportPaper(title_, title_ == "Trial Balance" ? Period(toDate_) : Period(fromDate_, toDate_));
 }
 
 }  // namespace qm

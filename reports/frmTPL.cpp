@@ -6,6 +6,7 @@
 #include "platform/forms/window/Application.h"
 #include "reports/FinalResults.h"
 #include "reports/LedgerTotals.h"
+#include "reports/ReportPaper.h"
 
 namespace qm {
 
@@ -20,13 +21,21 @@ void frmTPL::Form_Load() {
     ui().ucHTMLBox->Editable(false);
 }
 
-// The totals of the ledgers stand as of the date until the screen closes.
+std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
+    const auto print = [this] {
+        if (ui().cmdPrint->isEnabled()) ui().cmdPrint->Click.Fire();
+    };
+    return {{'P', print}};
+}
+
+// The totals of the ledgers stand as of the date until the screen closes. Kept 69.
 void frmTPL::cmdView_Click() {
     const basic::Date upto = ui().dtpDate->Value();
     const forms::WaitPointer wait;
     RebuildLedgerTotals(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
     FinalResults::Build();
     ui().ucHTMLBox->SetHTMl(FinalResults(upto).Print());
+    ui().ucHTMLBox->ui().dhtEdit->SetPaper(ReportPaper(Caption(), Period(upto)));
     ui().cmdPrint->SetEnabled(true);
     ui().cmdView->SetEnabled(false);
 }
