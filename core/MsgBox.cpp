@@ -8,6 +8,7 @@
 #include "platform/ado/Constants.h"
 #include "platform/ado/Maintenance.h"
 #include "platform/basic/Display.h"
+#include "platform/basic/Error.h"
 #include "platform/basic/Text.h"
 
 namespace qm {
@@ -27,18 +28,28 @@ int TellStandardError(const std::string& text, int flags, const std::string& tit
     return (flags & vbYesNo) != 0 ? vbNo : vbOK;
 }
 
-// A box that tells of something done must not be undone by a power cut.
+int Show(const std::string& text, int flags, const std::string& title) {
+    if (!Port() && DisplayIsThere() && basic::DisplayAnswers()) LoadScreens();
+    return Port() ? Port()(text, flags, title) : TellStandardError(text, flags, title);
+}
+
+// A box that tells of something done must not be undone by a power cut. Where the disk fails, that is told
+// first, and the box comes all the same: its caller goes on as it is told.
 void PutOnDisk() {
     const ado::ConnectionPtr& books = shared().Connection;
-    if (books && books->State() == ado::adStateOpen) ado::Flush(*books);
+    if (!books || books->State() != ado::adStateOpen) return;
+    try {
+        ado::Flush(*books);
+    } catch (const basic::Error& failure) {
+        Show(failure.Description, vbOKOnly, AppTitle);
+    }
 }
 
 }  // namespace
 
 int MsgBox(const std::string& text, int flags, const std::string& title) {
     if ((flags & vbInformation) != 0) PutOnDisk();
-    if (!Port() && DisplayIsThere() && basic::DisplayAnswers()) LoadScreens();
-    return Port() ? Port()(text, flags, title) : TellStandardError(text, flags, title);
+    return Show(text, flags, title);
 }
 
 MsgBoxPort SetMsgBoxPort(MsgBoxPort port) {

@@ -58,8 +58,8 @@ void Undo(int depth, std::size_t known) {
 }  // namespace
 
 bool AllOrNothing(const std::function<bool()>& work) {
-    const int depth = qm::Conn().BeginTrans();
     const std::size_t known = LogRows(0).size();
+    const int depth = qm::Conn().BeginTrans();
     try {
         if (work()) {
             qm::Conn().CommitTrans();

@@ -118,7 +118,11 @@ LogFate SettleLog(const std::string& path, const std::string& password) {
             break;
     }
     const std::string aside = basic::DatedName(file).string() + "-wal";
-    basic::RenameTo(file + "-wal", aside);
+    if (!basic::RenameTo(file + "-wal",
+                         aside))  // another took that name: nothing may open the books with this log
+        throw basic::Error(error::Locked,
+                           "Another program is at work on the log beside '" + path + "'. Try again.",
+                           "ado.Engine");
     basic::SyncToDisk(fs::path(file).parent_path());
     return {.setAside = aside};
 }

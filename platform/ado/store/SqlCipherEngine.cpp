@@ -159,8 +159,12 @@ void SqlCipherEngine::Commit() {
         throw basic::Error(failure.Number, TextOfLostCommit(failure.Description), failure.Source);
     }
     // A commit that wrote nothing waits for nothing; what was written loosely before must not stay behind it.
-    if (undone_ || sqlite3_total_changes(store_.Get()) == changesAtBegin_) Flush();
-    looseWritten_ = false;
+    // The commit itself stands: a disk that fails now is told by the next that waits for it.
+    try {
+        if (undone_ || sqlite3_total_changes(store_.Get()) == changesAtBegin_) Flush();
+        looseWritten_ = false;
+    } catch (const basic::Error&) {
+    }
 }
 
 void SqlCipherEngine::Rollback() {
@@ -229,7 +233,12 @@ void SqlCipherEngine::SyncLog() {
 // The moment is fixed by the first read, not by BEGIN.
 void SqlCipherEngine::BeginRead() {
     store_.Run("BEGIN");
-    store_.Ask("SELECT count(*) FROM sqlite_master");
+    try {
+        store_.Ask("SELECT count(*) FROM sqlite_master");
+    } catch (...) {
+        if (InTransaction()) Rollback();
+        throw;
+    }
 }
 
 void SqlCipherEngine::EndRead() {

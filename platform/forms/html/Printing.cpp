@@ -77,9 +77,8 @@ void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& 
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* to) {
         RunEvent(parent, [&] {
             if (const QSize now = Pages::RoomOf(*to); !pages || now != room) {
-                SetMousePointer(vbHourglass);
+                const WaitPointer waiting;
                 pages = std::make_unique<Pages>(document, font, room = now, paper);
-                SetMousePointer(vbDefault);
             }
             PrintChosen(*pages, *to);
         });

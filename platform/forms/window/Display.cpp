@@ -1,6 +1,7 @@
 #include "platform/forms/window/Display.h"
 
 #include <QApplication>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <map>
@@ -46,7 +47,10 @@ bool StartsInChild() {
     if (child == 0) TryToStart();
     if (child < 0) return false;
     pollfd ending{static_cast<int>(::syscall(SYS_pidfd_open, child, 0)), POLLIN, 0};
-    if (::poll(&ending, 1, Patience) != 1) ::kill(child, SIGKILL);
+    int polled = -1;
+    do polled = ::poll(&ending, 1, Patience);
+    while (polled < 0 && errno == EINTR);
+    if (polled != 1) ::kill(child, SIGKILL);
     if (ending.fd >= 0) ::close(ending.fd);
     int status = 0;
     return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
