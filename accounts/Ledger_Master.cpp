@@ -91,6 +91,7 @@ void Ledger_Master::Wire() {
     ui().Combo1->Click = [this] { ApplyGroupLayout(); };
     ui().Combo1->Validate = [this](bool&) { Combo1_Validate(); };
     ui().Text2->Validate = [this](bool&) { Text2_Validate(); };
+    ui().txtLedgerId->Change = [this] { ShowStockButton(); };
     ui().cmdStkClBal->Click = [this] { cmdStkClBal_Click(); };
 }
 
@@ -184,19 +185,24 @@ void Ledger_Master::ShowBalance(ado::Recordset& record) {
     ui().Text2->SetText(basic::TextOrEmpty(record["Opening_Bal"]));
 }
 
-// The button of the stock ledgers follows the group as it is chosen, not IsNewLedger as it changes.
 void Ledger_Master::ApplyGroupLayout() {
     const std::string group = ui().Combo1->Text();
     if (IsParty(group)) {
         ui().frSupplier->SetVisible(true);
         SetHeight(PartyHeight);
         if (Top() >= LowestTop) SetTop(PartyTop);
-        ui().cmdStkClBal->SetVisible(false);
     } else {
         ui().frSupplier->SetVisible(false);
         SetHeight(ui().ucAddPanel1->Height() + HeightAbovePanel);
-        ui().cmdStkClBal->SetVisible(group == "Stock in Hand" && !IsNewLedger);
     }
+    ShowStockButton();
+}
+
+// For a ledger that stands, however it came to the screen; only such a one has a number. IsNewLedger does not
+// tell: it is still set when the first ledger is found, and cleared when an Add is refused.
+void Ledger_Master::ShowStockButton() {
+    const bool stands = !basic::Trim(ui().txtLedgerId->Text()).empty();
+    ui().cmdStkClBal->SetVisible(stands && ui().Combo1->Text() == "Stock in Hand");
 }
 
 // Both empty are equal too. Kept.
@@ -289,16 +295,18 @@ void Ledger_Master::DeleteLedger() {
 }
 
 // A party is marked, not removed, and nothing is told of it. The books as delivered have no year in
-// Ledger_Master, so there the statement fails; no column may be added to them, and the user hears what does
-// work.
+// Ledger_Master, so there the statement fails; no column may be added to them, and the user hears what the
+// Group Master would do: it marks suppliers only.
 bool Ledger_Master::RetireParty() {
     try {
         Conn().Execute("Update Ledger_Master Set Deleted = True Where Ledger_ID=" + ui().txtLedgerId->Text() +
                        " And Fnncl_Yr = " + shared().FinYear);
         return true;
     } catch (const basic::Error& error) {
-        Tell(error.Description +
-             "\r\n\r\nNothing was changed. To retire a debtor or supplier, delete it in the Group Master.");
+        const bool supplier = ui().Combo1->Text() == "Suppliers";
+        Tell(error.Description + "\r\n\r\nNothing was changed. " +
+             (supplier ? "To retire a supplier, delete it in the Group Master."
+                       : "A debtor cannot be retired: the Group Master would remove it for good."));
         return false;
     }
 }

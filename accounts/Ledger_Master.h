@@ -28,6 +28,7 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     void ShowLedgerRecord(ado::Recordset& record);
     void ShowBalance(ado::Recordset& record);
     void ApplyGroupLayout();
+    void ShowStockButton();
     void EnableControls();
     void Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*beyond)() const, const char* atEnd,
               void (ado::Recordset::*back)());

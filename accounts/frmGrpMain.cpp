@@ -77,13 +77,12 @@ void frmGrpMain::Form_Unload() {
     ledgers_->Close();
 }
 
-void frmGrpMain::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'A', [this] { cmdAdd_Click(); }},
-               {'D', [this] { cmdDelete_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmGrpMain::CtrlCommands() {
+    return {
+        {'A', [this] { cmdAdd_Click(); }},
+        {'D', [this] { cmdDelete_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 // The voucher screen calls it too, when it closes.

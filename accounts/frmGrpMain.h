@@ -20,7 +20,7 @@ class frmGrpMain : public forms::FormOf<Ui::frmGrpMain> {
     void Form_Activate() override { Form_Resize(); }
     void Form_Unload() override;
     void Form_Resize() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void Form_Refresh();

@@ -16,12 +16,12 @@ constexpr int QtyLength = 9, NoteLength = 99;  // characters
 
 }  // namespace
 
-void StockGrid::Wire() const {
+void StockGrid::Wire(const forms::PictureBox& picButton) const {
     const StockGrid self = *this;
     grid_->SetCols(Columns);
     grid_->SetCol(NameCol);  // the columns before it are hidden
     grid_->SetEditable(true);
-    grid_->SetCellButtonPicture(":/forms/icons/ellipsis.svg");
+    grid_->SetCellButtonPicture(picButton.Picture());
     grid_->BeforeEdit = [self](int row, int col, bool& cancel) { self.BeforeEdit(row, col, cancel); };
     grid_->KeyPressEdit = [](int, int col, int& keyAscii) {
         if (col == QtyCol) KeepFigures(keyAscii);
@@ -81,9 +81,11 @@ void StockGrid::BeforeEdit(int row, int col, bool& cancel) const {
 // From the empty row only. An item that is there already is told, and the next one tried.
 void StockGrid::AddPicked(int row) const {
     if (!Text(row, ItemCol).empty()) return;
-    for (const PickedItem& item : PickItems()) {
+    const std::vector<PickedItem> picked = PickItems();
+    std::unordered_set<std::string> there = Items();
+    for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
-        if (Has(id)) {
+        if (!there.insert(id).second) {
             Tell("Item '" + item.Name + "' is already present in the list\r\n\r\nCannot add");
             continue;
         }
@@ -95,10 +97,10 @@ void StockGrid::AddPicked(int row) const {
     }
 }
 
-bool StockGrid::Has(const std::string& item) const {
-    for (int row = 1; row < grid_->Rows(); ++row)
-        if (Text(row, ItemCol) == item) return true;
-    return false;
+std::unordered_set<std::string> StockGrid::Items() const {
+    std::unordered_set<std::string> items;
+    for (int row = 1; row < grid_->Rows(); ++row) items.insert(Text(row, ItemCol));
+    return items;
 }
 
 bool StockGrid::Remove(int row, const std::string& done) const {

@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string>
+#include <unordered_set>
 
 #include "platform/basic/Value.h"
+#include "platform/forms/controls/Label.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 
 namespace qm {
@@ -18,7 +20,7 @@ class StockGrid {
     StockGrid(forms::VSFlexGrid& grid, int totalRows) : grid_(&grid), totalRows_(totalRows) {}
 
     // Once for each window: sets the handlers that all such grids share. The screen sets the others.
-    void Wire() const;
+    void Wire(const forms::PictureBox& picButton) const;  // which holds the picture of the item button
     // Lays the empty grid out, with the entry row as its last.
     void Setup(int qtyWidth) const;
     // Adds the rows of a movement above the entry row, which is the last. The field is the one of the
@@ -41,7 +43,7 @@ class StockGrid {
   private:
     void BeforeEdit(int row, int col, bool& cancel) const;
     void AddPicked(int row) const;
-    bool Has(const std::string& item) const;
+    std::unordered_set<std::string> Items() const;  // those that have a row
 
     forms::VSFlexGrid* grid_;
     int totalRows_;

@@ -19,7 +19,7 @@ constexpr int QtyWidth = 2000;
 }  // namespace
 
 void frmIssues::Wire() {
-    Grid().Wire();
+    Grid().Wire(*ui().picButton);
     ui().cmbTxnNo->Change = [this] { FillIssueGrid(); };
     ui().cmbTxnNo->Click = [this] { FillIssueGrid(); };
     ui().vsIssue->AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
@@ -36,12 +36,11 @@ void frmIssues::Load(std::int32_t trnNo) {
     Show(forms::vbModal);
 }
 
-void frmIssues::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmIssues::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 void frmIssues::FillIssueNumbers() {

@@ -19,7 +19,7 @@ class frmIssues : public forms::FormOf<Ui::frmIssues> {
 
   protected:
     void Wire() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     StockGrid Grid() { return {*ui().vsIssue, 0}; }

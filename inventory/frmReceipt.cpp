@@ -36,7 +36,7 @@ std::string frmReceipt::NumberOfText() {
 void frmReceipt::Wire() {
     ui().cmbReceipt->Change = [this] { LoadReceipt(); };
     ui().cmbReceipt->Click = [this] { LoadReceipt(); };
-    Grid().Wire();
+    Grid().Wire(*ui().picButton);
     ui().vsReceipt->BeforeRowColChange = [this](int, int, int row, int, bool& cancel) {
         cancel = IsTotalRow(*ui().vsReceipt, row);
     };
@@ -58,12 +58,11 @@ void frmReceipt::Load(std::int32_t trnNo) {
 }
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
-void frmReceipt::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { cmdExit_Click(); }},
-           });
+std::vector<forms::Form::Command> frmReceipt::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { cmdExit_Click(); }},
+    };
 }
 
 void frmReceipt::FillReceiptNumbers() {

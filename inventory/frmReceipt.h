@@ -20,7 +20,7 @@ class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
 
   protected:
     void Wire() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     StockGrid Grid();

@@ -19,7 +19,6 @@ void OrderGrid::Setup() const {
     grid_->SetColWidth(NameCol, 4000);
     grid_->SetGrowingCol(NameCol);
     grid_->SetColComboList(NameCol, "...");
-    grid_->SetCellButtonPicture(":/forms/icons/ellipsis.svg");
     for (const int figures : {RateCol, QtyCol}) {
         grid_->SetColWidth(figures, 1500);
         grid_->SetColAlignment(figures, forms::Alignment::Right);
@@ -67,21 +66,24 @@ void OrderGrid::Remove(int row) const {
         grid_->RemoveItem(row);
 }
 
-int OrderGrid::RowOf(const std::string& item) const {
-    for (int row = 1; row < grid_->Rows(); ++row)
-        if (Text(row, ItemCol) == item) return row;
-    return -1;
+std::unordered_map<std::string, int> OrderGrid::RowsByItem() const {
+    std::unordered_map<std::string, int> rows;
+    for (int row = 1; row < grid_->Rows(); ++row) rows.emplace(Text(row, ItemCol), row);
+    return rows;
 }
 
 void OrderGrid::AddPicked() const {
-    for (const PickedItem& item : PickItems()) {
+    const std::vector<PickedItem> picked = PickItems();
+    auto rows = RowsByItem();
+    for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
-        if (const int there = RowOf(id); there != -1) {
-            if (!IsRemoved(there)) Tell("Item '" + item.Name + "' already added !!!");
+        if (const auto there = rows.find(id); there != rows.end()) {
+            if (!IsRemoved(there->second)) Tell("Item '" + item.Name + "' already added !!!");
             continue;
         }
         if (!Text(grid_->Rows() - 1, ItemCol).empty()) grid_->SetRows(grid_->Rows() + 1);
         const int row = grid_->Rows() - 1;
+        rows.emplace(id, row);
         grid_->SetTextMatrix(row, ItemCol, id);
         grid_->SetTextMatrix(row, NameCol, item.Name);
         grid_->SetTextMatrix(row, RateCol, basic::NumberText(item.Price));

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 
 #include "platform/forms/grid/VSFlexGrid.h"
 
@@ -37,7 +38,7 @@ class OrderGrid {
     void AddPicked() const;
 
   private:
-    int RowOf(const std::string& item) const;  // -1: none
+    std::unordered_map<std::string, int> RowsByItem() const;  // the first row of each
 
     forms::VSFlexGrid* grid_;
 };

@@ -24,8 +24,6 @@ std::string DayOf(forms::DTPicker& date) {
     return basic::ToText(DateNumber(date.Value()));
 }
 
-constexpr int NoIcon = vbYesNo;
-
 }  // namespace
 
 void frmPO::Wire() {
@@ -34,6 +32,7 @@ void frmPO::Wire() {
     ui().tvPO->NodeClick = [this](forms::Node&) { tvPO_NodeClick(); };
     ui().tvPO->Click = [this] { tvPO_NodeClick(); };
     ui().tvPO->SetLabelEdit(false);
+    ui().vsPODet->SetCellButtonPicture(ui().picButton->Picture());
     ui().vsPODet->Click = [this] { vsPODet_Click(); };
     ui().vsPODet->KeyDown = [this](int& keyCode, int) { vsPODet_KeyDown(keyCode); };
     ui().vsPODet->KeyPress = [this](int& keyAscii) {
@@ -68,12 +67,11 @@ void frmPO::Form_Unload() {
     terms_.clear();
 }
 
-void frmPO::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmPO::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 void frmPO::ResetPurchaseOrders() {
@@ -297,7 +295,7 @@ void frmPO::InsertLine(int row, const std::string& number) {
 void frmPO::cmdCancelPO_Click() {
     if (!ui().tvPO->SelectedItem()) return;
     const std::string number = SelectedNumber();
-    if (!Ask("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?", NoIcon)) return;
+    if (!Ask("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo)) return;  // no icon
     if (!POUntouched(number))
         return Tell("One or more items have been received for Purchase Order No." + number +
                     "\r\n\r\nCannot Cancel !!!");
@@ -310,7 +308,7 @@ void frmPO::cmdCancelPO_Click() {
 // In no transaction, and the screen comes back empty in every case, also after No. Kept.
 void frmPO::cmdDeletePO_Click() {
     const std::string number = SelectedNumber();
-    if (!number.empty() && Ask("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?", NoIcon)) {
+    if (!number.empty() && Ask("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?")) {
         if (!POUntouched(number))
             Tell("One or more items have been received for Purchase Order No." + number +
                  "\r\n\r\nCannot Delete !!!");

@@ -22,7 +22,7 @@ class frmPO : public forms::FormOf<Ui::frmPO> {
     void Wire() override;
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     OrderGrid Lines() { return OrderGrid(*ui().vsPODet); }

@@ -60,12 +60,11 @@ void frmPOReceipt::Wire() {
 }
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
-void frmPOReceipt::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
+    return {
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 bool frmPOReceipt::IsSaved() {

@@ -19,7 +19,7 @@ class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
 
   protected:
     void Wire() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     BillBoxes Boxes() { return BillBoxes(ui()); }

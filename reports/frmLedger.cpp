@@ -4,6 +4,7 @@
 
 #include "core/Masks.h"
 #include "platform/basic/Format.h"
+#include "reports/ReportPaper.h"
 
 namespace qm {
 namespace {
@@ -24,6 +25,10 @@ void frmLedger::Wire() {
     ui().cmdClose->Click = [this] { Unload(); };
 }
 
+std::vector<forms::Form::Command> frmLedger::CtrlCommands() {
+    return {{'P', [this] { ui().cmdPrint->Click.Fire(); }}};
+}
+
 void frmLedger::Form_Resize() {
     const auto moveTo = [this](forms::CommandButton& button, double share) {
         button.Move(static_cast<int>(Width() * share), button.Top(), button.Width(), button.Height());
@@ -40,6 +45,8 @@ void frmLedger::BeginReport(const std::string& title) {
     const auto* const heading = std::find_if(std::begin(Headings), std::end(Headings),
                                              [&](const Heading& known) { return title == known.Title; });
     if (heading != std::end(Headings)) AppendHeading(title, heading->Span, heading->ToDateMask);
+    title_ = title;
+    begun_ = report_.size();
 }
 
 // The title's cell closes while its paragraph stays open. Kept: the text is compared and printed as it is.
@@ -59,9 +66,18 @@ void frmLedger::AppendHeading(const std::string& title, const std::string& span,
 
 // The report is read-only in the end: showing it sets the switch that Editable let go of.
 void frmLedger::EndReport() {
+    const bool blank = report_.size() == begun_;
     Append("</table></body></html>");
     ui().ucHTMLBox->Editable(false);
     ui().ucHTMLBox->SetHTMl(report_);
+    forms::DHTMLEdit& view = *ui().ucHTMLBox->ui().dhtEdit;
+    view.SetPaper(PaperOf());
+    view.SetBlankHint(blank ? "Nothing to show for this period" : "");
+}
+
+// A trial balance holds all up to its date; the from date in its heading is another report's.
+forms::html::Paper frmLedger::PaperOf() const {
+    return ReportPaper(title_, title_ == "Trial Balance" ? Period(toDate_) : Period(fromDate_, toDate_));
 }
 
 }  // namespace qm

@@ -2,6 +2,7 @@
 
 #include "platform/ado/Recordset.h"
 #include "platform/forms/controls/Controls.h"
+#include "platform/forms/html/Paper.h"
 #include "ui_frmLedger.h"
 
 namespace qm {
@@ -37,12 +38,16 @@ class frmLedger : public forms::FormOf<Ui::frmLedger> {
   protected:
     void Wire() override;
     void Form_Resize() override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void Append(const std::string& html) { report_ += html; }
     void AppendHeading(const std::string& title, const std::string& span, const char* toDateMask);
 
-    std::string report_;
+    forms::html::Paper PaperOf() const;
+
+    std::string report_, title_;
+    std::size_t begun_ = 0;  // the report's length where the generators go on
     basic::Date fromDate_, toDate_;
 };
 

@@ -6,6 +6,7 @@
 #include "platform/forms/window/Application.h"
 #include "reports/FinalResults.h"
 #include "reports/LedgerTotals.h"
+#include "reports/ReportPaper.h"
 
 namespace qm {
 
@@ -20,6 +21,13 @@ void frmTPL::Form_Load() {
     ui().ucHTMLBox->Editable(false);
 }
 
+std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
+    const auto print = [this] {
+        if (ui().cmdPrint->isEnabled()) ui().cmdPrint->Click.Fire();
+    };
+    return {{'P', print}};
+}
+
 // The totals of the ledgers stand as of the date until the screen closes.
 void frmTPL::cmdView_Click() {
     const basic::Date upto = ui().dtpDate->Value();
@@ -27,6 +35,7 @@ void frmTPL::cmdView_Click() {
     RebuildLedgerTotals(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
     FinalResults::Build();
     ui().ucHTMLBox->SetHTMl(FinalResults(upto).Print());
+    ui().ucHTMLBox->ui().dhtEdit->SetPaper(ReportPaper(Caption(), Period(upto)));
     ui().cmdPrint->SetEnabled(true);
     ui().cmdView->SetEnabled(false);
 }

@@ -12,6 +12,7 @@ class frmTPL : public forms::FormOf<Ui::frmTPL> {
     void Wire() override;
     void Form_Load() override;
     void Form_Unload() override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void cmdView_Click();

@@ -107,6 +107,8 @@ void frmNewMenu::Form_Load() {
         ui().vsFinOptions->SetCellPicture(category.Row, 0, category.Picture);
     }
     SetUp(*ui().vsOptions, 3, {0, 3, 6});
+    for (forms::VSFlexGrid* grid : {ui().vsFinOptions, ui().vsOptions})
+        grid->SetMouseIcon(ui().imgMouseIcon->Picture());
     ui().vsOptions->SetColWidth(0, PictureTwips);
     ui().vsOptions->SetColWidth(1, OptionTwips);
     Form_MouseMove();
@@ -148,7 +150,7 @@ void frmNewMenu::MarkOption(int row) {
     forms::VSFlexGrid& grid = *ui().vsOptions;
     for (int each = 0; each < MenuRows; ++each) {
         const bool marked = each == row && !grid.TextMatrix(each, 1).empty();
-        grid.SetCellPicture(each, 0, marked ? OptionMark : "");
+        grid.SetCellPicture(each, 0, marked ? OptionMark : ui().imgClear->Picture());
         Paint(grid, each, marked ? OptionShown : forms::NoColor);
     }
 }

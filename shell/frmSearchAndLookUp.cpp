@@ -1,5 +1,6 @@
 #include "shell/frmSearchAndLookUp.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/modGeneral.h"
@@ -39,6 +40,7 @@ void WriteHeadings(ado::Recordset& rows, forms::MSFlexGrid& grid) {
 
 void frmSearchAndLookUp::Wire() {
     ui().txtsearch->Change = [this] { txtsearch_Change(); };
+    ui().txtsearch->KeyDown = [this](int& keyCode, int shift) { txtsearch_KeyDown(keyCode, shift); };
     ui().cmdget->Click = [this] { cmdget_Click(); };
     ui().grd->DblClick = [this] { grd_DblClick(); };
     ui().chkAutosizeColumns->Click = [this] { SetGridColumnWidth(); };
@@ -58,9 +60,17 @@ void frmSearchAndLookUp::Form_Load() {
     ui().grd->Refresh();
 }
 
+// What was typed for the last search still stands, over the whole list; typing replaces it.
 void frmSearchAndLookUp::Form_Activate() {
     Initialize(BaseQuery);
     ShowCount();
+    ui().txtsearch->SetFocus();
+    ui().txtsearch->SelectText();
+}
+
+// As the close box: the results stay as they were.
+void frmSearchAndLookUp::Form_Escape() {
+    Unload();
 }
 
 void frmSearchAndLookUp::ShowCount() {
@@ -144,6 +154,15 @@ void frmSearchAndLookUp::txtsearch_Change() {
     }
     Initialize(SearchLikePrefix + "'" + basic::Trim(typed) + "%'");
     ShowCount();
+}
+
+// Up and Down mark another row while the typing goes on.
+void frmSearchAndLookUp::txtsearch_KeyDown(int& keyCode, int shift) {
+    const int step = keyCode == forms::vbKeyUp ? -1 : keyCode == forms::vbKeyDown ? 1 : 0;
+    if (step == 0 || shift != 0) return;
+    keyCode = 0;
+    const forms::MSFlexGrid& grid = *ui().grd;
+    HighlightGridRow(std::max(1, std::min(grid.Row() + step, grid.Rows() - 1)));
 }
 
 void frmSearchAndLookUp::cmdget_Click() {

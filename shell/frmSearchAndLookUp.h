@@ -27,10 +27,12 @@ class frmSearchAndLookUp : public forms::FormOf<Ui::frmSearchAndLookUp> {
     void Wire() override;
     void Form_Load() override;
     void Form_Activate() override;
+    void Form_Escape() override;
 
   private:
     void ShowCount();
     void txtsearch_Change();
+    void txtsearch_KeyDown(int& keyCode, int shift);
     void cmdget_Click();
     void grd_DblClick();
 };

@@ -34,19 +34,14 @@ void ucOPtSelective::UserControl_EnterFocus() {
     SkipOnError([&] { rows_->Close(); });
 }
 
-void ucOPtSelective::SelectEach(bool selected) {
-    forms::ListBox& list = *ui().lstItem;
-    for (int row = 0; row < list.ListCount(); ++row) list.SetSelected(row, selected);
-}
-
 // The list stays as it is: disabled after a fill.
 void ucOPtSelective::optAll_Click() {
-    SelectEach(true);
+    ui().lstItem->SelectEach(true);
     ui().cmdOk->SetEnabled(true);
 }
 
 void ucOPtSelective::optSel_Click() {
-    SelectEach(false);
+    ui().lstItem->SelectEach(false);
     ui().cmdOk->SetEnabled(true);
     ui().lstItem->SetEnabled(true);
 }
@@ -54,11 +49,11 @@ void ucOPtSelective::optSel_Click() {
 // Disabled by its own click: enabled again only by a choice of all or selected.
 void ucOPtSelective::cmdOk_Click() {
     const forms::ListBox& list = *ui().lstItem;
-    selected_.assign(static_cast<std::size_t>(list.SelCount()) + 1, 0);
+    const std::vector<int> chosen = list.SelectedLines();
+    selected_.assign(chosen.size() + 1, 0);
     ui().cmdOk->SetEnabled(false);
-    std::size_t slot = 0;
-    for (int row = 0; row < list.ListCount(); ++row)
-        if (list.Selected(row)) selected_[slot++] = basic::ToInteger(list.ItemData(row));
+    for (std::size_t slot = 0; slot < chosen.size(); ++slot)
+        selected_[slot] = basic::ToInteger(list.ItemData(chosen[slot]));
     OkClick.Fire();
 }
 

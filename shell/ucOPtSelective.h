@@ -32,7 +32,6 @@ class ucOPtSelective : public forms::UserControlOf<Ui::ucOPtSelective> {
     void UserControl_EnterFocus();
     void optSel_Click();
     void cmdOk_Click();  // raises 6 "Overflow" for a key beyond 16 bits
-    void SelectEach(bool selected);
 
     ado::RecordsetPtr rows_;
     std::string shownField_, keyField_;

@@ -107,18 +107,13 @@ void frmDayBook::Form_Resize() {
     list.SetColumnWidth(ledger, std::max(left, NarrowestLedger));
 }
 
-void frmDayBook::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'A', [this] { cmdAdd_Click(); }},
-               {'E', [this] { cmdEdit_Click(); }},
-               {'D', [this] { cmdDelete_Click(); }},
-               {'R', [this] { cmdRefresh_Click(); }},
-               {'X', [this] { Unload(); }},
-               {'F', [this] { cmdFilter_Click(); }},
-               {'O', [this] { cmdOk_Click(); }},
-               {'C', [this] { cmdClear_Click(); }},
-           });
+std::vector<forms::Form::Command> frmDayBook::CtrlCommands() {
+    return {
+        {'A', [this] { cmdAdd_Click(); }},    {'E', [this] { cmdEdit_Click(); }},
+        {'D', [this] { cmdDelete_Click(); }}, {'R', [this] { cmdRefresh_Click(); }},
+        {'X', [this] { Unload(); }},          {'F', [this] { cmdFilter_Click(); }},
+        {'O', [this] { cmdOk_Click(); }},     {'C', [this] { cmdClear_Click(); }},
+    };
 }
 
 void frmDayBook::OpenDayBook(const std::string& sql) {

@@ -16,7 +16,7 @@ class frmDayBook : public forms::FormOf<Ui::frmDayBook> {
     void Form_Activate() override;
     void Form_Unload() override;
     void Form_Resize() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void cmdAdd_Click();

@@ -44,14 +44,13 @@ void frmVoucher::Form_Load() {
     FillComboFromArray(*ui().cmbVoucherType, {"Receipt", "Payment", "Contra", "Journal"});
 }
 
-void frmVoucher::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'N', [this] { cmdNew_Click(); }},
-               {'Z', [this] { cmdUndo_Click(); }},
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
+    return {
+        {'N', [this] { cmdNew_Click(); }},
+        {'Z', [this] { cmdUndo_Click(); }},
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 void frmVoucher::Form_Unload() {

@@ -27,7 +27,7 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     void Wire() override;
     void Form_Load() override;
     void Form_Unload() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void LoadVoucher(std::int32_t trnNo);

@@ -35,13 +35,12 @@ void frmClosingBal::Form_Load() {
     ui().txtAuto->SetBackColor(DimField);
 }
 
-void frmClosingBal::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'G', [this] { cmdGetBal_Click(); }},
-               {'S', [this] { cmdSave_Click(); }},
-               {'X', [this] { Unload(); }},
-           });
+std::vector<forms::Form::Command> frmClosingBal::CtrlCommands() {
+    return {
+        {'G', [this] { cmdGetBal_Click(); }},
+        {'S', [this] { cmdSave_Click(); }},
+        {'X', [this] { Unload(); }},
+    };
 }
 
 // The frame around cmdGetBal, which optManually_Click disabled, stays so: the button is reached by Ctrl+G

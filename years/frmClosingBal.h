@@ -16,7 +16,7 @@ class frmClosingBal : public forms::FormOf<Ui::frmClosingBal> {
   protected:
     void Wire() override;
     void Form_Load() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     bool ValidateBalance();

@@ -62,13 +62,12 @@ void frmFinYear::cmdExit_Click() {
     Unload();
 }
 
-void frmFinYear::Form_KeyDown(int keyCode, int shift) {
-    OnCtrl(keyCode, shift,
-           {
-               {'A', [this] { cmdAdd_Click(); }},
-               {'S', [this] { cmdSet_Click(); }},
-               {'X', [this] { cmdExit_Click(); }},
-           });
+std::vector<forms::Form::Command> frmFinYear::CtrlCommands() {
+    return {
+        {'A', [this] { cmdAdd_Click(); }},
+        {'S', [this] { cmdSet_Click(); }},
+        {'X', [this] { cmdExit_Click(); }},
+    };
 }
 
 void frmFinYear::Form_Unload() {

@@ -14,7 +14,7 @@ class frmFinYear : public forms::FormOf<Ui::frmFinYear> {
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
-    void Form_KeyDown(int keyCode, int shift) override;
+    std::vector<Command> CtrlCommands() override;
 
   private:
     void FillYears();

@@ -284,6 +284,16 @@ TEST_F(GroupMasterTest, ALedgerIsRenamedAsALeafOnly) {
     EditLabel(LedgerKey(longName));
     EndEdit();
     EXPECT_EQ(names(), "Zenith Limited of Po|Zenith Limited of Poona") << "the label was cut";
+    for (const auto& [key, modifier] :
+         {std::pair(Qt::Key_X, Qt::ControlModifier), {Qt::Key_E, Qt::AltModifier}}) {
+        EditLabel(LedgerKey(longName));
+        Key(form, Qt::Key_C, Qt::ControlModifier);
+        Type(form, "Be");
+        Key(form, key, modifier);
+        EXPECT_FALSE(form.Loaded());
+        EXPECT_EQ(names(), "Zenith Limited of Po|Zenith Limited of Poona") << "a command keeps the old name";
+        Open();
+    }
     Rename(LedgerKey(longName), "Zenith");
     EXPECT_EQ(names(), "Zenith|Zenith Limited of Poona");
     EXPECT_THAT(Ledgers(), ElementsAre("Suppliers/Zenith"));

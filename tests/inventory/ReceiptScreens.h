@@ -48,12 +48,6 @@ class ReceiptScreensTest : public StockScreensTest {
         ui.txtRoundOff->SetText(roundOff);
     }
 
-    // The box of the error log.
-    void ExpectLogged(const std::string& form, const std::string& description = "",
-                      const std::string& source = "") {
-        ExpectBox("Formname: " + form + "\r\r Description : " + description + "\r Source : " + source, 0);
-    }
-
     static Lines Stock() {
         return Rows(
             "Select ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedPONo, "

@@ -52,11 +52,6 @@ class IssuesTest : public StockScreensTest {
         Key(form, Qt::Key_Delete);
     }
     void Save() { Click(ui().cmdSave); }
-    void ExpectLog(const std::string& description, const std::string& source) {
-        script.Box(forms::Script::ExpectedBox{
-            .text = "Formname: frmIssues\r\r Description : " + description + "\r Source : " + source,
-            .flags = qm::vbOKOnly});
-    }
     void ExpectSaved(int number) { ExpectBox(Saved + std::to_string(number) + "'"); }
     Lines Shown() {
         Lines rows;
@@ -154,7 +149,8 @@ TEST_F(IssuesTest, ItemsInReverseOrderCannotBeSaved) {
         Pick({"Coal"});
         TypeCell(1, 4, "1");
         TypeCell(2, 4, "1");
-        ExpectLog(
+        ExpectLogged(
+            "frmIssues",
             "Either BOF or EOF is True, or the current record has been deleted. The operation needs a "
             "current "
             "record.",
@@ -178,7 +174,7 @@ TEST_F(IssuesTest, WhatIsMissingIsTold) {
         EXPECT_EQ(Errors(), Lines{});
         TypeCell(1, 4, "1");
         ExpectBox("Please select items to be issued");
-        ExpectLog("", "");
+        ExpectLogged("frmIssues");
         Save();
         EXPECT_EQ(std::pair(Grid().Row(), Grid().Col()), std::pair(2, 2));
         ui().dtpDate->SetValue(basic::MakeDate(2002, 4, 1));
@@ -290,7 +286,7 @@ TEST_F(IssuesTest, TheNumberOfAReceiptShowsIt) {
         EXPECT_EQ(basic::ToText(ui().dtpDate->Value()), "11/04/2001");
         TypeCell(1, 5, "late");
         ExpectBox("Cannot save Issue Details");
-        ExpectLog("", "");
+        ExpectLogged("frmIssues");
         Save();
         EXPECT_EQ(Shown(), (Lines{"1|Old|2.5|0|late", "||||"}));
     });
@@ -306,7 +302,7 @@ TEST_F(IssuesTest, AFailureUndoesItsRowOnly) {
         TypeCell(2, 4, "2");
         TypeCell(2, 5, "12\" pipe");
         ExpectBox("Cannot save Issue Details");
-        ExpectLog("Syntax error: a text does not end", "ado.Statement");
+        ExpectLogged("frmIssues", "Syntax error: a text does not end", "ado.Statement");
         Save();
         EXPECT_EQ(Grid().Rows(), 4) << "the screen stays as it is";
         EXPECT_EQ(qm::Conn().TransDepth(), 0);

@@ -171,7 +171,7 @@ TEST_F(OrderTest, ATouchedOrderIsForViewingOnly) {
         ExpectBox("One or more items have been received for Purchase Order No.1\r\n\r\nCannot Cancel !!!");
         Click(Orders().ui().cmdCancelPO);
         EXPECT_EQ(Nodes(), (Lines{"1", "<New>"}));
-        ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbYes);
+        ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo + qm::vbInformation, qm::vbYes);
         ExpectBox("One or more items have been received for Purchase Order No.1\r\n\r\nCannot Delete !!!");
         Click(Orders().ui().cmdDeletePO);
         EXPECT_EQ(Nodes(), Lines{});
@@ -217,7 +217,7 @@ TEST_F(OrderTest, IsCancelledOrDeleted) {
     OnOrders([&] {
         ChooseSupplier();
         ChooseOrder("1PO");
-        ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbNo);
+        ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo + qm::vbInformation, qm::vbNo);
         Click(Orders().ui().cmdDeletePO);
         EXPECT_EQ(Orders().ui().cmbSuppliers->Text(), "");  // empty after No as well
         PickItems({"Coal"});
@@ -240,7 +240,7 @@ TEST_F(OrderTest, IsCancelledOrDeleted) {
         OnOrders([&] {
             ChooseSupplier();
             ChooseOrder("1PO");
-            ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo, qm::vbYes);
+            ExpectBox("Delete PO No. '1'\r\n\r\nAre you sure ?", qm::vbYesNo + qm::vbInformation, qm::vbYes);
             if (after.empty()) ExpectBox("Deleted Purchase Order No. '1'");
             Click(Orders().ui().cmdDeletePO);
         });

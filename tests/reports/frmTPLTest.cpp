@@ -244,9 +244,18 @@ TEST_F(FinalResultsTest, PrintsOnceThereAreResultsAndCloses) {
     Show(screen);
     EXPECT_EQ(screen.Caption(), "Trading Profit & Loss Account");
     EXPECT_EQ(screen.ui().dtpDate->Value(), basic::MakeDate(2001, 4, 30));
+    const auto ctrlP = [&] {
+        QTest::keyClick(screen.Window()->focusWidget(), Qt::Key_P, Qt::ControlModifier);
+    };
     EXPECT_EQ(DialogOf([&] { Click(screen.ui().cmdPrint); }), "none");
+    EXPECT_EQ(DialogOf(ctrlP), "none");
     QTest::keyClick(screen.Window(), Qt::Key_V, Qt::AltModifier);
     EXPECT_EQ(DialogOf([&] { Click(screen.ui().cmdPrint); }), "Print");
+    BringToFront(screen);
+    EXPECT_EQ(DialogOf(ctrlP), "Print");
+    const forms::html::Paper& paper = screen.ui().ucHTMLBox->ui().dhtEdit->PaperUsed();
+    EXPECT_EQ(paper.Title, "Trading Profit & Loss Account");
+    EXPECT_EQ(paper.Period, "up to 30-Apr-2001");
     BringToFront(screen);
     QTest::keyClick(screen.Window(), Qt::Key_C, Qt::AltModifier);
     EXPECT_FALSE(screen.Loaded());

@@ -108,6 +108,14 @@ class ScreenTest : public testing::Test {
     void ExpectBox(const std::string& text, int flags = qm::vbInformation, int answer = qm::vbOK) {
         script.Box(forms::Script::ExpectedBox{.text = text, .answer = answer, .flags = flags});
     }
+    // The box of the error log, the only one without a title.
+    void ExpectLogged(const std::string& form, const std::string& description = "",
+                      const std::string& source = "") {
+        script.Box(forms::Script::ExpectedBox{
+            .text = "Formname: " + form + "\r\r Description : " + description + "\r Source : " + source,
+            .flags = 0,
+            .title = ""});
+    }
 
     FreshBooks books;
     forms::Script script{[](const std::string& fault) { ADD_FAILURE() << fault; }};

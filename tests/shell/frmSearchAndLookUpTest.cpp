@@ -20,7 +20,10 @@ class LookUpTest : public test::ScreenTest {
     ~LookUpTest() override { lookUp.Unload(); }
 
     void InLookUp(const std::function<void()>& visit) {
-        script.Modal("frmSearchAndLookUp", [visit](forms::Form&) { visit(); });
+        script.Modal("frmSearchAndLookUp", [visit](forms::Form& shown) {
+            BringToFront(shown);
+            visit();
+        });
         lookUp.Show(forms::vbModal);
     }
     forms::MSFlexGrid& Grid() { return *lookUp.ui().grd; }
@@ -85,6 +88,14 @@ TEST_F(LookUpTest, AChoiceHidesAndTheNextUseShowsTheWholeListUnderTheTypedText) 
     InLookUp([&] {
         EXPECT_EQ(lookUp.ui().txtsearch->Text(), "sh");
         EXPECT_THAT(Names(), SizeIs(3));
+        Type(lookUp, "s");
+        EXPECT_EQ(lookUp.ui().txtsearch->Text(), "s") << "typing replaces it";
+        for (const auto& [key, row] :
+             {std::pair(Qt::Key_Up, 1), {Qt::Key_Down, 2}, {Qt::Key_Down, 2}, {Qt::Key_Up, 1}}) {
+            Key(lookUp, key);
+            EXPECT_EQ(std::pair(Grid().Row(), Grid().ColSel()), std::pair(row, 2));
+        }
+        Key(lookUp, Qt::Key_Backspace);
         DoubleClickCell(Grid(), 0, 1);
         EXPECT_TRUE(lookUp.Visible()) << "the heading is no choice";
         DoubleClickCell(Grid(), 1, 2);
@@ -93,13 +104,21 @@ TEST_F(LookUpTest, AChoiceHidesAndTheNextUseShowsTheWholeListUnderTheTypedText) 
     EXPECT_EQ(Results(), Id("Anand Traders") + " Anand Traders");
 }
 
-TEST_F(LookUpTest, TheCloseBoxLeavesTheResultsOfTheShowingBefore) {
-    InLookUp([&] {
-        Search("an");
-        lookUp.Window()->close();
-    });
-    EXPECT_EQ(Results(), "before Before");
-    EXPECT_FALSE(lookUp.Loaded());
+TEST_F(LookUpTest, TheCloseBoxAndEscLeaveTheResultsOfTheShowingBefore) {
+    const std::function<void()> ways[] = {[&] { lookUp.Window()->close(); },
+                                          [&] { Key(lookUp, Qt::Key_Escape); },
+                                          [&] {
+                                              Grid().SetFocus();
+                                              Key(lookUp, Qt::Key_Escape);
+                                          }};
+    for (const auto& close : ways) {
+        InLookUp([&] {
+            Search("an");
+            close();
+            EXPECT_FALSE(lookUp.Loaded());
+        });
+        EXPECT_EQ(Results(), "before Before");
+    }
 }
 
 // A search that finds nothing still lets Select be pressed: the key is then "0", the text the heading's.

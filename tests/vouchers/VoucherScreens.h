@@ -74,9 +74,6 @@ class VoucherScreenTest : public test::ScreenTest {
             SaveAs(number);
         });
     }
-    static std::string Log(const std::string& description) {
-        return "Formname: frmVoucher\r\r Description : " + description + "\r Source : ado.Statement";
-    }
     static Lines Posted() {
         return Rows(
             "Select LedgerTrnNo, LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerNarration, "

@@ -327,18 +327,21 @@ class DayBookDatesTest : public DayBookTest {
 TEST_F(DayBookDatesTest, OutsideTheYearGoesToItsFirstDayOrTheDayAfterIt) {
     Open("Date Range");
     ExpectYearRange();
-    Leave(*ui().dtpDateFrom, basic::MakeDate(2001, 3, 31));
+    ui().dtpDateFrom->SetFocus();
+    Type(form, "31032001\t");
     EXPECT_EQ(Active(form), "dtpDateFrom");
     EXPECT_EQ(Both(), "01/04/2001 10/05/2001");
+    Type(form, "15042001\t");
+    EXPECT_EQ(Both(), "15/04/2001 10/05/2001");
     Leave(*ui().dtpDateUpTo, basic::MakeDate(2002, 3, 31));
     EXPECT_EQ(Active(form), "cmdOk");
     ExpectYearRange();
     Leave(*ui().dtpDateUpTo, basic::MakeDate(2003, 1, 1));
-    EXPECT_EQ(Both(), "01/04/2001 01/04/2002");
+    EXPECT_EQ(Both(), "15/04/2001 01/04/2002");
     ExpectYearRange();
     Key(form, Qt::Key_Tab);
     EXPECT_EQ(Active(form), "dtpDateUpTo") << "the day that it was given is refused in turn";
-    EXPECT_EQ(Both(), "01/04/2001 01/04/2002");
+    EXPECT_EQ(Both(), "15/04/2001 01/04/2002");
 }
 
 TEST_F(DayBookDatesTest, ARangeThatEndsBeforeItBegins) {

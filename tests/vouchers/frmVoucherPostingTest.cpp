@@ -95,7 +95,8 @@ TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
     OnScreen(1, [&] {
         remove();
         ExpectBox("Cannot save Voucher");
-        ExpectBox(Log("A subselect gave more than one row where one value is needed."), 0);
+        ExpectLogged("frmVoucher", "A subselect gave more than one row where one value is needed.",
+                     "ado.Statement");
         Save();
     });
     EXPECT_EQ(Posted().size(), 2U);
@@ -153,7 +154,7 @@ TEST_F(VoucherPostingTest, TheThirdLineOfFourFails) {
         EXPECT_EQ(Cell(4, VoucherColumn::CrAmount), "10");
         Enter(3, VoucherColumn::Particulars, "3\" pipe");
         ExpectBox("Cannot save Voucher");
-        ExpectBox(Log("Syntax error: a text does not end"), 0);
+        ExpectLogged("frmVoucher", "Syntax error: a text does not end", "ado.Statement");
         Save();
         EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "<New>");
         EXPECT_EQ(Rows("Select LedgerTrnNo, LedgerName From tb_Ledger2001"), (Lines{"1|Rent", "1|Cash"}));

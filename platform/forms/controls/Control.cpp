@@ -61,7 +61,10 @@ void Control::Move(int left, int top, int width, int height) {
 }
 
 void Control::SetFocus() {
-    if (FormWindow* window = FormWindow::Of(widget_)) window->MoveFocus(*this);
+    FormWindow* const window = FormWindow::Of(widget_);
+    if (!window) return;
+    if (window->Active() == this) StartOver();
+    window->MoveFocus(*this);
 }
 
 Control* Control::Of(QWidget* widget) {

@@ -39,9 +39,15 @@ class Control : public basic::Control {
     // none, and nothing happens.
     void SetFocus();
     bool TakesFocus() const { return focus_ == Focus::Takes; }
-    // Completes an edit that is open inside the control (a grid's cell). False if it was refused: then the
-    // focus, or the command whose key was pressed, goes no further.
+    // An edit that is open inside the control: a grid's cell, a tree's label. Its keys are the editor's, but
+    // for the form's own commands.
+    virtual bool Editing() const { return false; }
+    // Completes it. False if it was refused: then the focus goes no further.
     virtual bool FinishEdit() { return true; }
+    // Ends it because a command's key was pressed: False stops the command.
+    virtual bool YieldEdit() { return FinishEdit(); }
+    // What is typed next begins anew: the control has the focus and was refused, or got it once more.
+    virtual void StartOver() {}
 
     // These fire only when the focus goes from one control to another: not for a drop-down list or a cell
     // editor of its own, a message box, another form or another program.

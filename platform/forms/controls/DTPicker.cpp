@@ -34,7 +34,13 @@ basic::Date DTPicker::Value() {
 
 void DTPicker::SetValue(basic::Date value) {
     const auto parts = basic::Parts(value);
+    FinishTyping();
     setDate(QDate(parts.Year, parts.Month, parts.Day));
+    if (hasFocus()) StartOver();
+}
+
+void DTPicker::StartOver() {
+    ToPart(DaySection);
 }
 
 // The toolkit opens the calendar only by the mouse: a press on the arrow.

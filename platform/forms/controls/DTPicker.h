@@ -8,8 +8,9 @@
 namespace forms {
 
 // A box for a date, shown as "dd-MMM-yyyy" with English month names, with a calendar to choose from. It
-// starts at today. Setting Value fires nothing. Left and Right go from part to part, Tab goes on to the next
-// control. A date may be typed straight through: "31-3-2002", "31Mar2002", "31032002".
+// starts at today. Setting Value fires nothing; typing then begins with the day again. Left and Right go from
+// part to part, Tab goes on to the next control. A date may be typed straight through: "31-3-2002",
+// "31Mar2002", "31032002".
 class DTPicker : public QDateEdit, public Control {
   public:
     explicit DTPicker(QWidget* parent);
@@ -18,7 +19,8 @@ class DTPicker : public QDateEdit, public Control {
     basic::Date Value();  // without a time of day; a date typed half reads as the last whole one
     using Control::SetValue;
     void SetValue(basic::Date date);
-    void OpenList();  // the calendar, as the keys F4 and Alt+Down do
+    void OpenList();            // the calendar, as the keys F4 and Alt+Down do
+    void StartOver() override;  // with the day
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -6,6 +6,11 @@
 #include "platform/forms/controls/Text.h"
 
 namespace forms {
+namespace {
+
+constexpr const char* PictureProperty = "picture";
+
+}  // namespace
 
 Label::Label(QWidget* parent) : QLabel(parent), Control(this, Focus::Never), Click(this), MouseMove(this) {
     setTextFormat(Qt::PlainText);
@@ -58,7 +63,12 @@ void Frame::SetCaption(const std::string& caption) {
 PictureBox::PictureBox(QWidget* parent)
     : QLabel(parent), Control(this, Focus::Never), MouseDown(this), MouseMove(this), MouseUp(this) {}
 
+std::string PictureBox::Picture() const {
+    return FromQt(property(PictureProperty).toString());
+}
+
 void PictureBox::SetPicture(const std::string& path) {
+    setProperty(PictureProperty, ToQt(path));
     constexpr int Side = 16;
     const QSize size = this->size().isEmpty() ? QSize(Side, Side) : this->size();
     setPixmap(path.empty() ? QPixmap() : QIcon(ToQt(path)).pixmap(size, devicePixelRatio()));

@@ -38,14 +38,15 @@ class Frame : public QGroupBox, public Control {
     void SetCaption(const std::string& caption);
 };
 
-// A place for a picture. Mouse events give the button (1 left, 2 right) and the place in twips.
+// A place for a picture. Mouse events give the button (1 left, 2 right) and the place in twips. A hidden one
+// only keeps a picture for other controls; the designer names it in the property "picture".
 class PictureBox : public QLabel, public Control {
   public:
     explicit PictureBox(QWidget* parent);
 
     std::string TypeName() const override { return "PictureBox"; }
-    void SetPicture(
-        const std::string& path);  // a file or a resource such as ":/forms/previous.svg"; "" for none
+    std::string Picture() const;  // a file or a resource such as ":/forms/previous.svg"; "" for none
+    void SetPicture(const std::string& path);
 
     Event<int, int, int> MouseDown, MouseMove, MouseUp;
 

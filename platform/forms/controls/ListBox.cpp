@@ -1,6 +1,7 @@
 #include "platform/forms/controls/ListBox.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
@@ -74,7 +75,35 @@ void ListBox::SetSelected(int index, bool selected) {
 }
 
 int ListBox::SelCount() const {
-    return static_cast<int>(selectionModel()->selectedRows().size());
+    return static_cast<int>(SelectedLines().size());
+}
+
+// A range at a time: the toolkit goes through all ranges for each line that it is asked for or told of.
+std::vector<int> ListBox::SelectedLines() const {
+    std::vector<int> lines;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (int line = range.top(); line <= range.bottom(); ++line) lines.push_back(line);
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+void ListBox::SelectEach(bool selected) {
+    clearSelection();
+    if (!selected || count() == 0) return;
+    const QItemSelection all(indexFromItem(item(0)), indexFromItem(item(count() - 1)));
+    selectionModel()->select(all, QItemSelectionModel::Select);
+}
+
+// The blank of Space is no letter.
+void ListBox::keyboardSearch(const QString& typed) {
+    if (!Multi() || typed != QStringLiteral(" ")) QListWidget::keyboardSearch(typed);
+}
+
+// Without an event it is a letter that asks, and the toolkit would select by it.
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+    if (Multi() && !event) return QItemSelectionModel::NoUpdate;
+    return QListWidget::selectionCommand(index, event);
 }
 
 }  // namespace forms

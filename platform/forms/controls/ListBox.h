@@ -2,12 +2,14 @@
 
 #include <QListWidget>
 #include <cstdint>
+#include <vector>
 
 #include "platform/forms/controls/Control.h"
 
 namespace forms {
 
 // A list of lines, of which one or (selectionMode MultiSelection in the designer) any number can be selected.
+// Letters go to the next line that begins with them; in a multiple list only Space and the mouse select.
 // Indexes count from 0; one out of range raises 381 "Invalid property array index".
 class ListBox : public QListWidget, public Control, public basic::ListControl {
   public:
@@ -26,12 +28,18 @@ class ListBox : public QListWidget, public Control, public basic::ListControl {
     bool Selected(int index) const;
     void SetSelected(int index, bool selected);  // of a single list: True is SetListIndex
     int SelCount() const;
+    // All lines of a multiple list at once, in a time that goes with their number.
+    void SelectEach(bool selected);
+    std::vector<int> SelectedLines() const;  // their indexes, ascending
 
     Event<> Click;  // a line was chosen, by mouse, by key or by ListIndex
     Event<> DblClick;
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyboardSearch(const QString& typed) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
   private:
     QListWidgetItem& Item(int index) const;

@@ -4,12 +4,13 @@
 #include <QKeyEvent>
 
 #include "platform/forms/controls/Text.h"
+#include "platform/forms/grid/GridKeys.h"
 #include "platform/forms/window/Style.h"
 
 namespace forms {
 
 TextBox::TextBox(QWidget* parent)
-    : QLineEdit(parent), Control(this, Focus::Takes), Change(this), KeyPress(this) {
+    : QLineEdit(parent), Control(this, Focus::Takes), Change(this), KeyDown(this), KeyPress(this) {
     connect(this, &QLineEdit::textChanged, this, [this] { Change.Fire(); });
 }
 
@@ -20,6 +21,10 @@ std::string TextBox::Text() const {
 void TextBox::SetText(const std::string& text) {
     setText(ToQt(text));
     setCursorPosition(0);
+}
+
+void TextBox::SelectText() {
+    selectAll();
 }
 
 void TextBox::SetLocked(bool locked) {
@@ -38,6 +43,10 @@ unsigned TextBox::BackColor() const {
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (int code = KeyCodeOf(*event); KeyDown && code != 0) {
+        KeyDown.Fire(code, ShiftOf(event->modifiers()));
+        if (code == 0) return event->accept();
+    }
     const QString typed = event->text();
     if (!KeyPress || typed.size() != 1 || isReadOnly()) return QLineEdit::keyPressEvent(event);
     const int before = typed[0].unicode();

@@ -21,7 +21,10 @@ class TextBox : public QLineEdit, public Control {
     void SetBackColor(unsigned colour);  // 0xBBGGRR
     unsigned BackColor() const;
 
+    void SelectText();  // all of it: what is typed next replaces it
+
     Event<> Change;
+    Event<int&, int> KeyDown;  // code, shift; code 0 drops the key
     // Each typed character before it is taken; set to 0 it is dropped. Backspace comes as 8, Ctrl+letter as 1
     // to 26.
     Event<int&> KeyPress;

@@ -127,11 +127,18 @@ bool TreeView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event
 }
 
 bool TreeView::FinishEdit() {
-    if (state() != EditingState) return true;
-    if (QWidget* const editor = indexWidget(currentIndex())) {
-        commitData(editor);
-        closeEditor(editor, QAbstractItemDelegate::NoHint);
-    }
+    return EndEdit(true);
+}
+
+bool TreeView::YieldEdit() {
+    return EndEdit(false);
+}
+
+bool TreeView::EndEdit(bool keep) {
+    QWidget* const editor = Editing() ? indexWidget(currentIndex()) : nullptr;
+    if (!editor) return true;
+    if (keep) commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
     return true;
 }
 

@@ -59,7 +59,9 @@ class TreeView : public QTreeWidget, public Control {
     void SetImageList(const ImageList* images) { images_ = images; }
     void SetLabelEdit(bool editable) { labelEdit_ = editable; }  // whether the user can edit labels
 
+    bool Editing() const override { return state() == EditingState; }
     bool FinishEdit() override;
+    bool YieldEdit() override;  // the label stays as it was
 
     Event<Node&> NodeClick;  // the user chose a node, by the mouse or by the arrow keys
     Event<> Click;           // after it; also where there is no node
@@ -76,6 +78,7 @@ class TreeView : public QTreeWidget, public Control {
 
   private:
     Node* NodeAt(const QPoint& place) const;
+    bool EndEdit(bool keep);
 
     std::unordered_map<std::string, Node*> nodes_;
     const ImageList* images_ = nullptr;

@@ -1,5 +1,6 @@
 #include "platform/forms/grid/FlexGrid.h"
 
+#include <QIcon>
 #include <algorithm>
 #include <numeric>
 
@@ -163,8 +164,15 @@ int FlexGrid::CellHeight() const {
     return TwipsFromPixels(CellRect(row_, col_).height(), this);
 }
 
+void FlexGrid::SetMouseIcon(const std::string& picture) {
+    constexpr int Side = 24;
+    constexpr QPoint FingerTip(9, 2);
+    hand_ = QCursor(QIcon(ToQt(picture)).pixmap(QSize(Side, Side), devicePixelRatio()), FingerTip.x(),
+                    FingerTip.y());
+}
+
 void FlexGrid::SetMousePointer(int pointer) {
-    viewport()->setCursor(pointer == vbHand ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    viewport()->setCursor(pointer == vbHand ? hand_ : QCursor(Qt::ArrowCursor));
 }
 
 void FlexGrid::SetRedraw(bool redraw) {

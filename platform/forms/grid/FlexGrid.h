@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <string>
 #include <utility>
 
@@ -59,7 +60,8 @@ class FlexGrid : public GridView, public Control {
     // The cell under the mouse; -1: none.
     int MouseRow() const { return RowAt(mouse_.y()); }
     int MouseCol() const { return ColAt(mouse_.x()); }
-    void SetMousePointer(int pointer);  // 0 or vbHand
+    void SetMouseIcon(const std::string& picture);  // what vbHand shows
+    void SetMousePointer(int pointer);              // 0 or vbHand
 
     void SetRedraw(bool redraw);  // False while many cells change
     void Refresh();
@@ -120,6 +122,7 @@ class FlexGrid : public GridView, public Control {
     int col_ = 0;
     int growingCol_ = -1;
     QPoint mouse_{-1, -1};
+    QCursor hand_{Qt::PointingHandCursor};
     bool pressed_ = false;                // the press was on this grid and not refused
     bool doubled_ = false;                // it was the second of a double click
     std::pair<int, int> before_{-1, -1};  // the current cell when the mouse was pressed

@@ -56,7 +56,7 @@ class VSFlexGrid : public FlexGrid {
     void SetEditable(bool editable) { editable_ = editable; }
     // Edits the current cell as F2 does, or, with a text, as if that were typed.
     void EditCell(const std::string& typed = {});
-    bool Editing() const { return editor_ != nullptr; }
+    bool Editing() const override { return editor_ != nullptr; }
     std::string EditText() const;  // the text that the edit would put into the cell
     void SetEditText(const std::string& text);
     void SetEditMaxLength(int length) {

@@ -9,7 +9,7 @@
 namespace forms::html {
 namespace {
 
-constexpr int MostColumns = 100, MostPixels = 10000;
+constexpr int MostPixels = 10000, ColumnGap = 10;
 
 // Tags that the style sheet knows. Others count for nothing, but what is in them is shown.
 constexpr GumboTag Known[] = {
@@ -58,15 +58,24 @@ std::string Length(const GumboNode& node, const char* attribute) {
            (*value == '%' ? "%;" : "px;");
 }
 
+std::string Px(int pixels) {
+    return std::to_string(pixels) + "px";
+}
+
 int Pixels(const GumboNode& node, const char* attribute, int otherwise) {
     const char* value = Attribute(node, attribute);
     const double number = value ? NumberAt(value) : -1;
     return number < 0 ? otherwise : static_cast<int>(number);
 }
 
-std::string CellPadding(const GumboNode& table) {
-    const int pixels = Pixels(table, "cellpadding", 1);
-    return pixels == 0 ? "" : "padding:" + std::to_string(pixels) + "px;";
+int CellPadding(const GumboNode& table) {
+    return Pixels(table, "cellpadding", 1);
+}
+
+// Columns stand apart, so that a heading or an amount does not run into its neighbour.
+std::string Padding(const GumboNode& cell, int pixels) {
+    const int left = cell.index_within_parent > 0 ? pixels + ColumnGap : pixels;
+    return "padding:" + Px(pixels) + ' ' + Px(pixels) + ' ' + Px(pixels) + ' ' + Px(left) + ';';
 }
 
 // One of the words, in any spelling, or "".
@@ -108,7 +117,7 @@ std::string FontSize(const GumboNode& font) {
 }  // namespace
 
 int SpanOf(const GumboNode& cell, const char* attribute) {
-    return std::clamp(Pixels(cell, attribute, 1), 1, MostColumns);
+    return std::clamp(Pixels(cell, attribute, 1), 1, Bounds::Span);
 }
 
 std::string Cleaner::Node(const GumboNode& node, Widths widths) {
@@ -118,7 +127,7 @@ std::string Cleaner::Node(const GumboNode& node, Widths widths) {
             cleaner.cellPadding_ = CellPadding(*around);
             break;
         }
-    cleaner.Add(node, 0);
+    cleaner.Add(node);
     return std::move(cleaner.out_);
 }
 
@@ -132,24 +141,24 @@ std::string Cleaner::TableStyle(const GumboNode& table, Widths widths) {
     return style + Colour(table, "bgcolor", "background-color");
 }
 
-void Cleaner::AddChildren(const GumboNode& node, int depth) {
-    for (const GumboNode* child : ChildrenOf(node)) Add(*child, depth);
+void Cleaner::AddChildren(const GumboNode& node) {
+    for (const GumboNode* child : ChildrenOf(node)) Add(*child);
 }
 
-void Cleaner::Add(const GumboNode& node, int depth) {
+void Cleaner::Add(const GumboNode& node) {
     if (IsText(node)) {
         out_ += Escaped(node.v.text.text);
         return;
     }
     const GumboTag tag = TagOf(node);
-    if (depth > DeepestNode || In(Dropped, tag) || node.type != GUMBO_NODE_ELEMENT) return;
-    const std::string padding = cellPadding_;
+    if (In(Dropped, tag) || node.type != GUMBO_NODE_ELEMENT) return;
+    const int padding = cellPadding_;
     if (tag == GUMBO_TAG_TABLE) cellPadding_ = CellPadding(node);
     const char* const name = In(Known, tag)          ? gumbo_normalized_tagname(tag)
                              : tag == GUMBO_TAG_FONT ? "span"
                                                      : nullptr;
     if (name) Open(node, name);
-    AddChildren(node, depth + 1);
+    AddChildren(node);
     if (name && tag != GUMBO_TAG_BR && tag != GUMBO_TAG_HR) out_ += std::string("</") + name + '>';
     cellPadding_ = padding;
 }
@@ -161,7 +170,7 @@ void Cleaner::Open(const GumboNode& node, const char* name) {
         style = TableStyle(node, Widths::Own);
     } else if (tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH) {
         if (widths_ == Widths::Own) style += Length(node, "width");
-        style += Length(node, "height") + cellPadding_;
+        style += Length(node, "height") + Padding(node, cellPadding_);
         if (SpanOf(node) > 1) spans = " colspan=" + std::to_string(SpanOf(node));
         if (SpanOf(node, "rowspan") > 1) spans += " rowspan=" + std::to_string(SpanOf(node, "rowspan"));
         if (Attribute(node, "nowrap")) style += "white-space:nowrap;";

@@ -19,16 +19,16 @@ class Cleaner {
 
   private:
     explicit Cleaner(Widths widths) : widths_(widths) {}
-    void Add(const GumboNode& node, int depth);
-    void AddChildren(const GumboNode& node, int depth);
+    void Add(const GumboNode& node);
+    void AddChildren(const GumboNode& node);
     void Open(const GumboNode& node, const char* name);
 
     std::string out_;
     const Widths widths_;
-    std::string cellPadding_;  // of the table around, as a style
+    int cellPadding_ = 0;  // of the table around, in pixels
 };
 
-// How many columns a cell takes: 1 for an attribute that makes no sense, 100 at most.
+// How many columns a cell takes: 1 for an attribute that makes no sense, Bounds::Span at most.
 int SpanOf(const GumboNode& cell, const char* attribute = "colspan");
 
 }  // namespace forms::html

@@ -37,15 +37,15 @@ bool FollowsCell(const GumboNode& cell) {
 // Gathers lines of text; runs of blanks are one, none stands at a line's or a cell's begin.
 class TextWriter {
   public:
-    void Add(const GumboNode& node, int depth = 0) {
+    void Add(const GumboNode& node) {
         if (IsText(node)) return AddText(node.v.text.text);
         const GumboTag tag = TagOf(node);
-        if (depth > DeepestNode || OneOf(tag, Unseen)) return;
+        if (OneOf(tag, Unseen)) return;
         const bool line = OneOf(tag, Lines), cell = IsCell(node);
         if (line) BreakLine();
         if (cell && FollowsCell(node)) text_ += '\t';
         blankDue_ = blankDue_ && !cell;
-        for (const GumboNode* child : ChildrenOf(node)) Add(*child, depth + 1);
+        for (const GumboNode* child : ChildrenOf(node)) Add(*child);
         if (tag == GUMBO_TAG_BR) text_ += "\r\n";
         if (line) BreakLine();
     }
@@ -97,8 +97,7 @@ std::string OpeningTag(const GumboElement& element) {
     return tag + '>';
 }
 
-void WriteChildren(const GumboNode& of, std::string& out, int depth = 0) {
-    if (depth > DeepestNode) return;
+void WriteChildren(const GumboNode& of, std::string& out) {
     for (const GumboNode* node : ChildrenOf(of)) {
         if (node->type == GUMBO_NODE_COMMENT) {
             out += std::string("<!--") + node->v.text.text + "-->";
@@ -107,7 +106,7 @@ void WriteChildren(const GumboNode& of, std::string& out, int depth = 0) {
         } else {
             out += OpeningTag(node->v.element);
             if (OneOf(TagOf(*node), Empty)) continue;
-            WriteChildren(*node, out, depth + 1);
+            WriteChildren(*node, out);
             out += "</" + NameOf(node->v.element) + '>';
         }
     }

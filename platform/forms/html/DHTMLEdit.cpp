@@ -24,7 +24,7 @@
 namespace forms {
 namespace {
 
-constexpr int SmallestZoom = 50, LargestZoom = 300, ZoomStep = 10, LineStep = 20;
+constexpr int SmallestZoom = 50, LargestZoom = 300, ZoomStep = 10, LineStep = 20, HintGap = 24;
 
 // The hourglass, for what takes as long as the document is.
 class Wait {
@@ -69,15 +69,15 @@ void DHTMLEdit::SetBodyInnerHTML(const std::string& html) {
 
 void DHTMLEdit::PrintDocument(bool withDialog) {
     if (withDialog) {
-        html::PrintWithDialog(this, text_, font());
+        html::PrintWithDialog(this, text_, font(), paper_);
     } else {
         const Wait wait;
-        html::PrintAtOnce(text_, font());
+        html::PrintAtOnce(text_, font(), paper_);
     }
 }
 void DHTMLEdit::WritePdf(const std::string& path) {
     const Wait wait;
-    html::WritePdf(text_, font(), path);
+    html::WritePdf(text_, font(), paper_, path);
 }
 
 html::Layout& DHTMLEdit::Laid() {
@@ -119,6 +119,19 @@ void DHTMLEdit::paintEvent(QPaintEvent*) {
     const QRect shown(InDocument(QPoint()), seen.size());
     painter.translate(-shown.topLeft());
     html::Paint(painter, layout, shown, marked_);
+    if (!blankHint_.empty()) PaintBlankHint(painter);
+}
+
+void DHTMLEdit::PaintBlankHint(QPainter& painter) {
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(QRect(0, layout_->Height() + HintGap, layout_->Width(), 2 * HintGap),
+                     Qt::AlignHCenter | Qt::AlignTop, ToQt(blankHint_));
+}
+
+void DHTMLEdit::SetBlankHint(const std::string& hint) {
+    blankHint_ = hint;
+    viewport()->update();
 }
 
 // What lies above what is seen may turn out higher or lower than guessed: what is seen stays in its place.

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/forms/controls/Control.h"
+#include "platform/forms/html/Paper.h"
 #include "platform/forms/html/Reading.h"
 
 namespace forms {
@@ -39,6 +40,13 @@ class DHTMLEdit : public QAbstractScrollArea, public Control {
     void PrintDocument(bool withDialog);
     // The pages as a PDF file on A4. Raises 75 "Path/File access error" where it cannot be written.
     void WritePdf(const std::string& path);
+    // What paper and PDF files tell beside the document, from the next printing on.
+    void SetPaper(const html::Paper& paper) { paper_ = paper; }
+    const html::Paper& PaperUsed() const { return paper_; }
+    // What is painted in grey below the document, if anything: that nothing is in it. It is no part of the
+    // document, of its texts or of its pages.
+    void SetBlankHint(const std::string& hint);
+    const std::string& BlankHint() const { return blankHint_; }
 
     void SelectAll();
     std::string SelectedText();  // lines parted by "\n", cells by tabs; all if nothing is marked
@@ -66,6 +74,7 @@ class DHTMLEdit : public QAbstractScrollArea, public Control {
     html::Layout& Laid();  // in the width of the window
     html::Range Chosen();
     void UpdateScrollBars();
+    void PaintBlankHint(QPainter& painter);
     void LayOutOneMore();
     void ScrollTo(const QRect& box);
     bool ScrollByKey(int key);
@@ -73,7 +82,8 @@ class DHTMLEdit : public QAbstractScrollArea, public Control {
     void FindNext(const html::Place& from);
     void SetMarked(const html::Range& marked);
 
-    std::string text_;
+    std::string text_, blankHint_;
+    html::Paper paper_;
     bool browseMode_ = false;
     int zoom_ = 100;
     std::unique_ptr<html::Layout> layout_;

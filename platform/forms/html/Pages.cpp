@@ -8,31 +8,30 @@
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/html/PageBreaks.h"
 #include "platform/forms/html/Paint.h"
 
 namespace forms::html {
 namespace {
 
 constexpr int PixelsPerInch = 96;
-constexpr int PageNumberHeight = 28;
+constexpr int MarginHeight = 28, MarginLetters = 11;
 constexpr QMarginsF SheetMargins(15, 15, 15, 12);  // millimetres
 constexpr std::int32_t PathAccess = 75;
 
 }  // namespace
 
-Pages::Pages(std::string_view document, const QFont& font, const QSize& size)
-    : layout_(document, font), size_(size) {
+Pages::Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper)
+    : layout_(document, font), size_(size), paper_(paper) {
     layout_.SetWidth(static_cast<int>(size.width() / PaperScale));
     layout_.LayOutAll();
     scale_ = static_cast<double>(size.width()) / layout_.Width();
-    breaks_ = PageBreaks(layout_, static_cast<int>(size.height() / scale_));
+    pages_ = CutPages(layout_, static_cast<int>(size.height() / scale_));
 }
 
 QSize Pages::RoomOf(const QPagedPaintDevice& device) {
     const QSizeF inches = device.pageLayout().paintRect(QPageLayout::Inch).size();
     return QSize(static_cast<int>(inches.width() * PixelsPerInch),
-                 static_cast<int>(inches.height() * PixelsPerInch) - PageNumberHeight);
+                 static_cast<int>(inches.height() * PixelsPerInch) - MarginHeight);
 }
 
 void Pages::Prepare(QPagedPaintDevice& device) {
@@ -46,29 +45,47 @@ void Pages::PaintOn(QPagedPaintDevice& device, int first, int last) {
         throw basic::Error(PathAccess, "Path/File access error: the report's pages cannot be written",
                            "forms.DHTMLEdit");
     const double resolution = static_cast<double>(device.logicalDpiX()) / PixelsPerInch;
-    QFont small = layout_.FontsUsed().Font(0);
-    small.setPixelSize(11);
-    for (int page = first; page <= last; ++page) {
-        if (page > first) device.newPage();
-        const auto index = static_cast<std::size_t>(page);
-        const QRect part(0, breaks_[index - 1], layout_.Width(), breaks_[index] - breaks_[index - 1]);
+    for (int number = first; number <= last; ++number) {
+        if (number > first) device.newPage();
+        const Page& page = pages_[static_cast<std::size_t>(number - 1)];
         painter.save();
         painter.scale(resolution, resolution);
-        painter.setFont(small);
-        painter.drawText(QRect(0, size_.height(), size_.width(), PageNumberHeight),
-                         Qt::AlignHCenter | Qt::AlignBottom, QString("Page %1 of %2").arg(page).arg(Count()));
+        PaintMargin(painter, number);
         painter.scale(scale_, scale_);
-        painter.translate(0, -part.top());
-        painter.setClipRect(part);
-        Paint(painter, layout_, part);
+        PaintBand(painter, page.Heads, 0);
+        PaintBand(painter, page.Body, page.Heads.Height());
         painter.restore();
     }
 }
 
-void WritePdf(std::string_view document, const QFont& font, const std::string& path) {
+void Pages::PaintBand(QPainter& painter, const Band& band, int at) {
+    const QRect part(0, band.Top, layout_.Width(), band.Height());
+    if (part.isEmpty()) return;
+    painter.save();
+    painter.translate(0, at - band.Top);
+    painter.setClipRect(part);
+    Paint(painter, layout_, part);
+    painter.restore();
+}
+
+void Pages::PaintMargin(QPainter& painter, int page) const {
+    QFont small = layout_.FontsUsed().Font(0);
+    small.setPixelSize(MarginLetters);
+    painter.setFont(small);
+    const QRect line(0, size_.height(), size_.width(), MarginHeight);
+    const QString number = QString("page %1 of %2").arg(page).arg(Count());
+    const QString source =
+        QFontMetrics(small).elidedText(ToQt(paper_.Source), Qt::ElideMiddle, size_.width() / 3);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignBottom, source);
+    painter.drawText(line, Qt::AlignHCenter | Qt::AlignBottom, ToQt(paper_.Period));
+    painter.drawText(line, Qt::AlignRight | Qt::AlignBottom, number);
+}
+
+void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path) {
     QPdfWriter writer(ToQt(path));
+    writer.setTitle(ToQt(paper.Title));
     Pages::Prepare(writer);
-    Pages pages(document, font, Pages::RoomOf(writer));
+    Pages pages(document, font, Pages::RoomOf(writer), paper);
     pages.PaintOn(writer, 1, pages.Count());
 }
 

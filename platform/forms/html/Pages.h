@@ -5,21 +5,23 @@
 #include <vector>
 
 #include "platform/forms/html/Layout.h"
+#include "platform/forms/html/PageBreaks.h"
+#include "platform/forms/html/Paper.h"
 
 namespace forms::html {
 
 // A document on paper: laid out to the width of the sheet, cut into pages between rows and between lines of
-// text, each with "Page x of y" below.
+// text, the heads of columns repeated, each with whose figures they are, their period and "page x of y"
+// below.
 class Pages {
   public:
     static constexpr double PaperScale = 0.9;  // paper is read from nearer than a screen
 
     // `size` is the room for the text in pixels at 96 dots per inch.
-    Pages(std::string_view document, const QFont& font, const QSize& size);
+    Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper = {});
 
-    int Count() const { return static_cast<int>(breaks_.size()) - 1; }
-    // Where pages end, from 0 to the document's height.
-    const std::vector<int>& Breaks() const { return breaks_; }
+    int Count() const { return static_cast<int>(pages_.size()); }
+    const std::vector<Page>& Parts() const { return pages_; }  // from 0 to the document's height
     // Paints the pages `first` to `last`, counted from 1, each on a sheet of its own. Raises 75 "Path/File
     // access error" where they cannot be written.
     void PaintOn(QPagedPaintDevice& device, int first, int last);
@@ -30,13 +32,17 @@ class Pages {
     static void Prepare(QPagedPaintDevice& device);
 
   private:
+    void PaintMargin(QPainter& painter, int page) const;
+    void PaintBand(QPainter& painter, const Band& band, int at);
+
     Layout layout_;
     QSize size_;
+    Paper paper_;
     double scale_ = 1;  // of the document; what is wider than a sheet is made smaller as a whole
-    std::vector<int> breaks_;
+    std::vector<Page> pages_;
 };
 
 // Writes the document as a PDF file on A4. Raises as PaintOn.
-void WritePdf(std::string_view document, const QFont& font, const std::string& path);
+void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path);
 
 }  // namespace forms::html

@@ -10,9 +10,12 @@
 namespace forms::html {
 namespace {
 
-constexpr std::size_t RowsPerPiece = 200;
+constexpr int RowsPerPiece = 200;
+constexpr std::size_t LargestPiece = 200000;            // bytes of markup
 constexpr std::size_t LongestWhole = 2 * RowsPerPiece;  // a shorter table is laid out whole
+constexpr Bounds ForLayout{.Tables = 1, .Text = 20000};
 constexpr std::size_t LargestSample = 1000;
+constexpr int MostBetween = 1000;  // nodes of the body and rows of its short tables in one piece
 
 using Rows = std::vector<const GumboNode*>;
 
@@ -20,19 +23,13 @@ bool IsCell(const GumboNode& node) {
     return Is(node, GUMBO_TAG_TD) || Is(node, GUMBO_TAG_TH);
 }
 
-// The rows of a table that can be cut; none for one that cannot, with a caption or cells over several rows.
+// The rows of a table, its captions among them.
 Rows RowsOf(const GumboNode& table) {
     Rows rows;
     for (const GumboNode* group : ChildrenOf(table)) {
-        if (Is(*group, GUMBO_TAG_CAPTION)) return {};
-        for (const GumboNode* row : ChildrenOf(*group)) {
-            if (!Is(*row, GUMBO_TAG_TR)) continue;
-            const auto cells = ChildrenOf(*row);
-            if (std::any_of(cells.begin(), cells.end(),
-                            [](const GumboNode* cell) { return SpanOf(*cell, "rowspan") > 1; }))
-                return {};
-            rows.push_back(row);
-        }
+        if (Is(*group, GUMBO_TAG_CAPTION)) rows.push_back(group);
+        for (const GumboNode* row : ChildrenOf(*group))
+            if (Is(*row, GUMBO_TAG_TR) && !ChildrenOf(*row).empty()) rows.push_back(row);
     }
     return rows;
 }
@@ -50,16 +47,15 @@ class Measure {
           plain_(fonts.Find({.Size = fonts.DefaultSize()})),
           bold_(fonts.Find({.Size = fonts.DefaultSize(), .Bold = true})) {}
 
-    void Add(const GumboNode& node, Extent& extent, bool bold = false, int depth = 0) {
+    void Add(const GumboNode& node, Extent& extent, bool bold = false) {
         if (IsText(node)) return AddText(node.v.text.text, extent, bold);
-        if (depth > DeepestNode) return;
         for (const GumboNode* child : ChildrenOf(node)) {
             const bool isBold = bold || Is(*child, GUMBO_TAG_B) || Is(*child, GUMBO_TAG_STRONG);
             if (child->type == GUMBO_NODE_ELEMENT) {
                 extent.Tags += std::to_string(TagOf(*child)) + '/';
                 if (const char* size = Attribute(*child, "size")) extent.Tags += size;
             }
-            Add(*child, extent, isBold, depth + 1);
+            Add(*child, extent, isBold);
         }
     }
 
@@ -111,7 +107,8 @@ class Sample {
         }
         std::string markup;
         for (const GumboNode* row : all)
-            if (chosen.contains(row)) markup += Cleaner::Node(*row, Widths::Own);
+            if (chosen.contains(row) && markup.size() < LargestPiece)
+                markup += Cleaner::Node(*row, Widths::Own);
         return markup;
     }
 
@@ -142,31 +139,37 @@ void CutTable(const GumboNode& table, const Rows& rows, Fonts& fonts, Pieces& pi
     const int index = static_cast<int>(pieces.Tables.size());
     pieces.Tables.push_back(
         {style, both.substr(0, both.size() - style.size()), sample.Markup(rows), sample.Columns()});
-    for (std::size_t first = 0; first < rows.size(); first += RowsPerPiece) {
+    for (std::size_t next = 0; next < rows.size();) {
         Piece piece{.Markup = {}, .Table = index, .Rows = 0};
-        for (std::size_t i = first; i < std::min(first + RowsPerPiece, rows.size()); ++i, ++piece.Rows)
-            piece.Markup += Cleaner::Node(*rows[i], Widths::Columns);
+        for (; next < rows.size() && piece.Rows < RowsPerPiece && piece.Markup.size() < LargestPiece;
+             ++next, ++piece.Rows)
+            piece.Markup += Cleaner::Node(*rows[next], Widths::Columns);
         pieces.Parts.push_back(std::move(piece));
     }
+}
+
+bool IsFull(const Piece& piece) {
+    return piece.Rows > MostBetween || piece.Markup.size() > LargestPiece;
 }
 
 }  // namespace
 
 Pieces Cut(std::string_view document, Fonts& fonts) {
-    const Tree tree(document);
+    const Tree tree(document, ForLayout);
     Pieces pieces;
     if (!tree.Body()) return pieces;
     bool between = false;  // whether the last piece still takes what comes next
     for (const GumboNode* node : ChildrenOf(*tree.Body())) {
         const Rows rows = Is(*node, GUMBO_TAG_TABLE) ? RowsOf(*node) : Rows();
-        if (rows.size() > LongestWhole) {
+        std::string markup = rows.size() > LongestWhole ? "" : Cleaner::Node(*node, Widths::Own);
+        if (rows.size() > LongestWhole || (rows.size() > 1 && markup.size() > LargestPiece)) {
             CutTable(*node, rows, fonts, pieces);
             between = false;
             continue;
         }
-        if (!between) pieces.Parts.emplace_back();
+        if (!between || IsFull(pieces.Parts.back())) pieces.Parts.emplace_back();
         between = true;
-        pieces.Parts.back().Markup += Cleaner::Node(*node, Widths::Own);
+        pieces.Parts.back().Markup += markup;
         pieces.Parts.back().Rows += static_cast<int>(rows.size()) + 1;
     }
     return pieces;

@@ -1,14 +1,19 @@
 #include "platform/forms/html/Printing.h"
 
+#include <QAbstractButton>
+#include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QWidget>
+#include <QToolButton>
 #include <algorithm>
 #include <memory>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Event.h"
+#include "platform/forms/controls/Text.h"
 #include "platform/forms/html/Pages.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/Form.h"
@@ -27,23 +32,53 @@ void PrintChosen(Pages& pages, QPrinter& printer) {
     pages.PaintOn(printer, first, last);
 }
 
+// Enter presses the button that has the focus, as the blank does.
+class PressByEnter : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        auto* const button = qobject_cast<QAbstractButton*>(object);
+        if (!button || event->type() != QEvent::KeyPress) return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+        button->click();
+        return true;
+    }
+};
+
+// The toolkit's preview is made for the mouse: its buttons take no focus and none has a key.
+void MakeKeysWork(QPrintPreviewDialog& preview) {
+    auto* const press = new PressByEnter(&preview);
+    for (QToolButton* button : preview.findChildren<QToolButton*>()) {
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->installEventFilter(press);
+    }
+    const QString print = QCoreApplication::translate("QPrintPreviewDialog", "Print");
+    for (QAction* action : preview.findChildren<QAction*>())
+        if (action->text() == print) action->setShortcut(QKeySequence::Print);
+}
+
 }  // namespace
 
 // The preview asks for the pages again when the sheet changes and when they are printed.
-void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& font) {
+void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& font, const Paper& paper) {
     QPrinter printer(QPrinter::HighResolution);
     Pages::Prepare(printer);
+    printer.setDocName(ToQt(paper.Title));
     if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFormat(QPrinter::PdfFormat);
     QPrintPreviewDialog preview(&printer, parent);
     preview.setWindowTitle("Print");
     preview.resize(PreviewSize);
+    MakeKeysWork(preview);
     std::unique_ptr<Pages> pages;
     QSize room;
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [&](QPrinter* to) {
         RunEvent(parent, [&] {
             if (const QSize now = Pages::RoomOf(*to); !pages || now != room) {
                 SetMousePointer(vbHourglass);
-                pages = std::make_unique<Pages>(document, font, room = now);
+                pages = std::make_unique<Pages>(document, font, room = now, paper);
                 SetMousePointer(vbDefault);
             }
             PrintChosen(*pages, *to);
@@ -53,12 +88,13 @@ void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& 
     parent->window()->activateWindow();  // not every system gives the focus back
 }
 
-void PrintAtOnce(const std::string& document, const QFont& font) {
+void PrintAtOnce(const std::string& document, const QFont& font, const Paper& paper) {
     if (QPrinterInfo::defaultPrinter().isNull())
         throw basic::Error(PrinterError, "Printer error: there is no printer to print on", "forms.DHTMLEdit");
     QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
     Pages::Prepare(printer);
-    Pages pages(document, font, Pages::RoomOf(printer));
+    printer.setDocName(ToQt(paper.Title));
+    Pages pages(document, font, Pages::RoomOf(printer), paper);
     pages.PaintOn(printer, 1, pages.Count());
 }
 

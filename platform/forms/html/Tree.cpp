@@ -2,8 +2,9 @@
 
 namespace forms::html {
 
-Tree::Tree(std::string_view text)
-    : parsed_(gumbo_parse_with_options(&kGumboDefaultOptions, text.data(), text.size())) {}
+Tree::Tree(std::string_view text, const Bounds& bounds)
+    : text_(Bounded(text, bounds)),
+      parsed_(gumbo_parse_with_options(&kGumboDefaultOptions, text_.data(), text_.size())) {}
 Tree::~Tree() {
     gumbo_destroy_output(&kGumboDefaultOptions, parsed_);
 }

@@ -6,13 +6,18 @@
 
 #include <gumbo.h>
 
+#include "platform/forms/html/Bounds.h"
+
 namespace forms::html {
 
 // A document text as a browser takes it: unbalanced tags are closed, a cell without its row gets one, what
-// stands in a table outside its cells comes before it. The text must outlive the tree.
+// stands in a table outside its cells comes before it. Only markup made to break a reader is cut (see
+// Bounds).
 class Tree {
   public:
-    explicit Tree(std::string_view text);
+    static constexpr Bounds Reading{.Tables = 16, .Text = static_cast<std::size_t>(-1)};
+
+    explicit Tree(std::string_view text, const Bounds& bounds = Reading);
     ~Tree();
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
@@ -23,11 +28,9 @@ class Tree {
   private:
     const GumboNode* Part(GumboTag tag) const;
 
+    const std::string text_;  // the nodes point into it
     GumboOutput* parsed_;
 };
-
-// Deeper ones are not followed: only a text made to break a reader nests so.
-inline constexpr int DeepestNode = 400;
 
 bool IsText(const GumboNode& node);  // blanks included
 bool Is(const GumboNode& node, GumboTag tag);

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "platform/forms/controls/Control.h"
-#include "platform/forms/grid/CellEditor.h"
 #include "platform/forms/window/Form.h"
 #include "platform/forms/window/FormWindow.h"
 
@@ -34,14 +33,6 @@ int LetterOf(const QKeyEvent& key) {
 bool IsCtrlLetter(const QKeyEvent& key) {
     const auto modifiers = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     return modifiers == Qt::ControlModifier && LetterOf(key) != 0;
-}
-
-// Marking, copying and pasting in an open cell belong to its editor: they end no edit, and no screen with
-// such cells has a command on them.
-bool IsOfEditor(const QWidget& widget, const QKeyEvent& key) {
-    return dynamic_cast<const CellEditor*>(&widget) != nullptr &&
-           (key.matches(QKeySequence::SelectAll) || key.matches(QKeySequence::Copy) ||
-            key.matches(QKeySequence::Paste));
 }
 
 }  // namespace
@@ -108,18 +99,26 @@ bool EventRouter::eventFilter(QObject* object, QEvent* event) {
 }
 
 // An unused key travels up through the parents; the form sees it once, on its way to the widget that has the
-// focus.
+// focus. Letters without a command belong to an editor that is open, as marking, copying and undoing do.
 bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key) {
     const QWidget* focused = window.focusWidget() ? window.focusWidget() : &window;
-    if (&widget != focused || !IsCtrlLetter(key) || IsOfEditor(widget, key)) return false;
+    if (&widget != focused || !IsCtrlLetter(key)) return false;
+    Control* const active = window.Active();
+    if (active && active->Editing() && !window.Owner()->HasCommand(LetterOf(key))) return false;
     const QPointer<FormWindow> form = &window;
     const QPointer<QWidget> target = &widget;
-    bool goesOn = true;
-    if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = active->FinishEdit(); });
-    if (!goesOn || !form || !form->Owner()) return true;
+    if (!Yielded(window)) return true;
     const int shift = vbCtrlMask + (key.modifiers() & Qt::ShiftModifier ? vbShiftMask : 0);
     RunEvent(form, [&] { form->Owner()->Form_KeyDown(LetterOf(key), shift); });
     return !form || !form->Owner() || !target || form->focusWidget() != target;
+}
+
+// False if an edit that is open stops the command, or took the form with it.
+bool EventRouter::Yielded(FormWindow& window) {
+    const QPointer<FormWindow> form = &window;
+    bool goesOn = true;
+    if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = active->YieldEdit(); });
+    return goesOn && form && form->Owner();
 }
 
 bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
@@ -132,6 +131,7 @@ bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
 bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous) {
     auto* const control = dynamic_cast<Control*>(&widget);
     if (!control) return false;
+    if (!Yielded(window)) return true;
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
         if (window.MoveFocus(*control, Qt::ShortcutFocusReason) && !ambiguous) button->click();
         return true;

@@ -24,6 +24,7 @@ class EventRouter : public QObject {
   private:
     bool HasClosedAList(const QEvent& event);
     static bool OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key);
+    static bool Yielded(FormWindow& window);
     static bool OnPress(FormWindow& window, QWidget& widget);
     static bool OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous);
     static void OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason reason);

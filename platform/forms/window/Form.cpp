@@ -284,10 +284,16 @@ Control* Form::ActiveControl() const {
     return window_ ? window_->Active() : nullptr;
 }
 
-void Form::OnCtrl(int keyCode, int shift, std::initializer_list<Command> commands) {
+void Form::Form_KeyDown(int keyCode, int shift) {
     if (!(shift & vbCtrlMask)) return;
-    for (const auto& [letter, run] : commands)
+    for (const auto& [letter, run] : CtrlCommands())
         if (letter == keyCode) return run();
+}
+
+bool Form::HasCommand(int keyCode) {
+    const auto commands = CtrlCommands();
+    return std::any_of(commands.begin(), commands.end(),
+                       [=](const Command& c) { return c.first == keyCode; });
 }
 
 }  // namespace forms

@@ -82,13 +82,13 @@ class Form : public basic::ControlHost {
     }  // after each showing, and when a form shown modally above has closed; never after a box
     virtual void Form_Unload() {}
     virtual void Form_Resize() {}  // at each showing, before Form_Activate, and when the size changes
-    // Ctrl+letter, before the control that has the focus gets the key. keyCode is the capital letter's code.
-    virtual void Form_KeyDown([[maybe_unused]] int keyCode, [[maybe_unused]] int shift) {}
-
-    // A capital letter and what it does together with Ctrl.
+    // A capital letter and what it does together with Ctrl, before the control that has the focus gets the
+    // key.
     using Command = std::pair<char, std::function<void()>>;
-    // For Form_KeyDown: runs the command of the letter that was pressed with Ctrl, if any.
-    static void OnCtrl(int keyCode, int shift, std::initializer_list<Command> commands);
+    virtual std::vector<Command> CtrlCommands() { return {}; }
+    // Ctrl+letter: runs the letter's command, if any. keyCode is the capital letter's code.
+    virtual void Form_KeyDown(int keyCode, int shift);
+    virtual void Form_Escape() {}  // Esc, where the control that has the focus has no use for it
     virtual void Form_MouseMove() {}
 
     virtual void BuildWindow(FormWindow& window) = 0;
@@ -97,6 +97,7 @@ class Form : public basic::ControlHost {
   private:
     friend class FormWindow;
     friend class EventRouter;
+    bool HasCommand(int keyCode);  // of the capital letter
     void Activate();
     void RunModal();
     void Discard();

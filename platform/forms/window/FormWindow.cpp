@@ -108,7 +108,10 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
         destination = active.Widget();
     }
     wanted_ = nullptr;
-    if (destination == active.Widget()) destination->setFocus(Qt::OtherFocusReason);
+    if (destination == active.Widget()) {
+        destination->setFocus(Qt::OtherFocusReason);
+        active.StartOver();
+    }
     return destination == sent;
 }
 
@@ -165,6 +168,10 @@ bool FormWindow::focusNextPrevChild(bool next) {
     Control* const neighbour = Neighbour(next);
     if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
     return neighbour != nullptr;
+}
+
+void FormWindow::reject() {
+    if (form_) RunEvent(this, [this] { form_->Form_Escape(); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

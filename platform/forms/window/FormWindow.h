@@ -57,7 +57,7 @@ class FormWindow : public QDialog {
 
     static FormWindow* Of(QWidget* widget);  // the form's window that the widget is in; null if none
 
-    void reject() override {}  // Esc closes nothing
+    void reject() override;  // Esc: the form's affair
 
   protected:
     bool focusNextPrevChild(bool next) override;

@@ -13,7 +13,7 @@
 namespace forms {
 namespace {
 
-constexpr const char* DefaultTitle = "Tovik Softwares";
+constexpr const char* UntrappedTitle = "Tovik Softwares";
 constexpr int YesNo = 4, Information = 64;
 constexpr int IconSide = 36;
 constexpr int FrameButtons = 140;  // pixels: the frame's icon and buttons, with a margin
@@ -72,14 +72,13 @@ std::string Describe(const std::exception_ptr& error) {
 }  // namespace
 
 int ShowMessage(const std::string& text, int flags, const std::string& title) {
-    const std::string& shown = title.empty() ? DefaultTitle : title;
-    if (const auto answer = seams::TakeBox(text, flags, shown)) return *answer;
+    if (const auto answer = seams::TakeBox(text, flags, title)) return *answer;
     EnsureApplication();
-    return Ask(text, flags, shown);
+    return Ask(text, flags, title);
 }
 
 void ShowUntrappedError(std::exception_ptr error) {
-    ShowMessage(Describe(error), 0, DefaultTitle);
+    ShowMessage(Describe(error), 0, UntrappedTitle);
 }
 
 }  // namespace forms

@@ -93,4 +93,29 @@ TEST_F(DTPickerTest, ADateIsTypedStraightThrough) {
     EXPECT_EQ(picker->text(), "23-Nov-2020") << "leaving it ends the typing";
 }
 
+TEST_F(DTPickerTest, ARefusedOrResetDateIsTypedFromItsDay) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"refused", [this] { Key(Qt::Key_Tab); }},
+        {"reset and refused",
+         [this] {
+             picker->Validate = [this](bool& cancel) {
+                 picker->SetValue(basic::MakeDate(2001, 4, 1));
+                 cancel = true;
+             };
+             Key(Qt::Key_Tab);
+         }},
+        {"reset", [this] { picker->SetValue(basic::MakeDate(2001, 4, 1)); }},
+        {"asked for again", [this] { picker->SetFocus(); }},
+    };
+    picker->Validate = [](bool& cancel) { cancel = true; };
+    for (const auto& [what, happens] : ways) {
+        QTest::keyClicks(picker, "03052003");
+        happens();
+        ASSERT_EQ(form.ActiveControl(), picker);
+        QTest::keyClicks(picker, "15042001");
+        EXPECT_EQ(picker->Value(), basic::MakeDate(2001, 4, 15)) << what;
+        picker->setSelectedSection(QDateTimeEdit::DaySection);
+    }
+}
+
 }  // namespace

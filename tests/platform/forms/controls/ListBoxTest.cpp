@@ -54,12 +54,39 @@ TEST_F(ListBoxTest, ListIndexSelectsAndFiresOncePerChange) {
 
 TEST_F(ListBoxTest, AMultipleListKeepsEveryMark) {
     list->setSelectionMode(QAbstractItemView::MultiSelection);
-    for (int i = 0; i < list->ListCount(); ++i) list->SetSelected(i, true);
+    list->SelectEach(true);
     EXPECT_EQ(list->SelCount(), 3);
     ClickLine(1);
     EXPECT_THAT(Marks(), ElementsAre(true, false, true));
     list->SetEnabled(false);
     EXPECT_THAT(Marks(), ElementsAre(true, false, true));
+}
+
+TEST_F(ListBoxTest, InAMultipleListLettersMoveAndOnlySpaceMarks) {
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (const char* name : {"Bank", "Basu", " Cash"}) list->AddItem(name);
+    list->SelectEach(true);
+    list->SetFocus();
+    QTest::keyClicks(list, "bas");
+    EXPECT_EQ(list->ListIndex(), 4);
+    EXPECT_EQ(list->SelCount(), 6);
+    Key(Qt::Key_Space);
+    EXPECT_EQ(list->ListIndex(), 4) << "the blank is no letter";
+    EXPECT_THAT(list->SelectedLines(), ElementsAre(0, 1, 2, 3, 5));
+}
+
+// However many marks stand, and wherever: the toolkit is told of all lines in one step or two.
+TEST_F(ListBoxTest, AllLinesAreMarkedAndClearedAtOnce) {
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (int i = 0; i < 500; ++i) list->AddItem("line");
+    for (int i = 0; i < list->ListCount(); i += 2) list->SetSelected(i, true);
+    int steps = 0;
+    QObject::connect(list, &QListWidget::itemSelectionChanged, [&] { ++steps; });
+    list->SelectEach(true);
+    EXPECT_EQ(list->SelCount(), 503);
+    list->SelectEach(false);
+    EXPECT_EQ(list->SelCount(), 0);
+    EXPECT_LE(steps, 3);
 }
 
 }  // namespace

@@ -53,6 +53,7 @@ class TestForm : public FormOf<UiOf<Tested>> {
     explicit TestForm(EventLog& log) : log_(log) {}
 
   protected:
+    std::vector<Form::Command> CtrlCommands() override { return {{'D', {}}, {'S', {}}}; }
     void Form_KeyDown(int keyCode, int) override {
         log_.push_back(std::string("Form ") + static_cast<char>(keyCode));
     }

@@ -148,15 +148,21 @@ TEST_F(LabelEditTest, ARebuiltTreeThrowsTheLabelAway) {
     EXPECT_EQ(Texts(), "Suppliers sharma Anand Bank ");
 }
 
-TEST_F(LabelEditTest, LeavingAndCtrlLetterCompleteTheEdit) {
+TEST_F(LabelEditTest, LeavingCompletesItACommandDropsItAndOtherLettersAreItsOwn) {
     Key(Qt::Key_F2);
-    Type("Verma");
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(static_cast<QLineEdit*>(Focused())->text(), "");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(static_cast<QLineEdit*>(Focused())->text(), "sharma");
+    EXPECT_THAT(Logged(), IsEmpty());
+    Type("Be");
     Key(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\sharma -> Verma", "Form D"));
+    EXPECT_THAT(Logged(), ElementsAre("Form D"));
+    EXPECT_EQ(control().Item("C5").Text(), "sharma");
     Key(Qt::Key_F2);
     Type("Gupta");
     form.ui().txtAfter->SetFocus();
-    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\Verma -> Gupta"));
+    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\sharma -> Gupta"));
     EXPECT_EQ(Active(), "txtAfter");
 }
 

@@ -130,7 +130,7 @@ TEST_F(VSFlexGridEditTest, CtrlLetterCompletesTheEditFirst) {
 }
 
 // They neither end the edit nor come to the form, and what is pasted goes the way of what is typed.
-TEST_F(VSFlexGridEditTest, TheClipboardsLettersAreTheOpenEditorsOwn) {
+TEST_F(VSFlexGridEditTest, LettersWithoutACommandAreTheOpenEditorsOwn) {
     Type("4");
     QGuiApplication::clipboard()->setText("-9-\n8");
     Logged();
@@ -140,6 +140,10 @@ TEST_F(VSFlexGridEditTest, TheClipboardsLettersAreTheOpenEditorsOwn) {
     Key(Qt::Key_A, Qt::ControlModifier);
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "49");
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(control().EditText(), "");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(control().EditText(), "49");
     EXPECT_THAT(Logged(), IsEmpty());
     Key(Qt::Key_Return);
     Logged();

@@ -3,8 +3,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPrintDialog>
 #include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QScrollBar>
+#include <QToolButton>
+#include <set>
 
 #include "platform/forms/html/DHTMLEdit.h"
 #include "tests/platform/forms/window/Fixture.h"
@@ -88,7 +92,7 @@ TEST_F(DHTMLEditTest, MarksWithTheMouse) {
     view.SetDocumentHTML(Ledger(3));
     view.viewport()->repaint();
     const int line = view.DocumentHeight() / 5;
-    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, QPoint(145, 8 + line * 3 / 2));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, QPoint(160, 8 + line * 3 / 2));
     QMouseEvent move(QEvent::MouseMove, QPointF(20, 8 + line * 5 / 2), QPointF(), Qt::NoButton,
                      Qt::LeftButton, {});
     QApplication::sendEvent(view.viewport(), &move);
@@ -175,17 +179,64 @@ TEST_F(DHTMLEditTest, ReadsAloud) {
     EXPECT_EQ(seen->textInterface()->text(0, 7), "Cash\n01");
 }
 
-TEST_F(DHTMLEditTest, ThePrintWindowShowsThePages) {
+// Without a mouse: each control is reached by Tab, and the printing begins by Ctrl+P or by Enter on its
+// button.
+TEST_F(DHTMLEditTest, ThePrintWindowWorksByKeys) {
     view.SetDocumentHTML(Ledger(200));
-    bool shown = false;
+    view.SetPaper({"Stock Ledger", "", ""});
+    int dialogs = 0;
+    const auto begins = [&](const std::function<void()>& key) {
+        QTimer user;  // the dialog asks the system for its printers before it shows
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            EXPECT_EQ(dialog->printer()->docName(), "Stock Ledger");
+            ++dialogs;
+            dialog->reject();
+        });
+        user.start(1);
+        key();
+    };
     QTimer::singleShot(0, [&] {
         auto* const preview = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(preview);
-        shown = true;
+        preview->activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == preview; }));
+        std::set<QWidget*> reached;
+        QToolButton* print = nullptr;
+        while (preview->focusWidget() && reached.insert(preview->focusWidget()).second) {
+            auto* const button = qobject_cast<QToolButton*>(preview->focusWidget());
+            if (button && button->defaultAction() && button->defaultAction()->text() == "Print")
+                print = button;
+            QTest::keyClick(preview->focusWidget(), Qt::Key_Tab);
+        }
+        for (QToolButton* button : preview->findChildren<QToolButton*>()) {
+            const bool there = button->isVisible() && button->isEnabled();
+            EXPECT_EQ(reached.contains(button), there) << button->text().toStdString();
+        }
+        begins([&] { QTest::keyClick(preview->focusWidget(), Qt::Key_P, Qt::ControlModifier); });
+        ASSERT_TRUE(print);
+        EXPECT_EQ(dialogs, 1) << "by Ctrl+P";
+        print->setFocus();
+        begins([&] { QTest::keyClick(print, Qt::Key_Return); });
         preview->reject();
     });
     view.PrintDocument(true);
-    EXPECT_TRUE(shown);
+    EXPECT_EQ(dialogs, 2);
+}
+
+// It is painted for who looks, and is no part of what is read, copied or printed.
+TEST_F(DHTMLEditTest, ABlankHintIsOnlyPainted) {
+    view.SetDocumentHTML("<p>Heading</p>");
+    const QImage without = view.viewport()->grab().toImage();
+    const int height = view.DocumentHeight();
+    view.SetBlankHint("Nothing to show");
+    EXPECT_NE(view.viewport()->grab().toImage(), without);
+    EXPECT_EQ(view.SelectedText(), "Heading");
+    EXPECT_EQ(view.BodyInnerText(), "Heading");
+    EXPECT_EQ(view.DocumentHeight(), height);
+    view.SetBlankHint("");
+    EXPECT_EQ(view.viewport()->grab().toImage(), without);
 }
 
 }  // namespace

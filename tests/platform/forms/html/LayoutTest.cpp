@@ -44,7 +44,7 @@ TEST(Layout, OldAttributesPlaceTexts) {
         "<tr><td colspan = '2' width = '100%' align='CENTER'>e</td><td colspan=2 height='60'>f</td></tr>");
     EXPECT_EQ(at["a"].left(), 8);
     EXPECT_EQ(RightOf(at["b"]), 408);
-    EXPECT_EQ(at["c"].left(), 408);
+    EXPECT_GE(at["c"].left(), 414) << "columns stand apart";
     EXPECT_EQ(RightOf(at["d"]), 808);
     EXPECT_NEAR(at["e"].center().x(), 208, 2);
     EXPECT_NEAR(at["f"].center().y(), at["a"].bottom() + 31, 3) << "in the middle of its height";
@@ -64,10 +64,16 @@ TEST(Layout, FontsParagraphsAndLines) {
     EXPECT_EQ(layout.List(0).Rules[0].Box.width(), 800);
 }
 
+std::string Repeated(int times, const std::string& text) {
+    std::string repeated;
+    for (int i = 0; i < times; ++i) repeated += text;
+    return repeated;
+}
+
 // Whatever a narration holds, the text is shown, and nothing runs, is fetched or styles the rest.
 TEST(Layout, HostileMarkupIsOnlyText) {
     const struct {
-        const char* narration;
+        std::string narration;
         std::vector<std::string> words;
     } cases[] = {
         {"<script>alert('x')</script>", {"after", "before"}},
@@ -81,11 +87,14 @@ TEST(Layout, HostileMarkupIsOnlyText) {
         {"a < b && c > d &amp; \"e\"", {"\"e\"", "&", "&&", "<", ">", "a", "after", "b", "before", "c", "d"}},
         {"<table><tr><td>in</table>", {"after", "before", "in"}},
         {"</table>out ", {"after", "before", "out"}},
-        {"<textarea>swallowed", {"before"}},
+        {"<textarea>not swallowed", {"after", "before", "not", "swallowed"}},
+        {Repeated(100, "<table>in "), {"after", "before", "in"}},
+        {Repeated(5000, "<td colspan=99>wide"), {"after", "before", "wide"}},
+        {Repeated(100000, "long "), {"after", "before", "long"}},
     };
     for (const auto& c : cases) {
-        const auto boxes = Boxes(std::string("<table width='100%'><tr><td>before</td></tr><tr><td>") +
-                                 c.narration + "</td></tr><tr><td>after</td></tr></table>");
+        const auto boxes = Boxes("<table width='100%'><tr><td>before</td></tr><tr><td>" + c.narration +
+                                 "</td></tr><tr><td>after</td></tr></table>");
         const auto names = Names(boxes);
         for (const std::string& word : c.words) EXPECT_THAT(names, testing::Contains(word)) << c.narration;
         EXPECT_LT(boxes.at("before").height(), 30) << c.narration;

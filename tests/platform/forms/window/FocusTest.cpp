@@ -101,7 +101,7 @@ TEST_F(FocusTest, ABoxInsideValidateDoesNotRunItAgain) {
     script.Box("Please enter a valid numeric quantity");
     ui().txtFirst->Validate = [this](bool& cancel) {
         log.push_back("Validate");
-        ShowMessage("Please enter a valid numeric quantity", 64, "");
+        ShowMessage("Please enter a valid numeric quantity", 64, "Tovik Softwares");
         Key(Qt::Key_Tab);  // still inside
         cancel = true;
     };

@@ -10,13 +10,14 @@ namespace {
 // A real box over a real form; `act` is what the user does with it.
 class MessageBoxTest : public testing::Test {
   protected:
-    int Ask(const std::string& text, int flags, const std::function<void(QMessageBox&)>& act) {
+    int Ask(const std::string& text, int flags, const std::function<void(QMessageBox&)>& act,
+            const char* title = "Tovik Softwares") {
         QTimer::singleShot(0, [act] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             act(*box);
         });
-        return ShowMessage(text, flags, "");
+        return ShowMessage(text, flags, title);
     }
     EventLog log;
     frmTest form{log};
@@ -35,10 +36,21 @@ TEST_F(MessageBoxTest, LineEnds) {
         Ask(text, 0, [&](QMessageBox& box) {
             EXPECT_EQ(FromQt(box.text()), shown);
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.windowTitle(), "Tovik Softwares");
             QTest::keyClick(&box, Qt::Key_Escape);
         });
     }
+}
+
+// The window itself is asked: a title put in on the way to it would be no one's.
+TEST_F(MessageBoxTest, BearsTheTitleThatItWasGivenOrNone) {
+    for (const char* title : {"Tovik Softwares", ""})
+        Ask(
+            "text", 0,
+            [&](QMessageBox& box) {
+                EXPECT_EQ(box.windowTitle(), title);
+                QTest::keyClick(&box, Qt::Key_Escape);
+            },
+            title);
 }
 
 TEST_F(MessageBoxTest, AnswersAndIcons) {

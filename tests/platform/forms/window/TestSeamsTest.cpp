@@ -15,7 +15,8 @@ class ScriptTest : public testing::Test {
 TEST_F(ScriptTest, ReportsWhatItDidNotExpect) {
     {
         Script script([this](const std::string& fault) { faults.push_back(fault); });
-        EXPECT_EQ(ShowMessage("Sure ?", 68, ""), 7) << "a question nobody expected is answered No";
+        EXPECT_EQ(ShowMessage("Sure ?", 68, "Tovik Softwares"), 7)
+            << "a question nobody expected is answered No";
         form.Show(vbModal);
         EXPECT_FALSE(form.Loaded()) << "and a window is closed";
         script.Box("first")
@@ -23,8 +24,8 @@ TEST_F(ScriptTest, ReportsWhatItDidNotExpect) {
             .Modal("frmOther")
             .Box("never");
         ShowMessage("first", 0, "Other title");
-        ShowMessage("second", 0, "");
-        ShowMessage("never", 0, "");
+        ShowMessage("second", 0, "Tovik Softwares");
+        ShowMessage("never", 0, "Tovik Softwares");
     }
     EXPECT_THAT(faults,
                 ElementsAre("unexpected box \"Sure ?\"; expected: nothing",
@@ -38,10 +39,10 @@ TEST_F(ScriptTest, AnswersInOrderAndVisitsForms) {
     Script script([this](const std::string& fault) { faults.push_back(fault); });
     script.Box("Sure ?", 6).Modal("frmTest", [](Form& shown) {
         EXPECT_TRUE(shown.Visible());
-        EXPECT_EQ(ShowMessage("Inside", 0, ""), 1);
+        EXPECT_EQ(ShowMessage("Inside", 0, "Tovik Softwares"), 1);
     });
     script.Box("Inside");
-    EXPECT_EQ(ShowMessage("Sure ?", 68, ""), 6);
+    EXPECT_EQ(ShowMessage("Sure ?", 68, "Tovik Softwares"), 6);
     form.Show(vbModal);
     EXPECT_FALSE(form.Loaded()) << "closed after the visit";
     EXPECT_EQ(script.LeftOver(), 0U);
