@@ -15,8 +15,8 @@ namespace qm {
 // "C". Raises 94 "Invalid use of Null" for a Null one.
 std::optional<double> SignedOpening(ado::Recordset& details);
 
-// The magnitude and the side: "1500Dr", "250Cr"; 0 reads "0Dr". Without `figure` the magnitude stands with up
-// to 15 digits.
+// The magnitude and the side: "1500Dr", "250Cr"; 0 reads "0Dr". Kept 13. Without `figure` the magnitude
+// stands with up to 15 digits.
 std::string BalanceText(double balance, const std::function<std::string(double)>& figure = {});
 
 }  // namespace qm

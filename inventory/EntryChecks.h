@@ -9,7 +9,7 @@ namespace qm {
 // The checks of what is entered on the stock screens and the order screens. Each shows its message; one that
 // goes back to a control opens its list.
 
-// Whether the date lies in the current year. The message names the range one year early: kept.
+// Whether the date lies in the current year. The message names the range one year early: kept 1.
 bool DateIsInYear(forms::DTPicker& date);
 
 // Whether the box shows anything, chosen or not.

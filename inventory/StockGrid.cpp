@@ -107,7 +107,7 @@ bool StockGrid::Remove(int row, const std::string& done) const {
     const std::string item = "'" + Text(row, NameCol) + "'";
     if (!Ask("Remove Item " + item + "\r\n\r\nAre you sure ?")) return false;
     if (IsSaved(row)) {
-        // The doubled word is the system's own.
+        // The doubled word is the system's own. Kept 62.
         Tell("Item Item " + item + " has been " + done + " \r\n\r\nCannot remove");
         return false;
     }

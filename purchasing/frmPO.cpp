@@ -83,7 +83,7 @@ void frmPO::ResetPurchaseOrders() {
     Lines().Empty();
 }
 
-// Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused.
+// Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused. Kept 65.
 void frmPO::FillPOSuppliers() {
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     suppliers.Clear();
@@ -240,7 +240,7 @@ void frmPO::cmdSave_Click() {
     }
 }
 
-// The number is drawn before the transaction, and nothing reserves it.
+// The number is drawn before the transaction, and nothing reserves it. Kept 11.
 void frmPO::SaveNew() {
     if (highest_ && highest_->State() != ado::adStateClosed) {
         highest_->Requery();
@@ -305,7 +305,7 @@ void frmPO::cmdCancelPO_Click() {
     ResetPurchaseOrders();
 }
 
-// In no transaction, and the screen comes back empty in every case, also after No. Kept.
+// In no transaction, and the screen comes back empty in every case, also after No. Kept 64.
 void frmPO::cmdDeletePO_Click() {
     const std::string number = SelectedNumber();
     if (!number.empty() && Ask("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?")) {

@@ -13,7 +13,7 @@ struct Heading {
     const char *Title, *Span, *ToDateMask;
 };
 
-// The To date of the stock ledger is written unlike the others'. Kept.
+// The To date of the stock ledger is written unlike the others'. Kept 73.
 constexpr Heading Headings[] = {{"Stock Ledger", "7", DateMask},
                                 {"Party Ledger", "6", ShortDateMask},
                                 {"Trial Balance", "6", ShortDateMask}};
@@ -38,6 +38,7 @@ void frmLedger::Form_Resize() {
 }
 
 // The party ledger comes with the title "Ledger", so it has no heading; "Party Ledger" is kept all the same.
+// Kept 73.
 void frmLedger::BeginReport(const std::string& title) {
     report_ = "<html><head><title></title></head>";
     Append(
@@ -49,7 +50,7 @@ void frmLedger::BeginReport(const std::string& title) {
     begun_ = report_.size();
 }
 
-// The title's cell closes while its paragraph stays open. Kept: the text is compared and printed as it is.
+// The title's cell closes while its paragraph stays open. Kept 72: the text is compared and printed as it is.
 void frmLedger::AppendHeading(const std::string& title, const std::string& span, const char* toDateMask) {
     Append("<tr><td width='100%' colspan='" + span + "' height='27'>");
     Append("<p align='center'><font size='5'><b>");
@@ -75,7 +76,7 @@ void frmLedger::EndReport() {
     view.SetBlankHint(blank ? "Nothing to show for this period" : "");
 }
 
-// A trial balance holds all up to its date; the from date in its heading is another report's.
+// A trial balance holds all up to its date; the from date in its heading is another report's. Kept 70.
 forms::html::Paper frmLedger::PaperOf() const {
     return ReportPaper(title_, title_ == "Trial Balance" ? Period(toDate_) : Period(fromDate_, toDate_));
 }

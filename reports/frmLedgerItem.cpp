@@ -1,5 +1,5 @@
 // The generator over the items: one item's movements in quantities. The text is compared and printed letter
-// for letter, tags that do not match included.
+// for letter, tags that do not match included. Kept 72.
 #include "core/DBCode.h"
 #include "core/Masks.h"
 #include "platform/basic/Format.h"
@@ -23,7 +23,7 @@ constexpr const char* Heads =
     "<td width = '10%' height='31' align = 'right'><b>Balance Qty.</b></td>"
     "</tr><tr><td width='100%' height='1' colspan='8'><hr></td></tr>";
 
-// The overlap from 91 to 135 and the end tag of a cell that was never begun are part of the form.
+// The overlap from 91 to 135 and the end tag of a cell that was never begun are part of the form. Kept 75.
 std::string Continuation(const std::string& note) {
     std::string rows;
     if (basic::Len(note) > 45) rows += "<tr><td>" + basic::Mid(note, 46, 90) + "</td></tr>";

@@ -1,5 +1,6 @@
 // The two generators over the ledgers: one ledger's statement, and the trial balance. The texts are compared
 // and printed letter for letter, tags that do not match included. Balances are signed, debit positive.
+// Kept 72.
 #include "core/DBCode.h"
 #include "core/Masks.h"
 #include "core/modGeneral.h"
@@ -20,7 +21,7 @@ double Magnitude(double balance) {
     return balance > 0 ? balance : 0 - balance;
 }
 
-// A balance of nought reads "Cr".
+// A balance of nought reads "Cr". Kept 13.
 std::string BalanceCell(double balance) {
     return "<td align = 'right'>" + Money(Magnitude(balance)) + (balance > 0 ? "Dr" : "Cr") + "</td>";
 }
@@ -46,7 +47,7 @@ constexpr const char* StatementRule =
     "<tr><td></td><td></td><td></td><td colspan = '3' width = '100%'><hr></td></tr>";
 constexpr const char* TrialRule = "<tr><td></td><td></td><td colspan = '4' width = '100%' ><hr></td></tr>";
 
-// "Dr " has a blank behind it and "Cr" has none. Kept.
+// "Dr " has a blank behind it and "Cr" has none. Kept 74.
 std::string OpeningRow(const std::string& date, double opening) {
     const std::string amount = Money(Magnitude(opening));
     return "<tr><td>" + date + "</td><td>Opening Balance</td><td></td>" +
@@ -57,6 +58,7 @@ std::string OpeningRow(const std::string& date, double opening) {
 }
 
 // What does not fit the line goes to a second and a third, which overlap by 35 characters: part of the form.
+// Kept 75.
 std::string Continuation(const std::string& narration) {
     std::string rows;
     if (basic::Len(narration) > 35) rows += "<tr><td>" + basic::Mid(narration, 36, 85) + "</td></tr>";
@@ -96,7 +98,7 @@ void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::stri
     Append("<tr><td colspan = '6' width = '100%'><hr></td></tr>");
 }
 
-// All ledgers of the year, whatever was selected; nothing tests that the sides agree.
+// All ledgers of the year, whatever was selected; nothing tests that the sides agree. Kept 80.
 void frmLedger::PartyTrial(basic::Date) {
     ado::Recordset rs;
     rs.Open(

@@ -97,6 +97,7 @@ void frmVoucher::cmdUndo_Click() {
 }
 
 // Each line is committed by itself: after a failure the lines before it stand, and "<New>" stands too.
+// Kept 40.
 void frmVoucher::cmdSave_Click() {
     try {
         if (!ValidateVoucher()) return;
@@ -147,7 +148,7 @@ bool frmVoucher::ValidateVoucher() {
     return true;
 }
 
-// The message names the range one year early; the test does not. Kept.
+// The message names the range one year early; the test does not. Kept 1.
 bool frmVoucher::ValidateDate() {
     const std::int16_t year = basic::ToInteger(shared().FinYear);
     if (IsDateInFinYear(ui().dtpDate->Value(), year)) return true;
