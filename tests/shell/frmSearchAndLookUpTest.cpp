@@ -20,10 +20,7 @@ class LookUpTest : public test::ScreenTest {
     ~LookUpTest() override { lookUp.Unload(); }
 
     void InLookUp(const std::function<void()>& visit) {
-        script.Modal("frmSearchAndLookUp", [visit](forms::Form& shown) {
-            BringToFront(shown);
-            visit();
-        });
+        script.Modal("frmSearchAndLookUp", [visit](forms::Form&) { visit(); });
         lookUp.Show(forms::vbModal);
     }
     forms::MSFlexGrid& Grid() { return *lookUp.ui().grd; }
@@ -113,6 +110,7 @@ TEST_F(LookUpTest, TheCloseBoxAndEscLeaveTheResultsOfTheShowingBefore) {
                                           }};
     for (const auto& close : ways) {
         InLookUp([&] {
+            BringToFront(lookUp);
             Search("an");
             close();
             EXPECT_FALSE(lookUp.Loaded());

@@ -1,5 +1,6 @@
 #include <csignal>
 #include <fstream>
+#include <optional>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -189,8 +190,11 @@ TEST(CreateBooks, SetsALogWithoutBooksAsideAndSweepsAfterAKilledOne) {
 
 TEST(CreateBooks, FailsWhereTheLastOfTheLogWasNotTakenIn) {
     const TempFolder folder;
-    const auto leave = [](const fs::path& staging) {
-        std::ofstream(staging / "QmAccount.mdb-journal") << "x";
+    std::optional<host::BooksStore> open;  // while another holds them, no closing takes the log in
+    const auto leave = [&](const fs::path& staging) {
+        open.emplace(staging / host::BooksFile);
+        open->Run("DELETE FROM tblError");
+        open->Run("SELECT count(*) FROM tblvchrmst");
     };
     EXPECT_THAT(FailureOf([&] { host::CreateBooks(folder, {}, leave); }), HasSubstr("could not be closed"));
     EXPECT_TRUE(folder.IsEmpty());
