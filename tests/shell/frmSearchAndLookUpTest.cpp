@@ -24,11 +24,7 @@ class LookUpTest : public test::ScreenTest {
         lookUp.Show(forms::vbModal);
     }
     forms::MSFlexGrid& Grid() { return *lookUp.ui().grd; }
-    test::Lines Names() {
-        test::Lines names;
-        for (int row = 1; row < Grid().Rows(); ++row) names.push_back(Grid().TextMatrix(row, 2));
-        return names;
-    }
+    test::Lines Names() { return RowTexts(Grid(), 2, 2); }
     std::string Id(const std::string& name) {
         return test::FreshBooks::One("Select Ledger_ID From Ledger_Master Where Name = '" + name + "'");
     }
