@@ -1,6 +1,7 @@
 #include "accounts/LedgerRows.h"
 
 #include "core/DBCode.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
@@ -50,7 +51,7 @@ std::string UpdateStatement(const std::string& ledgerId, const std::string& pare
 }  // namespace
 
 bool LedgerNameTaken(const std::string& name) {
-    return HasRow("Select * From Group_Head_Master Where Group_Head_Name = \"" + name + "\"");
+    return HasRow("Select * From Group_Head_Master Where Group_Head_Name = " + Quoted(name));
 }
 
 void InsertLedger(const LedgerEntry& entry) {

@@ -1,9 +1,9 @@
 #include "accounts/Ledger_Master.h"
 
+#include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -27,10 +27,6 @@ constexpr struct {
 
 bool IsParty(const std::string& group) {
     return group == "Debtors" || group == "Suppliers";
-}
-
-void Tell(const std::string& text) {
-    MsgBox(text, vbInformation, AppTitle);
 }
 
 }  // namespace

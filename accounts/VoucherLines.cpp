@@ -1,6 +1,7 @@
 #include "accounts/VoucherLines.h"
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Text.h"
 
@@ -21,7 +22,7 @@ std::size_t PlaceOf(ado::Recordset& rows, const char* name) {
 }  // namespace
 
 std::string ListAmount(const basic::Value& value) {
-    return basic::Format(value, "##,#00.00");
+    return basic::Format(value, GroupAmountMask);
 }
 
 VoucherLines::VoucherLines(ado::Recordset& rows) : rows_(rows.Keep()) {
@@ -32,7 +33,7 @@ std::string VoucherLines::Text(int row, int column) const {
     const basic::Value value = rows_.ValueAt(row, fields_[static_cast<std::size_t>(column)]);
     switch (column) {
         case Date:
-            return basic::Format(DateNumber(value), "dd-MMM-yyyy");
+            return basic::Format(DateNumber(value), DateMask);
         case Narration:
             return basic::TextOrEmpty(value);
         default:

@@ -5,9 +5,9 @@
 #include "accounts/LedgerRows.h"
 #include "accounts/Ledger_Master.h"
 #include "accounts/VoucherLines.h"
+#include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
@@ -23,10 +23,6 @@ constexpr int SplitLimit = 500, NarrowestTree = 1600, Gap = 60, HeadRoom = 315;
 
 constexpr const char* LedgerHeads[] = {"Ledger Name", "Opening", "Dr Total", "Cr Total", "Closing"};
 constexpr const char* VoucherHeads[] = {"Date", "Narration", "Dr Amount", "Cr Amount", "Balance"};
-
-void Tell(const char* text) {
-    MsgBox(text, vbInformation, AppTitle);
-}
 
 ado::RecordsetPtr OpenRows(const std::string& sql) {
     auto rows = std::make_shared<ado::Recordset>();

@@ -1,5 +1,6 @@
 #include "core/BillFigures.h"
 
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 
@@ -8,7 +9,7 @@ namespace {
 
 // The mask drops the commas.
 double Whole(const std::string& text) {
-    return basic::PrefixValue(basic::Format(text, "######.00"));
+    return basic::PrefixValue(basic::Format(text, PlainAmountMask));
 }
 
 void EmptyUnlessPositive(std::string& text, const std::string& decides) {
@@ -18,7 +19,7 @@ void EmptyUnlessPositive(std::string& text, const std::string& decides) {
 }  // namespace
 
 std::string BillFigures::Shown(double amount) {
-    return basic::Format(amount, "#,##,###.00");
+    return basic::Format(amount, AmountMask);
 }
 
 // The tax is subtracted like the discount, though the box above it reads "Amt. After Tax": kept 53.

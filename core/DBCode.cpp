@@ -1,7 +1,10 @@
 #include "core/DBCode.h"
 
+#include "core/Boxes.h"
+#include "core/CountedExecution.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
+#include "core/Masks.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Format.h"
@@ -18,11 +21,11 @@ const char* const BooksPassword = "quintel";
 std::string SqlValue(const std::string& value, const std::string& type) {
     if (basic::Trim(value).empty()) return "NULL";
     if (type == "B" || type == "N") return value;
-    return "'" + basic::Replace(basic::Trim(value), "'", "''") + "'";
+    return QuotedDoubled(basic::Trim(value));
 }
 
 void TellCount(const std::string& verb, std::int64_t count) {
-    MsgBox(verb + " " + std::to_string(count) + " record(s)", vbInformation, AppTitle);
+    Tell(verb + " " + std::to_string(count) + " record(s)");
 }
 
 constexpr int MostLevels = 5000;
@@ -35,7 +38,7 @@ struct Group {
 
 Group FindGroup(const std::string& name) {
     ado::Recordset rows;
-    rows.Open("Select * From Group_Head_Master Where Group_Head_Name = \"" + name + "\"", shared().Connection,
+    rows.Open("Select * From Group_Head_Master Where Group_Head_Name = " + Quoted(name), shared().Connection,
               ado::adOpenForwardOnly, ado::adLockReadOnly);
     if (rows.Eof()) return {};
     return {basic::ToInteger(rows["Parent_Id"]), basic::ToInteger(rows["Group_Id"]),
@@ -107,9 +110,7 @@ void InsertRecord(const std::string& table, const std::vector<std::string>& fiel
         names += "[" + fields[i] + "]" + separator;
         given += SqlValue(values[i], types[i]) + separator;
     }
-    std::int64_t count = 0;
-    Conn().Execute("INSERT INTO " + table + " (" + names + ") VALUES (" + given + ")", &count, 1);
-    TellCount("Added", count);
+    TellCount("Added", Affected("INSERT INTO " + table + " (" + names + ") VALUES (" + given + ")"));
 }
 
 void UpdateRecords(const std::string& table, const std::vector<std::string>& fields,
@@ -118,9 +119,7 @@ void UpdateRecords(const std::string& table, const std::vector<std::string>& fie
     std::string sql = "Update " + table + " set ";
     for (std::size_t i = 0; i < fields.size(); ++i)
         sql += "[" + fields[i] + "]= " + SqlValue(values[i], types[i]) + (i + 1 < fields.size() ? ", " : "");
-    std::int64_t count = 0;
-    Conn().Execute(sql + " where " + where, &count, 1);
-    TellCount("Updated", count);
+    TellCount("Updated", Affected(sql + " where " + where));
 }
 
 void GetPrimaryGroup(const std::string& groupName) {
@@ -138,7 +137,7 @@ basic::Value DateNumber(const basic::Value& value) {
     static const basic::Date dayZero = basic::MakeDate(1900, 1, 1);
     try {
         if (basic::IsDate(value))
-            return basic::DaysBetween(dayZero, basic::ReadDate(basic::Format(value, "dd/MM/yyyy")));
+            return basic::DaysBetween(dayZero, basic::ReadDate(basic::Format(value, ShortDateMask)));
         if (basic::IsNumeric(value)) return basic::AddDays(dayZero, basic::ToLong(value));
         return std::int32_t{0};
     } catch (const basic::Error& error) {

@@ -1,7 +1,9 @@
 #include "core/ErrorModule.h"
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "core/MsgBox.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Format.h"
@@ -21,10 +23,10 @@ void LogError(const std::string& formName, std::int32_t number, const std::strin
     std::string sql;
     SkipOnError([&] {
         const basic::Value now = basic::Clock::Now();
-        sql = "Insert Into tblError (frmName, ErrNumber, ErrDesc, ErrSource, ErrDate, ErrTime) Values (\"" +
-              formName + "\",\"" + basic::NumberText(number) + "\",\"" +
-              basic::Replace(description, "\"", "'") + "\",\"" + source + "\",\"" +
-              basic::Format(now, "dd/MM/yyyy") + "\",\"" + basic::Format(now, "hh:mm:ss") + "\")";
+        sql = "Insert Into tblError (frmName, ErrNumber, ErrDesc, ErrSource, ErrDate, ErrTime) Values (" +
+              Quoted(formName) + "," + Quoted(basic::NumberText(number)) + "," +
+              Quoted(basic::Replace(description, "\"", "'")) + "," + Quoted(source) + "," +
+              Quoted(basic::Format(now, ShortDateMask)) + "," + Quoted(basic::Format(now, TimeMask)) + ")";
     });
     // The box comes first and the routine waits in it; the row is written after. Two lone carriage returns,
     // then one. Kept 5.

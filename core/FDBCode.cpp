@@ -1,7 +1,9 @@
 #include "core/FDBCode.h"
 
+#include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
@@ -46,12 +48,12 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
                                 " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, "
                                 "LedgerTrnType, LedgerDrAmt, "
                                 "LedgerCrAmt   ) Values (" +
-                                basic::NumberText(voucherNo) + ", " + basic::NumberText(ledgerCode) + ", \"" +
-                                ledgerName + "\", " + basic::TextOrEmpty(DateNumber(date)) + ", \"" +
-                                narration + "\", " + TypeWord(typeCode) + Amounts(sideCode, amount) + ")";
+                                basic::NumberText(voucherNo) + ", " + basic::NumberText(ledgerCode) + ", " +
+                                Quoted(ledgerName) + ", " + basic::TextOrEmpty(DateNumber(date)) + ", " +
+                                Quoted(narration) + ", " + TypeWord(typeCode) + Amounts(sideCode, amount) +
+                                ")";
         Conn().BeginTrans();
-        std::int64_t count = 0;
-        Conn().Execute(sql, &count, 1);
+        const std::int64_t count = Affected(sql);
         Conn().CommitTrans();  // also when no record was affected
         return count > 0 ? voucherNo : 0;
     } catch (const basic::Error& error) {

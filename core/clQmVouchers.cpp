@@ -2,8 +2,12 @@
 #include <cmath>
 #include <limits>
 
+#include "core/Balance.h"
+#include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/NextNumber.h"
+#include "core/Quoting.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
@@ -46,8 +50,7 @@ std::string TypeWord(const std::string& category) {
     return "";
 }
 
-// Debit positive: opening (negative for "C") plus debit total less credit total; 0 without a row for the
-// year.
+// 0 without a row for the year; an opening on neither side counts as 0.
 double BalanceOf(const std::string& ledgerCode) {
     double balance = 0;
     ado::Recordset rows;
@@ -55,26 +58,12 @@ double BalanceOf(const std::string& ledgerCode) {
                   OfLedger(ledgerCode),
               shared().Connection);
     if (!rows.Eof() && !rows.Bof()) {
-        const std::string side = basic::TextOrEmpty(rows["Bal_Type"]);
-        double opening = 0;
-        if (side == "C") opening = basic::ToDouble(rows["Opening_Bal"]) * -1;
-        if (side == "D") opening = basic::ToDouble(rows["Opening_Bal"]);
+        const double opening = SignedOpening(rows).value_or(0);
         balance = basic::NumberOrZero(rows["LedDetDRTxnTot"]) - basic::NumberOrZero(rows["LedDetCRTxnTot"]) +
                   opening;
     }
     rows.Close();
     return balance;
-}
-
-// "1500Dr", "250Cr"; 0 reads "0Dr". Kept 13.
-std::string BalanceText(double balance) {
-    return balance < 0 ? basic::NumberText(-balance) + "Cr" : basic::NumberText(balance) + "Dr";
-}
-
-void ExecuteCounted(const std::string& sql) {
-    std::int64_t count = 0;
-    Conn().Execute(sql, &count);
-    RequireRecords(count);
 }
 
 bool IsNullOrZero(const basic::Value& amount) {
@@ -109,17 +98,13 @@ void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dA
 
 std::int32_t clQm::GetNextTrnID() {
     LoadCurrentYear();
-    ado::Recordset rows;
-    rows.Open("Select Max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"), shared().Connection);
-    const double next = basic::NumberOrZero(rows["High"]) + 1;
-    rows.Close();
-    return basic::ToLong(next);
+    return NextNumber("Select Max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
 }
 
 basic::Value clQm::VchrTrnNo() {
     ado::Recordset rows;
     rows.Open("Select Max(ledgerTrnNo) as high from " + YearTable("tb_ledger"), shared().Connection);
-    const double next = basic::NumberOrZero(rows.Fields(0).Value()) + 1;
+    const double next = NumberAfter(rows.Fields(0).Value());
     if (next > std::numeric_limits<std::int32_t>::max())
         return next;  // a variant widens, where a 32-bit number would not
     return basic::ToLong(next);
@@ -135,8 +120,8 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
             "Insert Into " + YearTable("tb_Ledger") +
             " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, LedgerTrnType, "
             "LedgerDrAmt, LedgerCrAmt, LedgerLedBal, LedgerMcGenerated) Values (" +
-            basic::NumberText(lTrnID) + ", " + ledgerCode + ", \"" + sLedName + "\", " +
-            basic::NumberText(dtTrnDT) + ", \"" + sTrnNarration + "\", " + TypeWord(sTrnCate);
+            basic::NumberText(lTrnID) + ", " + ledgerCode + ", " + Quoted(sLedName) + ", " +
+            basic::NumberText(dtTrnDT) + ", " + Quoted(sTrnNarration) + ", " + TypeWord(sTrnCate);
         std::string update = "Update Ledger_Details Set ";
         if (side == "D") {
             insert += amount + ", 0";
@@ -146,7 +131,7 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
             update += "LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + " + amount;
         }
         // The balance before this posting. Kept 12.
-        insert += ", \"" + BalanceText(BalanceOf(ledgerCode)) + "\", True)";
+        insert += ", " + Quoted(BalanceText(BalanceOf(ledgerCode))) + ", True)";
         update += OfLedger(ledgerCode);
         Conn().BeginTrans();
         ExecuteCounted(update);

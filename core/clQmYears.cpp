@@ -2,6 +2,7 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/OpeningBalance.h"
+#include "core/Quoting.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
@@ -23,7 +24,7 @@ std::string MoveFlag(ado::Recordset& current, const std::string& sFinYear) {
     if (!year.IsNull() && present == sFinYear) return present;
     std::string moved;
     ado::Recordset wanted;
-    wanted.Open(YearFields + std::string(" Left(Fnncl_Yr, 4) = \"") + sFinYear + "\"", shared().Connection,
+    wanted.Open(YearFields + std::string(" Left(Fnncl_Yr, 4) = ") + Quoted(sFinYear), shared().Connection,
                 ado::adOpenForwardOnly, ado::adLockReadOnly);
     if (!wanted.Eof()) {
         SetFlag("False", current["Fnncl_Yr_Id"]);

@@ -1,7 +1,7 @@
 #include "inventory/EntryChecks.h"
 
+#include "core/Boxes.h"
 #include "core/GeneralUtils.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -11,7 +11,7 @@ namespace qm {
 bool DateIsInYear(forms::DTPicker& date) {
     const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
     if (IsDateInFinYear(date.Value(), year)) return true;
-    MsgBox(FinYearRangeText(year - 1), vbInformation, AppTitle);
+    Tell(FinYearRangeText(year - 1));
     date.SetFocus();
     date.OpenList();
     return false;
@@ -19,7 +19,7 @@ bool DateIsInYear(forms::DTPicker& date) {
 
 bool IsChosen(forms::ComboBox& box, const char* message) {
     if (!box.Text().empty()) return true;
-    MsgBox(message, vbInformation, AppTitle);
+    Tell(message);
     box.SetFocus();
     box.OpenList();
     return false;
@@ -33,7 +33,7 @@ void KeepFigures(int& keyAscii) {
 bool IsQuantity(const std::string& text, const char* message) {
     const std::string trimmed = basic::Trim(text);
     if (trimmed.empty() || basic::IsNumeric(trimmed)) return true;
-    MsgBox(message, vbInformation, AppTitle);
+    Tell(message);
     return false;
 }
 

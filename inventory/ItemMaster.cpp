@@ -1,9 +1,10 @@
 #include "inventory/ItemMaster.h"
 
+#include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
-#include "core/MsgBox.h"
+#include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -70,13 +71,13 @@ void ItemMaster::ModeNew() {
 
 void ItemMaster::ShowNextNumber() {
     OpenProject();
-    double highest = 0;
+    double number = 1;
     SkipOnError([&] {
         const ado::RecordsetPtr rows =
             ExecuteRecordset("SELECT  max(Item_ID)  FROM " + YearTable("ItemMaster"));
-        highest = basic::NumberOrZero(rows->Fields(0).Value());
+        number = NumberAfter(rows->Fields(0).Value());
     });
-    ui().txtItemID->SetText(basic::NumberText(highest + 1));
+    ui().txtItemID->SetText(basic::NumberText(number));
 }
 
 // Field by field: beyond the first or the last row none can be read, and the values shown stay.
@@ -109,7 +110,7 @@ void ItemMaster::ucAddPanel1_UpdRec() {
     OpenProject();
     if (basic::Trim(ui().txtItemID->Text()).empty()) return;
     if (basic::Trim(ui().txtItemName->Text()).empty()) {
-        MsgBox(" Please Enter Item Name ", vbInformation, AppTitle);
+        Tell(" Please Enter Item Name ");
         return;
     }
     bool isNew = true;
@@ -139,7 +140,7 @@ void ItemMaster::UpdateItem() {
 void ItemMaster::ucAddPanel1_DelRec() {
     OpenProject();
     if (basic::Trim(ui().txtItemID->Text()).empty()) {
-        MsgBox(" Please Select record First ", vbInformation, AppTitle);
+        Tell(" Please Select record First ");
         return;
     }
     SkipOnError([this] {

@@ -1,7 +1,8 @@
 #include "inventory/StockGrid.h"
 
+#include "core/Boxes.h"
 #include "core/DBCode.h"
-#include "core/MsgBox.h"
+#include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "inventory/EntryChecks.h"
 #include "inventory/PickedItems.h"
@@ -44,7 +45,7 @@ void StockGrid::Setup(int qtyWidth) const {
     grid_->SetColComboList(NameCol, "...");
     grid_->SetColWidth(PriceCol, 1500);
     grid_->SetColWidth(QtyCol, qtyWidth);
-    grid_->SetColFormat(QtyCol, "#,##,###");
+    grid_->SetColFormat(QtyCol, QuantityMask);
     grid_->SetColWidth(NoteCol, 4000);
 }
 
@@ -85,8 +86,7 @@ void StockGrid::AddPicked(int row) const {
     for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
         if (!there.insert(id).second) {
-            MsgBox("Item '" + item.Name + "' is already present in the list\r\n\r\nCannot add", vbInformation,
-                   AppTitle);
+            Tell("Item '" + item.Name + "' is already present in the list\r\n\r\nCannot add");
             continue;
         }
         const int entry = EntryRow();
@@ -105,11 +105,10 @@ std::unordered_set<std::string> StockGrid::Items() const {
 
 bool StockGrid::Remove(int row, const std::string& done) const {
     const std::string item = "'" + Text(row, NameCol) + "'";
-    if (MsgBox("Remove Item " + item + "\r\n\r\nAre you sure ?", vbYesNo + vbInformation, AppTitle) != vbYes)
-        return false;
+    if (!Ask("Remove Item " + item + "\r\n\r\nAre you sure ?")) return false;
     if (IsSaved(row)) {
         // The doubled word is the system's own. Kept 62.
-        MsgBox("Item Item " + item + " has been " + done + " \r\n\r\nCannot remove", vbInformation, AppTitle);
+        Tell("Item Item " + item + " has been " + done + " \r\n\r\nCannot remove");
         return false;
     }
     grid_->RemoveItem(row);
@@ -117,7 +116,7 @@ bool StockGrid::Remove(int row, const std::string& done) const {
 }
 
 void StockGrid::Refuse(int row, int col, const std::string& message) const {
-    MsgBox(message, vbInformation, AppTitle);
+    Tell(message);
     grid_->Select(row, col);
     grid_->SetFocus();
 }

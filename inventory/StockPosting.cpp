@@ -1,10 +1,11 @@
 #include "inventory/StockPosting.h"
 
+#include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/FDBCode.h"
+#include "core/NextNumber.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
-#include "platform/ado/Recordset.h"
-#include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
@@ -17,25 +18,6 @@ std::optional<double> Rate(const std::string& percent) {
 }
 
 }  // namespace
-
-std::string Quoted(const std::string& text) {
-    return '"' + text + '"';
-}
-
-void ExecuteCounted(const std::string& sql) {
-    std::int64_t count = 0;
-    Conn().Execute(sql, &count);
-    RequireRecords(count);
-}
-
-std::int32_t NextNumber(const std::string& field, const std::string& table) {
-    ado::Recordset highest;
-    highest.Open("Select Max(" + field + ") As High from " + YearTable(table), shared().Connection,
-                 ado::adOpenStatic, ado::adLockReadOnly);
-    const basic::Value high = highest["High"];
-    highest.Close();
-    return high.IsNull() ? 1 : basic::ToLong(basic::ToDouble(high) + 1);
-}
 
 LandingCost::LandingCost(const std::string& discount, const std::string& taxRate)
     : discount_(Rate(discount)), taxRate_(Rate(taxRate)) {}
@@ -77,7 +59,7 @@ void AddToItem(const std::string& counter, double itemId, double qty) {
 void PostBill(const Bill& bill) {
     using basic::NumberText;
     Conn().BeginTrans();
-    std::int32_t voucherNo = NextNumber("LedgerTrnNo", "tb_Ledger");
+    std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
     const auto post = [&](SideCode side, const EntrySide& ledger) {
         voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
                                    ledger.LedgerId, ledger.LedgerName);

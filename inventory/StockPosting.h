@@ -12,11 +12,6 @@ namespace qm {
 // its statement fail. A statement that affects no record raises error 0, which the screen's failure step
 // takes. The transactions are the screens', but for PostBill.
 
-std::string Quoted(const std::string& text);  // between double quotes
-void ExecuteCounted(const std::string& sql);  // raises where no record is affected
-// The highest number of a per-year table plus 1, or 1 where there is none; nothing is reserved.
-std::int32_t NextNumber(const std::string& field, const std::string& table);
-
 // The figure that a receipt keeps with each new row, in their order: the unit price times the sum of the two
 // rates. Kept 51: without a discount, a tax rate is added to the figure of the row before.
 class LandingCost {

@@ -1,5 +1,6 @@
 #include "inventory/TotalRows.h"
 
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 
 namespace qm {
@@ -29,7 +30,7 @@ double ShowTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol) {
     double sum = 0;
     for (int row = 1; !IsTotalRow(grid, row); ++row)
         sum += grid.ValueMatrix(row, qtyCol) * grid.ValueMatrix(row, priceCol);
-    grid.SetTextMatrix(grid.Rows() - 1, TotalCol, sum == 0 ? "" : "Rs. " + basic::Format(sum, "#,##,###.00"));
+    grid.SetTextMatrix(grid.Rows() - 1, TotalCol, sum == 0 ? "" : "Rs. " + basic::Format(sum, AmountMask));
     grid.AutoSize(LabelCol, LabelCol);
     return sum;
 }

@@ -1,7 +1,8 @@
 #include "inventory/frmIssues.h"
 
+#include "core/Boxes.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
+#include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
@@ -126,21 +127,21 @@ void frmIssues::cmdSave_Click() {
         if (!ValidateIssue()) return;
         trnNo_ = IssueNumber();
         for (int row = 1; row < Grid().EntryRow(); ++row) SaveRow(row);
-        MsgBox("Issue details saved with Issue voucher no. '" + basic::NumberText(trnNo_) + "'",
-               vbInformation, AppTitle);
+        Tell("Issue details saved with Issue voucher no. '" + basic::NumberText(trnNo_) + "'");
         FillIssueNumbers();  // it empties the box, so that "<New>" is a change and clears the grid
         ui().cmbTxnNo->SetText(NewIssue);
         ui().vsIssue->Select(1, StockGrid::NameCol);
     } catch (const basic::Error& error) {
         RollbackOpen();
-        MsgBox("Cannot save Issue Details", vbInformation, AppTitle);
+        Tell("Cannot save Issue Details");
         LogError(FormName, error);
     }
 }
 
 // Any other text than "<New>" is the number, whether such an issue is there or not. Kept 60.
 std::int32_t frmIssues::IssueNumber() {
-    if (ui().cmbTxnNo->Text() == NewIssue) return NextNumber("ItemLedTrnNo", "tblItemLed");
+    if (ui().cmbTxnNo->Text() == NewIssue)
+        return NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
     return basic::ToLong(basic::PrefixValue(ui().cmbTxnNo->Text()));
 }
 

@@ -1,8 +1,9 @@
 #include "inventory/frmReceipt.h"
 
+#include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
+#include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
@@ -175,7 +176,7 @@ void frmReceipt::vsReceipt_KeyDown(int keyCode) {
 bool frmReceipt::ValidateReceipt() {
     if (!DateIsInYear(*ui().dtpDate)) return false;
     if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        MsgBox("Please enter the bill no.", vbInformation, AppTitle);
+        Tell("Please enter the bill no.");
         ui().txtBillNo->SetFocus();
         return false;
     }
@@ -248,18 +249,18 @@ void frmReceipt::cmdSave_Click() {
     try {
         if (!ValidateReceipt()) return;
         const std::string number = ui().cmbReceipt->Text();
-        trnNo_ = number == "<New>" ? NextNumber("ItemLedTrnNo", "tblItemLed")
-                                   : basic::ToLong(basic::PrefixValue(number));
+        trnNo_ = number == "<New>"
+                     ? NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"))
+                     : basic::ToLong(basic::PrefixValue(number));
         SaveRows();
         SaveBill();
-        MsgBox("Issue details saved with Receipt voucher no. '" + std::to_string(trnNo_) + "'", vbInformation,
-               AppTitle);
+        Tell("Issue details saved with Receipt voucher no. '" + std::to_string(trnNo_) + "'");
         FillReceiptGrid();
         FillReceiptNumbers();
         ui().cmbReceipt->SetText(std::to_string(trnNo_));
     } catch (const basic::Error& error) {
         RollbackOpen();
-        MsgBox("Cannot save Receipt Details", vbInformation, AppTitle);
+        Tell("Cannot save Receipt Details");
         LogError(Name(), error);
     }
 }

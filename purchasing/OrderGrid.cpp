@@ -1,6 +1,6 @@
 #include "purchasing/OrderGrid.h"
 
-#include "core/MsgBox.h"
+#include "core/Boxes.h"
 #include "core/modGeneral.h"
 #include "inventory/PickedItems.h"
 #include "platform/ado/Recordset.h"
@@ -78,8 +78,7 @@ void OrderGrid::AddPicked() const {
     for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
         if (const auto there = rows.find(id); there != rows.end()) {
-            if (!IsRemoved(there->second))
-                MsgBox("Item '" + item.Name + "' already added !!!", vbInformation, AppTitle);
+            if (!IsRemoved(there->second)) Tell("Item '" + item.Name + "' already added !!!");
             continue;
         }
         if (!Text(grid_->Rows() - 1, ItemCol).empty()) grid_->SetRows(grid_->Rows() + 1);

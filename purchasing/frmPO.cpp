@@ -1,8 +1,11 @@
 #include "purchasing/frmPO.h"
 
+#include "core/Boxes.h"
+#include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
+#include "core/NextNumber.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
@@ -19,21 +22,6 @@ constexpr const char* Received = "Received";
 
 std::string DayOf(forms::DTPicker& date) {
     return basic::ToText(DateNumber(date.Value()));
-}
-
-// Yes and No, and no icon.
-bool Agreed(const std::string& question, int flags) {
-    return MsgBox(question, flags, AppTitle) == vbYes;
-}
-
-void Tell(const std::string& text) {
-    MsgBox(text, vbInformation, AppTitle);
-}
-
-std::int64_t Affected(const std::string& statement) {
-    std::int64_t recordsAffected = 0;
-    Conn().Execute(statement, &recordsAffected, ado::adCmdText);
-    return recordsAffected;
 }
 
 }  // namespace
@@ -261,7 +249,7 @@ void frmPO::SaveNew() {
         highest_->Open("Select max(poNumber) as  High from " + YearTable("tblPo"), shared().Connection,
                        ado::adOpenStatic, ado::adLockReadOnly);
     }
-    const std::string number = basic::NumberText(basic::NumberOrZero((*highest_)["High"]) + 1);
+    const std::string number = basic::NumberText(NumberAfter((*highest_)["High"]));
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     Conn().BeginTrans();
     ExecuteCounted("Insert Into " + YearTable("tblPO") +
@@ -307,7 +295,7 @@ void frmPO::InsertLine(int row, const std::string& number) {
 void frmPO::cmdCancelPO_Click() {
     if (!ui().tvPO->SelectedItem()) return;
     const std::string number = SelectedNumber();
-    if (!Agreed("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo)) return;
+    if (!Ask("Cancel PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo)) return;  // no icon
     if (!POUntouched(number))
         return Tell("One or more items have been received for Purchase Order No." + number +
                     "\r\n\r\nCannot Cancel !!!");
@@ -320,8 +308,7 @@ void frmPO::cmdCancelPO_Click() {
 // In no transaction, and the screen comes back empty in every case, also after No. Kept 64.
 void frmPO::cmdDeletePO_Click() {
     const std::string number = SelectedNumber();
-    if (!number.empty() &&
-        Agreed("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?", vbYesNo + vbInformation)) {
+    if (!number.empty() && Ask("Delete PO No. '" + number + "'\r\n\r\nAre you sure ?")) {
         if (!POUntouched(number))
             Tell("One or more items have been received for Purchase Order No." + number +
                  "\r\n\r\nCannot Delete !!!");

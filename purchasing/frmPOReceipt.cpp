@@ -1,8 +1,12 @@
 #include "purchasing/frmPOReceipt.h"
 
+#include "core/Boxes.h"
+#include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
+#include "core/Masks.h"
+#include "core/NextNumber.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
@@ -139,7 +143,7 @@ void frmPOReceipt::LoadPOReceiptGrid() {
                    " Where PoNumber = PoDetPoNo And PoNumber = " + std::to_string(poNumber_),
                shared().Connection);
     ui().txtPoNo->SetText(basic::TextOrEmpty(lines["PoNumber"]));
-    ui().txtPoDate->SetText(basic::Format(DateNumber(lines["PoDate"]), "dd-MMM-yyyy"));
+    ui().txtPoDate->SetText(basic::Format(DateNumber(lines["PoDate"]), DateMask));
     ui().txtSupplier->SetText(basic::TextOrEmpty(lines["PoSupplierName"]));
     ui().txtSupplier->Tag = basic::TextOrEmpty(lines["PoSupplierID"]);
     for (; !lines.Eof(); lines.MoveNext()) {
@@ -208,8 +212,7 @@ void frmPOReceipt::vsItems_ValidateEdit(int row, int col, bool& cancel) {
     if (!IsQuantity(text, "Please enter valid numeric quantity")) {
         cancel = true;
     } else if (Outstanding(row) < basic::PrefixValue(text)) {
-        MsgBox("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'",
-               vbInformation, AppTitle);
+        Tell("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'");
         cancel = true;
     }
 }
@@ -223,7 +226,7 @@ void frmPOReceipt::vsItems_AfterEdit(int row, int col) {
 bool frmPOReceipt::ValidatePOReceipt() {
     if (!DateIsInYear(*ui().dtpDate)) return false;
     if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        MsgBox("Please enter  the Bill No.", vbInformation, AppTitle);
+        Tell("Please enter  the Bill No.");
         ui().txtBillNo->SetFocus();
         return false;
     }
@@ -234,11 +237,9 @@ bool frmPOReceipt::ValidatePOReceipt() {
 // The percentage is compared as if it were an amount, with half of the bill total before its comma. Kept 67.
 bool frmPOReceipt::DiscountIsMeant() {
     if (0.5 * Boxes().BillTotal() > Boxes().Discount()) return true;
-    if (MsgBox(
-            "You are about to give discount more than or equal to 50% on Bill Amount\r\n\r\nAre you sure ?",
-            vbYesNo + vbInformation, AppTitle) == vbYes)
+    if (Ask("You are about to give discount more than or equal to 50% on Bill Amount\r\n\r\nAre you sure ?"))
         return true;
-    MsgBox("You can now re-enter the amount for discount", vbInformation, AppTitle);
+    Tell("You can now re-enter the amount for discount");
     ui().txtDiscount->SetText("");
     ui().txtDiscount->SetFocus();
     return false;
@@ -291,7 +292,8 @@ void frmPOReceipt::cmdSave_Click() {
     const forms::WaitPointer wait;
     try {
         if (!ValidatePOReceipt()) return;
-        const std::int32_t txnNo = NextNumber("ItemLedTrnNo", "tblItemLed");
+        const std::int32_t txnNo =
+            NextNumber("Select max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
         LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
         for (int row = 1; row <= ui().vsItems->Rows() - TotalRows; ++row)
             if (ui().vsItems->CellChecked(row, MarkCol))
@@ -300,10 +302,10 @@ void frmPOReceipt::cmdSave_Click() {
         FillPurchaseLedgers();
         LoadPOReceiptGrid();
         FillPOReceiptNumbers();
-        MsgBox("Saved PO Receipt with No. '" + std::to_string(txnNo) + "'", vbInformation, AppTitle);
+        Tell("Saved PO Receipt with No. '" + std::to_string(txnNo) + "'");
     } catch (const basic::Error& error) {
         RollbackOpen();
-        MsgBox("Cannot Save PO Receipt !!!", vbInformation, AppTitle);
+        Tell("Cannot Save PO Receipt !!!");
         LogError(Name(), error);
     }
 }

@@ -1,5 +1,6 @@
 #include "reports/FinalResults.h"
 
+#include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
@@ -17,7 +18,7 @@ struct Totals {
 };
 
 std::string Money(double amount) {
-    return basic::Format(amount, "standard");
+    return basic::Format(amount, ReportMask);
 }
 
 std::string Particular(const basic::Value& text) {
@@ -26,7 +27,7 @@ std::string Particular(const basic::Value& text) {
 
 // What reads as nought is left out: the first amount of a line as an empty text, the second as a blank.
 std::string Amount(const basic::Value& amount, const char* nought) {
-    const std::string shown = basic::Format(amount, "standard");
+    const std::string shown = basic::Format(amount, ReportMask);
     return shown == Money(0) ? nought : shown;
 }
 
@@ -186,7 +187,7 @@ void FinalResults::Build() {
 std::string FinalResults::Period() const {
     return "</tr><tr><td width='100%' colspan='4'><p align='center'><font size='4'><b>for the period "
            "ending " +
-           basic::Format(upto_, "dd-MMM-yyyy") + "</b></font></p><hr></td></tr><tr>";
+           basic::Format(upto_, DateMask) + "</b></font></p><hr></td></tr><tr>";
 }
 
 // Each line of the set ends a line of the text, printed or not.

@@ -2,13 +2,12 @@
 
 #include <filesystem>
 
+#include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Format.h"
 
 namespace qm {
 namespace {
-
-constexpr const char* DateMask = "dd-MMM-yyyy";
 
 // The last name of the folder, however it was written.
 std::string BooksName() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "reports/ReportPaper.h"
 
@@ -13,9 +14,9 @@ struct Heading {
 };
 
 // The To date of the stock ledger is written unlike the others'. Kept 73.
-constexpr Heading Headings[] = {{"Stock Ledger", "7", "dd-MMM-yyyy"},
-                                {"Party Ledger", "6", "dd/MM/yyyy"},
-                                {"Trial Balance", "6", "dd/MM/yyyy"}};
+constexpr Heading Headings[] = {{"Stock Ledger", "7", DateMask},
+                                {"Party Ledger", "6", ShortDateMask},
+                                {"Trial Balance", "6", ShortDateMask}};
 
 }  // namespace
 
@@ -57,7 +58,7 @@ void frmLedger::AppendHeading(const std::string& title, const std::string& span,
     Append("</b></font></td>");
     Append("</tr><tr><td width='100%' colspan='" + span + "'>");
     Append("<p align='center'><font size='4'><b>(");
-    Append(basic::Format(fromDate_, "dd-MMM-yyyy"));
+    Append(basic::Format(fromDate_, DateMask));
     Append(" To ");
     Append(basic::Format(toDate_, toDateMask));
     Append(")</b></font></p>");

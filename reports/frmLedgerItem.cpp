@@ -1,6 +1,7 @@
 // The generator over the items: one item's movements in quantities. The text is compared and printed letter
 // for letter, tags that do not match included. Kept 72.
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -10,7 +11,7 @@ namespace qm {
 namespace {
 
 std::string Quantity(const basic::Value& quantity) {
-    return basic::Format(quantity, "standard");
+    return basic::Format(quantity, ReportMask);
 }
 
 constexpr const char* Heads =
@@ -44,7 +45,7 @@ void frmLedger::ItemPrnLed(double& opening, ado::Recordset& rs, const std::strin
            basic::TextOrEmpty(rs["ItemLedUnitPrice"]) +
            "</b></td></tr><tr><td width='100%' colspan = '8'><hr></td></tr>");
     Append(Heads);
-    Append("<tr><td>" + basic::Format(fromDate_, "dd-MMM-yyyy") +
+    Append("<tr><td>" + basic::Format(fromDate_, DateMask) +
            "</td><td>Opening Balance</td><td></td><td></td><td align = 'right'>" + Quantity(opening) +
            "</td><td></td></tr>");
     for (; !rs.Eof(); rs.MoveNext()) {
@@ -57,7 +58,7 @@ void frmLedger::ItemPrnLed(double& opening, ado::Recordset& rs, const std::strin
             balance += basic::ToDouble(in);
         received += basic::NumberOrZero(in);
         issued += basic::NumberOrZero(out);
-        Append("<tr><td>" + basic::Format(DateNumber(rs["ItemLedTrnDate"]), "dd-MMM-yyyy") + "</td><td>" +
+        Append("<tr><td>" + basic::Format(DateNumber(rs["ItemLedTrnDate"]), DateMask) + "</td><td>" +
                basic::Left(note, 45) + "</td><td>" + type + "</td><td align = 'right'>" +
                (type == "Receipt" ? basic::TextOrEmpty(rs["ItemLandingCost"]) : "") +
                "</td><td align = 'right'>" + Quantity(in) + "</td><td align = 'right'>" + Quantity(out) +

@@ -2,6 +2,7 @@
 // and printed letter for letter, tags that do not match included. Balances are signed, debit positive.
 // Kept 72.
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
@@ -12,7 +13,7 @@ namespace qm {
 namespace {
 
 std::string Money(const basic::Value& amount) {
-    return basic::Format(amount, "standard");
+    return basic::Format(amount, ReportMask);
 }
 
 // The magnitude; nought is never below.
@@ -75,7 +76,7 @@ void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::stri
            "</b></td></tr><tr><td width='100%' colspan = '6'><hr></td></tr>");
     Append("<tr>");
     Append(StatementHeads);
-    Append(OpeningRow(basic::Format(fromDate_, "dd-MMM-yyyy"), opening));
+    Append(OpeningRow(basic::Format(fromDate_, DateMask), opening));
     for (; !rs.Eof(); rs.MoveNext()) {
         const std::string narration = basic::TextOrEmpty(rs["LedgerNarration"]);
         const basic::Value debit = rs["LedgerDrAmt"], credit = rs["LedgerCrAmt"];
@@ -85,7 +86,7 @@ void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::stri
             balance -= basic::ToDouble(credit);
         debits += basic::NumberOrZero(debit);
         credits += basic::NumberOrZero(credit);
-        Append("<tr><td>" + basic::Format(DateNumber(rs["LedgerTxnDate"]), "dd-MMM-yyyy") + "</td><td>" +
+        Append("<tr><td>" + basic::Format(DateNumber(rs["LedgerTxnDate"]), DateMask) + "</td><td>" +
                basic::Left(narration, 35) + "</td><td>" + basic::TextOrEmpty(rs["ledgertrntype"]) +
                "</td><td align = 'right'>" + Money(debit) + "</td><td align = 'right'>" + Money(credit) +
                "</td>" + BalanceCell(balance) + "</tr>" + Continuation(narration));

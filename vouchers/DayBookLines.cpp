@@ -1,6 +1,7 @@
 #include "vouchers/DayBookLines.h"
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 
 namespace qm {
@@ -11,11 +12,11 @@ bool IsAmount(const basic::Value& value) {
 }
 
 std::string Amount(const basic::Value& value) {
-    return IsAmount(value) ? basic::Format(value, "0.00") : "";
+    return IsAmount(value) ? basic::Format(value, DayBookAmountMask) : "";
 }
 
 std::string Date(const basic::Value& dayNumber) {
-    return dayNumber.IsNull() ? "" : basic::Format(DateNumber(dayNumber), "dd-MMM-yyyy");
+    return dayNumber.IsNull() ? "" : basic::Format(DateNumber(dayNumber), DateMask);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "core/Balance.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 
@@ -74,8 +75,7 @@ std::string LedgerList::CurrentBalanceText() {
     const basic::Value debits = ledger["leddetDrtxntot"];
     if (debits.IsNull()) return "Dr";
     const double balance = opening + basic::ToDouble(debits) - basic::NumberOrZero(ledger["leddetCrtxntot"]);
-    return balance < 0 ? basic::StrText(basic::Round(-balance, 2)) + "Cr"
-                       : basic::StrText(basic::Round(balance, 2)) + "Dr";
+    return qm::BalanceText(balance, [](double rupees) { return basic::StrText(basic::Round(rupees, 2)); });
 }
 
 void LedgerList::Close() {

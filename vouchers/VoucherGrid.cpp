@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -9,7 +10,6 @@
 namespace qm {
 namespace {
 
-constexpr const char* Money = "#,##,###.00";
 constexpr int Columns = 8;
 constexpr int RuleHeight = 50;
 
@@ -39,7 +39,7 @@ void VoucherGrid::SetUp() {
     grid_.SetColComboList(Side, "Dr.|Cr.");
     grid_.SetColComboList(Ledger, "Dummy");  // for its button: the list itself is another grid's
     for (const int column : {Balance, DrAmount, CrAmount}) {
-        grid_.SetColFormat(column, Money);
+        grid_.SetColFormat(column, AmountMask);
         grid_.SetColAlignment(column, forms::Alignment::Right);
     }
     grid_.SetCellAlignment(0, Side, 0, Particulars, forms::Alignment::Center);
@@ -144,7 +144,7 @@ void VoucherGrid::OpenLine(int after) {
 void VoucherGrid::ShowTotals() {
     for (const int column : {DrAmount, CrAmount}) {
         const double sum = Sum(column, LastRow() - 3);
-        grid_.SetTextMatrix(LastRow(), column, sum > 0 ? "Rs." + basic::Format(sum, Money) : "");
+        grid_.SetTextMatrix(LastRow(), column, sum > 0 ? "Rs." + basic::Format(sum, AmountMask) : "");
     }
     grid_.AutoSize(DrAmount, CrAmount);
 }

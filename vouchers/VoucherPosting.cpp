@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "core/Balance.h"
+#include "core/CountedExecution.h"
+#include "core/Quoting.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
@@ -9,27 +12,12 @@
 namespace qm {
 namespace {
 
-void Write(const std::string& statement) {
-    std::int64_t recordsAffected = 0;
-    Conn().Execute(statement, &recordsAffected, ado::adCmdText);
-    RequireRecords(recordsAffected);
-}
-
-// A quote in the text is not doubled: such a line fails, and users know it so.
-std::string Quoted(const std::string& text) {
-    return '"' + text + '"';
-}
-
 bool IsDebit(const VoucherLine& line) {
     return line.Side == "Dr.";
 }
 
 std::string LedgerOfYear(const std::string& ledgerId) {
     return " Where Ledger_ID = " + ledgerId + " And Fnncl_Yr = " + shared().FinYear;
-}
-
-std::string BalanceText(double balance) {
-    return balance < 0 ? basic::NumberText(-balance) + "Cr" : basic::NumberText(balance) + "Dr";
 }
 
 }  // namespace
@@ -60,8 +48,9 @@ void VoucherPosting::Add(const VoucherLine& line) {
 void VoucherPosting::Replace(const VoucherLine& line) {
     if (!line.Changed) return;
     const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
-    Write("Update Ledger_Details Set " + total + " = Iif(IsNull(" + total + "), 0, " + total + ") - " +
-          basic::NumberText(IsDebit(line) ? line.DrAmount : line.CrAmount) + LedgerOfYear(line.OldLedgerId));
+    ExecuteCounted("Update Ledger_Details Set " + total + " = Iif(IsNull(" + total + "), 0, " + total +
+                   ") - " + basic::NumberText(IsDebit(line) ? line.DrAmount : line.CrAmount) +
+                   LedgerOfYear(line.OldLedgerId));
     DeleteRow(line, line.OldLedgerId);
     RaiseTotals(line);
     ReadBalance(line, false);
@@ -73,7 +62,7 @@ void VoucherPosting::Replace(const VoucherLine& line) {
 // moved to another ledger before. A Null total stays Null. Kept 38.
 void VoucherPosting::Remove(const VoucherLine& line) const {
     const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
-    Write(
+    ExecuteCounted(
         "Update Ledger_Details Set " + total + " = " + total + " - " +
         basic::NumberText(IsDebit(line) ? line.DrAmount : line.CrAmount) +
         LedgerOfYear("(Select Ledger_ID From Ledger_Master Where Name =  " + Quoted(line.LedgerName) + ")"));
@@ -82,10 +71,11 @@ void VoucherPosting::Remove(const VoucherLine& line) const {
 
 // Both totals are written, the one that does not apply with + 0.
 void VoucherPosting::RaiseTotals(const VoucherLine& line) const {
-    Write("Update Ledger_Details Set LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) + " +
-          basic::NumberText(line.DrAmount) +
-          ", LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + (" +
-          basic::NumberText(line.CrAmount) + ")" + LedgerOfYear(line.LedgerId));
+    ExecuteCounted(
+        "Update Ledger_Details Set LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) + " +
+        basic::NumberText(line.DrAmount) +
+        ", LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + (" +
+        basic::NumberText(line.CrAmount) + ")" + LedgerOfYear(line.LedgerId));
 }
 
 void VoucherPosting::ReadBalance(const VoucherLine& line, bool withTotals) {
@@ -95,29 +85,27 @@ void VoucherPosting::ReadBalance(const VoucherLine& line, bool withTotals) {
             LedgerOfYear(line.LedgerId),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (details.Eof()) return;
-    const std::string side = basic::TextOrEmpty(details["Bal_Type"]);
-    if (side == "C") balance_ = basic::ToDouble(details["Opening_Bal"]) * -1;
-    if (side == "D") balance_ = basic::ToDouble(details["Opening_Bal"]);
+    balance_ = SignedOpening(details).value_or(balance_);
     if (withTotals)
         balance_ +=
             basic::NumberOrZero(details["LedDetDRTxnTot"]) - basic::NumberOrZero(details["LedDetCRTxnTot"]);
 }
 
 void VoucherPosting::InsertRow(const VoucherLine& line) const {
-    Write("Insert Into " + YearTable("tb_Ledger") +
-          "(LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerDrAmt, LedgerNarration, LedgerTrnType, "
-          "LedgerCrAmt, LedgerName, LedgerLedBal, LedgerMcGenerated) Values (" +
-          std::to_string(trnNo_) + ", " + line.LedgerId + ", " + std::to_string(dayNumber_) + ", " +
-          basic::NumberText(line.DrAmount) + ", " + Quoted(line.Narration) + ", " + Quoted(voucherType_) +
-          ", " + basic::NumberText(line.CrAmount) + ", " + Quoted(line.LedgerName) + ", " +
-          Quoted(BalanceText(balance_)) + ", True)");
+    ExecuteCounted("Insert Into " + YearTable("tb_Ledger") +
+                   "(LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerDrAmt, LedgerNarration, LedgerTrnType, "
+                   "LedgerCrAmt, LedgerName, LedgerLedBal, LedgerMcGenerated) Values (" +
+                   std::to_string(trnNo_) + ", " + line.LedgerId + ", " + std::to_string(dayNumber_) + ", " +
+                   basic::NumberText(line.DrAmount) + ", " + Quoted(line.Narration) + ", " +
+                   Quoted(voucherType_) + ", " + basic::NumberText(line.CrAmount) + ", " +
+                   Quoted(line.LedgerName) + ", " + Quoted(BalanceText(balance_)) + ", True)");
 }
 
 void VoucherPosting::DeleteRow(const VoucherLine& line, const std::string& ledgerId) const {
-    Write("Delete From " + YearTable("tb_Ledger") +
-          " Where LedgerTrnNo = " + basic::NumberText(basic::PrefixValue(line.SavedNo)) +
-          " And LedgerCode = " + ledgerId + " And LedgerTxnDate = " + std::to_string(dayNumber_) +
-          " And LedgerTrnType = " + Quoted(voucherType_));
+    ExecuteCounted("Delete From " + YearTable("tb_Ledger") +
+                   " Where LedgerTrnNo = " + basic::NumberText(basic::PrefixValue(line.SavedNo)) +
+                   " And LedgerCode = " + ledgerId + " And LedgerTxnDate = " + std::to_string(dayNumber_) +
+                   " And LedgerTrnType = " + Quoted(voucherType_));
 }
 
 }  // namespace qm

@@ -2,10 +2,11 @@
 
 #include <utility>
 
+#include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
-#include "core/MsgBox.h"
+#include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
@@ -14,14 +15,6 @@ namespace qm {
 namespace {
 
 constexpr const char* NewVoucher = "<New>";
-
-// No number is reserved: two users who save at once can take the same. Kept 11.
-std::int32_t NextNumber() {
-    ado::Recordset highest;
-    highest.Open("Select Max(LedgerTrnNo) As High From " + YearTable("tb_Ledger"), shared().Connection,
-                 ado::adOpenStatic, ado::adLockReadOnly);
-    return basic::ToLong(basic::NumberOrZero(highest["High"]) + 1);
-}
 
 }  // namespace
 
@@ -108,7 +101,8 @@ void frmVoucher::cmdUndo_Click() {
 void frmVoucher::cmdSave_Click() {
     try {
         if (!ValidateVoucher()) return;
-        if (ui().txtVoucherNo->Text() == NewVoucher) CurrentTrnNo = NextNumber();
+        if (ui().txtVoucherNo->Text() == NewVoucher)
+            CurrentTrnNo = NextNumber("Select Max(LedgerTrnNo) As High From " + YearTable("tb_Ledger"));
         VoucherPosting posting(CurrentTrnNo, basic::ToLong(DateNumber(ui().dtpDate->Value())),
                                ui().cmbVoucherType->Text());
         for (int row = 1; row <= lines_->LastLine(); ++row) {
@@ -116,17 +110,17 @@ void frmVoucher::cmdSave_Click() {
             posting.Post(lines_->Line(row));
             Conn().CommitTrans();
         }
-        MsgBox("Voucher Saved with no. '" + std::to_string(CurrentTrnNo) + "'", vbInformation, AppTitle);
+        Tell("Voucher Saved with no. '" + std::to_string(CurrentTrnNo) + "'");
         cmdNew_Click();
     } catch (const basic::Error& error) {
         RollbackOpen();
-        MsgBox("Cannot save Voucher", vbInformation, AppTitle);
+        Tell("Cannot save Voucher");
         if (error.Number != 0) LogError(Name(), error);
     }
 }
 
 bool frmVoucher::Refuse(const std::string& text) {
-    MsgBox(text, vbInformation, AppTitle);
+    Tell(text);
     return false;
 }
 

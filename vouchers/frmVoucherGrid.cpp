@@ -1,7 +1,7 @@
 // The events of the voucher's grid, and of the drop-down list of ledgers that lies over its ledger cells.
 #include <utility>
 
-#include "core/MsgBox.h"
+#include "core/Boxes.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "vouchers/frmVoucher.h"
@@ -145,7 +145,7 @@ void frmVoucher::vsVoucher_StartEdit(int row, int col, bool& cancel) {
 void frmVoucher::vsVoucher_ValidateEdit(int col, bool& cancel) {
     const std::string text = ui().vsVoucher->EditText();
     if (!IsAmount(col) || text.empty() || basic::IsNumeric(text)) return;
-    MsgBox("Please enter a valid numeric integer", vbInformation, AppTitle);
+    Tell("Please enter a valid numeric integer");
     cancel = true;
 }
 
@@ -182,8 +182,7 @@ void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
     switch (std::exchange(keyCode, 0), col) {
         case Side:
             if (grid.TextMatrix(row, Side).empty()) return;
-            if (MsgBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?", vbYesNo + vbInformation,
-                       AppTitle) == vbYes) {
+            if (Ask("This will delete the entire entry !!!\r\n\r\nAre you sure ?")) {
                 lines_->DeleteLine(row);
                 grid.Select(1, Side);
                 lines_->ShowTotals();
@@ -210,8 +209,7 @@ void frmVoucher::vsCombo_ValidateEdit(bool& cancel) {
     if (row < 2 || chosen.empty() || grid.TextMatrix(row - 1, Side) == grid.TextMatrix(row, Side) ||
         basic::TextOrEmpty(grid.CellData(row - 1, Ledger)) != chosen)
         return;
-    MsgBox("Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one",
-           vbInformation, AppTitle);
+    Tell("Debit & Credit entries can't be posted in same ledger\r\n\r\nPlease select another one");
     cancel = true;
 }
 

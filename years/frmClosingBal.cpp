@@ -1,7 +1,8 @@
 #include "years/frmClosingBal.h"
 
+#include "core/Boxes.h"
+#include "core/CountedExecution.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Constants.h"
 #include "platform/basic/Number.h"
@@ -76,21 +77,20 @@ void frmClosingBal::txtClosingBal_KeyPress(int& keyAscii) {
 void frmClosingBal::txtClosingBal_Validate(bool& cancel) {
     const std::string text = basic::Trim(ui().txtClosingBal->Text());
     if (text.empty() || basic::IsNumeric(text)) return;
-    MsgBox("Please enter a valid numeric quantity", vbInformation, AppTitle);
+    Tell("Please enter a valid numeric quantity");
     cancel = true;
 }
 
 bool frmClosingBal::ValidateBalance() {
     if (ui().optAutomatically->Value() && basic::Trim(ui().txtAuto->Text()).empty()) {
-        MsgBox("Cannot bring stock balances from inventory\r\n\r\nPlease specify manually", vbInformation,
-               AppTitle);
+        Tell("Cannot bring stock balances from inventory\r\n\r\nPlease specify manually");
         optAutomatically_Click();
         if (!stockUnavailable_) ui().cmdGetBal->SetFocus();
         return false;
     }
     if (!ui().optManually->Value()) return true;
     if (basic::Trim(ui().txtClosingBal->Text()).empty()) {
-        MsgBox("Please specify the Stock Closing Balance", vbInformation, AppTitle);
+        Tell("Please specify the Stock Closing Balance");
         ui().txtClosingBal->SetFocus();
         return false;
     }
@@ -104,12 +104,9 @@ void frmClosingBal::cmdSave_Click() {
         double value = 0;
         if (ui().optManually->Value()) value = basic::PrefixValue(ui().txtClosingBal->Text());
         Conn().BeginTrans();
-        std::int64_t recordsAffected = 0;
-        Conn().Execute("Update Ledger_Details Set Closing_Bal = " + basic::NumberText(value) +
-                           " Where Ledger_id = " + std::to_string(ledgerId_) +
-                           " And Fnncl_Yr = " + shared().FinYear,
-                       &recordsAffected, ado::adCmdText);
-        RequireRecords(recordsAffected);
+        ExecuteCounted("Update Ledger_Details Set Closing_Bal = " + basic::NumberText(value) +
+                       " Where Ledger_id = " + std::to_string(ledgerId_) +
+                       " And Fnncl_Yr = " + shared().FinYear);
         Conn().CommitTrans();
     } catch (const basic::Error& error) {
         RollbackOpen();

@@ -1,7 +1,7 @@
 #include "years/frmNewFinYear.h"
 
+#include "core/Boxes.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
 #include "core/OpeningBalance.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
@@ -12,8 +12,7 @@ namespace {
 
 // Message and resume: what a step raises ends that step only, and each failure gives its own box.
 void Attempt(const std::function<void()>& step) {
-    if (!SkipOnError(step))
-        MsgBox("Error Occured ? You may have Make Some Entries Manually", vbInformation, AppTitle);
+    if (!SkipOnError(step)) Tell("Error Occured ? You may have Make Some Entries Manually");
 }
 
 void Attempt(const std::string& statement) {
@@ -53,7 +52,7 @@ void frmNewFinYear::txtFrom_Validate(bool& cancel) {
     else if (!PreviousYearExists())
         refusal = "Previous Year Data Not Found";
     if (refusal) {
-        MsgBox(refusal, vbInformation, AppTitle);
+        Tell(refusal);
         cancel = true;
         return;
     }

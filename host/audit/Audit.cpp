@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Errors.h"
 #include "platform/basic/Dates.h"
@@ -57,7 +58,7 @@ std::string DayOutside(const basic::Value& dayNumber, const std::string& year) {
     if (!basic::IsDateSerial(day.Serial)) return "day " + basic::ToText(dayNumber);
     const auto [y, month, d] = basic::Parts(day);
     const int begins = month < 4 ? y - 1 : y;
-    return std::to_string(begins) == year ? "" : basic::Format(day, "dd-MMM-yyyy");
+    return std::to_string(begins) == year ? "" : basic::Format(day, qm::DateMask);
 }
 
 std::string AmountFault(double amount) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "host/commands/Posting.h"
@@ -64,8 +65,8 @@ std::vector<CsvRow> VouchersMovedTo(int year) {
     std::vector<CsvRow> rows = ParseCsv(Embedded("sample/vouchers.csv"));
     for (std::size_t i = 1; i < rows.size(); ++i) {
         const auto day = basic::Parts(basic::ReadDate(rows[i].fields[date]));
-        rows[i].fields[date] = basic::Format(
-            basic::MakeDate(day.Year + year - YearOfTheFile, day.Month, day.Day), "dd-MMM-yyyy");
+        rows[i].fields[date] =
+            basic::Format(basic::MakeDate(day.Year + year - YearOfTheFile, day.Month, day.Day), qm::DateMask);
     }
     return rows;
 }

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "core/MsgBox.h"
+#include "core/Boxes.h"
 #include "core/Screens.h"
 #include "host/commands/Sample.h"
 #include "host/make/Books.h"
@@ -12,12 +12,6 @@ namespace host {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int Question = qm::vbYesNo | qm::vbInformation;
-
-bool Agreed(const std::string& question) {
-    return qm::MsgBox(question, Question, qm::AppTitle) == qm::vbYes;
-}
 
 }  // namespace
 
@@ -41,9 +35,9 @@ bool UserBooksStand() {
     const int year = FinancialYearOfToday();
     const std::string years = std::to_string(year) + "-" + std::to_string(year + 1);
     const std::string none = "There are no books yet in " + folder.string() + ".\r\n\r\n";
-    if (Agreed(none + "Lay down sample books of a small trading firm for " + years + ", to look around in?"))
+    if (qm::Ask(none + "Lay down sample books of a small trading firm for " + years + ", to look around in?"))
         CreateBooks(folder, year, [year](const fs::path& staging) { FillWithSample(staging, year); });
-    else if (Agreed(none + "Lay down new, empty books for " + years + " instead?"))
+    else if (qm::Ask(none + "Lay down new, empty books for " + years + " instead?"))
         CreateBooks(folder, year);
     return fs::exists(folder / BooksFile);
 }

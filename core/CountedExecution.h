@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace qm {
+
+// Executions whose records count, on the shared connection. Beside them stand those that do not count, in
+// DBCode.h. A failing statement raises.
+
+// Runs a statement; the number of records that it affected.
+std::int64_t Affected(const std::string& sql);
+
+// Runs a posting statement, whose count is a test: RequireRecords raises where no record is affected.
+void ExecuteCounted(const std::string& sql);
+
+}  // namespace qm
