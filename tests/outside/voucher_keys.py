@@ -94,11 +94,25 @@ class VoucherKeys(Desk):
         self.press(key)
         self.wait_for("the list's end", lambda: self.shown() == [SCREEN])
 
+    def choose_receipt(self):
+        """In the list of types, by its letter. Enter leaves the list open while no line is chosen: then once more."""
+        self.press("F4")
+        self.wait_for("the list of types", lambda: len(self.shown()) == 2)
+        end = time.monotonic() + PATIENCE
+        while self.shown() != [SCREEN]:
+            if time.monotonic() > end:
+                raise SystemExit("the list of types did not take the receipt")
+            self.press("r", "Return")
+            looked = time.monotonic()
+            while self.shown() != [SCREEN] and time.monotonic() < looked + 2:
+                time.sleep(0.01)
+
     def begin(self):
         """What the screen refuses at first; the cursor ends on the side of the first line."""
         self.save()
         self.leave_list("F4")
-        self.press("r", "alt+d")  # finds the receipt
+        self.choose_receipt()
+        self.press("alt+d")
         self.type("15041999")
         self.save()
         self.leave_list("Escape")
