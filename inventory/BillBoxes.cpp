@@ -1,16 +1,16 @@
 #include "inventory/BillBoxes.h"
 
 #include "core/DBCode.h"
-#include "inventory/EntryChecks.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 
 void BillBoxes::Wire(const std::function<void()>& recalc) const {
     for (forms::TextBox* input : {discount_, taxRate_, otherCharges_, roundOff_}) {
         input->Change = recalc;
-        input->KeyPress = KeepFigures;
+        input->KeyPress = [](int& keyAscii) { KeepFigures(keyAscii); };
         input->Validate = [input](bool& cancel) {
             if (IsQuantity(input->Text())) return;
             input->SetText("");

@@ -3,10 +3,10 @@
 #include "core/DBCode.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
 #include "inventory/PickedItems.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {

@@ -3,10 +3,10 @@
 #include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {

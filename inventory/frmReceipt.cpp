@@ -4,13 +4,13 @@
 #include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
 #include "inventory/TotalRows.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -174,11 +174,7 @@ void frmReceipt::vsReceipt_KeyDown(int keyCode) {
 // A bill number that is there already passes, and so do a quantity of 0 and a receipt with no items.
 bool frmReceipt::ValidateReceipt() {
     if (!DateIsInYear(*ui().dtpDate)) return false;
-    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        MsgBox("Please enter the bill no.", vbInformation, AppTitle);
-        ui().txtBillNo->SetFocus();
-        return false;
-    }
+    if (!IsFilled(*ui().txtBillNo, "Please enter the bill no.")) return false;
     if (!IsChosen(*ui().cmbSupplier, "Please select a supplier")) return false;
     if (!IsChosen(*ui().cmbItemLedgers, "Please select a ledger to be debited")) return false;
     if (ui().vsReceipt->Rows() == 2) return false;

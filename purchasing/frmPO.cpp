@@ -4,12 +4,12 @@
 #include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "purchasing/frmPOReceipt.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {

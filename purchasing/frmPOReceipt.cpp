@@ -4,7 +4,6 @@
 #include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
 #include "inventory/StockPosting.h"
 #include "inventory/TotalRows.h"
 #include "platform/basic/Clock.h"
@@ -12,6 +11,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -221,13 +221,8 @@ void frmPOReceipt::vsItems_AfterEdit(int row, int col) {
 
 // No quantity is asked for: a save without one books an entry and a bill without goods.
 bool frmPOReceipt::ValidatePOReceipt() {
-    if (!DateIsInYear(*ui().dtpDate)) return false;
-    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        MsgBox("Please enter  the Bill No.", vbInformation, AppTitle);
-        ui().txtBillNo->SetFocus();
-        return false;
-    }
-    return IsChosen(*ui().cmbPurchaseLedger, "Please select a Purchase Ledger to be debited") &&
+    return DateIsInYear(*ui().dtpDate) && IsFilled(*ui().txtBillNo, "Please enter  the Bill No.") &&
+           IsChosen(*ui().cmbPurchaseLedger, "Please select a Purchase Ledger to be debited") &&
            DiscountIsMeant();
 }
 

@@ -4,11 +4,11 @@
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/GeneralUtils.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -140,7 +140,7 @@ bool frmVoucher::ValidateVoucher() {
         AskForType();
         return false;
     }
-    if (!ValidateDate()) return false;
+    if (!DateIsInYear(*ui().dtpDate)) return false;
     if (lines_->ShownTotal(DrAmount) != lines_->ShownTotal(CrAmount))
         return Refuse("Mismatch between Credit & Debit Balance\r\n\r\nPlease recheck your entries");
     for (int row = 1; row <= lines_->LastLine(); ++row)
@@ -151,16 +151,6 @@ bool frmVoucher::ValidateVoucher() {
         return false;
     }
     return true;
-}
-
-// The message names the range one year early; the test does not. Kept.
-bool frmVoucher::ValidateDate() {
-    const std::int16_t year = basic::ToInteger(shared().FinYear);
-    if (IsDateInFinYear(ui().dtpDate->Value(), year)) return true;
-    Refuse(FinYearRangeText(year - 1));
-    ui().dtpDate->SetFocus();
-    ui().dtpDate->OpenList();
-    return false;
 }
 
 bool frmVoucher::ValidateLine(int row) {

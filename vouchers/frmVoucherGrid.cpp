@@ -4,6 +4,7 @@
 #include "core/MsgBox.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "shell/EntryChecks.h"
 #include "vouchers/frmVoucher.h"
 
 namespace qm {
@@ -32,8 +33,7 @@ void frmVoucher::WireGrid() {
     grid.StartEdit = [this](int row, int col, bool& cancel) { vsVoucher_StartEdit(row, col, cancel); };
     grid.ValidateEdit = [this](int, int col, bool& cancel) { vsVoucher_ValidateEdit(col, cancel); };
     grid.KeyPressEdit = [](int, int col, int& key) {
-        const bool digit = key >= '0' && key <= '9';
-        if (IsAmount(col) && !digit && key != '.' && key != forms::vbKeyBack) key = 0;
+        if (IsAmount(col)) KeepFigures(key);
     };
     grid.AfterEdit = [this](int row, int col) { vsVoucher_AfterEdit(row, col); };
     grid.KeyDown = [this](int& keyCode, int shift) { vsVoucher_KeyDown(keyCode, shift); };
