@@ -3,6 +3,7 @@
 #include "core/DBCode.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
 #include "shell/EntryChecks.h"
 
 namespace qm {
@@ -21,6 +22,17 @@ void BillBoxes::Wire(const std::function<void()>& recalc) const {
 
 double BillBoxes::Prefix(const forms::TextBox& box) {
     return basic::PrefixValue(box.Text());
+}
+
+Bill BillBoxes::Entered(std::int32_t txnNo) const {
+    return {.TxnNo = txnNo,
+            .Date = date_->Value(),
+            .Narration = basic::Trim(narration_->Text()),
+            .Amount = Prefix(*totalAmt_),
+            .BillNo = billNo_->Text(),
+            .Discount = Discount(),
+            .TaxRate = Prefix(*taxRate_),
+            .OtherCharges = Prefix(*otherCharges_)};
 }
 
 void BillBoxes::ShowBillTotal(double sum) const {

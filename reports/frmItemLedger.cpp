@@ -36,6 +36,7 @@ void frmItemLedger::Form_Activate() {
     ui().ucItemLedger->SetFocus();
 }
 
+// optSumm is "Short Supply", which has no report.
 void frmItemLedger::OkClick() {
     if (!ui().optSumm->Value()) PrintStockLedger();
 }

@@ -7,12 +7,12 @@ namespace qm {
 // The three rows below the items of a receipt's grid: an empty one, a red rule, the total. They stand in the
 // same columns on both receipt screens, whatever these hold there. Kept: against an order, the total's column
 // is that of the quantity received before, which is hidden while a saved receipt is viewed.
-inline constexpr int TotalRows = 3;
+inline constexpr int FooterRows = 3;
 
-void AddTotalRows(forms::VSFlexGrid& grid);
-bool IsTotalRow(const forms::VSFlexGrid& grid, int row);
+void AddFooter(forms::VSFlexGrid& grid);
+bool IsInFooter(const forms::VSFlexGrid& grid, int row);
 
-// Adds up quantity times price over the rows and shows the sum in the total row, 0 as nothing.
-double ShowTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol);
+// Adds up quantity times price over the items and shows the sum in the footer, 0 as nothing. Gives the sum.
+double ShowBillTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol);
 
 }  // namespace qm
