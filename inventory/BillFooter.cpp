@@ -25,7 +25,7 @@ bool IsInFooter(const forms::VSFlexGrid& grid, int row) {
     return row >= grid.Rows() - FooterRows;
 }
 
-double ShowBillTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol) {
+double ShowGridTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol) {
     double sum = 0;
     for (int row = 1; !IsInFooter(grid, row); ++row)
         sum += grid.ValueMatrix(row, qtyCol) * grid.ValueMatrix(row, priceCol);

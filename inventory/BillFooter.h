@@ -13,6 +13,6 @@ void AddFooter(forms::VSFlexGrid& grid);
 bool IsInFooter(const forms::VSFlexGrid& grid, int row);
 
 // Adds up quantity times price over the items and shows the sum in the footer, 0 as nothing. Gives the sum.
-double ShowBillTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol);
+double ShowGridTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol);
 
 }  // namespace qm

@@ -136,7 +136,7 @@ void frmReceipt::FillBillFields() {
 }
 
 void frmReceipt::RecalcGridTotal() {
-    Boxes().ShowBillTotal(ShowBillTotal(*ui().vsReceipt, StockGrid::QtyCol, StockGrid::PriceCol));
+    Boxes().ShowBillTotal(ShowGridTotal(*ui().vsReceipt, StockGrid::QtyCol, StockGrid::PriceCol));
     RecalcBill();
 }
 

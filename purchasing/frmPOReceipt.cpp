@@ -135,7 +135,7 @@ void frmPOReceipt::FillPOReceiptBill() {
 }
 
 void frmPOReceipt::RecalcGridTotal() {
-    Boxes().ShowBillTotal(ShowBillTotal(*ui().vsItems, QtyCol, RateCol));
+    Boxes().ShowBillTotal(ShowGridTotal(*ui().vsItems, QtyCol, RateCol));
     Boxes().Recalc(OrderBill);
 }
 
