@@ -14,7 +14,7 @@ bool HasRow(const std::string& sql) {
     return !rows.Eof();
 }
 
-// Numbers of groups and ledgers are kept in 16 bits.
+// Numbers of groups and ledgers are kept in 16 bits. Kept 31.
 std::string GroupIdOf(const std::string& name) {
     const ado::RecordsetPtr rows =
         ExecuteRecordset("select Group_Id from Group_Head_Master where Group_Head_Name='" + name + "'");
@@ -22,7 +22,7 @@ std::string GroupIdOf(const std::string& name) {
 }
 
 // The boxes and the fields are out of step, here and again in the update, on purpose: the details of a new
-// party come back in other boxes than the ones they were typed in.
+// party come back in other boxes than the ones they were typed in. Kept 22.
 std::string InsertStatement(const std::string& ledgerId, const std::string& parentId,
                             const LedgerEntry& entry) {
     std::string sql =
@@ -35,7 +35,7 @@ std::string InsertStatement(const std::string& ledgerId, const std::string& pare
     return sql + ")";
 }
 
-// Box 5, the third line of the address, is not written.
+// Box 5, the third line of the address, is not written. Kept 22.
 std::string UpdateStatement(const std::string& ledgerId, const std::string& parentId,
                             const LedgerEntry& entry) {
     const auto& box = entry.Details;

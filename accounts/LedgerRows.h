@@ -27,10 +27,10 @@ bool LedgerNameTaken(const std::string& name);
 // current year gets a row, whose totals start Null. Each detail is stored with a blank before it.
 void InsertLedger(const LedgerEntry& entry);
 
-// Writes the ledger's rows again. Those of every year take the opening balance and the current year: kept.
+// Writes the ledger's rows again. Those of every year take the opening balance and the current year: kept 23.
 void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry);
 
-// Whether the current year's vouchers touch the ledger; other years' are not looked at.
+// Whether the current year's vouchers touch the ledger; other years' are not looked at. Kept 30.
 bool LedgerHasVouchers(const std::string& ledgerId);
 
 // What refuses a delete where they do.

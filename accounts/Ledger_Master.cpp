@@ -17,7 +17,7 @@ namespace {
 constexpr int PartyHeight = 6975, PartyTop = 1395, LowestTop = 2895;
 constexpr int HeightAbovePanel = 2600;
 
-// What the boxes show. Add and Update write some of them to other fields; box 5 is not read.
+// What the boxes show. Add and Update write some of them to other fields; box 5 is not read. Kept 22.
 constexpr struct {
     int Box;
     const char* Field;
@@ -52,7 +52,7 @@ void Ledger_Master::Load(const std::string& GroupName, const std::string& Ledger
     Show(forms::vbModal);
 }
 
-// Paging does not start at the ledger shown here, but at the first one of the books.
+// Paging does not start at the ledger shown here, but at the first one of the books. Kept 27.
 void Ledger_Master::ShowGroup(const std::string& groupName, const std::string& ledgerName) {
     ui().Combo1->SetText(groupName);
     ApplyGroupLayout();
@@ -114,7 +114,7 @@ void Ledger_Master::AddRec() {
     ui().txtLedName->SetFocus();  // where the typing begins
 }
 
-// A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept.
+// A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept 24.
 void Ledger_Master::UpdRec() {
     EnableControls();
     IsNewLedger ? AddLedger() : UpdateLedger();
@@ -130,7 +130,7 @@ void Ledger_Master::EnableControls() {
 }
 
 // Deleted ledgers are found like others. A look-up that is closed without a choice leaves the number of the
-// one before.
+// one before. Kept 28.
 void Ledger_Master::FindRec() {
     frmSearchAndLookUp& lookUp = forms::Default<frmSearchAndLookUp>();
     lookUp.BaseQuery = "select ledger_ID as [Ledger Id],Name from Ledger_Master";
@@ -209,7 +209,7 @@ void Ledger_Master::ShowStockButton() {
     ui().cmdStkClBal->SetVisible(stands && ui().Combo1->Text() == "Stock in Hand");
 }
 
-// Both empty are equal too. Kept.
+// Both empty are equal too. Kept 26.
 void Ledger_Master::Combo1_Validate() {
     if (ui().txtLedName->Text() != ui().Combo1->Text()) return;
     Tell("Ledger Name And Group Name Cannot be Same");
@@ -251,7 +251,7 @@ LedgerEntry Ledger_Master::Entry() {
 }
 
 // The number of the new ledger is not put into txtLedgerId, so Update pressed again fails in its statement.
-// Kept.
+// Kept 25.
 void Ledger_Master::AddLedger() {
     if (!EntryComplete()) return;
     try {
@@ -300,7 +300,7 @@ void Ledger_Master::DeleteLedger() {
 
 // A party is marked, not removed, and nothing is told of it. The books as delivered have no year in
 // Ledger_Master, so there the statement fails; no column may be added to them, and the user hears what the
-// Group Master would do: it marks suppliers only.
+// Group Master would do: it marks suppliers only. Kept 29.
 bool Ledger_Master::RetireParty() {
     try {
         Conn().Execute("Update Ledger_Master Set Deleted = True Where Ledger_ID=" + ui().txtLedgerId->Text() +

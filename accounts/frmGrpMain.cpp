@@ -103,7 +103,7 @@ void frmGrpMain::Reread() {
 }
 
 // A ledger whose group is not one of the first level finds no node to stand under and is left out, and so is
-// the second of two rows of one ledger.
+// the second of two rows of one ledger. Kept 36.
 void frmGrpMain::BuildTree() {
     forms::TreeView& tree = *ui().tvTreeView;
     tree.Clear();
@@ -147,7 +147,7 @@ void frmGrpMain::ShowDetails(std::int16_t id, char kind) {
     if (kind == 'V') OpenVoucher(id);
 }
 
-// The first two widths change places at every showing, also where the heads stay the same. Kept.
+// The first two widths change places at every showing, also where the heads stay the same. Kept 32.
 void frmGrpMain::SetHeads(const char* const (&heads)[5]) {
     forms::ListView& list = *ui().lvListView;
     for (int column = 1; column <= list.ColumnCount(); ++column)
@@ -184,6 +184,7 @@ void frmGrpMain::OpenVoucher(std::int16_t trnNo) {
 }
 
 // The ledger is handed on by the text of its node, which is cut: of a long name the ledger screen knows none.
+// Kept 34.
 void frmGrpMain::cmdAdd_Click() {
     std::string groupName, ledgerName;
     if (const forms::Node* const node = ui().tvTreeView->SelectedItem()) {
@@ -196,7 +197,7 @@ void frmGrpMain::cmdAdd_Click() {
 }
 
 // A supplier is only marked, whether it has vouchers or not, and nothing is told of it. A "\" in a name
-// counts as a level.
+// counts as a level. Kept 35.
 void frmGrpMain::cmdDelete_Click() {
     const forms::Node* const node = ui().tvTreeView->SelectedItem();
     if (!node) return;
@@ -221,8 +222,8 @@ void frmGrpMain::cmdDelete_Click() {
     BuildTree();
 }
 
-// Only the leaf takes the new name, the ledger keeps its own: the two part company. Kept. The label that is
-// edited is cut already, and so is the name after it.
+// Only the leaf takes the new name, the ledger keeps its own: the two part company. Kept 33. The label that
+// is edited is cut already, and so is the name after it.
 void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newText) {
     cancel = true;  // the tree is built anew, and where the statement fails the old label comes back
     const forms::Node* const node = ui().tvTreeView->SelectedItem();

@@ -29,7 +29,7 @@ class frmGrpMain : public forms::FormOf<Ui::frmGrpMain> {
     void SizeControls(int split);
 
     // What a node or a line stands for is told by its key: "R" a primary group, "C" a ledger, "V" a voucher,
-    // then the id, which is kept in 16 bits.
+    // then the id, which is kept in 16 bits. Kept 31.
     void ShowDetails(std::int16_t id, char kind);
     void ShowDetailsOf(const std::string& key);
     void SetHeads(const char* const (&heads)[5]);

@@ -21,7 +21,7 @@ std::string BillFigures::Shown(double amount) {
     return basic::Format(amount, "#,##,###.00");
 }
 
-// The tax is subtracted like the discount, though the box above it reads "Amt. After Tax": kept.
+// The tax is subtracted like the discount, though the box above it reads "Amt. After Tax": kept 53.
 void BillFigures::Reckon(BillRule rule) {
     const double base = rule.RatesOfPrefix ? basic::PrefixValue(BillTotal) : Whole(BillTotal);
     AmtAfterTax = Shown(Whole(BillTotal) - (basic::PrefixValue(TaxRate) / 100 * base +

@@ -6,7 +6,7 @@ namespace qm {
 
 // How the two receipt screens reckon a bill.
 struct BillRule {
-    // The percentages are taken of the number before the bill total's comma, not of the whole total: kept.
+    // The percentages are taken of the number before the bill total's comma, not of the whole total: kept 54.
     bool RatesOfPrefix = false;
     // The box whose value decides whether the amount after tax is emptied: itself, or the bill total.
     bool BlankByBillTotal = false;

@@ -21,7 +21,7 @@ void LogError(const std::string& formName, std::int32_t number, const std::strin
               basic::Format(now, "dd/MM/yyyy") + "\",\"" + basic::Format(now, "hh:mm:ss") + "\")";
     });
     // The box comes first and the routine waits in it; the row is written after. Two lone carriage returns,
-    // then one.
+    // then one. Kept 5.
     SkipOnError([&] {
         MsgBox("Formname: " + formName + "\r\r Description : " + description + "\r Source : " + source);
     });

@@ -9,7 +9,7 @@
 namespace qm {
 namespace {
 
-// Any other code leaves the statement short of a value, and it fails.
+// Any other code leaves the statement short of a value, and it fails. Kept 3.
 std::string TypeWord(std::int32_t typeCode) {
     switch (typeCode) {
         case Journal:
@@ -69,6 +69,7 @@ void ReverseVoucher(const std::int32_t& voucherNo, ado::Connection& connection) 
         const std::string ledgerCode = basic::TextOrEmpty((*rows)["ledgerCode"]);
         const basic::Value debit = (*rows)["LedgerDrAmt"], credit = (*rows)["LedgerCrAmt"];
         // "Not Null, or not 0": a Null makes the whole test Null and is passed over, a 0 runs as "- 0".
+        // Kept 4.
         if (!debit.IsNull())
             connection.Execute(
                 "Update Ledger_Details Set LedDetDrTxnTot = ( IIf( IsNull(LedDetDrTxnTot), 0, "

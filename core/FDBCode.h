@@ -21,7 +21,7 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
                             std::int32_t ledgerCode, const std::string& ledgerName);
 
 // Takes a voucher's amounts out of its ledgers' totals and deletes its rows. The updates name no year, so the
-// totals of every year's row go down: kept, the day book's delete works so. No transaction and no trap.
+// totals of every year's row go down: kept 4, the day book's delete works so. No transaction and no trap.
 void ReverseVoucher(const std::int32_t& voucherNo, ado::Connection& connection);
 
 }  // namespace qm

@@ -17,6 +17,7 @@ void SetAllLocked(basic::ControlHost& form, bool locked) {
     for (basic::Control* control : form.Controls()) {
         if (!HoldsEntry(control->TypeName())) continue;
         // Unlocking empties a combo box's selection as a side effect; the screens rely on setting it again.
+        // Kept 2.
         if (!locked && control->TypeName() == "ComboBox") SkipOnError([&] { control->SetListIndex(-1); });
         SkipOnError([&] { control->SetLocked(locked); });
     }

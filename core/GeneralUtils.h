@@ -13,7 +13,7 @@ namespace qm {
 bool IsDateInFinYear(basic::Date date, std::int16_t year);
 
 // What the screens say of a date outside the year, with the years that they name: those of `year`, or, on the
-// screens that name the range one year early, those of the year before.
+// screens that name the range one year early, those of the year before. Kept 1.
 std::string FinYearRangeText(int year);
 
 // Clears the box; with `emptyLine` adds an empty line first; then adds each value of the select's first
@@ -24,7 +24,7 @@ void FillComboFromArray(basic::ListControl& combo, const std::vector<std::string
 
 // Each in skip-on-error mode over all controls of a form. ClearControls leaves alone the controls whose name
 // begins with the prefix, unless it is empty. UnlockControls also empties the selection of every combo box:
-// the screens set it again.
+// the screens set it again. Kept 2.
 void ClearControls(basic::ControlHost& form, const std::string& keepPrefix);
 void LockControls(basic::ControlHost& form);
 void UnlockControls(basic::ControlHost& form);

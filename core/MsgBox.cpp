@@ -7,6 +7,7 @@
 #include "core/modGeneral.h"
 #include "platform/ado/Constants.h"
 #include "platform/ado/Maintenance.h"
+#include "platform/basic/Display.h"
 #include "platform/basic/Text.h"
 
 namespace qm {
@@ -36,7 +37,7 @@ void PutOnDisk() {
 
 int MsgBox(const std::string& text, int flags, const std::string& title) {
     if ((flags & vbInformation) != 0) PutOnDisk();
-    if (!Port() && DisplayIsThere()) LoadScreens();
+    if (!Port() && DisplayIsThere() && basic::DisplayAnswers()) LoadScreens();
     return Port() ? Port()(text, flags, title) : TellStandardError(text, flags, title);
 }
 

@@ -63,7 +63,7 @@ ado::RecordsetPtr clQm::Ledgers(const std::string& sGrp) {
 }
 
 // Only this list and Ledgers with a condition leave out ledgers without a row in the year; none tests
-// Deleted.
+// Deleted. Kept 16.
 ado::RecordsetPtr clQm::GetSuppliers() {
     return OpenList(
         "Select Ledger_Master.Ledger_Id, Name, Ledger_Master.Deleted From  Ledger_Master, Ledger_Details "

@@ -22,14 +22,14 @@ class clQm {
     void QmMainMenu();
 
     // Sets up a working year from a long form ("2002-2003"), with the old year's rows carried forward by
-    // CarryForwardBalances. Always False; silent on failure; what already ran stays done.
+    // CarryForwardBalances. Always False; silent on failure; what already ran stays done. Kept 18.
     bool SetFinancialYear(const std::string& sFinYear);
 
     // Ledger_Id and Name of all ledgers, or of those of the current year that meet `sGrp`, a condition of the
     // host's own.
     ado::RecordsetPtr Ledgers(const std::string& sGrp = {});
 
-    // Highest voucher number of the year plus 1, without loading the year.
+    // Highest voucher number of the year plus 1, without loading the year. Kept 14.
     basic::Value VchrTrnNo();
 
     const std::string& dataPath() const;
@@ -43,6 +43,7 @@ class clQm {
     bool FinYearValidate(basic::Date dt, std::int16_t Year);
 
     // LedgerVchrNo of the voucher's first row: nothing writes it, so Null. Raises 9 for an unknown voucher.
+    // Kept 15.
     basic::Value GetVchrNoFromTxnNo(std::int32_t lTxnNo);
 
     ado::RecordsetPtr GetSuppliers();        // Ledger_Id, Name, Deleted of the year's suppliers and debtors
@@ -52,12 +53,12 @@ class clQm {
 
     // Posts one row of a voucher and raises the ledger's total, in one transaction. dtTrnDT is a day number;
     // sTrnCate is J, P, R or C; sTrnType is D or C. False on failure, after the error log's box. Never loads
-    // the year.
+    // the year. Kept 14.
     bool InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::string& sTrnCate,
                        const std::string& sTrnType, const std::string& sTrnNarration, double dAmt,
                        std::int32_t lLedCode, const std::string& sLedName);
 
-    // Highest voucher number of the year plus 1. Nothing is reserved.
+    // Highest voucher number of the year plus 1. Nothing is reserved. Kept 11.
     std::int32_t GetNextTrnID();
 
     // Writes a voucher's rows again with a new date and amount, all rows alike.
@@ -68,7 +69,7 @@ class clQm {
     bool DeleteVoucher(std::int32_t lTrnID);
 
     // Moves the flag of the current year to a known year, by its short form. Returns the year now current, ""
-    // for an unknown one. The year string follows at the next LoadCurrentYear.
+    // for an unknown one. The year string follows at the next LoadCurrentYear. Kept 17.
     std::string SetGetFinancialYear(const std::string& sFinYear);
 
   private:

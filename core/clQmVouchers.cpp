@@ -14,7 +14,7 @@ namespace {
 
 const char* const FormName = "Class-ClQm";
 
-// The failure step of all voucher calls. A failed count comes with number 0 and an empty description.
+// The failure step of all voucher calls. A failed count comes with number 0 and an empty description. Kept 6.
 bool FailVoucher(const basic::Error& error) {
     RollbackOpen();
     LogError(FormName, error);
@@ -36,7 +36,7 @@ std::string AmountText(double amount) {
     return std::isnan(amount) ? "-1.#IND" : amount < 0 ? "-1.#INF" : "1.#INF";
 }
 
-// Any other letter appends nothing, which leaves the insert a value short, so it fails.
+// Any other letter appends nothing, which leaves the insert a value short, so it fails. Kept 3.
 std::string TypeWord(const std::string& category) {
     const std::string letter = basic::UCase(category);
     if (letter == "J") return "\"Journal\", ";
@@ -66,7 +66,7 @@ double BalanceOf(const std::string& ledgerCode) {
     return balance;
 }
 
-// "1500Dr", "250Cr"; 0 reads "0Dr".
+// "1500Dr", "250Cr"; 0 reads "0Dr". Kept 13.
 std::string BalanceText(double balance) {
     return balance < 0 ? basic::NumberText(-balance) + "Cr" : basic::NumberText(balance) + "Dr";
 }
@@ -82,7 +82,7 @@ bool IsNullOrZero(const basic::Value& amount) {
 }
 
 // Takes a row's amounts out of its ledger's totals of the current year. A Null amount leaves a gap, and the
-// statement fails.
+// statement fails. Kept 9.
 void ReverseTotals(ado::Recordset& row) {
     ExecuteCounted(
         "Update Ledger_Details Set LedDetDRTxnTot = IIf(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) - " +
@@ -92,7 +92,7 @@ void ReverseTotals(ado::Recordset& row) {
 }
 
 // A row of the voucher, written again on its own side. The result of InsertVoucher is not looked at; a row
-// with both amounts is not written again: both kept.
+// with both amounts is not written again: both kept 8.
 void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt, ado::Recordset& row) {
     const char* side = nullptr;
     if (IsNullOrZero(row["LedgerDrAmt"]))
@@ -145,7 +145,7 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
             insert += "0, " + amount;
             update += "LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + " + amount;
         }
-        // The balance before this posting.
+        // The balance before this posting. Kept 12.
         insert += ", \"" + BalanceText(BalanceOf(ledgerCode)) + "\", True)";
         update += OfLedger(ledgerCode);
         Conn().BeginTrans();
@@ -168,7 +168,7 @@ bool clQm::UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt)
                       OfVoucher(lTrnID),
                   shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
         // The delete is committed before the rows are written again, and a failure there leaves the voucher
-        // partly rewritten: the order is kept.
+        // partly rewritten: the order is kept 7.
         Conn().BeginTrans();
         ExecuteCounted("Delete" + OfVoucher(lTrnID));
         Conn().CommitTrans();
@@ -198,7 +198,7 @@ bool clQm::DeleteVoucher(std::int32_t lTrnID) {
             ReverseTotals(rows);
             Conn().CommitTrans();
         }
-        // Later vouchers keep their numbers: the gap stays.
+        // Later vouchers keep their numbers: the gap stays. Kept 10.
         Conn().BeginTrans();
         ExecuteCounted("Delete" + OfVoucher(lTrnID));
         Conn().CommitTrans();

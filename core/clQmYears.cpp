@@ -52,14 +52,15 @@ std::string clQm::SetGetFinancialYear(const std::string& sFinYear) {
 
 // No transaction stands around the statements, and a failure ends the routine silently with what ran left
 // done: a second call for one year doubles its rows and folds the old year again before it fails at the table
-// that exists. Kept.
+// that exists. Kept 18.
 bool clQm::SetFinancialYear(const std::string& sFinYear) {
     SkipOnError([&] {
         if (basic::Len(sFinYear) > 9) return;
         const std::string from = basic::Left(sFinYear, 4), to = basic::Right(sFinYear, 4);
         if (basic::Trim(from).empty() || basic::Trim(to).empty()) return;
         const std::string longForm = "'" + from + "-" + to + "'";
-        ado::Recordset rows;  // asks a field of short forms for the long form: no row ever matches
+        // Asks a field of short forms for the long form: no row ever matches. Kept 20.
+        ado::Recordset rows;
         rows.Open("Select * From Ledger_Details Where Fnncl_Yr = " + longForm, shared().Connection,
                   ado::adOpenForwardOnly, ado::adLockReadOnly);
         if (!rows.Eof()) {
@@ -67,7 +68,7 @@ bool clQm::SetFinancialYear(const std::string& sFinYear) {
             Conn().Execute("Update Fnncl_Yr_Mstr Set Crrnt_Yr_Flg=1 Where Fnncl_Yr = " + longForm);
         } else {
             // The copies take the old openings and totals; the fold below rewrites the old year's rows, not
-            // the copies.
+            // the copies. Kept 19.
             Conn().Execute(
                 "INSERT INTO Ledger_Details SELECT Ledger_ID as Ledger_ID, '" + from +
                 "' As Fnncl_Yr, Opening_Bal, Closing_Bal, Bal_type, LedDetDRTxnTot, LedDetCRTxnTot  FROM "
@@ -89,7 +90,8 @@ void clQm::CarryForwardBalances() {
     rows.Open("Select * From Ledger_Details Where Fnncl_Yr = " + shared().FinYear, shared().Connection,
               ado::adOpenForwardOnly, ado::adLockOptimistic);
     if (!rows.Eof() && !rows.Bof()) rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext())  // the move stores the edit; a Null total raises
+    // The move stores the edit; a Null total raises. Kept 21.
+    for (; !rows.Eof(); rows.MoveNext())
         FoldTotals(rows, basic::ToDouble(rows["LedDetDRTxnTot"]), basic::ToDouble(rows["LedDetCRTxnTot"]));
     rows.Close();
 }

@@ -5,8 +5,8 @@
 namespace qm {
 
 // The three rows below the items of a receipt's grid: an empty one, a red rule, the total. They stand in the
-// same columns on both receipt screens, whatever these hold there. Kept: against an order, the total's column
-// is that of the quantity received before, which is hidden while a saved receipt is viewed.
+// same columns on both receipt screens, whatever these hold there. Kept 55: against an order, the total's
+// column is that of the quantity received before, which is hidden while a saved receipt is viewed.
 inline constexpr int FooterRows = 3;
 
 void AddFooter(forms::VSFlexGrid& grid);

@@ -95,7 +95,7 @@ std::vector<std::string> ItemMaster::Values() {
             ui().txtComments->Text()};
 }
 
-// The type goes too: unlocking empties it.
+// The type goes too: unlocking empties it. Kept 2.
 void ItemMaster::ucAddPanel1_AddRec() {
     for (forms::TextBox* box : ControlsOf<forms::TextBox>()) box->SetText("");
     for (forms::OptionButton* option : ControlsOf<forms::OptionButton>()) option->SetValue(0);
@@ -104,7 +104,7 @@ void ItemMaster::ucAddPanel1_AddRec() {
     ui().txtItemName->SetFocus();
 }
 
-// After a refusal the panel's buttons stand as after an update, and the fields stay open.
+// After a refusal the panel's buttons stand as after an update, and the fields stay open. Kept 49.
 void ItemMaster::ucAddPanel1_UpdRec() {
     OpenProject();
     if (basic::Trim(ui().txtItemID->Text()).empty()) return;
@@ -135,7 +135,7 @@ void ItemMaster::UpdateItem() {
 }
 
 // No blank stands before WHERE, so the statement fails and nobody hears of it: the row stays, while the
-// screen looks as if it were gone. Kept; no item ever leaves its table. Nothing is asked.
+// screen looks as if it were gone. Kept 48: no item ever leaves its table. Nothing is asked.
 void ItemMaster::ucAddPanel1_DelRec() {
     OpenProject();
     if (basic::Trim(ui().txtItemID->Text()).empty()) {
@@ -151,6 +151,7 @@ void ItemMaster::ucAddPanel1_DelRec() {
 }
 
 // A look-up that is closed without a choice leaves the key of the last one, and that record is shown.
+// Kept 49.
 void ItemMaster::ucAddPanel1_FindRec() {
     OpenProject();
     SkipOnError([] {
@@ -166,6 +167,7 @@ void ItemMaster::ucAddPanel1_FindRec() {
 }
 
 // One step past the last row there is no record, so the last one stays shown; Previous then shows it again.
+// Kept 49.
 void ItemMaster::ucAddPanel1_NextRec() {
     SkipOnError([this] {
         if (items_->Eof()) return;

@@ -11,7 +11,7 @@ namespace qm {
 
 // Keeps the items of the current year: browse, add, update. Its routines run in skip-on-error mode: what
 // fails is passed over. The issued and received quantities are not fields of this screen, so no change here
-// touches them; the balance is what the user types.
+// touches them; the balance is what the user types. Kept 50.
 class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
   public:
     void ModeNew();  // empty, unlocked, with the next number; nothing in this system calls it

@@ -67,7 +67,7 @@ bool StockGrid::Remove(int row, const std::string& done) const {
     if (MsgBox("Remove Item " + item + "\r\n\r\nAre you sure ?", vbYesNo + vbInformation, AppTitle) != vbYes)
         return false;
     if (IsSaved(row)) {
-        // The doubled word is the system's own.
+        // The doubled word is the system's own. Kept 62.
         MsgBox("Item Item " + item + " has been " + done + " \r\n\r\nCannot remove", vbInformation, AppTitle);
         return false;
     }

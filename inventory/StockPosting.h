@@ -18,7 +18,7 @@ void ExecuteCounted(const std::string& sql);  // raises where no record is affec
 std::int32_t NextNumber(const std::string& field, const std::string& table);
 
 // The figure that a receipt keeps with each new row, in their order: the unit price times the sum of the two
-// rates. Kept: without a discount, a tax rate is added to the figure of the row before.
+// rates. Kept 51: without a discount, a tax rate is added to the figure of the row before.
 class LandingCost {
   public:
     LandingCost(const std::string& discount, const std::string& taxRate);  // percents; blank: none
@@ -49,7 +49,7 @@ void InsertMovement(const Movement& row);
 // Of a row that is saved, only the remark is ever written again.
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark);
 
-// Adds to "ReceivedQty" or "IssuedQty" of the item. Its Balance is left as it stands.
+// Adds to "ReceivedQty" or "IssuedQty" of the item. Its Balance is left as it stands. Kept 50.
 void AddToItem(const std::string& counter, double itemId, double qty);
 
 // A ledger as an entry's row bears it.
@@ -73,7 +73,7 @@ struct Bill {
 
 // Draws the entry's number, writes the credit row, the debit row and the bill, in one transaction that it
 // begins and commits. A failure leaves it open and raises. The running totals of Ledger_Details are not
-// touched: kept.
+// touched: kept 52.
 void PostBill(const Bill& bill);
 
 }  // namespace qm

@@ -58,7 +58,7 @@ void frmIssues::FillIssueNumbers() {
     ui().cmbTxnNo->AddItem(NewNumber);
 }
 
-// The numbers are shared by all kinds of movement, so that of a receipt shows its rows here.
+// The numbers are shared by all kinds of movement, so that of a receipt shows its rows here. Kept 60.
 void frmIssues::FillIssueGrid() {
     Grid().Setup(QtyWidth);
     const auto date = Grid().Fill(
@@ -87,7 +87,7 @@ void frmIssues::vsIssue_AfterEdit(int row) {
     if (Grid().IsSaved(row)) Grid().Mark(row, true);
 }
 
-// The entry row goes too, and none comes back until the grid is filled again.
+// The entry row goes too, and none comes back until the grid is filled again. Kept 62.
 void frmIssues::vsIssue_KeyDown(int keyCode) {
     if (keyCode == forms::vbKeyDelete && ui().vsIssue->Row() >= 1)
         Grid().Remove(ui().vsIssue->Row(), "issued");
@@ -110,7 +110,7 @@ bool frmIssues::ValidateIssue() {
     }
 }
 
-// A missing item is logged as well, as error 0: kept.
+// A missing item is logged as well, as error 0: kept 6.
 bool frmIssues::RowIsComplete(int row) {
     if (Grid().Text(row, StockGrid::NameCol).empty()) {
         Grid().Refuse(row, StockGrid::NameCol, "Please select items to be issued");
@@ -125,7 +125,7 @@ bool frmIssues::RowIsComplete(int row) {
 
 // Saved rows are tested too, though the net quantity is already without theirs. Each search goes on from
 // where the last one stopped, so an item that lies before the row above's is not found: reading its quantity
-// raises. Where a counter is Null the net quantity is, and anything passes. All of it kept.
+// raises. Where a counter is Null the net quantity is, and anything passes. All of it kept 61.
 bool frmIssues::StockSuffices(int row, ado::Recordset& stock) {
     if (stock.RecordCount() == 0) return true;
     stock.Find("Item_ID = " + basic::NumberText(Grid().Number(row, StockGrid::ItemCol)), 0,
@@ -138,7 +138,7 @@ bool frmIssues::StockSuffices(int row, ado::Recordset& stock) {
                              "\r\n\r\nCannot issue qty. more than stock available");
 }
 
-// Each row commits by itself: what was written before a failure stays.
+// Each row commits by itself: what was written before a failure stays. Kept 57.
 void frmIssues::cmdSave_Click() {
     try {
         if (!ValidateIssue()) return;
@@ -156,7 +156,7 @@ void frmIssues::cmdSave_Click() {
     }
 }
 
-// Any other text than "<New>" is the number, whether such an issue is there or not.
+// Any other text than "<New>" is the number, whether such an issue is there or not. Kept 60.
 std::int32_t frmIssues::IssueNumber() {
     if (ui().cmbTxnNo->Text() == NewNumber) return NextNumber("ItemLedTrnNo", "tblItemLed");
     return basic::ToLong(NumberIn(*ui().cmbTxnNo));

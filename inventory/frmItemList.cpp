@@ -52,8 +52,8 @@ void frmItemList::PrepareGrid() {
     grid.SetEditable(true);
 }
 
-// The ticks go with the rows. What is typed goes into the statement as it stands: an apostrophe or an
-// opening bracket makes it fail, and the list then stays empty.
+// The ticks go with the rows. What is typed goes into the statement as it stands: an apostrophe or an opening
+// bracket makes it fail, and the list then stays empty. Kept 63.
 void frmItemList::FillGrid() {
     forms::VSFlexGrid& grid = *ui().vsItems;
     grid.SetRows(1);

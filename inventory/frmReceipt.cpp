@@ -54,7 +54,7 @@ void frmReceipt::Load(std::int32_t trnNo) {
     Show(forms::vbModal);
 }
 
-// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
+// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept 56.
 std::vector<forms::Form::Command> frmReceipt::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
@@ -72,12 +72,12 @@ void frmReceipt::FillReceiptNumbers() {
     box.AddItem(NewNumber);
 }
 
-// No purchase ledger is offered here: kept.
+// No purchase ledger is offered here: kept 58.
 void frmReceipt::FillItemLedgers() {
     FillLedgers(*ui().cmbItemLedgers, "('Debtors', 'Suppliers', 'Cash In Hand', 'Bank')  ", "");
 }
 
-// The test looks at the box of the bill's number, which never reads so: deleted ledgers are listed. Kept.
+// The test looks at the box of the bill's number, which never reads so: deleted ledgers are listed. Kept 58.
 void frmReceipt::FillSuppliers() {
     const bool onlyStanding = basic::Trim(ui().txtBillNo->Text()) == "<New>";
     FillLedgers(*ui().cmbSupplier, "('Suppliers', 'Debtors')  ",
@@ -182,7 +182,7 @@ void frmReceipt::vsReceipt_KeyDown(int keyCode) {
     RecalcGridTotal();
 }
 
-// A bill number that is there already passes, and so do a quantity of 0 and a receipt with no items.
+// A bill number that is there already passes, and so do a quantity of 0 and a receipt with no items. Kept 59.
 bool frmReceipt::ValidateReceipt() {
     if (!DateIsInYear(*ui().dtpDate)) return false;
     if (!IsFilled(*ui().txtBillNo, "Please enter the bill no.")) return false;
@@ -201,7 +201,7 @@ bool frmReceipt::ValidateReceipt() {
 }
 
 // Each row stands by itself: those before one that fails stay, and a repeated save writes them again under a
-// new number. Kept.
+// new number. Kept 57.
 void frmReceipt::SaveRows() {
     const StockGrid grid = Grid();
     LandingCost landingCost = Boxes().Rates();

@@ -13,7 +13,7 @@ namespace qm {
 
 // A supplier's bill without a purchase order: the goods that came in, the bill's figures, and one entry of
 // two lines. A saved receipt is for viewing, but for its remarks, which Ctrl+S writes: with a second entry
-// and a second bill, kept.
+// and a second bill, kept 56.
 class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
   public:
     void Load(std::int32_t trnNo);  // shows the receipt modally; 0: a new one

@@ -94,7 +94,7 @@ void frmPO::ResetPurchaseOrders() {
     Lines().Empty();
 }
 
-// Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused.
+// Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused. Kept 65.
 void frmPO::FillPOSuppliers() {
     FillLedgerBox(
         *ui().cmbSuppliers,
@@ -238,7 +238,7 @@ void frmPO::cmdSave_Click() {
     }
 }
 
-// The number is drawn before the transaction, and nothing reserves it.
+// The number is drawn before the transaction, and nothing reserves it. Kept 11.
 void frmPO::SaveNew() {
     if (highest_ && highest_->State() != ado::adStateClosed) {
         highest_->Requery();
@@ -303,7 +303,7 @@ void frmPO::cmdCancelPO_Click() {
     ResetPurchaseOrders();
 }
 
-// In no transaction, and the screen comes back empty in every case, also after No. Kept.
+// In no transaction, and the screen comes back empty in every case, also after No. Kept 64.
 void frmPO::cmdDeletePO_Click() {
     const std::string number = SelectedNumber();
     if (!number.empty() &&

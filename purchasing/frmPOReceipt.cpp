@@ -45,7 +45,7 @@ void frmPOReceipt::Wire() {
     ui().cmdExit->Click = [this] { Unload(); };
 }
 
-// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept.
+// The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept 56.
 std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
@@ -115,7 +115,7 @@ void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& 
 }
 
 // Only the entry's first row is read, and the credit was written first: the ledger's box may show the
-// supplier, who is not in its list. Kept.
+// supplier, who is not in its list. Kept 66.
 void frmPOReceipt::FillPOReceiptBill() {
     if (!ShowsSaved(*ui().cmbTxnNo)) {
         Boxes().Empty();
@@ -168,7 +168,7 @@ bool frmPOReceipt::ValidatePOReceipt() {
            DiscountIsMeant();
 }
 
-// The percentage is compared as if it were an amount, with half of the bill total before its comma. Kept.
+// The percentage is compared as if it were an amount, with half of the bill total before its comma. Kept 67.
 bool frmPOReceipt::DiscountIsMeant() {
     if (0.5 * Boxes().BillTotal() > Boxes().Discount()) return true;
     if (MsgBox(
@@ -216,7 +216,7 @@ void frmPOReceipt::SaveBill(std::int32_t txnNo) {
 }
 
 // Always a new number, on a saved receipt too. Each row commits by itself: those before one that fails stay,
-// and a repeated save adds them again. Kept.
+// and a repeated save adds them again. Kept 57.
 void frmPOReceipt::cmdSave_Click() {
     const forms::WaitPointer wait;
     try {

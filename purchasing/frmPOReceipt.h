@@ -13,7 +13,7 @@ namespace qm {
 
 // Goods received against one purchase order, with their bill and one entry of two lines: the supplier is
 // credited, a purchase ledger debited. A saved receipt is for viewing; Ctrl+S on it books a second entry and
-// a second bill under a new number, kept.
+// a second bill under a new number, kept 56.
 class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
   public:
     void Load(std::int32_t poNumber);  // shows the order's receipts modally; nothing for a number below 1

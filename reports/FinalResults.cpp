@@ -43,7 +43,7 @@ std::string LiabilityAndAsset(ado::Recordset& line) {
 }
 
 // The gross line stands at the foot of the section before, and is not printed again. A Null particular keeps
-// a line from being printed too.
+// a line from being printed too. Kept 78.
 std::string DebitAndCredit(ado::Recordset& line) {
     const basic::Value debit = line["ParticularDr"], credit = line["ParticularCr"];
     if (debit.IsNull() || credit.IsNull() || basic::ToText(debit) == GrossLoss ||
@@ -75,7 +75,7 @@ std::string GrossLossFoot(const Totals& totals) {
            "</td><td><td></td></td></tr>";
 }
 
-// The tag "ht" is none: it has always stood there.
+// The tag "ht" is none: it has always stood there. Kept 72.
 std::string GrossProfitFoot(const Totals& totals) {
     const double profit = totals.Cr - totals.Dr;
     HandOn("' ',0 , 'Gross Profit B/F'," + basic::NumberText(profit) + ",'P'");
@@ -86,7 +86,7 @@ std::string GrossProfitFoot(const Totals& totals) {
            Money(profit) + "</td></tr>";
 }
 
-// Printed on the left, though the excess of debits is balanced on the right. Kept.
+// Printed on the left, though the excess of debits is balanced on the right. Kept 76.
 std::string NetLossFoot(const Totals& totals) {
     const double loss = totals.Dr - totals.Cr;
     HandOn("'Net Loss Trf From P & L'," + basic::NumberText(loss) + ", ' ', 0,'B'");
@@ -104,7 +104,7 @@ std::string NetProfitFoot(const Totals& totals) {
 }
 
 // A difference is no error: it is a line on the short side, both totals then read alike, and no entry is made
-// anywhere. One under the second decimal is made up for without a line.
+// anywhere. One under the second decimal is made up for without a line. Kept 77.
 std::string BalanceFoot(Totals totals) {
     const auto both = [&totals] { return TotalsRow(Plain, totals.Cr, totals.Dr); };
     if (totals.Dr == totals.Cr)

@@ -20,7 +20,7 @@ class FinalResults {
     // type of its primary group names.
     static void Build();
     // The page over the lines in the work table, to which it adds the gross and the net result. Its tags are
-    // not balanced, and users' printouts depend on each of them. Raises what a statement raises.
+    // not balanced, and users' printouts depend on each of them. Raises what a statement raises. Kept 72.
     std::string Print() const;
 
   private:

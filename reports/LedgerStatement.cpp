@@ -1,4 +1,4 @@
-// Texts are compared and printed letter for letter, tags that do not match included.
+// Texts are compared and printed letter for letter, tags that do not match included. Kept 72.
 #include "reports/LedgerStatement.h"
 
 #include "core/DBCode.h"
@@ -18,7 +18,7 @@ double Magnitude(double balance) {
     return balance > 0 ? balance : 0 - balance;
 }
 
-// A balance of nought reads "Cr".
+// A balance of nought reads "Cr". Kept 13.
 std::string BalanceCell(double balance) {
     return "<td align = 'right'>" + Money(Magnitude(balance)) + (balance > 0 ? "Dr" : "Cr") + "</td>";
 }
@@ -35,7 +35,7 @@ constexpr const char* StatementHeads =
 constexpr const char* StatementRule =
     "<tr><td></td><td></td><td></td><td colspan = '3' width = '100%'><hr></td></tr>";
 
-// "Dr " has a blank behind it and "Cr" has none. Kept.
+// "Dr " has a blank behind it and "Cr" has none. Kept 74.
 std::string OpeningRow(const std::string& date, double opening) {
     const std::string amount = Money(Magnitude(opening));
     return "<tr><td>" + date + "</td><td>Opening Balance</td><td></td>" +
@@ -46,6 +46,7 @@ std::string OpeningRow(const std::string& date, double opening) {
 }
 
 // What does not fit the line goes to a second and a third, which overlap by 35 characters: part of the form.
+// Kept 75.
 std::string Continuation(const std::string& narration) {
     std::string rows;
     if (basic::Len(narration) > 35) rows += "<tr><td>" + basic::Mid(narration, 36, 85) + "</td></tr>";

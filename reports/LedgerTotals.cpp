@@ -33,7 +33,7 @@ void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild be
     }
 }
 
-// A row whose side is neither "D" nor "C" keeps the closing balance that it had.
+// A row whose side is neither "D" nor "C" keeps the closing balance that it had. Kept 68.
 void WriteClosingBalances() {
     Conn().Execute(
         "Update Ledger_Details Set  Closing_Bal = opening_Bal + ledDetDrTxnTot - ledDetCrTxnTot Where "

@@ -8,7 +8,7 @@ namespace qm {
 
 // Whether the rebuild sets the year's totals to 0 before it writes them. Only the final results do. Without
 // it a ledger that has no row in the range keeps the totals it had, those of the whole year: users of the
-// trial balance know it so.
+// trial balance know it so. Kept 68.
 enum class BeforeRebuild { KeepTotals, ZeroTotals };
 
 // Works out the current year's running totals and closing balances in Ledger_Details from the rows of

@@ -1,4 +1,4 @@
-// Texts are compared and printed letter for letter, tags that do not match included.
+// Texts are compared and printed letter for letter, tags that do not match included. Kept 72.
 #include "reports/StockLedger.h"
 
 #include "core/DBCode.h"
@@ -22,7 +22,7 @@ constexpr const char* Heads =
     "<td width = '10%' height='31' align = 'right'><b>Balance Qty.</b></td>"
     "</tr><tr><td width='100%' height='1' colspan='8'><hr></td></tr>";
 
-// The overlap from 91 to 135 and the end tag of a cell that was never begun are part of the form.
+// The overlap from 91 to 135 and the end tag of a cell that was never begun are part of the form. Kept 75.
 std::string Continuation(const std::string& note) {
     std::string rows;
     if (basic::Len(note) > 45) rows += "<tr><td>" + basic::Mid(note, 46, 90) + "</td></tr>";

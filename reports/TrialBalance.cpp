@@ -1,4 +1,4 @@
-// Texts are compared and printed letter for letter, tags that do not match included.
+// Texts are compared and printed letter for letter, tags that do not match included. Kept 72.
 #include "reports/TrialBalance.h"
 
 #include "platform/basic/Format.h"
@@ -23,7 +23,7 @@ constexpr const char* TrialRule = "<tr><td></td><td></td><td colspan = '4' width
 
 }  // namespace
 
-// Nothing tests that the sides agree.
+// Nothing tests that the sides agree. Kept 80.
 std::string TrialBalance(ado::Recordset& rs) {
     if (rs.Eof() && rs.Bof()) return "";
     std::string text;

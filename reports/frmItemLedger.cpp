@@ -15,7 +15,7 @@ void frmItemLedger::Wire() {
     range_.emplace(*ui().dtpDateFrom, *ui().dtpDateUpTo, DateRange::LastOfYear);
 }
 
-// The from date is 1 April of the calendar year of today, which before April is no date of the year.
+// The from date is 1 April of the calendar year of today, which before April is no date of the year. Kept 79.
 void frmItemLedger::Form_Load() {
     if (items_ && items_->State() != ado::adStateClosed) {
         items_->Requery();
@@ -41,7 +41,7 @@ void frmItemLedger::OkClick() {
     if (!ui().optSumm->Value()) PrintStockLedger();
 }
 
-// One opening quantity for all items: one whose own is Null starts where the item before it ended. Kept.
+// One opening quantity for all items: one whose own is Null starts where the item before it ended. Kept 71.
 void frmItemLedger::PrintStockLedger() {
     auto& page = forms::Default<frmLedger>();
     page.SetFromDate(ui().dtpDateFrom->Value());

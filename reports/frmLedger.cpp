@@ -16,7 +16,7 @@ struct Heading {
     const char *Title, *Span, *ToDateMask;
 };
 
-// The To date of the stock ledger is written unlike the others'. Kept.
+// The To date of the stock ledger is written unlike the others'. Kept 73.
 constexpr Heading Headings[] = {{"Stock Ledger", "7", "dd-MMM-yyyy"},
                                 {"Party Ledger", "6", "dd/MM/yyyy"},
                                 {"Trial Balance", "6", "dd/MM/yyyy"}};
@@ -41,6 +41,7 @@ void frmLedger::Form_Resize() {
 }
 
 // The party ledger comes with the title "Ledger", so it has no heading; "Party Ledger" is kept all the same.
+// Kept 73.
 void frmLedger::BeginReport(const std::string& title) {
     report_ = "<html><head><title></title></head>";
     Append(
@@ -52,7 +53,7 @@ void frmLedger::BeginReport(const std::string& title) {
     begun_ = report_.size();
 }
 
-// The title's cell closes while its paragraph stays open. Kept: the text is compared and printed as it is.
+// The title's cell closes while its paragraph stays open. Kept 72: the text is compared and printed as it is.
 void frmLedger::AppendHeading(const std::string& title, const std::string& span, const char* toDateMask) {
     Append("<tr><td width='100%' colspan='" + span + "' height='27'>");
     Append("<p align='center'><font size='5'><b>");
@@ -98,7 +99,7 @@ void frmLedger::EndReport() {
     view.SetBlankHint(blank ? "Nothing to show for this period" : "");
 }
 
-// A trial balance holds all up to its date; the from date in its heading is another report's.
+// A trial balance holds all up to its date; the from date in its heading is another report's. Kept 70.
 forms::html::Paper frmLedger::PaperOf() const {
     return ReportPaper(title_, title_ == "Trial Balance" ? Period(toDate_) : Period(fromDate_, toDate_));
 }

@@ -13,7 +13,7 @@ namespace qm {
 class frmLedger : public forms::FormOf<Ui::frmLedger> {
   public:
     // The dates live as long as the form's object: one that a report does not set stays from the report
-    // before, and the trial balance's heading shows it.
+    // before, and the trial balance's heading shows it. Kept 70.
     void SetFromDate(basic::Date date) { fromDate_ = date; }
     void SetToDate(basic::Date date) { toDate_ = date; }
 

@@ -54,7 +54,7 @@ void frmPartyLedger::optSumm_Click() {
     ui().ucPartyLedger->optAll_Click();
 }
 
-// Neither option is set at first: that is the trial balance too.
+// Neither option is set at first: that is the trial balance too. Kept 80.
 void frmPartyLedger::OkClick() {
     if (ui().optDetail->Value())
         PrintLedger();
@@ -62,7 +62,7 @@ void frmPartyLedger::OkClick() {
         PrintTrialBalance();
 }
 
-// One opening amount for all ledgers: one whose own is Null starts where the ledger before it ended. Kept.
+// One opening amount for all ledgers: one whose own is Null starts where the ledger before it ended. Kept 71.
 void frmPartyLedger::PrintLedger() {
     auto& page = forms::Default<frmLedger>();
     page.SetFromDate(ui().dtpDateFrom->Value());
@@ -104,7 +104,7 @@ void frmPartyLedger::OpeningOf(const std::string& ledgerId, std::int32_t from, d
 }
 
 // The from date is not set: the heading shows what the report before left, the zero date if there was none.
-// The totals stand as of the to date until this screen closes.
+// The totals stand as of the to date until this screen closes. Kept 69, 70.
 void frmPartyLedger::PrintTrialBalance() {
     auto& page = forms::Default<frmLedger>();
     page.SetToDate(ui().dtpDateUpTo->Value());

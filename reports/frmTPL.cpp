@@ -28,7 +28,7 @@ std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
     return {{'P', print}};
 }
 
-// The totals of the ledgers stand as of the date until the screen closes.
+// The totals of the ledgers stand as of the date until the screen closes. Kept 69.
 void frmTPL::cmdView_Click() {
     const basic::Date upto = ui().dtpDate->Value();
     const forms::WaitPointer wait;

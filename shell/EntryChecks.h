@@ -10,7 +10,7 @@ namespace qm {
 // The checks of what is entered on the screens. Each shows its message; one that goes back to a control says
 // so, and opens its list if it has one.
 
-// The years that the box of a date outside the current year names. Kept: the screens that enter vouchers,
+// The years that the box of a date outside the current year names. Kept 1: the screens that enter vouchers,
 // goods and orders name the range one year early, though they test the right one.
 enum class RangeNamed { CurrentYear, YearBefore };
 

@@ -163,7 +163,7 @@ void frmNewMenu::Press(forms::VSFlexGrid& grid) {
     Paint(grid, pressedRow_, PressedColour(grid));
 }
 
-// A row that was painted anew while the mouse was dragged over others keeps that colour.
+// A row that was painted anew while the mouse was dragged over others keeps that colour. Kept 81.
 void frmNewMenu::Release(forms::VSFlexGrid& grid) {
     const int row = std::exchange(pressedRow_, -1);
     if (row > -1 && grid.CellBackColor(row, 0) == PressedColour(grid)) Paint(grid, row, colourBefore_);

@@ -48,6 +48,7 @@ void frmSearchAndLookUp::Wire() {
 }
 
 // The grid and cmdget are not enabled again while the form stays loaded, also when rows are found later.
+// Kept 82.
 void frmSearchAndLookUp::Form_Load() {
     Initialize(BaseQuery);
     ui().grd->SetColWidth(0, 500);
@@ -60,7 +61,7 @@ void frmSearchAndLookUp::Form_Load() {
     ui().grd->Refresh();
 }
 
-// What was typed for the last search still stands, over the whole list; typing replaces it.
+// What was typed for the last search still stands, over the whole list; typing replaces it. Kept 83.
 void frmSearchAndLookUp::Form_Activate() {
     Initialize(BaseQuery);
     ShowCount();
@@ -116,7 +117,7 @@ void frmSearchAndLookUp::LoadRecordsetIntoGrid(ado::Recordset& rows, forms::MSFl
     grid.SetRedraw(true);
 }
 
-// Longest by its count of characters, the first of equals: the widest on the screen may be another.
+// Longest by its count of characters, the first of equals: the widest on the screen may be another. Kept 85.
 void frmSearchAndLookUp::SetGridColumnWidth() {
     forms::MSFlexGrid& grid = *ui().grd;
     struct Longest {
@@ -146,6 +147,7 @@ void frmSearchAndLookUp::HighlightGridRow(int row) {
 }
 
 // A character that has a meaning in the query empties the box; that fires this again, for the whole list.
+// Kept 83.
 void frmSearchAndLookUp::txtsearch_Change() {
     const std::string typed = ui().txtsearch->Text();
     if (typed.find_first_of("/*\"|['") != std::string::npos) {

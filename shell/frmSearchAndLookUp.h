@@ -18,6 +18,7 @@ class frmSearchAndLookUp : public forms::FormOf<Ui::frmSearchAndLookUp> {
     std::string BaseQuery;  // its first two columns are the key and the text to hand back
 
     // Runs a query into the grid. A query that fails leaves the grid as it stands, and nobody hears of it.
+    // Kept 84.
     void Initialize(const std::string& query);
     void LoadRecordsetIntoGrid(ado::Recordset& rows, forms::MSFlexGrid& grid, bool autosize, bool highlight);
     void SetGridColumnWidth();  // each column as wide as its longest text

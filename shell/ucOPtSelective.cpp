@@ -34,7 +34,7 @@ void ucOPtSelective::UserControl_EnterFocus() {
     SkipOnError([&] { rows_->Close(); });
 }
 
-// The list stays as it is: disabled after a fill.
+// The list stays as it is: disabled after a fill. Kept 86.
 void ucOPtSelective::optAll_Click() {
     ui().lstItem->SelectEach(true);
     ui().cmdOk->SetEnabled(true);
@@ -46,7 +46,7 @@ void ucOPtSelective::optSel_Click() {
     ui().lstItem->SetEnabled(true);
 }
 
-// Disabled by its own click: enabled again only by a choice of all or selected.
+// Disabled by its own click: enabled again only by a choice of all or selected. Kept 86.
 void ucOPtSelective::cmdOk_Click() {
     const forms::ListBox& list = *ui().lstItem;
     const std::vector<int> chosen = list.SelectedLines();

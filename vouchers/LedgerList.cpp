@@ -44,7 +44,7 @@ LedgerListKind LedgerListFor(const std::string& voucherType, const std::string& 
     return LedgerListKind::Stays;
 }
 
-// A ledger with two detail rows shows the balance of the first of them twice.
+// A ledger with two detail rows shows the balance of the first of them twice. Kept 43.
 std::string LedgerList::Fill(LedgerListKind kind) {
     Close();
     ledgers_ = std::make_shared<ado::Recordset>();

@@ -53,7 +53,7 @@ void VoucherGrid::Empty() {
     grid_.SetRows(2);
 }
 
-// The test of the credit runs second and wins: a row with both amounts 0 reads "Dr.".
+// The test of the credit runs second and wins: a row with both amounts 0 reads "Dr.". Kept 41.
 void VoucherGrid::AddLoaded(ado::Recordset& row) {
     const int line = LastRow();
     grid_.SetTextMatrix(line, Number, basic::TextOrEmpty(row["LedgerTrnNo"]));
@@ -128,7 +128,7 @@ void VoucherGrid::MoveAmountToItsSide(int row) {
     SetBalancingLine();
 }
 
-// On the side opposite to the one just left, which need not be the one that is short.
+// On the side opposite to the one just left, which need not be the one that is short. Kept 42.
 void VoucherGrid::OpenLine(int after) {
     grid_.AddItem("", LastRow() - 3);
     const int line = LastLine();

@@ -32,7 +32,7 @@ class VoucherGrid {
     std::string OpenDifference(int row) const;
     void SetBalancingLine();            // overwrites the user's own figure on the last line
     void MoveAmountToItsSide(int row);  // after the side changed; balances if there was one
-    // Opens the next line on the other side with what is missing, even if nothing is.
+    // Opens the next line on the other side with what is missing, even if nothing is. Kept 42.
     void OpenLine(int after);
     void ShowTotals();
     double ShownTotal(int column) const;  // as displayed, to 2 places; blank is 0

@@ -46,7 +46,7 @@ void VoucherPosting::Post(const VoucherLine& line) {
         Replace(line);
 }
 
-// The row's balance is the one after this posting: the totals have it already.
+// The row's balance is the one after this posting: the totals have it already. Kept 12.
 void VoucherPosting::Add(const VoucherLine& line) {
     if (line.Side.empty()) return;
     RaiseTotals(line);
@@ -56,7 +56,7 @@ void VoucherPosting::Add(const VoucherLine& line) {
 
 // What is taken away is what stands on the line now, on the side where it stands now: an amount changed from
 // 100 to 150 leaves the total as it was, and only a move to another ledger shifts totals. The row is looked
-// for on the date that the screen shows now. The row's balance is opening plus this one line. All kept.
+// for on the date that the screen shows now. The row's balance is opening plus this one line. All kept 37.
 void VoucherPosting::Replace(const VoucherLine& line) {
     if (!line.Changed) return;
     const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
@@ -70,7 +70,7 @@ void VoucherPosting::Replace(const VoucherLine& line) {
 }
 
 // The ledger is found by the name on the line: two ledgers of that name fail it, and so does a line that was
-// moved to another ledger before. A Null total stays Null.
+// moved to another ledger before. A Null total stays Null. Kept 38.
 void VoucherPosting::Remove(const VoucherLine& line) const {
     const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
     Write(

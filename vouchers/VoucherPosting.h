@@ -40,7 +40,7 @@ class VoucherPosting {
 
     std::int32_t trnNo_, dayNumber_;
     std::string voucherType_;
-    // The balance of the line's ledger. A ledger on neither side starts from the line before. Kept.
+    // The balance of the line's ledger. A ledger on neither side starts from the line before. Kept 39.
     double balance_ = 0;
 };
 

@@ -66,7 +66,7 @@ void frmDayBook::Wire() {
     ui().txtDtAmt->Validate = [this](bool& cancel) { txtDtAmt_Validate(cancel); };
 }
 
-// The one statement without Distinct: only here two rows that are alike show as two lines.
+// The one statement without Distinct: only here two rows that are alike show as two lines. Kept 46.
 void frmDayBook::Form_Load() {
     MakeColumns();
     FillComboFromArray(*ui().cboFilterFld, {"Date Range", "Date", "Type", "Amount", "Ledger"});
@@ -154,8 +154,8 @@ void frmDayBook::cmdRefresh_Click() {
     FillDayBook();
 }
 
-// The voucher screen and the hosts set the mark as well, so only what the stock screens posted can go. Kept,
-// words included.
+// The voucher screen and the hosts set the mark as well, so only what the stock screens posted can go.
+// Kept 44, words included.
 void frmDayBook::cmdDelete_Click() {
     const auto line = ui().lvwDayBook->SelectedItem();
     if (!line) return;
@@ -212,7 +212,7 @@ void frmDayBook::FillLedgerNames() {
         ui().cboFilterValue->AddItem(basic::TextOrEmpty((*ledgers)["Name"]));
 }
 
-// With no field chosen nothing is opened: the rows that Filter had hidden come up.
+// With no field chosen nothing is opened: the rows that Filter had hidden come up. Kept 47.
 void frmDayBook::cmdOk_Click() {
     const std::string field = ui().cboFilterFld->Text(), value = ui().cboFilterValue->Text();
     const std::string from = DayNumber(ui().dtpDateFrom->Value());
@@ -236,7 +236,7 @@ void frmDayBook::cmdOk_Click() {
     ui().frFilter->SetVisible(false);
 }
 
-// Two rows that are alike show as one line from here on.
+// Two rows that are alike show as one line from here on. Kept 46.
 void frmDayBook::Reopen(const std::string& rest) {
     if (DayBookRecordset.State() == ado::adStateOpen) DayBookRecordset.Close();
     OpenDayBook(DistinctRows() + rest);
@@ -272,7 +272,7 @@ void frmDayBook::dtpDateFrom_Validate(bool& cancel) {
 }
 
 // Out of the year, the to date goes to the day after it, which is refused in turn; before the from date, it
-// is the from date that moves. Both kept.
+// is the from date that moves. Both kept 45.
 void frmDayBook::dtpDateUpTo_Validate(bool& cancel) {
     if (!IsInYear(ui().dtpDateUpTo->Value(), RangeNamed::CurrentYear)) {
         ui().dtpDateUpTo->SetValue(FirstOfApril(1));

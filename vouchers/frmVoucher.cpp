@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* NewVoucher = "<New>";
 
-// No number is reserved: two users who save at once can take the same.
+// No number is reserved: two users who save at once can take the same. Kept 11.
 std::int32_t NextNumber() {
     ado::Recordset highest;
     highest.Open("Select Max(LedgerTrnNo) As High From " + YearTable("tb_Ledger"), shared().Connection,
@@ -104,6 +104,7 @@ void frmVoucher::cmdUndo_Click() {
 }
 
 // Each line is committed by itself: after a failure the lines before it stand, and "<New>" stands too.
+// Kept 40.
 void frmVoucher::cmdSave_Click() {
     try {
         if (!ValidateVoucher()) return;

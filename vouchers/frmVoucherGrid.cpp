@@ -135,7 +135,7 @@ void frmVoucher::vsVoucher_AfterEdit(int row, int col) {
         lines_->ShowTotals();
     }
     if (!IsAmount(col)) return;
-    // The last line is finished: a new one opens, also when the voucher is in balance.
+    // The last line is finished: a new one opens, also when the voucher is in balance. Kept 42.
     if (row == lines_->LastLine() && ui().vsVoucher->TextMatrix(row + 1, Number).empty()) {
         lines_->OpenLine(row);
         RefreshLedgerList();

@@ -44,7 +44,7 @@ std::vector<forms::Form::Command> frmClosingBal::CtrlCommands() {
 }
 
 // The frame around cmdGetBal, which optManually_Click disabled, stays so: the button is reached by Ctrl+G
-// only. Kept.
+// only. Kept 87.
 void frmClosingBal::optAutomatically_Click() {
     const bool automatic = ui().optAutomatically->Value();
     ui().txtAuto->SetEnabled(automatic);
@@ -89,7 +89,7 @@ bool frmClosingBal::ValidateBalance() {
     return IsFilled(*ui().txtClosingBal, "Please specify the Stock Closing Balance");
 }
 
-// A figure in txtAuto would not be taken: an automatic save would write 0. Success shows nothing.
+// A figure in txtAuto would not be taken: an automatic save would write 0. Success shows nothing. Kept 87.
 void frmClosingBal::cmdSave_Click() {
     if (!ValidateBalance()) return;
     try {

@@ -7,7 +7,7 @@
 namespace qm {
 
 // The known financial years. It moves the flag of the current year, and leads to the making of a new one. The
-// year string is not refreshed: all screens go on in the old year until the next LoadCurrentYear.
+// year string is not refreshed: all screens go on in the old year until the next LoadCurrentYear. Kept 17.
 class frmFinYear : public forms::FormOf<Ui::frmFinYear> {
   protected:
     void Wire() override;

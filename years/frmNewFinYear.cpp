@@ -61,7 +61,7 @@ void frmNewFinYear::txtFrom_Validate(bool& cancel) {
 }
 
 // After a failed PreviousYearExists the set lies at its end and this walks nothing: a year that is there
-// passes once. Kept.
+// passes once. Kept 88.
 bool frmNewFinYear::YearExists() {
     const std::string from = ui().txtFrom->Text();
     bool found = false;
@@ -75,7 +75,7 @@ bool frmNewFinYear::YearExists() {
 }
 
 // Leaves the set where the walk ended, on the year found or, after a failure, at the end: YearExists depends
-// on it.
+// on it. Kept 88.
 bool frmNewFinYear::PreviousYearExists() {
     const double previous = basic::ToDouble(ui().txtFrom->Text()) - 1;
     bool found = years_->Bof() || years_->Eof();  // with no year at all, any one may be the first
@@ -89,7 +89,7 @@ bool frmNewFinYear::PreviousYearExists() {
 }
 
 // In no transaction: what a failing statement leaves undone is told, the rest is done. The current year
-// stays.
+// stays. Kept 89.
 void frmNewFinYear::cmdSave_Click() {
     const std::string from = ui().txtFrom->Text();
     SetMousePointer(forms::vbHourglass);
@@ -104,7 +104,7 @@ void frmNewFinYear::cmdSave_Click() {
     ui().cmdSave->SetEnabled(false);  // one year for each opening
 }
 
-// Ledgers that are marked as deleted come along.
+// Ledgers that are marked as deleted come along. Kept 90.
 void frmNewFinYear::CarryLedgers(const std::string& from) {
     Attempt("INSERT INTO Ledger_Details SELECT Ledger_ID as Ledger_ID, '" + from +
             "' as Fnncl_Yr , Opening_Bal, Closing_Bal, Bal_type, leddetDRTxnTOT, leddetCRTxnTOT  FROM "
@@ -127,7 +127,7 @@ void frmNewFinYear::RegisterYear(const std::string& from) {
     Attempt("Insert Into fnncl_Yr_Mstr (fnncl_Yr) Values('" + from + "-" + ui().txtTo->Text() + "')");
 }
 
-// Each voucher type starts again at 0 in the new year.
+// Each voucher type starts again at 0 in the new year. Kept 90.
 void frmNewFinYear::CarryVoucherRegister(const std::string& from) {
     Attempt(
         "Insert Into tblvchrmst Select vchrmstType,  0 as vchrmstFinYear, 0 as vchrmstLastNo from tblvchrmst "
@@ -144,7 +144,7 @@ void frmNewFinYear::MakeStockTables(const std::string& from) {
     Attempt("SELECT * INTO ItemMaster" + from + " From ItemMasterstr");
 }
 
-// The balance as the item screen keeps it becomes the opening stock, not the stock on hand.
+// The balance as the item screen keeps it becomes the opening stock, not the stock on hand. Kept 50.
 void frmNewFinYear::CarryItems(const std::string& from) {
     Attempt(
         "Insert Into ItemMaster" + from +

@@ -7,15 +7,18 @@
 #include <CLI/CLI.hpp>
 
 #include "core/modGeneral.h"
-#include "host/audit/Audit.h"
+#include "host/commands/BooksCopy.h"
 #include "host/commands/Command.h"
 #include "host/commands/Exit.h"
 #include "host/commands/ReadOnlyBooks.h"
+#include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
 #include "platform/ado/Maintenance.h"
 
 namespace host {
 namespace {
+
+namespace fs = std::filesystem;
 
 // What two states of the books are told apart by: rows and sums of every table, as one text.
 std::string Sums(ado::Connection& connection) {
@@ -28,48 +31,38 @@ std::string Sums(ado::Connection& connection) {
     return text;
 }
 
-ado::ConnectionPtr OpenCopy(const std::string& file) {
-    auto copy = std::make_shared<ado::Connection>();
-    copy->Properties("Data Source") = file;
-    copy->Properties("Jet OlEDB:Database Password") =
-        qm::Conn().Properties.Get("Jet OlEDB:Database Password");
-    copy->Open();
-    return copy;
-}
-
 void Compare(const std::string& file, const std::string& sums) {
     const ado::ConnectionPtr copy = OpenCopy(file);
-    const std::vector<std::string> faults = ado::CheckIntegrity(*copy);
-    if (!faults.empty()) Fail("the copy is damaged: " + faults.front());
+    RefuseDamaged(*copy);
     if (Sums(*copy) != sums) Fail("the sums of the copy differ from those of the books");
     copy->Close();
 }
 
-void Remove(const std::string& file) {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file + suffix, ignored);
+// Never wider than its owner's rights, and no wider than those of the books.
+void NarrowRights(const fs::path& copy, const fs::path& books) {
+    const fs::perms own = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(copy, fs::status(books).permissions() & own);
 }
 
 }  // namespace
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
-    if (std::filesystem::exists(file)) Fail("'" + file + "' exists; a backup never overwrites");
-    const std::string target = std::filesystem::absolute(file).parent_path();
-    if (!std::filesystem::is_directory(target)) Fail("there is no folder '" + target + "' for the backup");
+    if (fs::exists(fs::symlink_status(file))) Fail("'" + file + "' exists; a backup never overwrites");
+    const fs::path target = fs::absolute(file).parent_path();
+    if (!fs::is_directory(target)) Fail("there is no folder '" + target.string() + "' for the backup");
     const ReadOnlyBooks books(folder);
+    BooksFolder place(target, fs::path(file).filename());
+    const fs::path copy = place.Staging() / fs::path(file).filename();
     std::string sums;
     {
         // Others may go on writing: the sums and the copy are of one moment.
         const ado::Snapshot moment(qm::Conn());
         sums = Sums(qm::Conn());
-        ado::BackUp(qm::Conn(), file);
+        ado::BackUp(qm::Conn(), copy);
     }
-    try {
-        Compare(file, sums);
-    } catch (...) {
-        Remove(file);
-        throw;
-    }
+    Compare(copy, sums);
+    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+    place.Publish();
 }
 
 void AddBackup(CLI::App& app, Command& chosen) {
@@ -82,8 +75,9 @@ void AddBackup(CLI::App& app, Command& chosen) {
     command->add_option("FILE", options->file, "New file; never overwritten")->required();
     command->footer(
         "The copy bears the same password. It is opened, its pages are checked and the sums of its tables "
-        "compared\n"
-        "before anything is said.\n"
+        "compared;\n"
+        "then it gets its name, and is on the disk before anything is said. To go back to it: qmhost "
+        "restore.\n"
         "Example: qmhost backup books books-2025-04-01.mdb");
     command->callback([options, &chosen] {
         chosen = [options] {

@@ -20,6 +20,7 @@ void AddYearSwitch(CLI::App& app, Command& chosen);
 void AddAddYear(CLI::App& app, Command& chosen);
 void AddCheck(CLI::App& app, Command& chosen);
 void AddBackup(CLI::App& app, Command& chosen);
+void AddRestore(CLI::App& app, Command& chosen);
 void AddMenu(CLI::App& app, Command& chosen);
 void AddOpen(CLI::App& app, Command& chosen);
 void AddPictures(CLI::App& app, Command& chosen);

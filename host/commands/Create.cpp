@@ -23,7 +23,8 @@ int Create(const CreateOptions& options) {
     if (options.sample && !year) year = FinancialYearOfToday();
     std::function<void(const std::filesystem::path&)> fill;
     if (options.sample) fill = [&](const auto& staging) { FillWithSample(staging, *year); };
-    CreateBooks(options.folder, year, fill);
+    for (const std::filesystem::path& aside : CreateBooks(options.folder, year, fill))
+        std::cerr << "qmhost: what stood there without its books was set aside as " << aside.string() << "\n";
     std::cout << (std::filesystem::path(options.folder) / BooksFile).string() << ": "
               << (options.sample ? "sample books" : "new books");
     if (year) std::cout << " for " << *year << "-" << *year + 1;

@@ -7,13 +7,20 @@
 namespace host {
 
 // The class on the books of a folder, opened as any host opens them: dataPath, then StartDataConn, which
-// begins the first year on delivered books. Raises what opening raises.
+// begins the first year on delivered books. Raises what opening raises. The end closes them and raises what
+// that raises, unless something else is on its way: what could not be closed was not done.
 class OpenBooks {
   public:
-    explicit OpenBooks(const std::string& folder);
+    enum class Boxes { OnTerminal, InWindow };  // what opening has to tell
+
+    explicit OpenBooks(const std::string& folder, Boxes boxes = Boxes::OnTerminal);
+    ~OpenBooks() noexcept(false);
+    OpenBooks(const OpenBooks&) = delete;
+    OpenBooks& operator=(const OpenBooks&) = delete;
     qm::clQm& Host() { return host_; }
 
   private:
+    int failures_;  // that were on their way at the beginning
     qm::clQm host_;
 };
 

@@ -95,6 +95,7 @@ void FillWithSample(const std::filesystem::path& folder, int year) {
         AddRow(qm::YearTable("ItemMaster"), items[0].fields, items[i].fields, true);
     PostSampleVouchers(books, year);
     qm::Conn().CommitTrans();
+    qm::Conn().Close();
 }
 
 int FinancialYearOfToday() {

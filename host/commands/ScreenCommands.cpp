@@ -28,10 +28,11 @@ std::string FolderOf(const ScreenOptions& options) {
 }
 
 // Opens the books and does `work` with them.
-int OnBooks(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
+int OnBooks(const ScreenOptions& options, OpenBooks::Boxes boxes,
+            const std::function<void(OpenBooks&)>& work) {
     const std::string folder = FolderOf(options);
     if (folder.empty()) return ExitFailed;
-    OpenBooks books(folder);
+    OpenBooks books(folder, boxes);
     work(books);
     return ExitOk;
 }
@@ -44,7 +45,7 @@ bool StartedFromDesktop(const ScreenOptions& options) {
 // The same for a window, whose user may have come from the desktop: a box tells what failed, too.
 int InWindow(const ScreenOptions& options, const std::function<void(OpenBooks&)>& work) {
     try {
-        return OnBooks(options, work);
+        return OnBooks(options, OpenBooks::Boxes::InWindow, work);
     } catch (const basic::Error& error) {
         if (StartedFromDesktop(options)) qm::MsgBox(error.Description, qm::vbOKOnly, qm::AppTitle);
         throw;
@@ -82,7 +83,9 @@ void AddFiles(CLI::App& app, Command& chosen, const char* name, const char* what
     command->add_option("DIR", options->folder, OwnFolder);
     command->footer(example);
     command->callback([to, options, write, &chosen] {
-        chosen = [to, options, write] { return OnBooks(*options, [&to, write](OpenBooks&) { write(*to); }); };
+        chosen = [to, options, write] {
+            return OnBooks(*options, OpenBooks::Boxes::OnTerminal, [&to, write](OpenBooks&) { write(*to); });
+        };
     });
 }
 

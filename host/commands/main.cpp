@@ -24,7 +24,7 @@ int Run(int argc, char** argv) {
     host::Command chosen;
     for (const auto add : {host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports, host::AddCreate,
                            host::AddPost, host::AddLedgers, host::AddYears, host::AddYearSwitch,
-                           host::AddAddYear, host::AddCheck, host::AddBackup})
+                           host::AddAddYear, host::AddCheck, host::AddBackup, host::AddRestore})
         add(app, chosen);
     try {
         app.parse(argc, argv);

@@ -8,6 +8,7 @@
 #include "host/make/CsvFile.h"
 #include "host/make/Embedded.h"
 #include "host/make/Fail.h"
+#include "platform/basic/Files.h"
 
 namespace host {
 namespace {
@@ -39,6 +40,7 @@ void MakeTables(BooksStore& store, const std::string& year, bool all) {
 }
 
 void LayDown(const std::filesystem::path& file, std::optional<int> year) {
+    basic::MakePrivate(file);
     BooksStore store(file);
     store.Run("PRAGMA journal_mode = WAL");
     store.Run("BEGIN IMMEDIATE");
@@ -54,17 +56,28 @@ void LayDown(const std::filesystem::path& file, std::optional<int> year) {
     store.Close();
 }
 
+// Opened again as the next program will, and walked through.
+void CheckWhole(const std::filesystem::path& file) {
+    BooksStore store(file);
+    const std::vector<std::string> found = store.Run("PRAGMA integrity_check");
+    if (found.front() != "ok") Fail(std::string("the new books are damaged: ").append(found.front()));
+    store.Close();
+}
+
 }  // namespace
 
-void CreateBooks(const std::filesystem::path& folder, std::optional<int> year,
-                 const std::function<void(const std::filesystem::path& folder)>& fill) {
+std::vector<std::filesystem::path> CreateBooks(
+    const std::filesystem::path& folder, std::optional<int> year,
+    const std::function<void(const std::filesystem::path& folder)>& fill) {
     if (year && (*year < LowestYear || *year > HighestYear))
         Fail("the year " + std::to_string(*year) + " is not one of " + std::to_string(LowestYear) + " to " +
              std::to_string(HighestYear));
     BooksFolder place(folder, BooksFile);
     LayDown(place.Staging() / BooksFile, year);
     if (fill) fill(place.Staging());
+    CheckWhole(place.Staging() / BooksFile);
     place.Publish();
+    return place.SetAside();
 }
 
 }  // namespace host

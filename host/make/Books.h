@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace host {
 
@@ -19,10 +20,12 @@ inline constexpr int HighestYear = 9998;
 // 2001 stands empty. With a year that year is known, bears the flag, and has all its tables.
 //
 // The books are put together in a folder of their own inside `folder` and moved to their place when they are
-// complete and on disk; `fill` may add to them there before. After a failure nothing is left behind. Throws
-// Failure where books stand already, where the folder cannot be written, on a full disk, and whatever `fill`
-// throws.
-void CreateBooks(const std::filesystem::path& folder, std::optional<int> year = {},
-                 const std::function<void(const std::filesystem::path& folder)>& fill = {});
+// complete, found whole and on disk; `fill` may add to them there before. After a failure nothing is left
+// behind. Throws Failure where books stand already, where the folder cannot be written, on a full disk, and
+// whatever `fill` throws. Gives the dated names of what stood there without books, such as the log of a
+// crash.
+std::vector<std::filesystem::path> CreateBooks(
+    const std::filesystem::path& folder, std::optional<int> year = {},
+    const std::function<void(const std::filesystem::path& folder)>& fill = {});
 
 }  // namespace host

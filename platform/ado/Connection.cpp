@@ -50,6 +50,10 @@ int Connection::State() const {
     return session_ ? adStateOpen : adStateClosed;
 }
 
+std::string Connection::Notice() const {
+    return session_ ? session_->engine().Notice() : "";
+}
+
 RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recordsAffected, int) {
     if (recordsAffected != nullptr) *recordsAffected = 0;
     const std::shared_ptr<Session>& session = Opened();

@@ -46,6 +46,8 @@ class Connection {
     // ObjectClosed.
     void Close();
     int State() const;  // adStateOpen or adStateClosed
+    std::string Notice()
+        const;  // what the user should know of the last Open, such as a log set aside; else ""
 
     // Runs one statement. `recordsAffected` takes the rows that an insert, update or delete matched, 0 for
     // all else. A select gives its rows as a forward-only, read-only record set; other statements give a

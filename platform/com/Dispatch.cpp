@@ -79,11 +79,10 @@ class CallOf {
         const Parameter& parameter = member_.Parameters[i];
         data_[i] = parameter.Type == VT_VARIANT ? static_cast<void*>(&converted_[i]) : &converted_[i].lVal;
         const VARIANT* given = given_[i];
-        if (given == nullptr || IsMissing(Target(*given))) {
-            if (parameter.Optional) return S_OK;
-            return given == nullptr ? DISP_E_BADPARAMCOUNT : Bad(given, DISP_E_PARAMNOTOPTIONAL);
-        }
+        if (given == nullptr) return parameter.Optional ? S_OK : DISP_E_BADPARAMCOUNT;
         try {
+            if (IsMissing(Target(*given)))
+                return parameter.Optional ? S_OK : Bad(given, DISP_E_PARAMNOTOPTIONAL);
             Take(parameter.Type, Target(*given), i);
             return S_OK;
         } catch (const basic::Error& error) {
@@ -92,9 +91,11 @@ class CallOf {
     }
 
     void Take(VARTYPE type, const VARIANT& value, std::size_t i) {
+        if ((value.vt & VT_BYREF) != 0 && value.byref == nullptr)
+            basic::Raise(basic::error::TypeMismatch, "com");
         if (type == VT_VARIANT)
             data_[i] = const_cast<VARIANT*>(&value);
-        else if (value.vt == (type | VT_BYREF) && value.byref != nullptr)
+        else if (value.vt == (type | VT_BYREF))
             data_[i] = value.byref;
         else
             Convert(value, type, converted_[i]);

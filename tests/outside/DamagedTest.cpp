@@ -1,5 +1,6 @@
 #include <csignal>
 #include <fstream>
+#include <sstream>
 
 #include <grp.h>
 #include <gtest/gtest.h>
@@ -103,6 +104,30 @@ TEST_F(Damaged, AFlippedByteIsNoticedWhereItIsReadAndByTheCheck) {
         books.Fresh().One("Select LedDetDRTxnTot, LedDetCRTxnTot From Ledger_Details Where Ledger_ID = " +
                           std::to_string(books.bank)),
         "100|Null");
+}
+
+// A page that holds the rest of a table's definition is read when the books open.
+TEST_F(Damaged, APageThatTellsOfTheTablesIsNamedAsThat) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(books.File(), std::ios::binary).rdbuf();
+    const std::string whole = bytes.str();
+    std::string told;
+    for (std::size_t page = 1; told.find("tells what its tables are") == std::string::npos; ++page) {
+        ASSERT_LT(page * 1024, whole.size());
+        std::string damaged = whole;
+        damaged[page * 1024 + 500] ^= 1;
+        std::ofstream(books.File(), std::ios::binary) << damaged;
+        ado::Connection connection;
+        connection.Properties("Data Source") = books.File();
+        connection.Properties("Jet OlEDB:Database Password") = "quintel";
+        try {
+            connection.Open();
+            connection.Execute("Select Name From Ledger_Master");
+        } catch (const basic::Error& error) {
+            told = error.Description;
+            EXPECT_EQ(told.find("The books file is damaged: "), 0U) << told;
+        }
+    }
 }
 
 TEST_F(Damaged, AFolderThatCannotBeWrittenIsRefusedAtOnce) {

@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
 #include <random>
 #include <utility>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "core/MsgBox.h"
 #include "tests/outside/PostedBooks.h"
 #include "tests/outside/RunningPoster.h"
 
@@ -46,6 +48,28 @@ TEST(Killed, KeepsEveryPostingThatWasReportedAndHalvesNone) {
         EXPECT_LE(standing.size(), known.size() + 1) << "more than the one row that could not be told";
     }
     EXPECT_GT(standing.size(), 50U);
+}
+
+// The log that a killed program left belongs to the file that the copy replaces.
+TEST(Killed, LeavesNothingThatHarmsACopyPutInThePlaceOfTheBooks) {
+    PostedBooks books;
+    const std::string copy = books.DataPath() + "copy.mdb";
+    std::vector<std::string> told;
+    const qm::MsgBoxPort before = qm::SetMsgBoxPort([&](const std::string& text, int, const std::string&) {
+        told.push_back(text);
+        return qm::vbOK;
+    });
+    for (const int rows : {4, 40, 300}) {
+        ToldBeforeKill(books, rows, 0);
+        const PostedRows kept = books.Look();
+        std::filesystem::copy_file(books.File(), copy, std::filesystem::copy_options::overwrite_existing);
+        ToldBeforeKill(books, rows, 0);
+        std::filesystem::copy_file(copy, books.File(), std::filesystem::copy_options::overwrite_existing);
+        EXPECT_EQ(told.size(), 0U);
+        EXPECT_EQ(books.Look(), kept);
+        EXPECT_EQ(std::exchange(told, {}).size(), 1U);
+    }
+    qm::SetMsgBoxPort(before);
 }
 
 }  // namespace

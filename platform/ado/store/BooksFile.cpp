@@ -38,7 +38,9 @@ bool LooksEncrypted(const std::string& path, std::uintmax_t size) {
 
 FileLook LookAt(const std::string& path, bool closely) {
     std::error_code failure;
-    if (!std::filesystem::is_regular_file(path, failure)) return FileLook::Missing;
+    if (!std::filesystem::exists(path, failure)) return FileLook::Missing;
+    if (!std::filesystem::is_regular_file(path, failure)) return FileLook::NoFile;
+    if (std::filesystem::hard_link_count(path, failure) > 1) return FileLook::ManyNames;
     if (::access(path.c_str(), R_OK | W_OK) != 0) return FileLook::NotReadable;
     const std::uintmax_t size = std::filesystem::file_size(path, failure);
     if (failure || size == 0) return FileLook::NotBooks;

@@ -6,7 +6,9 @@ namespace ado {
 
 // What can be told of a file without its key.
 enum class FileLook {
-    Missing,      // nothing there, or a folder
+    Missing,      // nothing there
+    NoFile,       // a folder, a device or the like
+    ManyNames,    // hard links: under each name the store would keep another log
     NotReadable,  // its rights forbid to read or write it
     NotBooks,     // empty, an unencrypted database, or content that was never encrypted
     Encrypted     // may be a books file

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,8 +47,10 @@ class Engine {
     virtual void BeginRead() = 0;            // holds the present moment in view; others may go on writing
     virtual void EndRead() = 0;
     virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
-    virtual void BeforeLooseWrite() = 0;  // a write outside transactions need not reach the disk at once
-    virtual void Flush() = 0;             // loose writes are on the disk when it returns; in none, nothing
+    // Runs a write outside transactions: whole or not at all, and not at once on the disk.
+    virtual void WriteLoosely(const std::function<void()>& write) = 0;
+    virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
+    virtual void Flush() = 0;                // loose writes are on the disk when it returns; in none, nothing
 };
 
 // By the form of the source: a file path gives the embedded store; anything else raises

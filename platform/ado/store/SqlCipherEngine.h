@@ -5,9 +5,8 @@
 #include <string>
 
 #include "platform/ado/store/Engine.h"
-#include "platform/basic/Error.h"
-
-struct sqlite3;
+#include "platform/ado/store/SoleUse.h"
+#include "platform/ado/store/SqlHandle.h"
 
 namespace ado {
 
@@ -17,7 +16,7 @@ class SqlCipherEngine final : public Engine {
     SqlCipherEngine() = default;
     SqlCipherEngine(const SqlCipherEngine&) = delete;
     SqlCipherEngine& operator=(const SqlCipherEngine&) = delete;
-    ~SqlCipherEngine() override;
+    ~SqlCipherEngine() override { Leave(); }
 
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
@@ -33,23 +32,25 @@ class SqlCipherEngine final : public Engine {
     void BeginRead() override;
     void EndRead() override;
     void CopyTo(const std::string& file, const std::string& password) override;
-    void BeforeLooseWrite() override;
+    void WriteLoosely(const std::function<void()>& write) override;
+    std::string Notice() const override { return notice_; }
     void Flush() override;
 
   private:
-    void GiveKey(const std::string& password);
+    bool OpenOnce(const std::string& source, const std::string& password);
     void Unlock(const std::string& source, const std::string& password);
     void Configure();
-    void Run(const std::string& sql);
-    std::string Ask(const std::string& sql);  // the first value of the first row as text, else ""
+    void Leave();
+    void BeginWriting();
+    std::string TextOfLostCommit(const std::string& text);
     void WaitForDisk(bool wait);
     void SyncLog();
-    [[noreturn]] void Fail();
 
-    sqlite3* store_ = nullptr;
-    std::optional<basic::Error> raised_;  // by a function of ours, on its way out through the library
-    bool waits_ = false;                  // a commit waits until it is on disk
-    bool looseWritten_ = false;           // writes outside transactions may still be on their way to the disk
+    std::optional<OwnUse> use_;
+    SqlHandle store_;
+    std::string notice_;
+    bool waits_ = false;         // a commit waits until it is on disk
+    bool looseWritten_ = false;  // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;
     bool undone_ = false;  // a level inside the transaction was rolled back
 };

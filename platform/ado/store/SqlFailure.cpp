@@ -54,6 +54,11 @@ Failure General(const std::string& message) {
     if (message.starts_with(missing))
         return {error::NoSuchTable, "The books hold no table '" + message.substr(missing.size()) + "'."};
     if (message == sqlite3_errstr(SQLITE_ERROR)) return PageDamaged();
+    if (message.starts_with("malformed database schema"))
+        return {
+            error::Damaged,
+            "The books file is damaged: a page that tells what its tables are does not check out. Nothing "
+            "was changed; please restore a backup."};
     return {error::Unspecified, "The store refused the statement: " + message + "."};
 }
 

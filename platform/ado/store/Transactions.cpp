@@ -55,8 +55,7 @@ void Transactions::RollbackAll() {
 void Transactions::Write(bool whole, const std::function<void()>& write) {
     RefuseLost();
     if (depth_ == 0) {
-        engine_.BeforeLooseWrite();
-        write();  // a transaction of its own, whole in any case
+        engine_.WriteLoosely(write);
     } else if (whole) {
         InSavepoint(write);
     } else {

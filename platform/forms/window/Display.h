@@ -2,8 +2,8 @@
 
 namespace forms {
 
-// Whether a window system that the environment names answers. The toolkit ends the process when it cannot
-// connect, so this must be known before.
+// Whether the toolkit can start on the window system that the environment names. It ends the process when it
+// cannot, so this is tried before, in a process of its own. Asked before there is an application.
 bool DisplayAnswers();
 
 }  // namespace forms

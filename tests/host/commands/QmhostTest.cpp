@@ -1,4 +1,5 @@
 #include <fstream>
+#include <map>
 #include <regex>
 #include <sstream>
 
@@ -372,6 +373,49 @@ TEST_F(QmhostCommands, BackupCopiesWholeBooksAndOverwritesNothing) {
     EXPECT_EQ(nowhere.said, "qmhost: there is no folder '" + (folder / "no").string() + "' for the backup\n");
     EXPECT_EQ(nowhere.code, 1);
     EXPECT_EQ(Qmhost("backup " + Books() + " /proc/copy.mdb").code, 1);
+}
+
+TEST_F(QmhostCommands, RestorePutsABackupInThePlaceOfTheBooksAndLosesNothing) {
+    const std::string backup = (folder / "backup.mdb").string();
+    fs::permissions(BooksFile(), fs::perms(0640));
+    ASSERT_EQ(Qmhost("backup " + Books() + " " + backup).code, 0);
+    EXPECT_EQ(fs::status(backup).permissions(), fs::perms(0600));
+    Ask("DELETE FROM tb_Ledger2001");
+    const std::string later = Bytes(BooksFile());
+    std::ofstream(BooksFile().string() + "-wal") << "the log of a crash";
+    const auto refused = [&](const std::string& file) {
+        const Outcome outcome = Qmhost("restore " + (folder / file).string() + " " + Books());
+        EXPECT_EQ(outcome.code, 1) << file;
+        EXPECT_EQ(Bytes(BooksFile()), later) << file;
+        return outcome.said;
+    };
+    std::ofstream(folder / "text") << std::string(4096, 'x');
+    fs::copy_file(backup, folder / "damaged");
+    std::fstream(folder / "damaged", std::ios::in | std::ios::out | std::ios::binary).seekp(20000)
+        << "damaged";
+    EXPECT_THAT(refused("none"), HasSubstr("there is no file '" + (folder / "none").string() + "'"));
+    EXPECT_THAT(refused("."), HasSubstr("is a folder or a device, not a backup"));
+    EXPECT_THAT(refused("text"), HasSubstr("cannot be restored: The file '" + (folder / "text").string() +
+                                           "' is no books file."));
+    EXPECT_THAT(refused("damaged"), HasSubstr("cannot be restored: the copy is damaged"));
+
+    const std::string kept = Bytes(backup);
+    const Outcome restored = Qmhost("restore " + backup + " " + Books());
+    EXPECT_EQ(restored.code, 0) << restored.said;
+    EXPECT_THAT(restored.said,
+                StartsWith(BooksFile().string() + ": restored from " + backup + "\nset aside: "));
+    EXPECT_EQ(Bytes(backup), kept);
+    EXPECT_EQ(Ask("SELECT count(DISTINCT LedgerTrnNo) FROM tb_Ledger2001"), "60\n");
+    EXPECT_EQ(Qmhost("check " + Books()).said, "0 errors, 0 notes\n");
+    std::map<std::string, std::string> found;  // the dated ones, without the date
+    for (const auto& entry : fs::directory_iterator(books)) {
+        const std::string name = entry.path().filename();
+        if (name != host::BooksFile) found[name.substr(name.find(".mdb"))] = Bytes(entry.path());
+    }
+    EXPECT_EQ(found[".mdb"], later);
+    EXPECT_EQ(found[".mdb-wal"], "the log of a crash");
+    EXPECT_EQ(Qmhost("restore " + backup + " " + (folder / "new/place").string()).code, 0);
+    EXPECT_EQ(Qmhost("check " + (folder / "new/place").string()).said, "0 errors, 0 notes\n");
 }
 
 // Every command and every option of it that the program's own help tells of.

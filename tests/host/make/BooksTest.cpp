@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include "host/make/Books.h"
@@ -18,6 +19,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::UnorderedElementsAre;
 using Texts = std::vector<std::string>;
 
 Texts Ask(const fs::path& folder, const std::string& sql) {
@@ -162,6 +164,48 @@ TEST(CreateBooks, WritesNothingReadable) {
     EXPECT_GT(bytes.size(), 10000u);
     for (const char* text : {"SQLite", "CREATE", "Ledger", "Debtors", "Journal", "quintel"})
         EXPECT_THAT(bytes, Not(HasSubstr(text)));
+}
+
+// What a crash or a kill left in the folder harms nothing and is not mixed up with the new books.
+TEST(CreateBooks, SetsALogWithoutBooksAsideAndSweepsAfterAKilledOne) {
+    const TempFolder folder;
+    std::ofstream(folder / "QmAccount.mdb-wal") << "a log";
+    std::ofstream(folder / "QmAccount.mdb-shm") << "its index";
+    fs::create_directory(folder / ".new-books-killed");
+    std::ofstream(folder / ".new-books-killed" / host::BooksFile) << "half of them";
+    std::vector<fs::path> setAside;
+    // Two at once: neither sweeps the other's away.
+    const auto another = [&](const fs::path& staging) {
+        setAside = host::CreateBooks(folder);
+        EXPECT_TRUE(fs::exists(staging / host::BooksFile));
+    };
+    EXPECT_THAT(FailureOf([&] { host::CreateBooks(folder, {}, another); }),
+                HasSubstr("stands there already"));
+    ASSERT_EQ(setAside.size(), 1u);
+    EXPECT_EQ(Bytes(setAside[0]), "a log");
+    EXPECT_THAT(Names(folder), UnorderedElementsAre(host::BooksFile, setAside[0].filename().string()));
+    EXPECT_THAT(Ask(folder, "PRAGMA integrity_check"), ElementsAre("ok"));
+}
+
+TEST(CreateBooks, FailsWhereTheLastOfTheLogWasNotTakenIn) {
+    const TempFolder folder;
+    const auto leave = [](const fs::path& staging) {
+        std::ofstream(staging / "QmAccount.mdb-journal") << "x";
+    };
+    EXPECT_THAT(FailureOf([&] { host::CreateBooks(folder, {}, leave); }), HasSubstr("could not be closed"));
+    EXPECT_TRUE(folder.IsEmpty());
+}
+
+TEST(CreateBooks, AreForTheirOwnerAloneWhateverTheMask) {
+    for (const mode_t mask : {0, 0777}) {
+        const TempFolder folder;
+        const mode_t before = umask(mask);
+        host::CreateBooks(folder, {}, [](const fs::path& staging) {
+            EXPECT_EQ(fs::status(staging / host::BooksFile).permissions(), fs::perms(0600));
+        });
+        umask(before);
+        EXPECT_EQ(fs::status(folder / host::BooksFile).permissions(), fs::perms(0600));
+    }
 }
 
 // Whoever holds the password can read the books without this program.

@@ -1,12 +1,26 @@
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <thread>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
+
+namespace {
+int syncsThatFail = 0;
+}
+
+// The store's library waits for the disk by this call; the test's own stands before the system's.
+extern "C" int fdatasync(int file) {
+    if (syncsThatFail == 0) return fsync(file);
+    --syncsThatFail;
+    errno = EIO;
+    return -1;
+}
 
 namespace ado {
 namespace {
@@ -230,6 +244,31 @@ TEST(DurabilityTest, WhatIsCommittedOutlivesAKilledProcess) {
               }),
               255);
     EXPECT_EQ(Rows(store.Connect(), names), "loose committed");
+}
+
+// The disk does not confirm the commit, and perhaps not its undoing either; then the power goes.
+TEST(DurabilityTest, WhatWasToldAsFailedDoesNotComeBackAfterACrash) {
+    const std::pair<int, const char*> cases[] = {
+        {1, "The disk could not be read or written (Input/output error). The change was undone."},
+        {1000,
+         "The disk could not be read or written (Input/output error). It is not certain that the change "
+         "was undone: close all programs, open the books and look."}};
+    for (const auto& [syncs, text] : cases) {
+        TestStore store;
+        EXPECT_EQ(test::InChild([&, syncs = syncs, text = text] {
+                      const ConnectionPtr c = store.Connect();
+                      Add(c, "before");
+                      c->BeginTrans();
+                      Add(c, "lost");
+                      syncsThatFail = syncs;
+                      const std::string told = test::TextOfError([&] { c->CommitTrans(); });
+                      syncsThatFail = 0;
+                      kill(getpid(), told == text ? SIGKILL : SIGTERM);
+                      return 0;
+                  }),
+                  255);
+        EXPECT_EQ(Rows(store.Connect(), names), "before");
+    }
 }
 
 }  // namespace

@@ -89,6 +89,11 @@ class Dispatch : public testing::Test {
         value.vt = VT_ERROR;
         return value;
     }
+    static VARIANT ReferenceToNothing(VARTYPE type) {
+        VARIANT value{};
+        value.vt = type | VT_BYREF;
+        return value;
+    }
     VARIANT Text(const char* text) {
         texts.emplace_back();
         com::Store(basic::Value(text), texts.back());
@@ -155,6 +160,8 @@ TEST_F(Dispatch, WrongCallsAreToldApartAndTheArgumentIsPointedOut) {
         {1, {Missing(), Number(1)}, {}, DISP_E_PARAMNOTOPTIONAL, 0},
         {1, {Number(1), Text("abc")}, {}, DISP_E_TYPEMISMATCH, 1},
         {1, {Number(1), Text("3000000000")}, {}, DISP_E_OVERFLOW, 1},
+        {1, {Number(1), ReferenceToNothing(VT_VARIANT)}, {}, DISP_E_TYPEMISMATCH, 1},
+        {1, {ReferenceToNothing(VT_R8), Number(1)}, {}, DISP_E_TYPEMISMATCH, 0},
         {1, {Number(1), Number(2)}, {9}, DISP_E_PARAMNOTFOUND, 0},
         {1, {Number(1), Number(2)}, {0}, DISP_E_PARAMNOTFOUND, 0},
         {3, {Number(1)}, {DISPID_PROPERTYPUT}, DISP_E_PARAMNOTFOUND, 0},

@@ -37,11 +37,18 @@ TEST(Display, MustAnswer) {
         const char *platform, *display, *wayland;
         bool answers;
     } cases[] = {
-        {nullptr, nullptr, nullptr, false},        {nullptr, "", "", false},
-        {"offscreen", nullptr, nullptr, true},     {"minimal:x", nullptr, nullptr, true},
-        {"xcb", nullptr, nullptr, false},          {nullptr, ":4711", nullptr, false},
-        {nullptr, "unix:4711.0", nullptr, false},  {nullptr, "nonsense", nullptr, false},
-        {nullptr, nullptr, "wayland-4711", false}, {"wayland", ":4711", "/nowhere", false},
+        {nullptr, nullptr, nullptr, false},
+        {nullptr, "", "", false},
+        {"offscreen", nullptr, nullptr, true},
+        {"minimal:x", nullptr, nullptr, true},
+        {"xcb", nullptr, nullptr, false},
+        {nullptr, ":4711", nullptr, false},
+        {nullptr, "unix:4711.0", nullptr, false},
+        {nullptr, "nonsense", nullptr, false},
+        {nullptr, nullptr, "wayland-4711", false},
+        {"wayland", ":4711", "/nowhere", false},
+        {nullptr, "localhost:4711.0", nullptr, false},
+        {"nonsense", ":4711", nullptr, false},
     };
     for (const auto& c : cases) {
         const Environment environment(c.platform, c.display, c.wayland);
