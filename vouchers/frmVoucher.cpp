@@ -4,6 +4,7 @@
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/GeneralUtils.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
