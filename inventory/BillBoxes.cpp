@@ -29,6 +29,8 @@ Bill BillBoxes::Entered(std::int32_t txnNo) const {
             .Date = date_->Value(),
             .Narration = basic::Trim(narration_->Text()),
             .Amount = Prefix(*totalAmt_),
+            .Credit = {},
+            .Debit = {},
             .BillNo = billNo_->Text(),
             .Discount = Discount(),
             .TaxRate = Prefix(*taxRate_),
