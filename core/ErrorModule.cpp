@@ -9,9 +9,15 @@
 #include "platform/basic/Text.h"
 
 namespace qm {
+namespace {
+
+basic::Error lastError{0, "", ""};
+
+}  // namespace
 
 void LogError(const std::string& formName, std::int32_t number, const std::string& description,
               const std::string& source) {
+    lastError = {number, description, source};
     std::string sql;
     SkipOnError([&] {
         const basic::Value now = basic::Clock::Now();
@@ -32,6 +38,10 @@ void LogError(const std::string& formName, std::int32_t number, const std::strin
 
 void LogError(const std::string& formName, const basic::Error& error) {
     LogError(formName, error.Number, error.Description, error.Source);
+}
+
+const basic::Error& LastError() {
+    return lastError;
 }
 
 bool SkipOnError(const std::function<void()>& statement) {

@@ -15,6 +15,10 @@ void LogError(const std::string& formName, std::int32_t number, const std::strin
               const std::string& source);
 void LogError(const std::string& formName, const basic::Error& error);
 
+// What LogError was told last, as it was told, for a caller who got no more than a False. Number 0 and empty
+// before the first, and for a count that failed.
+const basic::Error& LastError();
+
 // Runs one statement in skip-on-error mode: what it raises is dropped, the caller goes on. True if nothing
 // was raised.
 bool SkipOnError(const std::function<void()>& statement);

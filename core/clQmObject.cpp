@@ -8,63 +8,16 @@
 namespace qm {
 namespace {
 
-using com::Bind;
 using com::BoolOf;
 using com::Guarded;
 using com::MakeBstr;
 using com::Required;
 using com::TextOf;
 
-constexpr std::uint16_t Method = DISPATCH_METHOD;
-
 // In the order of the interface.
 const std::vector<com::Member>& Table() {
     static const std::vector<com::Member> table{
-        {"QmMainMenu", 1, Method, {}, VT_EMPTY, Bind<&_clQm::QmMainMenu>},
-        {"SetFinancialYear", 2, Method, {{"sFinYear", VT_BSTR}}, VT_BOOL, Bind<&_clQm::SetFinancialYear>},
-        {"Ledgers", 3, Method, {{"sGrp", VT_BSTR, true}}, VT_DISPATCH, Bind<&_clQm::Ledgers>},
-        {"VchrTrnNo", 4, Method, {}, VT_VARIANT, Bind<&_clQm::VchrTrnNo>},
-        {"dataPath", 5, DISPATCH_PROPERTYGET, {}, VT_BSTR, Bind<&_clQm::get_dataPath>},
-        {"dataPath", 5, DISPATCH_PROPERTYPUT, {{"value", VT_BSTR}}, VT_EMPTY, Bind<&_clQm::put_dataPath>},
-        {"StartDataConn", 6, Method, {}, VT_EMPTY, Bind<&_clQm::StartDataConn>},
-        {"FinYearValidate",
-         7,
-         Method,
-         {{"dt", VT_DATE}, {"Year", VT_I2}},
-         VT_BOOL,
-         Bind<&_clQm::FinYearValidate>},
-        {"GetVchrNoFromTxnNo", 8, Method, {{"lTxnNo", VT_I4}}, VT_VARIANT, Bind<&_clQm::GetVchrNoFromTxnNo>},
-        {"GetSuppliers", 9, Method, {}, VT_DISPATCH, Bind<&_clQm::GetSuppliers>},
-        {"GetPurchaseLedgers", 10, Method, {}, VT_DISPATCH, Bind<&_clQm::GetPurchaseLedgers>},
-        {"GetDebitLedgers", 11, Method, {}, VT_DISPATCH, Bind<&_clQm::GetDebitLedgers>},
-        {"GetCreditLedgers", 12, Method, {}, VT_DISPATCH, Bind<&_clQm::GetCreditLedgers>},
-        {"InsertVoucher",
-         13,
-         Method,
-         {{"lTrnID", VT_I4},
-          {"dtTrnDT", VT_I4},
-          {"sTrnCate", VT_BSTR},
-          {"sTrnType", VT_BSTR},
-          {"sTrnNarration", VT_BSTR},
-          {"dAmt", VT_R8},
-          {"lLedCode", VT_I4},
-          {"sLedName", VT_BSTR}},
-         VT_BOOL,
-         Bind<&_clQm::InsertVoucher>},
-        {"GetNextTrnID", 14, Method, {}, VT_I4, Bind<&_clQm::GetNextTrnID>},
-        {"UpdateVoucher",
-         15,
-         Method,
-         {{"lTrnID", VT_I4}, {"dtTrnDT", VT_I4}, {"dAmt", VT_R8}},
-         VT_BOOL,
-         Bind<&_clQm::UpdateVoucher>},
-        {"DeleteVoucher", 16, Method, {{"lTrnID", VT_I4}}, VT_BOOL, Bind<&_clQm::DeleteVoucher>},
-        {"SetGetFinancialYear",
-         17,
-         Method,
-         {{"sFinYear", VT_BSTR}},
-         VT_BSTR,
-         Bind<&_clQm::SetGetFinancialYear>},
+#include "clQmMembers.h"
     };
     return table;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/clQmInterface.h"
 #include "platform/com/Automation.h"
 
 // The class clQm for hosts in C++: get it by CreateObject(u"QmClass.clQm", ...), or from DllGetClassObject of
-// libqmcls.so, and ask for IID__clQm. clQm.idl tells what each member does. Arguments that are pointers to
-// other than the result are by reference; the class reads and never changes them. Texts are freed by who made
-// them; results belong to the caller.
+// libqmcls.so, and ask for IID__clQm. Its members stand in clQmInterface.h; clQm.idl tells what each member
+// does. Arguments that are pointers to other than the result are by reference; the class reads and never
+// changes them. Texts are freed by who made them; results belong to the caller.
 
 inline constexpr GUID LIBID_TovikQm = {
     0xEF807331, 0xB71D, 0x4EDA, {0xB7, 0xDF, 0x05, 0x99, 0x03, 0x18, 0x46, 0xAB}};
@@ -13,27 +14,3 @@ inline constexpr CLSID CLSID_clQm = {
     0xB551ECA0, 0x2F06, 0x47CD, {0x9D, 0xE9, 0xDD, 0xD9, 0xC3, 0x81, 0x46, 0x8C}};
 inline constexpr IID IID__clQm = {
     0xD75345EA, 0xE517, 0x4A9E, {0x87, 0x00, 0x3E, 0x44, 0x5B, 0x1B, 0xA2, 0xDD}};
-
-struct _clQm : IDispatch {
-    virtual HRESULT QmMainMenu() = 0;
-    virtual HRESULT SetFinancialYear(BSTR sFinYear, VARIANT_BOOL* result) = 0;
-    virtual HRESULT Ledgers(BSTR sGrp, IDispatch** result) = 0;  // optional: null lists all
-    virtual HRESULT VchrTrnNo(VARIANT* result) = 0;
-    virtual HRESULT get_dataPath(BSTR* result) = 0;
-    virtual HRESULT put_dataPath(BSTR value) = 0;
-    virtual HRESULT StartDataConn() = 0;
-    virtual HRESULT FinYearValidate(DATE* dt, std::int16_t* Year, VARIANT_BOOL* result) = 0;
-    virtual HRESULT GetVchrNoFromTxnNo(std::int32_t* lTxnNo, VARIANT* result) = 0;
-    virtual HRESULT GetSuppliers(IDispatch** result) = 0;
-    virtual HRESULT GetPurchaseLedgers(IDispatch** result) = 0;
-    virtual HRESULT GetDebitLedgers(IDispatch** result) = 0;
-    virtual HRESULT GetCreditLedgers(IDispatch** result) = 0;
-    virtual HRESULT InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, BSTR* sTrnCate, BSTR* sTrnType,
-                                  BSTR* sTrnNarration, double* dAmt, std::int32_t* lLedCode, BSTR* sLedName,
-                                  VARIANT_BOOL* result) = 0;
-    virtual HRESULT GetNextTrnID(std::int32_t* result) = 0;
-    virtual HRESULT UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double* dAmt,
-                                  VARIANT_BOOL* result) = 0;
-    virtual HRESULT DeleteVoucher(std::int32_t* lTrnID, VARIANT_BOOL* result) = 0;
-    virtual HRESULT SetGetFinancialYear(BSTR* sFinYear, BSTR* result) = 0;
-};

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/DBCode.h"
+#include "core/ErrorModule.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "host/commands/AllOrNothing.h"
@@ -11,33 +12,24 @@
 namespace host {
 namespace {
 
-// Keeps what the error log's boxes say while vouchers are posted, and shows none.
+// Shows none of the boxes of the error log while vouchers are posted.
 class QuietBoxes {
   public:
-    QuietBoxes() {
-        before_ = qm::SetMsgBoxPort([this](const std::string& text, int, const std::string&) {
-            said_ = text;
-            return qm::vbOK;
-        });
-    }
+    QuietBoxes()
+        : before_(qm::SetMsgBoxPort([](const std::string&, int, const std::string&) { return qm::vbOK; })) {}
     ~QuietBoxes() { qm::SetMsgBoxPort(std::move(before_)); }
     QuietBoxes(const QuietBoxes&) = delete;
     QuietBoxes& operator=(const QuietBoxes&) = delete;
 
-    // The description out of the last box: between " Description : " and the line end.
-    std::string LastReason() const {
-        static const std::string mark = " Description : ";
-        const std::size_t from = said_.find(mark);
-        if (from == std::string::npos) return said_;
-        const std::size_t begin = from + mark.size();
-        const std::string reason = said_.substr(begin, said_.find('\r', begin) - begin);
-        return reason.empty() ? "no row of the ledger or of its details could be written" : reason;
-    }
-
   private:
-    std::string said_;
     qm::MsgBoxPort before_;
 };
+
+// Why the last voucher row was refused: a count that failed has no description.
+std::string LastReason() {
+    const std::string& reason = qm::LastError().Description;
+    return reason.empty() ? "no row of the ledger or of its details could be written" : reason;
+}
 
 class Poster {
   public:
@@ -53,9 +45,8 @@ class Poster {
             if (!Draw(voucher)) return;
             for (const VoucherRow& row : voucher.rows) {
                 if (!Insert(row))
-                    return Stop(
-                        row, "voucher",
-                        "voucher " + voucher.key + " could not be posted (" + boxes_.LastReason() + ")");
+                    return Stop(row, "voucher",
+                                "voucher " + voucher.key + " could not be posted (" + LastReason() + ")");
                 ++written_;
                 goOn = progress_(++done_);
             }

@@ -17,8 +17,7 @@ class VoucherCalls : public testing::Test {
     Lines Ledger() {
         return books.Rows(
             "Select LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerTrnType, LedgerDrAmt, LedgerCrAmt, "
-            "LedgerLedBal "
-            "From tb_Ledger2001");
+            "LedgerLedBal From tb_Ledger2001");
     }
     std::string Totals(int ledger, const std::string& year = "2001") {
         return books.One("Select LedDetDRTxnTot, LedDetCRTxnTot From Ledger_Details Where Ledger_ID = " +
@@ -206,9 +205,8 @@ TEST_F(VoucherCalls, ReverseNamesNoYearAndTestsThreeValued) {
 TEST_F(VoucherCalls, PostVoucherRowWritesTheRowOnly) {
     const basic::Value date = std::string("01-Apr-2001");
     EXPECT_EQ(qm::PostVoucherRow(5, date, qm::Receipt, qm::Credit, "goods", 12.5, cash, "Cash Box"), 5);
-    EXPECT_EQ(books.Rows(
-                  "Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerDrAmt, LedgerCrAmt, LedgerLedBal, "
-                  "LedgerMcGenerated From tb_Ledger2001"),
+    EXPECT_EQ(books.Rows("Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerDrAmt, LedgerCrAmt, "
+                         "LedgerLedBal, LedgerMcGenerated From tb_Ledger2001"),
               Lines{"5|36980|Receipt|0|12.5|Null|False"});
     EXPECT_EQ(Totals(cash), "Null|Null");
     boxes.ExpectLog("Module-FDBCode", "");

@@ -15,8 +15,7 @@ class YearCalls : public testing::Test {
     Lines Details(const std::string& year) {
         return books.Rows(
             "Select Opening_Bal, Bal_Type, LedDetDRTxnTot, LedDetCRTxnTot, Closing_Bal From Ledger_Details "
-            "Where "
-            "Fnncl_Yr = " +
+            "Where Fnncl_Yr = " +
             year);
     }
     void SetTotals(int ledger, const std::string& debit, const std::string& credit) {

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "platform/basic/Error.h"
+#include "tests/support/ErrorOf.h"
 
 namespace fuzz {
 
@@ -18,16 +18,7 @@ inline void Check(bool holds, const char* what) {
     std::abort();
 }
 
-// The number of the error that `action` raises, 0 for none.
-template <class Action>
-std::int32_t Raised(Action action) {
-    try {
-        action();
-    } catch (const basic::Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
+using test::ErrorOf;
 
 // The input read from its front: first values of fixed size (zero where it is used up), then the rest as
 // text.

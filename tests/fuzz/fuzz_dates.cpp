@@ -9,7 +9,7 @@ namespace {
 
 using namespace basic;
 using fuzz::Check;
-using fuzz::Raised;
+using fuzz::ErrorOf;
 
 void CheckDate(Date date, std::int32_t days) {
     const YearMonthDay parts = Parts(date);
@@ -19,7 +19,7 @@ void CheckDate(Date date, std::int32_t days) {
     Check(SecondsOfDay(back) == SecondsOfDay(date), "its time too");
     const double day = DatePart(date).Serial + days;
     if (!IsDateSerial(day)) {
-        Check(Raised([&] { AddDays(date, days); }) == error::Overflow, "days beyond the calendar overflow");
+        Check(ErrorOf([&] { AddDays(date, days); }) == error::Overflow, "days beyond the calendar overflow");
         return;
     }
     const Date moved = AddDays(date, days);
@@ -29,7 +29,7 @@ void CheckDate(Date date, std::int32_t days) {
 
 void CheckText(const std::string& text, std::int32_t days) {
     if (!IsDate(text)) {
-        Check(Raised([&] { ReadDate(text); }) == error::TypeMismatch, "no date has no reading");
+        Check(ErrorOf([&] { ReadDate(text); }) == error::TypeMismatch, "no date has no reading");
         return;
     }
     Check(!IsNumeric(text), "a date is no number");
@@ -45,7 +45,7 @@ void CheckOrder(int first, int second, int year) {
         std::to_string(first) + "/" + std::to_string(second) + "/" + std::to_string(year);
     const bool monthFirst = second > 12;
     const std::int32_t error =
-        Raised([&] { MakeDate(year, monthFirst ? first : second, monthFirst ? second : first); });
+        ErrorOf([&] { MakeDate(year, monthFirst ? first : second, monthFirst ? second : first); });
     Check(IsDate(text) == (error == 0), "a text is a date where the calendar has the day");
     if (error == 0)
         Check(Parts(ReadDate(text)).Month == (monthFirst ? first : second), "day first unless it cannot be");

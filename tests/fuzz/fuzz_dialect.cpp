@@ -18,7 +18,7 @@ using namespace ado;
 void CheckTranslation(const Shape& shape, bool rowid) {
     static ado::test::PlainStore store(fuzz::StatementWriter::Tables);
     Plan plan;
-    const std::int32_t raised = fuzz::Raised([&] { plan = Translate(shape, store, {.rowid = rowid}); });
+    const std::int32_t raised = fuzz::ErrorOf([&] { plan = Translate(shape, store, {.rowid = rowid}); });
     fuzz::Check(raised == 0 || raised == error::Statement || raised == error::NoSuchTable ||
                     raised == error::UnknownName || raised == error::BadValue,
                 "the translator's error is one of its own");
@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool rowid = (flags & 1) != 0;
     Shape shape;
     if ((flags & 2) != 0) {
-        const std::int32_t raised = fuzz::Raised([&] { shape = ShapeOf(input.Rest()); });
+        const std::int32_t raised = fuzz::ErrorOf([&] { shape = ShapeOf(input.Rest()); });
         fuzz::Check(raised == 0 || raised == error::Statement, "a shape's error is about the statement");
         if (raised == 0) CheckTranslation(shape, rowid);
         return 0;

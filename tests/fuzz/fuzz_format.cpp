@@ -11,7 +11,7 @@ namespace {
 
 using namespace basic;
 using fuzz::Check;
-using fuzz::Raised;
+using fuzz::ErrorOf;
 
 struct Mask {
     const char* mask;
@@ -53,7 +53,7 @@ void CheckNumber(double number, const Mask& mask) {
 void CheckDate(double serial) {
     for (const char* mask : {"dd-MMM-yyyy", "dd/MM/yyyy", "hh:mm:ss"}) {
         if (!IsDateSerial(serial)) {
-            Check(Raised([&] { Format(serial, mask); }) == error::Overflow, "no date overflows");
+            Check(ErrorOf([&] { Format(serial, mask); }) == error::Overflow, "no date overflows");
             continue;
         }
         const std::string text = Format(serial, mask);

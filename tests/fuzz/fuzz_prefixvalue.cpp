@@ -9,14 +9,14 @@ namespace {
 
 using namespace basic;
 using fuzz::Check;
-using fuzz::Raised;
+using fuzz::ErrorOf;
 
 bool Same(std::string_view a, std::string_view b) {
     return PrefixValue(a) == PrefixValue(b);
 }
 
 void CheckReading(const std::string& text) {
-    const std::int32_t error = Raised([&] { PrefixValue(text); });
+    const std::int32_t error = ErrorOf([&] { PrefixValue(text); });
     Check(error == 0 || error == error::Overflow, "a prefix can only overflow");
     if (error == 0) {
         Check(std::isfinite(PrefixValue(text)), "a prefix is finite");
@@ -24,7 +24,7 @@ void CheckReading(const std::string& text) {
         Check(Same(text, " " + text), "leading blanks are skipped");
     }
     if (!IsNumeric(text)) {
-        Check(Raised([&] { WholeNumber(text); }) == error::TypeMismatch, "no number has no whole reading");
+        Check(ErrorOf([&] { WholeNumber(text); }) == error::TypeMismatch, "no number has no whole reading");
         return;
     }
     Check(!IsDate(text), "a number is no date");
@@ -36,7 +36,7 @@ void CheckReading(const std::string& text) {
 
 void CheckWriting(double number) {
     if (!std::isfinite(number)) {
-        Check(Raised([&] { NumberText(number); }) == error::Overflow, "what is not finite has no text");
+        Check(ErrorOf([&] { NumberText(number); }) == error::Overflow, "what is not finite has no text");
         return;
     }
     const std::string text = NumberText(number);

@@ -1,7 +1,4 @@
-#include <QLocale>
-
 #include "inventory/ItemMaster.h"
-#include "platform/basic/Format.h"
 #include "shell/frmSearchAndLookUp.h"
 #include "shell/modSearch.h"
 #include "tests/inventory/StockScreens.h"
@@ -68,28 +65,6 @@ TEST_F(ItemMasterTest, AnItemIsAddedUnderTheNextNumber) {
     EXPECT_EQ(Shown(), "2|||||||||");
     Press(Close);
     EXPECT_FALSE(form.Loaded());
-}
-
-// What is typed goes into the statement as it stands, whatever figures look like elsewhere.
-TEST_F(ItemMasterTest, FiguresDoNotFollowTheLocale) {
-    for (const char* locale : {"en_IN", "de_DE", ""}) {
-        basic::SetNumberLocale(locale);
-        QLocale::setDefault(*locale ? QLocale(locale) : QLocale::c());
-        Open();
-        Press(Add);
-        Type(form, "Coal");
-        Fill(*ui().txtBalance, "1234.5");
-        ExpectBox("Added 1 record(s)");
-        Press(Update);
-        Press(Next);
-        Press(Previous);
-        EXPECT_EQ(ui().txtBalance->Text(), "1234.5") << locale;
-        form.Unload();
-    }
-    EXPECT_EQ(Rows("Select Item_ID, Balance From ItemMaster2001"),
-              (Lines{"1|1234.5", "2|1234.5", "3|1234.5"}));
-    basic::SetNumberLocale("");
-    QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(ItemMasterTest, AnUpdateKeepsTheQuantitiesOfTheMovements) {

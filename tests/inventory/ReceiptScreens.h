@@ -17,18 +17,7 @@ class ReceiptScreensTest : public StockScreensTest {
     }
     ~ReceiptScreensTest() override { basic::Clock::Set({}); }
 
-    // The keys one by one, each to what has the focus by then: the first opens a cell's editor.
-    static void Keys(forms::Form& form, const std::string& text) {
-        for (const char key : text) Type(form, std::string(1, key).c_str());
-    }
     static void Ctrl(forms::Form& form, Qt::Key key) { Key(form, key, Qt::ControlModifier); }
-    // Types into a cell and leaves it by Enter.
-    static void Enter(forms::Form& form, forms::VSFlexGrid& grid, int row, int col, const std::string& text) {
-        grid.SetFocus();
-        grid.Select(row, col);
-        Keys(form, text);
-        Key(form, Qt::Key_Return);
-    }
     static Lines Texts(std::initializer_list<const forms::TextBox*> boxes) {
         Lines texts;
         for (const forms::TextBox* box : boxes) texts.push_back(box->Text());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "inventory/frmItemList.h"
+#include "platform/forms/grid/VSFlexGrid.h"
 #include "tests/screens/ScreenFixture.h"
 
 // What the tests of the stock screens share: items, and the picker as a user works it.
@@ -18,6 +19,13 @@ class StockScreensTest : public test::ScreenTest {
             received + ")");
     }
 
+    // Types into a cell and leaves it by Enter.
+    static void Enter(forms::Form& form, forms::VSFlexGrid& grid, int row, int col, const std::string& text) {
+        grid.SetFocus();
+        grid.Select(row, col);
+        Type(form, text.c_str());
+        Key(form, Qt::Key_Return);
+    }
     static qm::frmItemList& Picker() { return forms::Default<qm::frmItemList>(); }
     // Ticks the check box of an item that the picker lists.
     static void Tick(const std::string& name) {

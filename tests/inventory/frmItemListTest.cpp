@@ -15,19 +15,11 @@ class ItemListTest : public StockScreensTest {
     ~ItemListTest() override { Picker().Unload(); }
 
     void InPicker(const std::function<void()>& visit) {
-        script.Modal("frmItemList", [visit](forms::Form& form) {
-            BringToFront(form);
-            visit();
-        });
+        ExpectForm("frmItemList", visit);
         Picker().Load();
     }
     auto& ui() { return Picker().ui(); }
-    Lines Listed() {
-        Lines names;
-        for (int row = 1; row < ui().vsItems->Rows(); ++row)
-            names.push_back(ui().vsItems->TextMatrix(row, 2));
-        return names;
-    }
+    Lines Listed() { return RowTexts(*ui().vsItems, 2, 2); }
     void ChooseItemName() {  // by the arrow keys: the empty line, the number, the name
         ui().cmbSearchList->SetFocus();
         for (int step = 0; step < 3; ++step) Key(Picker(), Qt::Key_Down);

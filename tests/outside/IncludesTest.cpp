@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/Cases.h"
+
 // The arrows of the tree, read from its #include lines: screens stand on core, core on the platform.
 namespace {
 
@@ -126,44 +128,9 @@ TEST(Includes, PointDownwardOnly) {
     EXPECT_THAT(upward, testing::IsEmpty());
 }
 
-// The rule itself, so that a tree without a fault does not hide one in the rule.
 TEST(Includes, AnArrowUpwardIsSeen) {
-    const struct {
-        const char *file, *include;
-        bool allowed;
-    } cases[] = {
-        {"platform/basic/Text.cpp", "\"platform/ado/Field.h\"", false},
-        {"platform/ado/Field.cpp", "\"platform/com/Bstr.h\"", false},
-        {"platform/com/Bstr.cpp", "\"platform/ado/Field.h\"", false},
-        {"platform/com/Bstr.cpp", "\"platform/forms/Form.h\"", false},
-        {"platform/forms/Form.cpp", "\"core/MsgBox.h\"", false},
-        {"platform/forms/Form.cpp", "<QWidget>", true},
-        {"core/clQm.cpp", "\"platform/com/Bstr.h\"", true},
-        {"core/clQm.cpp", "\"platform/forms/Form.h\"", false},
-        {"core/clQm.cpp", "\"host/Books.h\"", false},
-        {"core/clQm.cpp", "<QString>", false},
-        {"host/Books.cpp", "\"core/clQm.h\"", true},
-        {"host/Books.cpp", "\"vouchers/frmVoucher.h\"", false},
-        {"host/make/Books.cpp", "<sqlite3.h>", false},
-        {"host/make/BooksStore.cpp", "<sqlite3.h>", true},
-        {"platform/ado/store/Engine.cpp", "<sqlcipher/sqlite3.h>", true},
-        {"platform/ado/Connection.cpp", "<sqlcipher/sqlite3.h>", false},
-        {"platform/ado/Connection.cpp", "\"platform/ado/rows/Column.h\"", true},
-        {"platform/ado/store/Session.cpp", "\"platform/ado/rows/Column.h\"", false},
-        {"platform/ado/dialect/Shape.cpp", "\"platform/ado/Errors.h\"", true},
-        {"platform/ado/dialect/Shape.cpp", "\"platform/ado/Connection.h\"", false},
-        {"shell/frmNewMenu.cpp", "\"vouchers/frmVoucher.h\"", false},
-        {"shell/frmNewMenu.cpp", "\"screens/ScreenTable.h\"", false},
-        {"screens/ScreenTable.cpp", "\"vouchers/frmVoucher.h\"", true},
-        {"accounts/frmGrpMain.cpp", "\"vouchers/frmVoucher.h\"", true},
-        {"vouchers/frmVoucher.cpp", "\"accounts/Ledger_Master.h\"", false},
-        {"vouchers/frmVoucher.cpp", "\"host/Books.h\"", false},
-        {"vouchers/frmVoucher.cpp", "\"ui_frmVoucher.h\"", true},
-        {"vouchers/frmVoucher.cpp", "<QtWidgets/QWidget>", false},
-        {"vouchers/frmVoucher.cpp", "<vector>", true},
-    };
-    for (const auto& [file, include, allowed] : cases)
-        EXPECT_EQ(MayInclude(file, include), allowed) << file << " includes " << include;
+    for (const test::Cells& c : test::Cases("outside/includes.txt", "Includes"))
+        EXPECT_EQ(MayInclude(c.at(0), c.at(1).substr(9)), c.at(2) == "allowed") << c[0] << " " << c[1];
 }
 
 }  // namespace

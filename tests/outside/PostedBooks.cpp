@@ -56,10 +56,11 @@ PostedRows PostedBooks::Look() {
 void PostedBooks::ExpectTotals(const PostedRows& rows) {
     std::map<int, Row> sums = SumsBy(&Row::ledger, rows);
     for (const int ledger : {bank, supplier}) {
-        const Row totals = Read("0|0|" + books_.One("Select Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot), "
-                                                    "Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) From "
-                                                    "Ledger_Details Where Ledger_ID = " +
-                                                    std::to_string(ledger)));
+        const Row totals = Read(
+            "0|0|" +
+            books_.One("Select Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot), Iif(IsNull(LedDetCRTxnTot), "
+                       "0, LedDetCRTxnTot) From Ledger_Details Where Ledger_ID = " +
+                       std::to_string(ledger)));
         EXPECT_EQ(totals.debit, sums[ledger].debit) << "ledger " << ledger;
         EXPECT_EQ(totals.credit, sums[ledger].credit) << "ledger " << ledger;
     }

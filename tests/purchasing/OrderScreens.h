@@ -12,10 +12,7 @@ class OrderScreensTest : public ReceiptScreensTest {
     static forms::VSFlexGrid& Grid() { return *Orders().ui().vsPODet; }
 
     void OnOrders(const std::function<void()>& visit) {
-        script.Modal("frmPO", [visit](forms::Form& form) {
-            BringToFront(form);
-            visit();
-        });
+        ExpectForm("frmPO", visit);
         Orders().Show(forms::vbModal);
     }
     static void ChooseSupplier(const char* name = "Acme") { Orders().ui().cmbSuppliers->SetText(name); }

@@ -25,10 +25,7 @@ class POReceiptTest : public ReceiptScreensTest {
     static forms::VSFlexGrid& Grid() { return *ui().vsItems; }
 
     void Open(const std::function<void()>& visit) {
-        script.Modal("frmPOReceipt", [visit](forms::Form& form) {
-            BringToFront(form);
-            visit();
-        });
+        ExpectForm("frmPOReceipt", visit);
         Screen().Load(7);
         EXPECT_FALSE(Screen().Loaded());
     }
@@ -61,11 +58,7 @@ class POReceiptTest : public ReceiptScreensTest {
         ExpectSaved(number);
         Click(ui().cmdSave);
     }
-    static Lines Row(int row) {
-        Lines cells;
-        for (int col = 1; col < Grid().Cols(); ++col) cells.push_back(Grid().TextMatrix(row, col));
-        return cells;
-    }
+    static std::string Row(int row) { return RowText(Grid(), row, 1, Grid().Cols() - 1); }
     static Lines Ordered() { return Rows("Select PoDetItemID, PoDetQtyRecd From tblPODet2001"); }
 
     const std::string goods = std::to_string(books.AddLedger("Goods", "Purchase"));
@@ -75,17 +68,17 @@ TEST_F(POReceiptTest, PartOfTheOrderIsBookedAndViewed) {
     Open([&] {
         EXPECT_EQ(Texts({ui().txtPoNo, ui().txtPoDate, ui().txtSupplier}),
                   (Lines{"7", "11-Apr-2001", "Acme"}));
-        EXPECT_EQ(Row(1), (Lines{"1", "Coal", "100", "10", "4", "", ""}));
+        EXPECT_EQ(Row(1), "1|Coal|100|10|4||");
         EXPECT_FALSE(Grid().ColHidden(5));
         SaveReceipt(1);
         EXPECT_EQ(ui().cmbTxnNo->Text() + ui().txtBillNo->Text() + ui().txtRoundOff->Text(), "<New>");
-        EXPECT_EQ(Row(1), (Lines{"1", "Coal", "100", "10", "6", "", ""}));
+        EXPECT_EQ(Row(1), "1|Coal|100|10|6||");
         EXPECT_TRUE(ui().cmdSave->Enabled());
 
         ui().cmbTxnNo->SetText("1");
         EXPECT_TRUE(Grid().ColHidden(5));
-        EXPECT_EQ(Row(1), (Lines{"1", "Coal", "100", "10", "", "2", "wet"}));
-        EXPECT_EQ(Row(5), (Lines{"", "", "", "Bill Total = ", "Rs. 250.00", "", ""}));
+        EXPECT_EQ(Row(1), "1|Coal|100|10||2|wet");
+        EXPECT_EQ(Row(5), "|||Bill Total = |Rs. 250.00||");
         EXPECT_EQ(Computed(ui()), (Lines{"212.50", "232.50", "232.50"}));
         EXPECT_EQ(ui().txtBillNo->Text(), "B/9");
         EXPECT_FALSE(ui().cmdSave->Enabled() || ui().dtpDate->Enabled());
@@ -100,31 +93,6 @@ TEST_F(POReceiptTest, PartOfTheOrderIsBookedAndViewed) {
                                 "1|" + goods + "|Goods|37009|on order|Journal|232.5|0|False"}));
     EXPECT_EQ(Bills(), Lines{"B/9|1|1|True|7|10|5|20"});
     EXPECT_THAT(Totals(), Each(Totals()[0])) << "no ledger's total moves";
-}
-
-// The whole of the bill total bears the rates, and only a bill of nothing is emptied.
-TEST_F(POReceiptTest, ReckonsTheBill) {
-    Run("Update tblPODet2001 Set PoDetQtyOrder = 100");
-    const struct {
-        const char *coal, *sand, *discount, *tax, *charges, *roundOff;
-        Lines computed;
-    } cases[] = {
-        {"2", "1", "10", "5", "20", "0.5", {"212.50", "232.50", "233.00"}},
-        {"12", "1", "10", "5", "", "", {"1,062.50", "1,062.50", "1,062.50"}},
-        {"2", "1", "60", "40", "", "", {".00", "", ""}},
-        {"2", "1", "90", "20", "20", "", {"-25.00", "", ""}},
-        {"2", "1", "90", "20", "30", "0.5", {"-25.00", "5.00", "5.50"}},
-        {"0", "0", "10", "5", "20", "", {"", "20.00", "20.00"}},
-    };
-    Open([&] {
-        for (const auto& c : cases) {
-            SCOPED_TRACE(std::string(c.coal) + " at " + c.discount + " and " + c.tax);
-            Enter(1, 6, c.coal);
-            Enter(2, 6, c.sand);
-            SetRates(ui(), c.discount, c.tax, c.charges, c.roundOff);
-            EXPECT_EQ(Computed(ui()), c.computed);
-        }
-    });
 }
 
 // The order has no closed state: what is received in full still opens, with nothing to enter.
@@ -170,9 +138,7 @@ TEST_F(POReceiptTest, TwoReceiptsFollowEachOtherFromOneWindow) {
     Open([&] {
         SaveReceipt(7);
         SaveReceipt(8);
-        Lines numbers;
-        for (int i = 0; i < ui().cmbTxnNo->ListCount(); ++i) numbers.push_back(ui().cmbTxnNo->List(i));
-        EXPECT_EQ(numbers, (Lines{"<New>", "7", "8"}));
+        EXPECT_EQ(ListOf(*ui().cmbTxnNo), (Lines{"<New>", "7", "8"}));
     });
     EXPECT_EQ(Ordered(), (Lines{"1|8", "2|2"}));
     EXPECT_EQ(Received(), (Lines{"4", "2"}));
@@ -253,8 +219,7 @@ TEST_F(POReceiptTest, AsksOfADiscountThatReadsLikeHalfTheBill) {
                 if (c.asks)
                     ExpectBox(
                         "You are about to give discount more than or equal to 50% on Bill Amount\r\n\r\nAre "
-                        "you "
-                        "sure ?",
+                        "you sure ?",
                         qm::vbYesNo + qm::vbInformation, answer);
                 if (!saved) ExpectBox("You can now re-enter the amount for discount");
                 if (saved) ExpectSaved(NextNo());

@@ -14,13 +14,9 @@ class OrderTest : public OrderScreensTest {
     // As a receipt of its second line leaves the order.
     static void Touch() { Run("Update tblPODet2001 Set PoDetQtyRecd = 1 Where PoDetItemID = 2"); }
     static Lines Shown() {
-        Lines rows;
-        for (int row = 1; row < Grid().Rows(); ++row) {
-            std::string cells = Grid().RowHidden(row) ? "hidden" : "";
-            for (int col = Col::ItemCol; col < Col::Columns; ++col)
-                cells += "|" + Grid().TextMatrix(row, col);
-            rows.push_back(cells);
-        }
+        Lines rows = RowTexts(Grid(), Col::ItemCol, Col::Columns - 1);
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            rows[row].insert(0, Grid().RowHidden(static_cast<int>(row) + 1) ? "hidden|" : "|");
         return rows;
     }
 };

@@ -4,43 +4,11 @@
 
 #include "reports/frmItemLedger.h"
 #include "tests/reports/ReportScreens.h"
+#include "tests/support/Golden.h"
 
 using namespace testing;
 
 namespace {
-
-std::string Right(const std::string& text) {
-    return "<td align = 'right'>" + text + "</td>";
-}
-std::string Row(const std::string& date, const std::string& note, const std::string& type,
-                const std::string& cost, const std::string& in, const std::string& out,
-                const std::string& balance) {
-    return "<tr><td>" + date + "</td><td>" + note + "</td><td>" + type + "</td>" + Right(cost) + Right(in) +
-           Right(out) + Right(balance) + "</tr>";
-}
-std::string Begin(const std::string& id, const std::string& name, const std::string& price,
-                  const std::string& opening) {
-    return "<tr><td width = '100%' colspan = '2'><b>Item Code: " + id +
-           "</b></td><td width = '100%' colspan = '3'><b>Item: " + name +
-           "</b></td><td width = '100%' colspan = '3'><b>Unit Price: " + price +
-           "</b></td></tr><tr><td width='100%' colspan = '8'><hr></td></tr>"
-           "<tr><td width = '10%' height='31'><b>Date</b></td><td width = '25%' "
-           "height='31'><b>Particulars</b></td><td width = '10%' height='31'><b>TrnType</b></td>"
-           "<td width = '15%' height='31' align = 'right'><b>Landing Cost</b></td>"
-           "<td width = '10%' height='31' align = 'right'><b>Receipt Qty.</b></td>"
-           "<td width = '10%' height='31' align = 'right'><b>Issue Qty.</b></td>"
-           "<td width = '10%' height='31' align = 'right'><b>Balance Qty.</b></td></tr>"
-           "<tr><td width='100%' height='1' colspan='8'><hr></td></tr>"
-           "<tr><td>01-Apr-2001</td><td>Opening Balance</td><td></td><td></td>" +
-           Right(opening) + "<td></td></tr>";
-}
-std::string Close(const std::string& in, const std::string& out, const std::string& balance) {
-    return "<tr><td></td><td></td><td></td><td></td><td colspan = '4' width = '100%''><hr></td></tr>"
-           "<tr><td></td><td></td><td></td><td></td><td align = 'right'>" +
-           in + "<td align = 'right'>" + out + "</td><td width = '100%' align = 'right'>" + balance +
-           "</td></tr><tr><td></td><td></td><td></td><td></td><td colspan = '4' width = '100%'><hr></td></tr>"
-           "<tr><td colspan = '8' width = '100%'><hr></td></tr>";
-}
 
 class ItemLedgerTest : public ReportScreensTest {
   protected:
@@ -90,47 +58,22 @@ TEST_F(ItemLedgerTest, QuantitiesRunOnFromItemToItem) {
     Move(8, -1, "Issue", "Null", "2");
     Move(9, -1, "Receipt", "6", "Null");
     Move(8, 2, "Issue", "Null", "1.5");
-    EXPECT_EQ(StockLedger(),
-              "<html><head><title></title></head><body><table border = '0' width='100%' style = 'font size = "
-              "12' cellspacing = '0' cellpadding =0 ><tr><td width='100%' colspan='7' height='27'><p "
-              "align='center'><font size='5'><b>Stock Ledger</b></font></td></tr><tr><td width='100%' "
-              "colspan='7'><p align='center'><font size='4'><b>(01-Apr-2001 To "
-              "30-Apr-2001)</b></font></p><hr></td></tr>" +
-                  Begin("8", "Ink", "2", "-2.00") +
-                  Row("02-Apr-2001", "n", "Issue", "", "", "1.50", "-3.50") +
-                  Close("-2.00", "1.50", "-3.50") + Begin("7", "Pens", "2", "12.00") +
-                  Row("06-Apr-2001", "n", "Receipt", "2.5", "4.00", "", "16.00") +
-                  Row("06-Apr-2001", "n", "Issue", "", "2.00", "20.00", "-4.00") +
-                  Row("07-Apr-2001", "<i>back & forth", "Return", "", "1.00", "0.00", "-3.00") +
-                  Close("19.00", "20.00", "-3.00") + "</table></body></html>");
+    test::ExpectGolden("stock-ledger.html", StockLedger());
     EXPECT_FALSE(screen.Loaded());
     Run("Update ItemMaster2001 Set Item_Name = 'Quills' Where Item_ID = 8");
-    EXPECT_THAT(StockLedger(), HasSubstr(Begin("8", "Quills", "2", "1.00")));
+    EXPECT_THAT(
+        StockLedger(),
+        ContainsRegex(
+            "<b>Item: Quills</b>.*Opening Balance</td><td></td><td></td><td align = 'right'>1.00</td>"));
 }
 
+// Of 45 letters, 46, and so on: what goes on begins after the 45th, and a third row after the 90th.
 TEST_F(ItemLedgerTest, LongNotesGoOnInOverlappingRows) {
-    const auto text = Letters;
-    const struct {
-        std::size_t length;
-        std::string rows;
-    } cases[] = {
-        {45, ""},
-        {46, "<tr><td>t</td></tr>"},
-        {90, "<tr><td>" + text(90).substr(45) + "</td></tr>"},
-        {91, "<tr><td>" + text(91).substr(45) + "</td></tr><tr></td>m</td></tr>"},
-        {200,
-         "<tr><td>" + text(200).substr(45, 90) + "</td></tr><tr></td>" + text(200).substr(90) + "</td></tr>"},
-    };
     AddItem(1, "Pens", "0");
-    std::string rows;
     int day = 0;
-    for (const auto& c : cases) {
-        Move(1, ++day, "Receipt", "1", "0", "'" + text(c.length) + "'");
-        rows += Row("0" + std::to_string(day) + "-Apr-2001", text(45), "Receipt", "2.5", "1.00", "0.00",
-                    std::to_string(day) + ".00") +
-                c.rows;
-    }
-    EXPECT_THAT(StockLedger(), HasSubstr(rows + Close("5.00", "0.00", "5.00")));
+    for (const std::size_t length : {45, 46, 90, 91, 200})
+        Move(1, ++day, "Receipt", "1", "0", "'" + Letters(length) + "'");
+    test::ExpectGolden("long-notes.html", StockLedger());
 }
 
 TEST_F(ItemLedgerTest, ANullNoteAndANullReceiptFailAndShortSupplyDoesNothing) {
@@ -168,11 +111,6 @@ TEST_F(ItemLedgerTest, DatesAreThoseOfTheCalendarYear) {
     screen.ui().ucItemLedger->SetFocus();
     EXPECT_EQ(screen.ui().dtpDateFrom->Value(), basic::MakeDate(2001, 4, 1));
     EXPECT_EQ(Active(screen), "dtpDateFrom");
-    screen.ui().dtpDateUpTo->SetFocus();
-    screen.ui().dtpDateUpTo->SetValue(basic::MakeDate(2002, 4, 1));
-    ExpectBox("Please select the date in Financial Year range \r\n\r\n'01-Apr-2001' to '31-Mar-2002'");
-    screen.ui().ucItemLedger->SetFocus();
-    EXPECT_EQ(screen.ui().dtpDateUpTo->Value(), basic::MakeDate(2002, 3, 31));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include "host/audit/Audit.h"
 #include "host/make/Books.h"
 #include "platform/basic/Format.h"
 #include "reports/frmPartyLedger.h"
@@ -58,18 +57,12 @@ class FiguresTest : public ReportScreensTest {
     static std::string Money(const std::string& figure) {
         return basic::Format(basic::Value(figure), "standard");
     }
-    static Lines Findings() {
-        Lines lines;
-        for (const host::Finding& finding : host::Audit::Run()) lines.push_back(finding.text);
-        return lines;
-    }
 };
 
 // Opening with the sign of its side, and what was posted.
-constexpr const char* Balance =
+const std::string Balance =
     "(CASE d.Bal_Type WHEN 'C' THEN -d.Opening_Bal ELSE d.Opening_Bal END) + ifnull((SELECT sum(LedgerDrAmt) "
-    "- "
-    "sum(LedgerCrAmt) FROM tb_Ledger2001 WHERE LedgerCode = d.Ledger_ID), 0)";
+    "- sum(LedgerCrAmt) FROM tb_Ledger2001 WHERE LedgerCode = d.Ledger_ID), 0)";
 
 TEST_F(FiguresTest, AgreeWithTheStoresOwnShell) {
     Post();
@@ -93,14 +86,13 @@ TEST_F(FiguresTest, AgreeWithTheStoresOwnShell) {
     ASSERT_EQ(sums.size(), static_cast<std::size_t>(Ledgers));
     EXPECT_EQ(ours, sums);
 
-    const Lines totals = Shell(
-        std::string(
-            "SELECT printf('%.2f', sum(LedgerDrAmt)) FROM tb_Ledger2001 UNION ALL SELECT printf('%.2f', "
-            "sum(LedgerCrAmt)) FROM tb_Ledger2001 UNION ALL SELECT printf('%.2f', sum(max(b, 0))) FROM "
-            "(SELECT ") +
-        Balance +
-        " AS b FROM Ledger_Details d) UNION ALL SELECT printf('%.2f', sum(max(-b, 0))) FROM (SELECT " +
-        Balance + " AS b FROM Ledger_Details d)");
+    const Lines totals =
+        Shell(std::string("SELECT printf('%.2f', sum(LedgerDrAmt)) FROM tb_Ledger2001 UNION ALL SELECT "
+                          "printf('%.2f', sum(LedgerCrAmt)) FROM tb_Ledger2001 UNION ALL SELECT "
+                          "printf('%.2f', sum(max(b, 0))) FROM (SELECT ") +
+              Balance +
+              " AS b FROM Ledger_Details d) UNION ALL SELECT printf('%.2f', sum(max(-b, 0))) FROM (SELECT " +
+              Balance + " AS b FROM Ledger_Details d)");
     ASSERT_EQ(totals.size(), 4U);
     std::string row = "<tr><td></td><td></td>";
     for (const std::string& total : totals) row += "<td align = 'right'>" + Money(total) + "</td>";
@@ -111,50 +103,15 @@ TEST_F(FiguresTest, AgreeWithTheStoresOwnShell) {
     Click(results.ui().cmdView);
     const std::string page = results.ui().ucHTMLBox->ui().dhtEdit->DocumentHTML();
     results.Unload();
-    const Lines net =
-        Shell(std::string("SELECT printf('%.2f', abs(sum(b))), sum(b) > 0 FROM (SELECT ") + Balance +
-              " AS b FROM Ledger_Details d, Ledger_Master m, Group_Head_Master g WHERE m.Ledger_ID = "
-              "d.Ledger_ID AND "
-              "g.Group_Head_Name = m.PrimaryGrp AND g.Parent_Id = 0 AND g.GrpType IN ('T', 'P'))");
+    const Lines net = Shell(
+        std::string("SELECT printf('%.2f', abs(sum(b))), sum(b) > 0 FROM (SELECT ") + Balance +
+        " AS b FROM Ledger_Details d, Ledger_Master m, Group_Head_Master g WHERE m.Ledger_ID = d.Ledger_ID "
+        "AND g.Group_Head_Name = m.PrimaryGrp AND g.Parent_Id = 0 AND g.GrpType IN ('T', 'P'))");
     ASSERT_EQ(net.size(), 1U);
     const std::string amount = net[0].substr(0, net[0].find('|'));
     EXPECT_THAT(page,
                 HasSubstr(std::string(net[0].back() == '1' ? "Net Loss" : "Net Profit") +
                           " Trf From P & L</td><td colspan =1 align  = 'right'>" + Money(amount) + "</td>"));
-}
-
-// Partial totals are seen by the audit while the screen that made them is open; when it has closed, all is
-// whole. The trial balance and the final results both leave them.
-TEST_F(FiguresTest, TheAuditSeesPartialTotalsUntilTheScreenCloses) {
-    const int cash = books.AddLedger("Cash", "Cash In Hand"), sales = books.AddLedger("Sales", "Sales");
-    for (const int date : {36990, 37200}) {
-        books.Host().InsertVoucher(1, date, "R", "D", "n", 100, cash, "Cash");
-        books.Host().InsertVoucher(1, date, "R", "C", "n", 100, sales, "Sales");
-    }
-    const auto totals = [] {
-        return Rows("Select LedDetDRTxnTot, LedDetCRTxnTot, Closing_Bal From Ledger_Details");
-    };
-    const Lines found = Findings(), partial{"100|0|100", "0|100|-100"}, whole{"200|0|200", "0|200|-200"};
-    auto& ledger = forms::Default<qm::frmPartyLedger>();
-    auto& results = forms::Default<qm::frmTPL>();
-    const std::pair<forms::Form*, std::function<void()>> screens[] = {
-        {&ledger,
-         [&] {
-             Printed([&] {
-                 Click(ledger.ui().ucPartyLedger->ui().optAll);
-                 Click(ledger.ui().ucPartyLedger->ui().cmdOk);
-             });
-         }},
-        {&results, [&] { Click(results.ui().cmdView); }}};
-    for (const auto& [screen, print] : screens) {
-        Show(*screen);
-        print();
-        EXPECT_EQ(totals(), partial);
-        EXPECT_GT(Findings().size(), found.size());
-        screen->Unload();
-        EXPECT_EQ(totals(), whole);
-        EXPECT_EQ(Findings(), found);
-    }
 }
 
 }  // namespace

@@ -33,22 +33,6 @@ std::string CloseBox() {
     return text;
 }
 
-TEST(Host, AnErrorThatNobodyTrapsIsShownAndTheModalWindowStays) {
-    test::FreshBooks books;
-    auto& menu = forms::Default<qm::frmNewMenu>();
-    std::string box;
-    InLoop([&] {
-        menu.ui().lblMinimize->Click = [] { throw basic::Error(6, "Overflow"); };
-        InLoop([&] { box = CloseBox(); });
-        menu.ui().lblMinimize->Click.Fire();
-        EXPECT_TRUE(menu.Visible());
-        menu.Unload();
-    });
-    books.Host().QmMainMenu();
-    EXPECT_EQ(box, "Run-time error '6':\n\nOverflow");
-    EXPECT_FALSE(menu.Loaded());
-}
-
 TEST(Host, MessageBoxesOfTheClassAreShownOnceTheScreensAreLoaded) {
     ASSERT_TRUE(qm::LoadScreens());
     std::string box;

@@ -117,6 +117,33 @@ class ScreenTest : public testing::Test {
             .title = ""});
     }
 
+    void ExpectQuestion(const std::string& text, int answer) {
+        ExpectBox(text + "\r\n\r\nAre you sure ?", qm::vbYesNo + qm::vbInformation, answer);
+    }
+    // The form comes next, modally; `visit` works on it once it is in front.
+    void ExpectForm(const std::string& name, const std::function<void()>& visit) {
+        script.Modal(name, [visit](forms::Form& form) {
+            BringToFront(form);
+            visit();
+        });
+    }
+    // The texts of a row from one column to another, "|" between them; of all rows below the heading.
+    static std::string RowText(const forms::FlexGrid& grid, int row, int from, int to) {
+        std::string text;
+        for (int col = from; col <= to; ++col) text += (col > from ? "|" : "") + grid.TextMatrix(row, col);
+        return text;
+    }
+    static Lines RowTexts(const forms::FlexGrid& grid, int from, int to) {
+        Lines rows;
+        for (int row = 1; row < grid.Rows(); ++row) rows.push_back(RowText(grid, row, from, to));
+        return rows;
+    }
+    static Lines ListOf(const forms::ComboBox& box) {
+        Lines lines;
+        for (int i = 0; i < box.ListCount(); ++i) lines.push_back(box.List(i));
+        return lines;
+    }
+
     FreshBooks books;
     forms::Script script{[](const std::string& fault) { ADD_FAILURE() << fault; }};
 };

@@ -20,18 +20,11 @@ class LookUpTest : public test::ScreenTest {
     ~LookUpTest() override { lookUp.Unload(); }
 
     void InLookUp(const std::function<void()>& visit) {
-        script.Modal("frmSearchAndLookUp", [visit](forms::Form& shown) {
-            BringToFront(shown);
-            visit();
-        });
+        script.Modal("frmSearchAndLookUp", [visit](forms::Form&) { visit(); });
         lookUp.Show(forms::vbModal);
     }
     forms::MSFlexGrid& Grid() { return *lookUp.ui().grd; }
-    test::Lines Names() {
-        test::Lines names;
-        for (int row = 1; row < Grid().Rows(); ++row) names.push_back(Grid().TextMatrix(row, 2));
-        return names;
-    }
+    test::Lines Names() { return RowTexts(Grid(), 2, 2); }
     std::string Id(const std::string& name) {
         return test::FreshBooks::One("Select Ledger_ID From Ledger_Master Where Name = '" + name + "'");
     }
@@ -113,6 +106,7 @@ TEST_F(LookUpTest, TheCloseBoxAndEscLeaveTheResultsOfTheShowingBefore) {
                                           }};
     for (const auto& close : ways) {
         InLookUp([&] {
+            BringToFront(lookUp);
             Search("an");
             close();
             EXPECT_FALSE(lookUp.Loaded());

@@ -1,33 +1,10 @@
 #include "tests/support/FreshBooks.h"
 
-#include <cstdlib>
-#include <stdexcept>
-
 #include "core/modGeneral.h"
 #include "host/make/Books.h"
 #include "platform/basic/Number.h"
 
 namespace test {
-
-TempFolder::TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "qmtest-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = pattern;
-}
-
-TempFolder::~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-std::int32_t ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-        return 0;
-    } catch (const basic::Error& error) {
-        return error.Number;
-    }
-}
 
 FreshBooks::FreshBooks(std::optional<int> year) {
     host::CreateBooks(folder_.Path(), year);

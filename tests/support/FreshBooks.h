@@ -1,32 +1,15 @@
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/clQm.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/TempFolder.h"
 
 namespace test {
-
-// A folder of its own under the system's temporary folder, removed at the end.
-class TempFolder {
-  public:
-    TempFolder();
-    ~TempFolder();
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    const std::filesystem::path& Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
-
-// The number of the error that the action raises, 0 if none.
-std::int32_t ErrorOf(const std::function<void()>& action);
 
 // Books laid down for one test, and a class instance on them. Without a year they are exactly the delivered
 // books.

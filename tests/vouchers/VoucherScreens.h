@@ -26,10 +26,7 @@ class VoucherScreenTest : public test::ScreenTest {
 
     // Shows the voucher, 0 a new one, and lets `visit` work on it.
     void OnScreen(int trnNo, const std::function<void()>& visit) {
-        script.Modal("frmVoucher", [&](forms::Form& form) {
-            BringToFront(form);
-            visit();
-        });
+        ExpectForm("frmVoucher", visit);
         screen.Load(trnNo);
     }
     forms::VSFlexGrid& Grid() { return *screen.ui().vsVoucher; }
@@ -70,10 +67,14 @@ class VoucherScreenTest : public test::ScreenTest {
         OnScreen(0, [&] {
             ChooseType("Receipt");
             Line(1, "Dr.", "Bank", "100");
+            EXPECT_FALSE(screen.ui().cmbVoucherType->Enabled());
             ChooseLedger(2, "Sales");
             SaveAs(number);
+            EXPECT_EQ(screen.ui().txtVoucherNo->Text() + Cell(1, VoucherColumn::Side), "<New>");
+            EXPECT_EQ(Grid().Rows(), 6);
         });
     }
+    void ExpectRemoval(int answer) { ExpectQuestion("This will delete the entire entry !!!", answer); }
     static Lines Posted() {
         return Rows(
             "Select LedgerTrnNo, LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerNarration, "

@@ -275,8 +275,7 @@ class DayBookDeleteTest : public DayBookTest {
 TEST_F(DayBookDeleteTest, TakesAStockVoucherOutOfTheTotalsOfEveryYear) {
     const int ledger = books.AddLedger("Goods", "Purchase");
     Run("Insert Into Ledger_Details Select Ledger_ID as Ledger_ID, 2002 as Fnncl_Yr, 7 as LedDetDRTxnTot "
-        "From "
-        "Ledger_Details");
+        "From Ledger_Details");
     const auto date = basic::Clock::Today();
     ASSERT_EQ(qm::PostVoucherRow(5, date, qm::Journal, qm::Debit, "", 40, ledger, "Goods"), 5);
     ASSERT_EQ(qm::PostVoucherRow(5, date, qm::Journal, qm::Credit, "", 40, ledger, "Goods"), 5);

@@ -82,8 +82,7 @@ TEST_F(VoucherPostingTest, ARemovedLineIsReversedAtSave) {
         Grid().SetFocus();
         for (const int row : {1, 2}) {
             Grid().Select(row, VoucherColumn::Side);
-            ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
-                      qm::vbYesNo + qm::vbInformation, qm::vbYes);
+            ExpectRemoval(qm::vbYes);
             Key(screen, Qt::Key_Delete);
             Type(screen, "C");  // the cursor stands on a line that is gone
         }
@@ -119,8 +118,7 @@ TEST_F(VoucherPostingTest, ALineThatWasMovedCannotBeRemoved) {
         ChooseLedger(1, "Cash");
         for (const int row : {1, 2}) {
             Grid().Select(row, VoucherColumn::Side);
-            ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
-                      qm::vbYesNo + qm::vbInformation, qm::vbYes);
+            ExpectRemoval(qm::vbYes);
             Key(screen, Qt::Key_Delete);
         }
         ExpectBox("Cannot save Voucher");

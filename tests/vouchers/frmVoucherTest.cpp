@@ -16,47 +16,6 @@ constexpr const char* SameLedger =
 
 class VoucherTest : public test::VoucherScreenTest {};
 
-TEST_F(VoucherTest, IsEnteredByKeysAlone) {
-    OnScreen(0, [&] {
-        EXPECT_EQ(Active(screen), "cmbVoucherType");
-        Type(screen, "R");
-        Key(screen, Qt::Key_Tab);  // the number
-        while (Active(screen) != "dtpDate") Key(screen, Qt::Key_Tab);
-        Key(screen, Qt::Key_Down);  // a day back
-        while (Active(screen) != "vsVoucher") Key(screen, Qt::Key_Tab);
-        EXPECT_FALSE(screen.ui().cmbVoucherType->Enabled());
-        Type(screen, "D");
-        Key(screen, Qt::Key_Tab);
-        Type(screen, "Ba");  // the first letter opens the list
-        Key(screen, Qt::Key_Return);
-        EXPECT_EQ(Cell(1, VoucherColumn::Ledger), "Bank of Test");
-        EXPECT_EQ(Cell(1, VoucherColumn::Balance), "Dr");  // nothing was posted to it yet
-        EXPECT_EQ(Active(screen), "vsVoucher");
-        Key(screen, Qt::Key_Tab);
-        Key(screen, Qt::Key_Tab);
-        Type(screen, "100");
-        Key(screen, Qt::Key_Return);
-        EXPECT_EQ(Cell(2, VoucherColumn::Side), "Cr.");
-        EXPECT_EQ(Cell(2, VoucherColumn::CrAmount), "100");
-        EXPECT_EQ(Grid().Row(), 2);
-        Key(screen, Qt::Key_Tab);
-        Type(screen, "Sal");
-        Key(screen, Qt::Key_Return);
-        while (Grid().Col() < VoucherColumn::Particulars) Key(screen, Qt::Key_Tab);
-        Type(screen, "by hand");
-        Key(screen, Qt::Key_Tab);
-        EXPECT_EQ(Active(screen), "cmdSave");
-        SaveAs(1);
-        EXPECT_EQ(screen.ui().txtVoucherNo->Text(), "<New>");
-        EXPECT_EQ(Grid().Rows(), 6);
-        EXPECT_EQ(Cell(1, VoucherColumn::Side), "");
-    });
-    EXPECT_EQ(Posted(), (Lines{"1|Bank of Test|37008|100|0||Receipt|1100Dr|True",
-                               "1|Sales|37008|0|100|by hand|Receipt|600Cr|True"}));
-    EXPECT_EQ(Totals(bank), "100|0");
-    EXPECT_EQ(Totals(sales), "0|100");
-}
-
 // The list goes by type and side; Journal leaves nothing out.
 TEST_F(VoucherTest, OffersLedgersByTypeAndSide) {
     const Lines banks{"Bank of Test", "Cash"}, all{"Bank of Test", "Cash", "Rent", "Sales"};
@@ -169,10 +128,6 @@ TEST_F(VoucherTest, DeleteGoesByColumn) {
         Grid().Select(row, col);
         Key(screen, Qt::Key_Delete);
     };
-    const auto answer = [&](int button) {
-        ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
-                  qm::vbYesNo + qm::vbInformation, button);
-    };
     OnScreen(0, [&] {
         ChooseType("Journal");
         Line(1, "Dr.", "Bank", "100");
@@ -186,15 +141,15 @@ TEST_F(VoucherTest, DeleteGoesByColumn) {
         EXPECT_EQ(Cell(2, VoucherColumn::Particulars), "");
         erase(2, VoucherColumn::CrAmount);
         EXPECT_EQ(Cell(2, VoucherColumn::CrAmount) + Cell(LastRow(), VoucherColumn::CrAmount), "");
-        answer(qm::vbNo);
+        ExpectRemoval(qm::vbNo);
         erase(2, VoucherColumn::Side);
         EXPECT_EQ(Cell(2, VoucherColumn::Side), "Cr.");
-        answer(qm::vbYes);
+        ExpectRemoval(qm::vbYes);
         erase(1, VoucherColumn::Side);
         EXPECT_EQ(Cell(1, VoucherColumn::Side), "Cr.");  // the second line has moved up
         EXPECT_EQ(Grid().Rows(), 6);
         EXPECT_EQ(Cell(LastRow(), VoucherColumn::DrAmount), "");
-        answer(qm::vbYes);
+        ExpectRemoval(qm::vbYes);
         erase(1, VoucherColumn::Side);
         ExpectBox("Please enter atleast one transaction to save the voucher");
         Save();  // no line is left at all
@@ -355,8 +310,7 @@ TEST_F(VoucherTest, TotalsThatReadAlikeAreSaved) {
         ChooseType("Journal");
         Line(1, "Dr.", "Rent", "100.004");
         Line(2, "Cr.", "Cash", "100");
-        ExpectBox("This will delete the entire entry !!!\r\n\r\nAre you sure ?",
-                  qm::vbYesNo + qm::vbInformation, qm::vbYes);
+        ExpectRemoval(qm::vbYes);
         Grid().Select(3, VoucherColumn::Side);
         Key(screen, Qt::Key_Delete);
         SaveAs(1);

@@ -13,10 +13,7 @@ class ClosingBalTest : public YearScreensTest {
     auto& ui() { return form.ui(); }
     // Opens the screen for a ledger, as its caller does, and works with it.
     void Open(int ledger, const std::function<void()>& work) {
-        script.Modal("frmClosingBal", [&](forms::Form& shown) {
-            BringToFront(shown);
-            work();
-        });
+        ExpectForm("frmClosingBal", work);
         form.Load(ledger);
         EXPECT_FALSE(form.Loaded());
     }
@@ -121,8 +118,7 @@ TEST_F(ClosingBalTest, ALedgerWithoutARowIsRolledBackAndLogged) {
     Open(9999, [&] {
         ui().txtClosingBal->SetFocus();
         Type(form, "7");
-        test::BoxScript boxes;
-        boxes.ExpectLog("frmClosingBal", "");
+        ExpectLogged("frmClosingBal");
         Click(ui().cmdSave);
         EXPECT_TRUE(form.Visible());
     });

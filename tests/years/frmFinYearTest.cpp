@@ -90,8 +90,7 @@ TEST_F(FinYearTest, NoYearAtAllIsAnErrorThatNobodyTraps) {
     Run("Delete From Fnncl_Yr_Mstr");
     script.Box(
         "Run-time error '3021':\n\nEither BOF or EOF is True, or the current record has been deleted. The "
-        "operation "
-        "needs a current record.");
+        "operation needs a current record.");
     form.Show();
     EXPECT_TRUE(form.Visible());
     form.Unload();

@@ -91,15 +91,13 @@ TEST_F(NewFinYearTest, TheNewYearHasItsTablesItemsAndRegister) {
     Run("Update tblvchrmst Set vchrmstLastNo = 9");
     Run("Insert Into ItemMaster2001 (Item_ID, Item_Name, Item_Type, Unit_Desc, Open_Stock, Reorder_Level, "
         "Overflow_Level, Unit_Price, Balance, Notes, ReceivedQty) Values (4, 'Coal', 'Material', 'kg', 1, 2, "
-        "3, "
-        "4.5, 6, 'dry', 5)");
+        "3, 4.5, 6, 'dry', 5)");
     Run("Insert Into tblItemLed2001 (ItemLedItemID, ItemLedTrnRptQty) Values (4, 5)");
     Show(form);
     Save("2002");
-    EXPECT_EQ(
-        Rows("Select Item_ID, Item_Name, Item_Type, Unit_Desc, Open_Stock, Reorder_Level, Overflow_Level, "
-             "Unit_Price, Balance, Notes, IssuedQty, ReceivedQty From ItemMaster2002"),
-        Lines{"4|Coal|Material|kg|6|2|3|4.5|6|dry|0|0"});
+    EXPECT_EQ(Rows("Select Item_ID, Item_Name, Item_Type, Unit_Desc, Open_Stock, Reorder_Level, "
+                   "Overflow_Level, Unit_Price, Balance, Notes, IssuedQty, ReceivedQty From ItemMaster2002"),
+              Lines{"4|Coal|Material|kg|6|2|3|4.5|6|dry|0|0"});
     for (const char* table : {"tb_Ledger2002", "tblPO2002", "tblPODet2002", "tblItemLed2002", "tblBills2002"})
         EXPECT_EQ(Rows(std::string("Select * From ") + table), Lines{}) << table;
     EXPECT_EQ(Rows("Select vchrmstType, vchrmstLastNo From tblvchrmst Where vchrmstFinYear = 2002"),

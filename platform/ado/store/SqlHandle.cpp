@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include <sqlcipher/sqlite3.h>
@@ -85,7 +86,18 @@ void SqlHandle::Open(const std::string& path) {
     const int code =
         sqlite3_open_v2(path.c_str(), &store_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) Fail();
-    sqlite3_busy_timeout(store_, static_cast<int>(LockWait().count()));
+    sqlite3_busy_handler(store_, WaitForOthers, this);
+}
+
+// The library's own wait soon looks but ten times a second: beside a program that posts without a pause a
+// second one would hardly ever meet the moment in which the lock is free.
+int SqlHandle::WaitForOthers(void* handle, int looks) {
+    SqlHandle& waiting = *static_cast<SqlHandle*>(handle);
+    const auto now = std::chrono::steady_clock::now();
+    if (looks == 0) waiting.waitingSince_ = now;
+    if (now - waiting.waitingSince_ >= LockWait()) return 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return 1;
 }
 
 void SqlHandle::GiveKey(const std::string& password) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,7 +34,10 @@ class SqlHandle {
     std::optional<basic::Error>& Raised() { return raised_; }
 
   private:
+    static int WaitForOthers(void* handle, int looks);
+
     sqlite3* store_ = nullptr;
+    std::chrono::steady_clock::time_point waitingSince_;  // for another program's lock
     std::optional<basic::Error> raised_;  // by a function of ours, on its way out through the library
 };
 

@@ -133,7 +133,8 @@ void Form::Activate() {
     window->show();
     window->raise();
     window->activateWindow();
-    // A window that was hidden and comes back may still have the platform's focus: nobody then tells the toolkit.
+    // A window that was hidden and comes back may still have the platform's focus: nobody then tells the
+    // toolkit.
     if (QGuiApplication::focusWindow() == window->windowHandle()) QApplication::setActiveWindow(window);
     RunEvent(window, [this] { Form_Activate(); });
     if (!window || window != window_) return;

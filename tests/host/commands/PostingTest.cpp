@@ -74,10 +74,9 @@ TEST_F(PostingOfFile, LeavesTheRowsWhereAnotherProgramWroteUnderTheNumber) {
     books.Run("Delete From Ledger_Details Where Ledger_ID = " + std::to_string(sales));
     const host::PostingResult result =
         PostAll(1, "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerDrAmt) Values (1, 17, 5)");
-    EXPECT_EQ(Failure(result),
-              "3 voucher: voucher a could not be posted " + NoDetails +
-                  "; another program wrote under its number, so 1 of its rows under number 1 still "
-                  "stand: remove them by hand");
+    EXPECT_EQ(Failure(result), "3 voucher: voucher a could not be posted " + NoDetails +
+                                   "; another program wrote under its number, so 1 of its rows under number "
+                                   "1 still stand: remove them by hand");
     EXPECT_THAT(result.posted, IsEmpty());
     EXPECT_THAT(Standing(), ElementsAre("1|17|100|0", "1|17|5|Null"));
     EXPECT_EQ(TotalsOf(cash), "100|Null");
@@ -112,11 +111,9 @@ TEST_F(PostingOfFile, StopsWhereTheCurrentYearHasMoved) {
     EXPECT_THAT(Standing(), ElementsAre("1|17|100|0", "1|18|0|100"));
     back();
     books.Run("Update Ledger_Details Set Ledger_ID = 99 Where Ledger_ID = " + std::to_string(sales));
-    EXPECT_EQ(
-        Failure(PostAll(1, move)),
-        "3 voucher: voucher a could not be posted " + NoDetails +
-            "; another program has moved the current year, so 1 of its rows under number 2 still stand: "
-            "remove them by hand");
+    EXPECT_EQ(Failure(PostAll(1, move)), "3 voucher: voucher a could not be posted " + NoDetails +
+                                             "; another program has moved the current year, so 1 of its rows "
+                                             "under number 2 still stand: remove them by hand");
     EXPECT_EQ(books.One("Select LedgerTrnNo From tb_Ledger2002"), "2");
     back();
 }

@@ -9,11 +9,13 @@
 #include "host/make/BooksStore.h"
 #include "platform/basic/Text.h"
 #include "tests/host/commands/Qmhost.h"
-#include "tests/host/make/TempFolder.h"
+#include "tests/support/Cases.h"
+#include "tests/support/TempFolder.h"
 
 // The commands as they are called from a shell, on the sample books of 2001-2002: 28 ledgers, 60 vouchers.
 namespace {
 
+using test::TempFolder;
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -77,119 +79,40 @@ TEST_F(QmhostCommands, PostWritesAGoodFileUnderNewNumbers) {
     const Outcome posted = Post(good);
     EXPECT_EQ(posted.said, "posted 2 vouchers, 5 rows: 61 to 62\n");
     EXPECT_EQ(posted.code, 0);
-    EXPECT_EQ(
-        Ask("SELECT LedgerTrnNo || '|' || LedgerCode || '|' || LedgerTxnDate || '|' || LedgerTrnType || "
-            "'|' || LedgerDrAmt || '|' || LedgerCrAmt || '|' || LedgerName || '|' || LedgerNarration FROM "
-            "tb_Ledger2001 WHERE LedgerTrnNo > 60"),
-        "61|33|36981|Receipt|1500.5|0.0|Cash|two\nlines, one row\n"
-        "61|37|36981|Receipt|0.0|1500.5|Sales of Goods|it's\n"
-        "62|33|36981|Journal|5.0|0.0|Cash|\n"
-        "62|37|36981|Journal|0.0|2.0|Sales of Goods|\n"
-        "62|37|36981|Journal|0.0|3.0|Sales of Goods|\n");
+    EXPECT_EQ(Ask("SELECT LedgerTrnNo || '|' || LedgerCode || '|' || LedgerTxnDate || '|' || LedgerTrnType "
+                  "|| '|' || LedgerDrAmt || '|' || LedgerCrAmt || '|' || LedgerName || '|' || "
+                  "LedgerNarration FROM tb_Ledger2001 WHERE LedgerTrnNo > 60"),
+              "61|33|36981|Receipt|1500.5|0.0|Cash|two\nlines, one row\n"
+              "61|37|36981|Receipt|0.0|1500.5|Sales of Goods|it's\n"
+              "62|33|36981|Journal|5.0|0.0|Cash|\n"
+              "62|37|36981|Journal|0.0|2.0|Sales of Goods|\n"
+              "62|37|36981|Journal|0.0|3.0|Sales of Goods|\n");
     EXPECT_EQ(Qmhost("check " + Books()).said, "0 errors, 0 notes\n");
 }
-
-struct FaultyFile {
-    std::string content;
-    std::string said;  // without the name of the file at the beginning of each line
-};
-
-// Line 2 and 3 are a voucher without fault but for what is put in.
-std::string Pair(const std::string& first, const std::string& second) {
-    return Header + first + "\n" + second + "\n";
-}
-
-const std::string HeaderFault =
-    " stands here, but the first line must be: voucher,date,type,side,ledger,amount,narration\n";
-
-const FaultyFile faultyFiles[] = {
-    {"", ":1: column voucher: the file is empty\n"},
-    {"1,02-Apr-2001,R,D,Cash,1,n\n", ":1: column voucher: '1'" + HeaderFault},
-    {"voucher,date,type,side,ledger,amount\n", ":1: column narration: nothing" + HeaderFault},
-    {"voucher,date,type,side,ledger,sum\x1b[31m,narration\n",
-     ":1: column amount: 'sum\uFFFD[31m'" + HeaderFault},
-    {"voucher;date;type;\"a\"b\n",
-     ":1: column voucher: a semicolon stands between the fields where a comma belongs\n"},
-    {"voucher\tdate\ttype\n", ":1: column voucher: a tab stands between the fields where a comma belongs\n"},
-    {"\xFF\xFE"
-     "v",
-     ":1: column voucher: the file is UTF-16: save it as UTF-8\n"},
-    {std::string("\0v\0o", 4), ":1: column voucher: the file is UTF-16: save it as UTF-8\n"},
-    {Header + "1,02-Apr-2001,R,\"D\n", ":2: column side: a quote never ends\n"},
-    {Header + "\r\r1,b\"\n", ":4: column date: a quote stands where none may stand\n"},
-    {Header + std::string(200, ','), ":2: column narration: more than 100 fields stand in one row\n"},
-    {Header + std::string(1 << 21, 'x'),
-     ":2: column voucher: the row is longer than 1 MB: does a quote never end?\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,1", "1,02-Apr-2001,R,D,Cash,1,n,"),
-     ":2: column narration: 6 fields stand where 7 belong\n"
-     ":3: column narration: 8 fields stand where 7 belong\n"},
-    {Pair(",02-Apr-2001,R,D,Cash,1,n", std::string(41, '1') + ",03-Apr-2001,R,D,Cash,2,n"),
-     ":2: column voucher: the voucher's number is missing\n"
-     ":3: column voucher: the voucher's number is longer than 40 characters\n"
-     ":3: column amount: the sides of voucher " +
-         std::string(41, '1') + " differ: debit 2.00, credit 0.00 (line 3)\n"},
-    {Pair("1,31-Mar-2001,R,D,Cash,1,n", "1,31-Mar-2001,R,C,Current Account,1,n"),
-     ":2: column date: '31-Mar-2001' lies outside the year 2001-2002\n"
-     ":3: column date: '31-Mar-2001' lies outside the year 2001-2002\n"},
-    {Pair("1,31-Apr-2001,R,D,Cash,1,n", "1,,R,C,Current Account,1,n"),
-     ":2: column date: '31-Apr-2001' is no date\n:3: column date: '' is no date\n"},
-    {Pair("1,04/05/2001,R,D,Cash,1,n", "1,4 - 31 - 2001,R,C,Current Account,1,n"),
-     ":3: column date: '4 - 31 - 2001' fits only the month before the day, and the file is read with the day "
-     "first (see --month-first)\n"},
-    {Pair("1,02-Apr-2001,Bill,D,Cash,1,n", "1,02-Apr-2001,,C,Current Account,1,n"),
-     ":2: column type: 'Bill' is no voucher type\n:3: column type: '' is no voucher type\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,1,n", "1,02-Apr-2001,R,X,Current Account,1,n"),
-     ":3: column side: 'X' is neither debit nor "
-     "credit\n"},
-    {Pair("1,02-Apr-2001,R,D,Till,1,n", "1,02-Apr-2001,R,C,99,1,n"),
-     ":2: column ledger: the year has no ledger 'Till'\n:3: column ledger: the year has no ledger '99'\n"},
-    {Pair("1,02-Apr-2001,R,D,Rent Deposit,1,n", "1,02-Apr-2001,R,C,27,1,n"),
-     ":2: column ledger: the year has no ledger 'Rent Deposit'\n:3: column ledger: the year has no ledger "
-     "'27'\n"},
-    {Pair("1,02-Apr-2001,R,D,twin,1,n", "1,02-Apr-2001,R,C,19,1,n"),
-     ":2: column ledger: two ledgers are named 'twin'; give the number\n"},
-    {Pair("1,02-Apr-2001,R,D,22,1,n", "1,02-Apr-2001,R,C,Cash,1,n"),
-     ":2: column ledger: a ledger with a double quote in its name cannot be posted to\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,0,n", "1,02-Apr-2001,R,C,Current Account,-1,n"),
-     ":2: column amount: '0' is no amount above 0\n:3: column amount: '-1' is no amount above 0\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,1e3,n", "1,02-Apr-2001,R,C,Current Account,.,n"),
-     ":2: column amount: '1e3' is no amount above 0\n:3: column amount: '.' is no amount above 0\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,\"1,50\",n", "1,02-Apr-2001,R,C,Current Account,\"1,,000\",n"),
-     ":2: column amount: the commas in '1,50' do not group thousands\n"
-     ":3: column amount: the commas in '1,,000' do not group thousands\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,100.005,n", "1,02-Apr-2001,R,C,Current Account,100.004,n"),
-     ":2: column amount: '100.005' has more than two decimals\n"
-     ":3: column amount: '100.004' has more than two decimals\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,12345678901234.56,n", "1,02-Apr-2001,R,C,Cash,1234567890123456,n"),
-     ":2: column amount: '12345678901234.56' has more than 15 digits\n"
-     ":3: column amount: '1234567890123456' has more than 15 digits\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,1,\"the \"\"old\"\" one\"", "1,02-Apr-2001,R,C,Current Account,1,n"),
-     ":2: column narration: a narration cannot hold a double quote\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,1,caf\xE9", std::string("1,02-Apr-2001,R,C,\"Ca\nsh\",1,n\0m", 31)),
-     ":2: column narration: 'caf\uFFFD' is not UTF-8: save the file as UTF-8\n"
-     ":3: column ledger: a control character stands in 'Ca\uFFFDsh'\n"
-     ":3: column narration: a control character stands in 'n\uFFFDm'\n"},
-    {Pair("1,02-Apr-2001,R,D,Cash,100.10,n", "1,03-Apr-2001,P,C,Current Account,100.09,n"),
-     ":2: column amount: the sides of voucher 1 differ: debit 100.10, credit 100.09 (lines 2 to 3)\n"
-     ":3: column date: differs from the first row of voucher 1\n"
-     ":3: column type: differs from the first row of voucher 1\n"},
-};
 
 TEST_F(QmhostCommands, PostNamesEveryFaultByLineAndColumnAndPostsNothing) {
     Ask("UPDATE Ledger_Master SET Name = 'Twin' WHERE Ledger_ID IN (18, 19)");
     Ask("UPDATE Ledger_Master SET Name = 'Example \"Paper\" Mart' WHERE Ledger_ID = 22");
     Ask("UPDATE Ledger_Details SET Fnncl_Yr = 2000 WHERE Ledger_ID = 27");  // known, but not in this year
     const std::string before = Bytes(BooksFile());
-    for (const FaultyFile& faulty : faultyFiles) {
-        const Outcome outcome = Post(faulty.content);
-        std::istringstream lines(faulty.said);
+    const auto expect = [&](const std::string& content, const std::vector<std::string>& faults) {
         std::string said;
-        int count = 0;
-        for (std::string line; std::getline(lines, line); ++count) said += File() + line + "\n";
-        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(count) +
-                                    (count == 1 ? " fault" : " faults") + "; nothing was posted\n");
+        for (const std::string& fault : faults) said += File() + fault + "\n";
+        const Outcome outcome = Post(content);
+        EXPECT_EQ(outcome.said, said + "qmhost: " + std::to_string(faults.size()) +
+                                    (faults.size() == 1 ? " fault" : " faults") + "; nothing was posted\n");
         EXPECT_EQ(outcome.code, 1);
+    };
+    for (const test::Block& faulty : test::Blocks("host/commands/faults.txt")) {
+        std::string content;
+        for (const std::string& line : faulty.given) content += line + "\n";
+        expect(content, faulty.expected);
     }
+    expect("", {":1: column voucher: the file is empty"});
+    for (const std::string& start : {std::string("\xFF\xFEv"), std::string("\0v\0o", 4)})
+        expect(start, {":1: column voucher: the file is UTF-16: save it as UTF-8"});
+    expect(Header + std::string(1 << 21, 'x'),
+           {":2: column voucher: the row is longer than 1 MB: does a quote never end?"});
     const Outcome many = Post(Header + basic::Replace(std::string(1500, 'x'), "x", ",\n"));
     EXPECT_THAT(many.said, HasSubstr("qmhost: 1500 faults, of which the first 1000 are named; nothing"));
     EXPECT_EQ(Qmhost("post " + Books() + " /dev/zero").said,
@@ -223,29 +146,27 @@ TEST_F(QmhostCommands, PostAsksBeforeAFileStandsTwice) {
     EXPECT_EQ(Post(Header + pair("a", "12/31/2001", "5.01"), "--month-first").said,
               "posted 1 voucher, 2 rows: 63\n");
     EXPECT_EQ(Post(twins, "--month-first --again").said, "posted 2 vouchers, 4 rows: 64 to 65\n");
-    EXPECT_EQ(
-        Post(Header + pair("a", "31/12/2001", "5"), "--month-first").said,
-        File() +
-            ":2: column date: '31/12/2001' fits only the day before the month, and the file is read with "
-            "the month first\n" +
-            File() +
-            ":3: column date: '31/12/2001' fits only the day before the month, and the file is read "
-            "with the month first\nqmhost: 2 faults; nothing was posted\n");
+    EXPECT_EQ(Post(Header + pair("a", "31/12/2001", "5"), "--month-first").said,
+              File() +
+                  ":2: column date: '31/12/2001' fits only the day before the month, and the file is read "
+                  "with the month first\n" +
+                  File() +
+                  ":3: column date: '31/12/2001' fits only the day before the month, and the file is read "
+                  "with the month first\nqmhost: 2 faults; nothing was posted\n");
 }
 
 // What another program does between the check of the file and the second row is done here by a trigger.
 TEST_F(QmhostCommands, PostStopsAtARowThatFailsAndSaysWhatStands) {
-    Ask("CREATE TRIGGER other_program AFTER INSERT ON tb_Ledger2001 WHEN NEW.LedgerNarration = 'now' "
-        "BEGIN DELETE FROM Ledger_Details WHERE Ledger_ID = 37; END");
+    Ask("CREATE TRIGGER other_program AFTER INSERT ON tb_Ledger2001 WHEN NEW.LedgerNarration = 'now' BEGIN "
+        "DELETE FROM Ledger_Details WHERE Ledger_ID = 37; END");
     const Outcome outcome = Post(Header +
                                  "a,02-Apr-2001,R,D,Cash,1,n\na,02-Apr-2001,R,C,Sales of Goods,1,n\n"
                                  "b,02-Apr-2001,R,D,Cash,2,now\nb,02-Apr-2001,R,C,Sales of Goods,2,n\n"
                                  "c,02-Apr-2001,R,D,Cash,3,n\nc,02-Apr-2001,R,C,Current Account,3,n\n");
-    EXPECT_EQ(outcome.said,
-              "voucher a stands as number 61\n" + File() +
-                  ":5: column voucher: voucher b could not be posted (no row of the ledger or of its details "
-                  "could be written); its rows were taken back\n"
-                  "qmhost: 1 of 3 vouchers were posted\n");
+    EXPECT_EQ(outcome.said, "voucher a stands as number 61\n" + File() +
+                                ":5: column voucher: voucher b could not be posted (no row of the ledger or "
+                                "of its details could be written); its rows were taken back\n"
+                                "qmhost: 1 of 3 vouchers were posted\n");
     EXPECT_EQ(outcome.code, 1);
     EXPECT_EQ(Ask("SELECT LedgerTrnNo || LedgerNarration FROM tb_Ledger2001 WHERE LedgerTrnNo > 60"),
               "61n\n61n\n");
@@ -258,10 +179,9 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
         return outcome.said;
     };
     const std::string add = "add-year " + Books() + " ";
-    EXPECT_THAT(
-        said(add + "2002-2003 --yes", 1),
-        StartsWith("qmhost: 18 ledgers have no debit or no credit total in this year yet (the first is "
-                   "'Proprietor Capital')"));
+    EXPECT_THAT(said(add + "2002-2003 --yes", 1),
+                StartsWith("qmhost: 18 ledgers have no debit or no credit total in this year yet (the first "
+                           "is 'Proprietor Capital')"));
     SetNullTotals();
     const std::string before = Bytes(BooksFile());
     for (const char* year : {"2002", "2002-03", "2002-2004", "2003-2002"})
@@ -275,10 +195,9 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     for (const char* step : {"INSERT INTO Ledger_Details (Ledger_ID, Fnncl_Yr) VALUES (17, 2002)",
                              "INSERT INTO Fnncl_Yr_Mstr (Fnncl_Yr) VALUES ('2002-2003')"}) {
         Ask(step);
-        EXPECT_EQ(
-            said(add + "2002-2003 --yes", 1),
-            "qmhost: parts of 2002 stand already: an earlier try did not end, and another would double them. "
-            "Restore the backup that was made before it (qmhost restore), then add the year\n");
+        EXPECT_EQ(said(add + "2002-2003 --yes", 1),
+                  "qmhost: parts of 2002 stand already: an earlier try did not end, and another would double "
+                  "them. Restore the backup that was made before it (qmhost restore), then add the year\n");
     }
     Ask("DELETE FROM Fnncl_Yr_Mstr WHERE Fnncl_Yr = '2002-2003'");
     Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002");
@@ -343,8 +262,7 @@ TEST_F(QmhostCommands, CheckTellsNotesFromErrorsAndChangesNothing) {
     Ask("UPDATE Ledger_Details SET LedDetDRTxnTot = 7 WHERE Ledger_ID = 17");
     const std::string note =
         "note:  totals of ledger 17 in 2001: they are not the sums of its rows until the next rebuild "
-        "(totals 7 "
-        "and 0, rows 0 and 0)\n";
+        "(totals 7 and 0, rows 0 and 0)\n";
     expect(note + "0 errors, 1 note\n", 0);
     Ask("INSERT INTO tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerDrAmt, LedgerCrAmt) VALUES (61, 17, 7, "
         "0)");

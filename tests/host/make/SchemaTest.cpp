@@ -6,10 +6,12 @@
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
 #include "platform/basic/Error.h"
-#include "tests/host/make/TempFolder.h"
+#include "tests/support/Cases.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 
+using test::TempFolder;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Texts = std::vector<std::string>;
@@ -43,48 +45,9 @@ class Schema : public ::testing::Test {
         return fields;
     }
 
+    const std::vector<test::Cells> tables = test::Cases("host/make/schema.txt", "Tables");
     TempFolder folder_;
     std::unique_ptr<host::BooksStore> store_;
-};
-
-const std::map<std::string, std::string> Tables{
-    {"Fnncl_Yr_Mstr", "Fnncl_Yr_Id INTEGER, Fnncl_Yr TEXT, Crrnt_Yr_Flg BOOLEAN"},
-    {"Group_Head_Master", "Group_Id INTEGER, Group_Head_Name TEXT, Parent_Id INTEGER, GrpType TEXT"},
-    {"Ledger_Master",
-     "Ledger_ID INTEGER, Name TEXT, Group_Id INTEGER, PrimaryGrp TEXT, Company_name TEXT, contact_person "
-     "TEXT, "
-     "Designation TEXT, Address1 TEXT, Address2 TEXT, City TEXT, Tel1 TEXT, Tel2 TEXT, Pincode TEXT, Pager "
-     "TEXT, "
-     "Mobile TEXT, Email TEXT, Notes TEXT, Deleted BOOLEAN"},
-    {"Ledger_Details",
-     "Ledger_ID INTEGER, Fnncl_Yr INTEGER, Opening_Bal DOUBLE, Bal_Type TEXT, Closing_Bal DOUBLE, "
-     "LedDetDRTxnTot DOUBLE, LedDetCRTxnTot DOUBLE"},
-    {"tblvchrmst", "vchrmstType TEXT, vchrmstFinYear INTEGER, vchrmstLastNo INTEGER"},
-    {"tblsysTPL", "ParticularDr TEXT, AmtDr DOUBLE, ParticularCr TEXT, AmtCr DOUBLE, Type TEXT"},
-    {"tblError", "frmName TEXT, ErrNumber INTEGER, ErrDesc TEXT, ErrSource TEXT, ErrDate TEXT, ErrTime TEXT"},
-    {"tblsysLedgerstr",
-     "LedgerTrnNo INTEGER, LedgerCode INTEGER, LedgerName TEXT, LedgerTxnDate INTEGER, LedgerNarration TEXT, "
-     "LedgerTrnType TEXT, LedgerDrAmt DOUBLE, LedgerCrAmt DOUBLE, LedgerLedBal TEXT, LedgerMcGenerated "
-     "BOOLEAN, "
-     "LedgerVchrNo INTEGER"},
-    {"tblSysBills",
-     "BillID TEXT, BillTxnID INTEGER, BillVchrNo INTEGER, ISPoBill BOOLEAN, InstrumentID INTEGER, "
-     "BillDiscount DOUBLE, BillTaxRate DOUBLE, BillOtherCharges DOUBLE"},
-    {"tblsysItemLedstr",
-     "ItemLedTrnNo INTEGER, ItemLedTrnDate INTEGER, ItemLedTrnType TEXT, ItemLedItemID INTEGER, ItemLedPONo "
-     "INTEGER, ItemLedItemDesc TEXT, ItemLedTrnRptQty DOUBLE, ItemLedTrnIssQty DOUBLE, ItemLedNote TEXT, "
-     "ItemLedUnitPrice DOUBLE, ItemLedBillNo TEXT, ItemLandingCost DOUBLE"},
-    {"tblsysPOstr",
-     "poNumber INTEGER, poSupplierID INTEGER, PoDate INTEGER, poSupplierName TEXT, PoDlvTerm TEXT, "
-     "poCancelled "
-     "BOOLEAN"},
-    {"tblsysPODetstr",
-     "PoDetPoNo INTEGER, PoDetItemID INTEGER, PoDetItemDesc TEXT, PoDetQtyOrder DOUBLE, PoDetQtyRecd DOUBLE"},
-    {"ItemMasterstr",
-     "Item_ID INTEGER, Item_Name TEXT, Item_Type TEXT, Unit_Desc TEXT, Open_Stock DOUBLE, Reorder_Level "
-     "DOUBLE, "
-     "Overflow_Level DOUBLE, Unit_Price DOUBLE, Balance DOUBLE, Notes TEXT, IssuedQty DOUBLE, ReceivedQty "
-     "DOUBLE"},
 };
 
 const std::map<std::string, std::string> Templates{
@@ -94,9 +57,9 @@ const std::map<std::string, std::string> Templates{
 };
 
 TEST_F(Schema, HoldsEveryFieldWithItsType) {
-    for (const auto& [table, fields] : Tables) EXPECT_EQ(Fields(table), fields) << table;
+    for (const test::Cells& table : tables) EXPECT_EQ(Fields(table.at(0)), table.at(1)) << table[0];
     EXPECT_THAT(Run("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name <> 'sqlite_sequence'"),
-                ElementsAre(std::to_string(Tables.size() + Templates.size())));
+                ElementsAre(std::to_string(tables.size() + Templates.size())));
 }
 
 TEST_F(Schema, GivesAYearItsTemplatesTablesWithChecksAndIndexes) {
@@ -129,15 +92,16 @@ TEST_F(Schema, HasNoKeyButTheTwoCounters) {
 // Every field takes Null, and booleans read False then; number fields take no text, whole-number fields no
 // fraction.
 TEST_F(Schema, ChecksEveryField) {
-    for (const auto& [table, fields] : Tables) {
-        std::istringstream list(fields);
+    for (const test::Cells& cells : tables) {
+        const std::string& table = cells[0];
+        std::istringstream list(cells[1]);
         std::string field, type;
         while (list >> field >> type) {
             if (type.back() == ',') type.pop_back();
             if (field == "Group_Id" && table == "Group_Head_Master") continue;
             if (field == "Fnncl_Yr_Id") continue;
-            const auto insert = [&, t = table](const std::string& value) {
-                return Accepts("INSERT INTO " + t + " (" + field + ") VALUES (" + value + ")");
+            const auto insert = [&](const std::string& value) {
+                return Accepts("INSERT INTO " + table + " (" + field + ") VALUES (" + value + ")");
             };
             SCOPED_TRACE(table + "." + field);
             EXPECT_TRUE(insert("NULL"));
@@ -162,10 +126,9 @@ TEST_F(Schema, DefaultsOnlyWhatMustReadAsSet) {
     EXPECT_THAT(
         Run("SELECT ParticularDr || '|' || AmtDr || '|' || ParticularCr || '|' || AmtCr FROM tblsysTPL"),
         ElementsAre("Rent|5.0| |0.0", " |0.0|Sales|7.0"));
-    EXPECT_THAT(
-        Run("SELECT group_concat(name) FROM sqlite_master WHERE sql LIKE '%DEFAULT%' AND sql NOT LIKE "
-            "'%BOOLEAN%'"),
-        ElementsAre("tblsysTPL"));
+    EXPECT_THAT(Run("SELECT group_concat(name) FROM sqlite_master WHERE sql LIKE '%DEFAULT%' AND sql NOT "
+                    "LIKE '%BOOLEAN%'"),
+                ElementsAre("tblsysTPL"));
 }
 
 }  // namespace

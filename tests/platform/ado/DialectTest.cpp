@@ -1,4 +1,5 @@
 #include <fstream>
+#include <map>
 
 #include <gtest/gtest.h>
 
@@ -7,10 +8,15 @@
 #include "platform/ado/dialect/Plan.h"
 #include "tests/platform/ado/PlainStore.h"
 #include "tests/platform/ado/TestStore.h"
+#include "tests/support/Cases.h"
 
 namespace {
 
 using namespace ado;
+using ::test::Cases;
+using ::test::Cells;
+
+constexpr const char* File = "platform/ado/cases.txt";
 
 // The tables of the books, with those of one year.
 ado::test::PlainStore& Books() {
@@ -55,31 +61,11 @@ TEST(Dialect, TakesEveryStatementOfTheSystem) {
 }
 
 TEST(Dialect, WritesTheStoresOwnWords) {
-    const struct {
-        const char *statement, *sql;
-    } cases[] = {
-        {"Select vchrmstType From tblvchrmst",
-         "SELECT \"tblvchrmst\".\"vchrmstType\" FROM \"tblvchrmst\" ORDER BY \"tblvchrmst\".rowid"},
-        {"Delete * From tblsystpl", "DELETE FROM \"tblsystpl\""},
-        {"Select Name From Ledger_Master As A Where A.Name = 'x' Order By Name Desc",
-         "SELECT \"A\".\"Name\" FROM \"Ledger_Master\" AS \"A\" WHERE (\"A\".\"Name\" COLLATE QMTEXT = ?1) "
-         "ORDER BY "
-         "\"A\".\"Name\" COLLATE QMTEXT DESC, \"A\".rowid"},
-        {"Update tblvchrmst Set vchrmstfinyear = 2002 Where vchrmstFinYear = 0",
-         "UPDATE \"tblvchrmst\" SET \"vchrmstFinYear\" = ?1 WHERE (\"tblvchrmst\".\"vchrmstFinYear\" = ?2)"},
-        {"Select Max(LedgerTrnNo) As High from tb_Ledger2001",
-         "SELECT max(\"tb_Ledger2001\".\"LedgerTrnNo\") FROM \"tb_Ledger2001\""},
-        {"Insert Into tblvchrmst (vchrmstLastNo) Values (Iif(IsNull(Null), 1, 2) + 3)",
-         "INSERT INTO \"tblvchrmst\" (\"vchrmstLastNo\") VALUES (qm_long((CASE WHEN (NULL IS NULL) THEN ?1 "
-         "ELSE ?2 END) + ?3))"},
-    };
-    for (const auto& c : cases) {
-        std::string sql = Of(c.statement).Sql();
-        // Which parentheses stand, and in which case a table's name, is not the point.
+    for (const Cells& c : Cases(File, "Translations")) {
         const auto bare = [](std::string text) {
             return basic::FoldCase(basic::Replace(basic::Replace(text, "(", ""), ")", ""));
         };
-        EXPECT_EQ(bare(sql), bare(c.sql)) << c.statement;
+        EXPECT_EQ(bare(Of(c.at(0)).Sql()), bare(c.at(1))) << c.at(0);
     }
 }
 
@@ -133,82 +119,17 @@ TEST(Dialect, NamesTheOutputs) {
 }
 
 TEST(Dialect, RefusesWhatItDoesNotKnowByName) {
-    const struct {
-        const char* statement;
-        std::int32_t number;
-    } cases[] = {
-        {"Delete  FROM ItemMaster2001WHERE  Item_ID=5", error::NoSuchTable},
-        {"Update Ledger_Master Set Deleted = True Where Ledger_ID=5 And Fnncl_Yr = 2001", error::UnknownName},
-        {"Delete From tblError Nonsense", error::Statement},
-        {"Select * From tb_Ledger1999", error::NoSuchTable},
-        {"Select Nobody From tblError", error::UnknownName},
-        {"Select Ledger_ID From Ledger_Master, Ledger_Details", error::Statement},
-        {"Insert Into tblError (frmName, ErrDesc) Values ('a')", error::Statement},
-        {"Insert Into tblError (frmName) Values ('a', 'b')", error::Statement},
-        {"Insert Into tblError (frmName) Values ('a', )", error::Statement},
-        {"Update Ledger_Details Set  Where Ledger_ID = 1", error::Statement},
-        {"Update Ledger_Details Set Opening_Bal = 1 Where Fnncl_Yr = ", error::Statement},
-        {"Select * From Ledger_Master Where Ledger_ID Between 1 And 2", error::Statement},
-        {"Select Count(*) From Ledger_Master", error::Statement},
-        {"Select Name From Ledger_Master Union Select Name From Ledger_Master", error::Statement},
-        {"Select Name Into T From Ledger_Master", error::Statement},
-        {"Select * From Ledger_Master Where Name = #1/1/2001#", error::Statement},
-        {"Update Ledger_Master Set Name = 'a' + 1", error::BadValue},
-        {"Delete From Ledger_Master Where Name", error::BadValue},
-        {"Select * From Ledger_Master Where Name = 'a' Or 'b'", error::BadValue},
-        {"Select Iif(Not UCase(Name), 1, 2) From Ledger_Master", error::BadValue},
-        {"Update Ledger_Details Set Opening_Bal = Max(Opening_Bal)", error::Statement},
-        {"Select * From Ledger_Master Where Ledger_ID = (Select Ledger_ID, Name From Ledger_Master)",
-         error::Statement},
-        {"Select Name From Ledger_Master Where Name In (Select Name From Ledger_Master)", error::Statement},
-        {"Select Ledger_ID, Max(Group_Id) From Ledger_Master", error::Statement},
-        {"Select *, Sum(Group_Id) From Ledger_Master Group By Ledger_ID", error::Statement},
-        {"Select Max(Group_Id) From Ledger_Master Order By Name", error::Statement},
-        {"Select Max(Sum(Group_Id)) From Ledger_Master", error::Statement},
-        {"Select Max(Group_Id) From Ledger_Master Where Max(Group_Id) = 1", error::Statement},
-        {"Insert Into tblError (ErrNumber) Values (Max(1))", error::Statement},
-        {"Select Sum(Name) From Ledger_Master", error::BadValue},
-        {"Select B.* From Ledger_Master As A", error::UnknownName},
-        {"Select Ledger_Master.Name From Ledger_Master As A", error::UnknownName},
-        {"Select A.Name From Ledger_Master As A, Ledger_Details As a", error::Statement},
-        {"Select 1", error::Statement},
-        {"Select * Into T From Ledger_Master Where Ledger_ID = 1", error::Statement},
-        {"Drop Table Ledger_Master", error::Statement},
-        {"", error::Statement},
-        {"Select", error::Statement},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Refusal(c.statement), c.number) << c.statement;
+    const std::map<std::string, std::int32_t> numbers{{"NoSuchTable", error::NoSuchTable},
+                                                      {"UnknownName", error::UnknownName},
+                                                      {"Statement", error::Statement},
+                                                      {"BadValue", error::BadValue}};
+    for (const Cells& c : Cases(File, "Refusals"))
+        EXPECT_EQ(Refusal(c.at(0)), numbers.at(c.at(1))) << c.at(0);
 }
 
 TEST(Dialect, TellsTheWordThatStandsInTheWay) {
-    const struct {
-        const char *statement, *word;
-    } cases[] = {
-        {"Select Name From Ledger_Master Where Ledger_ID Between 1 And 2", "'Between' is not supported"},
-        {"Select Name From Ledger_Master Where Ledger_ID Not Between 1 And 2",
-         "'Not Between' is not supported"},
-        {"Select Name From Ledger_Master Where 1 = 1 And Name Not Between 'a' And 'b'",
-         "'Not Between' is not supported"},
-        {"Select Name From Ledger_Master Inner Join tblError On 1 = 1", "'Inner Join' is not supported"},
-        {"Select Name From Ledger_Master As A Left Outer Join tblError On 1 = 1",
-         "'Left Outer Join' is not supported"},
-        {"Select Name From Ledger_Master Where Name Like 'a!%' Escape '!'", "'Escape' is not supported"},
-        {"Select Name N From Ledger_Master", "'As' is expected before an alias where 'N' stands"},
-        {"Select Ledger_ID + 1 [N] From Ledger_Master", "'As' is expected before an alias where [N] stands"},
-        {"Select Name From Ledger_Master L", "'As' is expected before an alias where 'L' stands"},
-        {"Select Group_Id From Ledger_Master Group By Group_Id Having 1", "'Having' is not supported"},
-        {"Select Name From Ledger_Master Union Select Name From Ledger_Master", "'Union' is not supported"},
-        {"Select Top 5 Name From Ledger_Master", "'Top' is not supported"},
-        {"Select Count(*) From Ledger_Master", "'Count' is not supported"},
-        {"Select Avg(Group_Id) From Ledger_Master", "'Avg' is not supported"},
-        {"Select Name From Ledger_Master Where Name = a & b", "'&' is not supported"},
-        {"Select Nobody From Ledger_Master", "'Nobody'"},
-        {"Select Fnncl_Yr From Fnncl_Yr_Mstr, Ledger_Details", "'Fnncl_Yr' could refer to more than one"},
-        {"Select * From tb_Ledger1999", "The table 'tb_Ledger1999' is not in the books"},
-        {"Update tblError Set frmName = 'a' frmName", "where 'frmName' stands"},
-    };
-    for (const auto& [statement, word] : cases)
-        EXPECT_NE(TextOfRefusal(statement).find(word), std::string::npos) << TextOfRefusal(statement);
+    for (const Cells& c : Cases(File, "Words in the way"))
+        EXPECT_NE(TextOfRefusal(c.at(0)).find(c.at(1)), std::string::npos) << TextOfRefusal(c.at(0));
 }
 
 // The store's parser has limits; within ours it must take what we make.

@@ -243,8 +243,8 @@ TEST_F(RecordsetTest, ANameThatOccursTwiceIsReachedByItsTable) {
 
 TEST_F(RecordsetTest, AValueThatDoesNotFitItsFieldReadsAsItIs) {
     TestStore loose(
-        "CREATE TABLE T (N INTEGER, B BOOLEAN, S SMALLINT); INSERT INTO T VALUES (1, 1, 1), (1.5, 7, 70000);"
-        "INSERT INTO T VALUES ('x', NULL, -2147483648), (3000000000, 0, 2)");
+        "CREATE TABLE T (N INTEGER, B BOOLEAN, S SMALLINT); INSERT INTO T VALUES (1, 1, 1), (1.5, 7, "
+        "70000);INSERT INTO T VALUES ('x', NULL, -2147483648), (3000000000, 0, 2)");
     set.Open("T", loose.Connect());
     EXPECT_EQ(RowsOf(set), "1|True|1 1.5|7|70000 x|-|-2147483648 3000000000|False|2");
 }

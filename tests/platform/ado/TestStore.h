@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -14,7 +12,9 @@
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Value.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/InChild.h"
+#include "tests/support/TempFolder.h"
 
 namespace ado::test {
 
@@ -39,9 +39,6 @@ class TestStore {
     static constexpr const char* password = "it's a secret";
 
     explicit TestStore(const std::string& definitions = tables) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "adotest-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        folder_ = pattern;
         sqlite3* store = nullptr;
         sqlite3_open(Path().c_str(), &store);
         const std::string script =
@@ -51,14 +48,7 @@ class TestStore {
         sqlite3_close(store);
         if (code != SQLITE_OK) throw std::runtime_error(message);
     }
-    ~TestStore() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    TestStore(const TestStore&) = delete;
-    TestStore& operator=(const TestStore&) = delete;
-
-    const std::filesystem::path& Folder() const { return folder_; }
+    const std::filesystem::path& Folder() const { return folder_.Path(); }
     std::string Path() const { return (folder_ / "books.mdb").string(); }
 
     ConnectionPtr Connect(const std::string& key = password) const {
@@ -79,7 +69,7 @@ class TestStore {
     }
 
   private:
-    std::filesystem::path folder_;
+    ::test::TempFolder folder_;
 };
 
 // The rows of a set from its current one, as "a|b a|b"; Null reads "-".
@@ -105,29 +95,12 @@ inline std::int64_t Affected(const ConnectionPtr& connection, const std::string&
     return count;
 }
 
-// The number of the error that the call raises, 0 if it raises none.
-inline std::int32_t ErrorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const basic::Error& error) {
-        return error.Number;
-    }
-    return 0;
-}
+using ::test::ErrorOf;
+using ::test::InChild;
+using ::test::TextOfError;
 
 inline std::int32_t ErrorOf(const ConnectionPtr& connection, const std::string& statement) {
     return ErrorOf([&] { connection->Execute(statement); });
 }
-
-inline std::string TextOfError(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const basic::Error& error) {
-        return error.Description;
-    }
-    return "";
-}
-
-using ::test::InChild;
 
 }  // namespace ado::test

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/basic/Control.h"
-#include "tests/platform/basic/Raises.h"
+#include "tests/support/ErrorOf.h"
 
 namespace {
 
@@ -18,9 +18,9 @@ TEST(Control, RefusesWhatItsKindDoesNotKnow) {
     TextOnly control;
     control.SetText("a");
     EXPECT_EQ(control.text, "a");
-    EXPECT_EQ(test::Raised([&] { control.SetValue(0); }), basic::error::NotSupported);
-    EXPECT_EQ(test::Raised([&] { control.SetListIndex(-1); }), basic::error::NotSupported);
-    EXPECT_EQ(test::Raised([&] { control.SetLocked(true); }), basic::error::NotSupported);
+    EXPECT_EQ(test::ErrorOf([&] { control.SetValue(0); }), basic::error::NotSupported);
+    EXPECT_EQ(test::ErrorOf([&] { control.SetListIndex(-1); }), basic::error::NotSupported);
+    EXPECT_EQ(test::ErrorOf([&] { control.SetLocked(true); }), basic::error::NotSupported);
     try {
         control.SetValue(0);
     } catch (const basic::Error& error) {

@@ -4,12 +4,17 @@
 
 #include "platform/basic/Dates.h"
 #include "platform/basic/Format.h"
-#include "tests/platform/basic/Raises.h"
+#include "tests/support/Cases.h"
+#include "tests/support/ErrorOf.h"
 
 namespace {
 
 using namespace basic;
-using test::Raised;
+using test::Cases;
+using test::Cells;
+using test::ErrorOf;
+
+constexpr const char* File = "platform/basic/cases.txt";
 
 class FormatTest : public testing::Test {
   protected:
@@ -18,53 +23,19 @@ class FormatTest : public testing::Test {
 };
 
 TEST_F(FormatTest, NumberMasks) {
-    const struct {
-        double number;
-        const char *amount, *padded, *plain, *whole, *least, *standard;
-    } cases[] = {
-        {0, ".00", "00.00", ".00", "", "0.00", "0.00"},
-        {0.5, ".50", "00.50", ".50", "1", "0.50", "0.50"},
-        {0.004, ".00", "00.00", ".00", "", "0.00", "0.00"},
-        {-0.004, ".00", "00.00", ".00", "", "0.00", "0.00"},
-        {-0.5, "-.50", "-00.50", "-.50", "-1", "-0.50", "-0.50"},
-        {0.4, ".40", "00.40", ".40", "", "0.40", "0.40"},
-        {5, "5.00", "05.00", "5.00", "5", "5.00", "5.00"},
-        {0.995, "1.00", "01.00", "1.00", "1", "1.00", "1.00"},
-        {2.675, "2.68", "02.68", "2.68", "3", "2.68", "2.68"},
-        {999.995, "1,000.00", "1,000.00", "1000.00", "1,000", "1000.00", "1,000.00"},
-        {-1249.85, "-1,249.85", "-1,249.85", "-1249.85", "-1,250", "-1249.85", "-1,249.85"},
-        {1234567, "1,234,567.00", "1,234,567.00", "1234567.00", "1,234,567", "1234567.00", "1,234,567.00"},
-        {100000, "100,000.00", "100,000.00", "100000.00", "100,000", "100000.00", "100,000.00"},
-        {1e16, "10,000,000,000,000,000.00", "10,000,000,000,000,000.00", "10000000000000000.00",
-         "10,000,000,000,000,000", "10000000000000000.00", "10,000,000,000,000,000.00"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Format(c.number, "#,##,###.00"), c.amount) << c.number;
-        EXPECT_EQ(Format(c.number, "##,#00.00"), c.padded) << c.number;
-        EXPECT_EQ(Format(c.number, "######.00"), c.plain) << c.number;
-        EXPECT_EQ(Format(c.number, "#,##,###"), c.whole) << c.number;
-        EXPECT_EQ(Format(c.number, "0.00"), c.least) << c.number;
-        EXPECT_EQ(Format(c.number, "Standard"), c.standard) << c.number;
-    }
+    const std::vector<Cells> rows = Cases(File, "Masks");
+    for (std::size_t row = 1; row < rows.size(); ++row)
+        for (std::size_t mask = 1; mask < rows[0].size(); ++mask)
+            EXPECT_EQ(Format(std::stod(rows[row].at(0)), rows[0][mask]), rows[row].at(mask))
+                << rows[row][0] << " as " << rows[0][mask];
 }
 
 TEST_F(FormatTest, OnlyStandardFollowsTheLocale) {
-    const struct {
-        const char *locale, *standard;
-    } cases[] = {{"en_IN.UTF-8", "-12,34,567.50"},
-                 {"hi_IN", "-12,34,567.50"},
-                 {"en_US.UTF-8", "-1,234,567.50"},
-                 {"C", "-1,234,567.50"},
-                 {"C.UTF-8", "-1,234,567.50"},
-                 {"POSIX", "-1,234,567.50"},
-                 {"", "-1,234,567.50"},
-                 {"xx_YY", "-1,234,567.50"},
-                 {"de_DE@euro", "-1.234.567,50"},
-                 {"es_MX", "-1,234,567.50"}};
-    for (const auto& c : cases) {
-        SetNumberLocale(c.locale);
-        EXPECT_EQ(Format(-1234567.5, "standard"), c.standard) << c.locale;
-        EXPECT_EQ(Format(-1234567.5, "#,##,###.00"), "-1,234,567.50") << c.locale;
-        EXPECT_EQ(Format(-1234567.5, "######.00"), "-1234567.50") << c.locale;
+    for (const Cells& c : Cases(File, "Locales")) {
+        SetNumberLocale(c.at(0));
+        EXPECT_EQ(Format(-1234567.5, "standard"), c.at(1)) << c.at(0);
+        EXPECT_EQ(Format(-1234567.5, "#,##,###.00"), "-1,234,567.50") << c.at(0);
+        EXPECT_EQ(Format(-1234567.5, "######.00"), "-1234567.50") << c.at(0);
     }
     SetNumberLocale("en_IN");
     EXPECT_EQ(Format(99999.0, "standard"), "99,999.00");
@@ -115,13 +86,13 @@ TEST_F(FormatTest, Dates) {
 
 TEST_F(FormatTest, RefusesWhatItDoesNotKnow) {
     for (const char* mask : {"", "#", "0.000", "dd/mm/yyyy", "STANDARD ", "#,##0.00"})
-        EXPECT_EQ(Raised([&] { Format(1.0, mask); }), error::InvalidCall) << mask;
-    EXPECT_EQ(Raised([] { Format(Value(), "unknown"); }), error::InvalidCall);
+        EXPECT_EQ(ErrorOf([&] { Format(1.0, mask); }), error::InvalidCall) << mask;
+    EXPECT_EQ(ErrorOf([] { Format(Value(), "unknown"); }), error::InvalidCall);
     for (const double serial : {1e300, 2958466.0, -657435.0, std::numeric_limits<double>::quiet_NaN()}) {
-        EXPECT_EQ(Raised([&] { Format(serial, "dd/MM/yyyy"); }), error::Overflow) << serial;
-        EXPECT_EQ(Raised([&] { Format(Date{serial}, "hh:mm:ss"); }), error::Overflow) << serial;
+        EXPECT_EQ(ErrorOf([&] { Format(serial, "dd/MM/yyyy"); }), error::Overflow) << serial;
+        EXPECT_EQ(ErrorOf([&] { Format(Date{serial}, "hh:mm:ss"); }), error::Overflow) << serial;
     }
-    EXPECT_EQ(Raised([] { Format(std::numeric_limits<double>::infinity(), "0.00"); }), error::Overflow);
+    EXPECT_EQ(ErrorOf([] { Format(std::numeric_limits<double>::infinity(), "0.00"); }), error::Overflow);
 }
 
 }  // namespace

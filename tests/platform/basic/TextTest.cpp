@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 
 #include "platform/basic/Text.h"
+#include "tests/support/Cases.h"
 
 namespace {
 
 using namespace basic;
+using test::Cases;
+using test::Cells;
+
+constexpr const char* File = "platform/basic/cases.txt";
 
 TEST(Text, CutsByCharacters) {
     const std::string text = "a\u0939\u20AC\U0001F600z";  // one, three, three, four and one byte
@@ -48,57 +53,22 @@ TEST(Text, CaseOfAllScripts) {
 }
 
 TEST(Text, ComparesWithoutCase) {
-    const struct {
-        const char *a, *b;
-        int order;
-    } cases[] = {{"", "", 0},        {"abc", "ABC", 0},   {"abc", "abd", -1},      {"B", "a", 1},
-                 {"ab", "abc", -1},  {"a ", "a", 1},      {"", "a", -1},           {"_", "A", -1},
-                 {"É", "é", 0},      {"É", "e", 1},       {"\u03A3", "\u03C2", 0}, {"z", "é", -1},
-                 {"\u212A", "k", 0}, {"\u0131", "I", -2}, {"\u0130", "i", -2},     {"\u0416x", "\u0436X", 0}};
-    for (const auto& c : cases) {
-        const int order = CompareText(c.a, c.b);
-        const int back = CompareText(c.b, c.a);
-        if (c.order != -2) {
-            EXPECT_EQ((order > 0) - (order < 0), c.order) << c.a << " and " << c.b;
+    for (const Cells& c : Cases(File, "Order of texts")) {
+        const std::string &a = c.at(0), &b = c.at(1);
+        SCOPED_TRACE(a + " and " + b);
+        const int expected = std::stoi(c.at(2)), order = CompareText(a, b), back = CompareText(b, a);
+        if (expected != -2) {
+            EXPECT_EQ((order > 0) - (order < 0), expected);
         }
-        EXPECT_EQ(order == 0, c.order == 0) << c.a << " and " << c.b;
-        EXPECT_EQ((back > 0) - (back < 0), -((order > 0) - (order < 0))) << c.a << " and " << c.b;
-        EXPECT_EQ(EqualText(c.a, c.b), c.order == 0) << c.a << " and " << c.b;
-        EXPECT_EQ(FoldCase(c.a) == FoldCase(c.b), c.order == 0) << c.a << " and " << c.b;
+        EXPECT_EQ((back > 0) - (back < 0), -((order > 0) - (order < 0)));
+        for (const bool same : {order == 0, EqualText(a, b), FoldCase(a) == FoldCase(b)})
+            EXPECT_EQ(same, expected == 0);
     }
 }
 
 TEST(Text, Like) {
-    const struct {
-        const char *text, *pattern;
-        bool like;
-    } cases[] = {{"Cash", "cash", true},
-                 {"Cash", "c%", true},
-                 {"Cash", "%SH", true},
-                 {"Cash", "%a%", true},
-                 {"Cash", "c_s_", true},
-                 {"Cash", "c_s", false},
-                 {"Cash", "ash", false},
-                 {"", "%", true},
-                 {"", "", true},
-                 {"", "_", false},
-                 {"a", "", false},
-                 {"ab", "a%%b", true},
-                 {"abcbc", "a%bc", true},
-                 {"abcbd", "a%bc", false},
-                 {"a*b", "a*b", true},
-                 {"axb", "a*b", false},
-                 {"[a]", "[a]", true},
-                 {"a", "[a]", false},
-                 {"50%", "50%", true},
-                 {"\u0939x", "_x", true},
-                 {"\u0939x", "__x", false},
-                 {"ÉCOLE", "%é%", true},
-                 {"mississippi", "%iss%ip%", true},
-                 {"mississippi", "%iss%iss%iss%", false},
-                 {"a ", "a", false}};
-    for (const auto& c : cases)
-        EXPECT_EQ(LikeText(c.text, c.pattern), c.like) << c.text << " like " << c.pattern;
+    for (const Cells& c : Cases(File, "Like"))
+        EXPECT_EQ(LikeText(c.at(0), c.at(1)), c.at(2) == "true") << c.at(0) << " like " << c.at(1);
     // Would not end if each % tried all its lengths anew.
     std::string pattern;
     for (int i = 0; i < 40; ++i) pattern += "%a";

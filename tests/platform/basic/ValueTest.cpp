@@ -4,12 +4,12 @@
 
 #include "platform/basic/Dates.h"
 #include "platform/basic/Value.h"
-#include "tests/platform/basic/Raises.h"
+#include "tests/support/ErrorOf.h"
 
 namespace {
 
 using namespace basic;
-using test::Raised;
+using test::ErrorOf;
 
 TEST(Value, ToText) {
     const struct {
@@ -51,8 +51,8 @@ TEST(Value, ToNumbers) {
         EXPECT_EQ(ToInteger(c.value), c.rounded);
     }
     EXPECT_EQ(NumberOrZero(Value()), 0);
-    EXPECT_EQ(Raised([] { ToInteger(Value("32768")); }), error::Overflow);
-    EXPECT_EQ(Raised([] { ToLong(Value("2147483648")); }), error::Overflow);
+    EXPECT_EQ(ErrorOf([] { ToInteger(Value("32768")); }), error::Overflow);
+    EXPECT_EQ(ErrorOf([] { ToLong(Value("2147483648")); }), error::Overflow);
 }
 
 TEST(Value, ToBoolean) {
@@ -61,7 +61,7 @@ TEST(Value, ToBoolean) {
         EXPECT_TRUE(ToBoolean(value));
     for (const Value& value : {Value(false), Value("False"), Value("0"), Value(0.0), Value(std::int32_t{0})})
         EXPECT_FALSE(ToBoolean(value));
-    EXPECT_EQ(Raised([] { ToBoolean(Value("yes")); }), error::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { ToBoolean(Value("yes")); }), error::TypeMismatch);
 }
 
 TEST(Value, ToDate) {
@@ -69,21 +69,21 @@ TEST(Value, ToDate) {
          {Value(36982.0), Value(std::int32_t{36982}), Value("1/4/2001"), Value("36,982"), Value(Date{36982})})
         EXPECT_EQ(ToDate(value), Date{36982});
     for (const Value& value : {Value(1e10), Value("1E10"), Value(std::numeric_limits<double>::quiet_NaN())})
-        EXPECT_EQ(Raised([&] { ToDate(value); }), error::Overflow);
+        EXPECT_EQ(ErrorOf([&] { ToDate(value); }), error::Overflow);
 }
 
 TEST(Value, NullAndForeignTextsAreRefused) {
     const auto each = [](const Value& value) {
-        return std::vector<std::int32_t>{Raised([&] { ToDouble(value); }), Raised([&] { ToLong(value); }),
-                                         Raised([&] { ToInteger(value); }), Raised([&] { ToBoolean(value); }),
-                                         Raised([&] { ToDate(value); })};
+        return std::vector<std::int32_t>{ErrorOf([&] { ToDouble(value); }), ErrorOf([&] { ToLong(value); }),
+                                         ErrorOf([&] { ToInteger(value); }),
+                                         ErrorOf([&] { ToBoolean(value); }), ErrorOf([&] { ToDate(value); })};
     };
     EXPECT_EQ(each(Value()), std::vector<std::int32_t>(5, error::InvalidNull));
-    EXPECT_EQ(Raised([] { ToText(Value()); }), error::InvalidNull);
+    EXPECT_EQ(ErrorOf([] { ToText(Value()); }), error::InvalidNull);
     for (const char* text : {"", "abc", ".", "12 a"})
         EXPECT_EQ(each(text), std::vector<std::int32_t>(5, error::TypeMismatch)) << text;
-    EXPECT_EQ(Raised([] { NumberOrZero(Value("")); }), error::TypeMismatch);
-    EXPECT_EQ(Raised([] { TextOrEmpty(std::numeric_limits<double>::infinity()); }), error::Overflow);
+    EXPECT_EQ(ErrorOf([] { NumberOrZero(Value("")); }), error::TypeMismatch);
+    EXPECT_EQ(ErrorOf([] { TextOrEmpty(std::numeric_limits<double>::infinity()); }), error::Overflow);
 }
 
 TEST(Value, EqualityIsExact) {

@@ -7,6 +7,7 @@
 #include "platform/com/ErrorInfo.h"
 #include "platform/com/Lifetime.h"
 #include "platform/com/Registration.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -16,15 +17,11 @@ namespace fs = std::filesystem;
 class Registration : public testing::Test {
   protected:
     void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "qmdataXXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder = pattern;
-        setenv("XDG_DATA_HOME", folder.c_str(), 1);
+        setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
         setenv("XDG_DATA_DIRS", ("relative:" + (folder / "machine").string()).c_str(), 1);
     }
-    void TearDown() override { fs::remove_all(folder); }
 
-    fs::path folder;
+    test::TempFolder folder;
 };
 
 TEST_F(Registration, RegisteredTheClassIsMadeByNameAndByClsid) {
@@ -76,7 +73,7 @@ TEST_F(Registration, AFolderThatCannotBeMadeIsTold) {
     std::ofstream(folder / "qmclasses") << "a file in the way";
     EXPECT_EQ(DllRegisterServer(), SELFREG_E_CLASS);
     unsetenv("XDG_DATA_HOME");
-    setenv("HOME", folder.c_str(), 1);
+    setenv("HOME", folder.Path().c_str(), 1);
     EXPECT_EQ(com::ClassesFolder(), folder / ".local/share/qmclasses");
     setenv("XDG_DATA_HOME", "relative", 1);
     EXPECT_EQ(com::ClassesFolder(), folder / ".local/share/qmclasses") << "only absolute folders count";

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/basic/Error.h"
 #include "platform/com/Bstr.h"
 #include "platform/com/Variant.h"
+#include "tests/support/ErrorOf.h"
 
 namespace {
 
@@ -21,13 +21,10 @@ VARIANT Of(VARTYPE type, T data) {
 }
 
 std::int32_t NumberOfError(const VARIANT& value, VARTYPE type) {
-    try {
+    return test::ErrorOf([&] {
         VARIANT to;
         com::Convert(value, type, to);
-        return 0;
-    } catch (const basic::Error& error) {
-        return error.Number;
-    }
+    });
 }
 
 TEST(Variant, EveryKindReadsAsItsValueBothDirectlyAndByReference) {

@@ -1,26 +1,11 @@
 #pragma once
 
-#include <QApplication>
-#include <QTest>
-#include <QVBoxLayout>
-#include <string>
-#include <utility>
-#include <vector>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include "platform/forms/controls/Controls.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/controls/TreeView.h"
 #include "platform/forms/grid/ListView.h"
 #include "platform/forms/grid/MSFlexGrid.h"
 #include "platform/forms/grid/VSFlexGrid.h"
-#include "platform/forms/window/TestSeams.h"
-
-using namespace forms;
-using testing::ElementsAre;
-using testing::IsEmpty;
+#include "tests/platform/forms/window/Fixture.h"
 
 // The kind of control under test between two text boxes, laid out as the designer's files do.
 template <class Tested>
@@ -45,8 +30,6 @@ struct UiOf {
     }
 };
 
-using EventLog = std::vector<std::string>;
-
 template <class Tested>
 class TestForm : public FormOf<UiOf<Tested>> {
   public:
@@ -64,28 +47,10 @@ class TestForm : public FormOf<UiOf<Tested>> {
 
 // A shown form with one control of a kind; a test's handlers log to `log`.
 template <class Tested>
-class ControlTest : public testing::Test {
+class ControlTest : public WindowTest<TestForm<Tested>> {
   protected:
-    EventLog log;
-    TestForm<Tested> form{log};
-    Script script{[](const std::string& fault) { ADD_FAILURE() << fault; }};
-
-    Tested& control() { return *form.ui().tested; }
-    void Show() {
-        form.Show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.Window()));
-        QApplication::processEvents();
-    }
-    EventLog Logged() { return std::exchange(log, {}); }
-    std::string Active() { return form.ActiveControl() ? form.ActiveControl()->Name() : ""; }
-    // Keys to whatever has the focus, as a user's go.
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(Focused(), key, modifiers);
-    }
-    void Type(const std::string& text) {
-        for (const char c : text) QTest::keyClick(Focused(), c);
-    }
-    QWidget* Focused() { return form.Window()->focusWidget() ? form.Window()->focusWidget() : form.Window(); }
+    Tested& control() { return *this->form.ui().tested; }
+    std::string Active() { return WindowTest<TestForm<Tested>>::Active(this->form); }
     void ClickCell(int row, int col, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseClick(control().viewport(), button, {}, Place(row, col));
     }

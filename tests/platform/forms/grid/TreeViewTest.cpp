@@ -2,6 +2,7 @@
 
 #include "platform/forms/controls/TreeView.h"
 #include "tests/platform/forms/grid/GridFixture.h"
+#include "tests/support/ErrorOf.h"
 
 namespace {
 
@@ -16,14 +17,6 @@ class TreeViewTest : public ControlTest<TreeView> {
         tree.Add("R2", tvwChild, "C5", "sharma");
         tree.Add("R2", tvwChild, "C4", "Anand");
         tree.expandAll();
-    }
-    static int NumberOf(const std::function<void()>& act) {
-        try {
-            act();
-        } catch (const basic::Error& e) {
-            return e.Number;
-        }
-        return 0;
     }
     std::string Texts() {
         std::string all;
@@ -53,13 +46,13 @@ TEST_F(TreeViewTest, EqualKeysAndMissingRelativesAreRefused) {
     const ImageList images;
     TreeView& tree = control();
     tree.SetImageList(&images);
-    EXPECT_EQ(NumberOf([&] { tree.Add("", 0, "R1", "again"); }), KeyNotUnique);
-    EXPECT_EQ(NumberOf([&] { tree.Add("R9", tvwChild, "C9", "orphan"); }), ElementNotFound);
-    EXPECT_EQ(NumberOf([&] { tree.Add("R1", tvwChild, "C9", "bare", "Received"); }), ElementNotFound);
-    EXPECT_EQ(NumberOf([&] { tree.Item("C9"); }), ElementNotFound);
+    EXPECT_EQ(test::ErrorOf([&] { tree.Add("", 0, "R1", "again"); }), KeyNotUnique);
+    EXPECT_EQ(test::ErrorOf([&] { tree.Add("R9", tvwChild, "C9", "orphan"); }), ElementNotFound);
+    EXPECT_EQ(test::ErrorOf([&] { tree.Add("R1", tvwChild, "C9", "bare", "Received"); }), ElementNotFound);
+    EXPECT_EQ(test::ErrorOf([&] { tree.Item("C9"); }), ElementNotFound);
     EXPECT_EQ(control().Count(), 4);
     tree.Clear();
-    EXPECT_EQ(NumberOf([&] { tree.Item("R1"); }), ElementNotFound);
+    EXPECT_EQ(test::ErrorOf([&] { tree.Item("R1"); }), ElementNotFound);
     tree.Add("", 0, "R1", "Bank");  // free again
 }
 

@@ -116,43 +116,4 @@ TEST_F(VSFlexGridListTest, AButtonCellIsPressedNotTyped) {
     EXPECT_THAT(Logged(), IsEmpty());
 }
 
-// The one-cell grid that is laid over a cell of another and is its list.
-TEST_F(VSFlexGridListTest, AGridOverACellServesAsItsList) {
-    auto* const over = new VSFlexGrid(form.Window());
-    over->setObjectName("over");
-    over->SetFixedRows(0);
-    over->SetRows(1);
-    over->SetCols(1);
-    over->SetEditable(true);
-    over->SetColComboList(0, "#12*1;12\tState Bank\t 10Dr|#7;7\tCash\t 0Dr");
-    over->SetContainer(control());
-    over->SetVisible(false);
-    control().StartEdit = [&](int, int, bool& cancel) {
-        cancel = true;
-        over->Move(control().CellLeft(), control().CellTop(), control().CellWidth(),
-                   control().CellHeight() + 20);
-        over->SetVisible(true);
-        over->Select(0, 0);
-        over->SetFocus();
-        QTest::keyClick(over, Qt::Key_Return);
-    };
-    over->AfterEdit = [&](int, int) {
-        log.push_back(over->ComboData());
-        over->SetVisible(false);
-        control().Select(1, 1);
-        control().SetFocus();
-    };
-    over->LostFocus = [&] { control().SetFocus(); };
-    Key(Qt::Key_F4);
-    EXPECT_TRUE(over->Editing());
-    EXPECT_EQ(over->pos(), control().CellRect(1, 1).topLeft());
-    EXPECT_EQ(Active(), "over");
-    Type("cas");
-    Key(Qt::Key_Return);
-    EXPECT_THAT(Logged(), ElementsAre("7"));
-    EXPECT_FALSE(over->Visible());
-    EXPECT_EQ(Active(), "tested");
-    EXPECT_TRUE(control().hasFocus());
-}
-
 }  // namespace

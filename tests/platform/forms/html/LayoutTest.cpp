@@ -38,10 +38,10 @@ int RightOf(const QRect& box) {
 
 TEST(Layout, OldAttributesPlaceTexts) {
     auto at = Boxes(
-        "<table border = '0' width='100%' style = 'font size = 12' cellspacing = '0' cellpadding =0 >"
-        "<td width = '25%'>a</td><td width = '25%' align = 'Right'>b</td>"
-        "<td width=\"25%\"align='lEFT'>c</td><TD WIDTH='25%' ALIGN=RIGHT>d</td>"
-        "<tr><td colspan = '2' width = '100%' align='CENTER'>e</td><td colspan=2 height='60'>f</td></tr>");
+        "<table border = '0' width='100%' style = 'font size = 12' cellspacing = '0' cellpadding =0 ><td "
+        "width = '25%'>a</td><td width = '25%' align = 'Right'>b</td><td width=\"25%\"align='lEFT'>c</td><TD "
+        "WIDTH='25%' ALIGN=RIGHT>d</td><tr><td colspan = '2' width = '100%' align='CENTER'>e</td><td "
+        "colspan=2 height='60'>f</td></tr>");
     EXPECT_EQ(at["a"].left(), 8);
     EXPECT_EQ(RightOf(at["b"]), 408);
     EXPECT_GE(at["c"].left(), 414) << "columns stand apart";
@@ -106,11 +106,9 @@ TEST(Layout, HostileMarkupIsOnlyText) {
 std::string LongTable(int rows) {
     std::string table =
         "<table border='0' width='100%' cellspacing='0' cellpadding=0><tr><td width='100%' "
-        "colspan='2'><b>The name of a "
-        "ledger</b></td></tr><td width = '15%' height='31'><b>Date</b></td><td width = "
-        "'25%'><b>Particulars</b></td>"
-        "<td width='20%' align='right'><b>Balance</b></td></tr><tr><td width='100%' height='1' "
-        "colspan='3'><hr></td></tr>";
+        "colspan='2'><b>The name of a ledger</b></td></tr><td width = '15%' height='31'><b>Date</b></td><td "
+        "width = '25%'><b>Particulars</b></td><td width='20%' align='right'><b>Balance</b></td></tr><tr><td "
+        "width='100%' height='1' colspan='3'><hr></td></tr>";
     for (int i = 0; i < rows; ++i) {
         const std::string number = std::to_string(i);
         table += "<tr><td>d" + number + "</td><td>" + std::string(static_cast<std::size_t>(i % 37), 'n') +

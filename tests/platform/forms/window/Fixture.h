@@ -98,10 +98,12 @@ class frmTest : public FormOf<UiTest> {
     EventLog& log_;
 };
 
-class FormsTest : public testing::Test {
+// A form whose events log, and the keys and clicks of its user.
+template <class TestedForm>
+class WindowTest : public testing::Test {
   protected:
     EventLog log;
-    frmTest form{log};
+    TestedForm form{log};
     Script script{[](const std::string& fault) { ADD_FAILURE() << fault; }};
 
     // What was logged since the last call.
@@ -109,13 +111,17 @@ class FormsTest : public testing::Test {
     void Show() {
         form.Show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.Window()));
+        QApplication::processEvents();
         log.clear();
     }
     static std::string Active(const Form& of) { return of.ActiveControl() ? of.ActiveControl()->Name() : ""; }
+    QWidget* Focused() { return form.Window()->focusWidget() ? form.Window()->focusWidget() : form.Window(); }
     // A key to whatever has the focus, as a user's does.
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QWidget* target = form.Window()->focusWidget() ? form.Window()->focusWidget() : form.Window();
-        QTest::keyClick(target, key, modifiers);
+        QTest::keyClick(Focused(), key, modifiers);
+    }
+    void Type(const std::string& text) {
+        for (const char c : text) QTest::keyClick(Focused(), c);
     }
     // A key as the system tells the toolkit of it: to the form's window, whatever has dropped over it.
     void SystemKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -124,3 +130,5 @@ class FormsTest : public testing::Test {
     }
     static void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
 };
+
+using FormsTest = WindowTest<frmTest>;

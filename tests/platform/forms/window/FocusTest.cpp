@@ -144,23 +144,6 @@ TEST_F(FocusTest, AnErrorInValidateIsShownAndTheFocusGoes) {
     EXPECT_EQ(Active(form), "txtSecond");
 }
 
-TEST_F(FocusTest, ARefusedEditHoldsTheFocus) {
-    struct Editing : TextBox {
-        using TextBox::TextBox;
-        bool FinishEdit() override { return accepted; }
-        bool accepted = false;
-    };
-    auto* grid = new Editing(form.Window());
-    form.Window()->layout()->addWidget(grid);
-    grid->show();
-    grid->SetFocus();
-    Click(ui().cmdSave);
-    EXPECT_EQ(form.ActiveControl(), grid);
-    grid->accepted = true;
-    Click(ui().cmdSave);
-    EXPECT_EQ(Active(form), "cmdSave");
-}
-
 TEST_F(FocusTest, OtherWindowsFireNothing) {
     QWidget other;
     other.show();

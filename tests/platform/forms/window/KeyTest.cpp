@@ -75,27 +75,4 @@ TEST_F(KeyTest, AFormThatUnloadsItselfByKeyIsGone) {
     EXPECT_FALSE(form.Loaded());
 }
 
-TEST_F(KeyTest, ARefusedEditStopsTheCommand) {
-    struct Editing : TextBox {
-        using TextBox::TextBox;
-        bool FinishEdit() override {
-            ++asked;
-            return accepted;
-        }
-        int asked = 0;
-        bool accepted = false;
-    };
-    auto* grid = new Editing(form.Window());
-    form.Window()->layout()->addWidget(grid);
-    grid->show();
-    grid->SetFocus();
-    Logged();
-    Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), IsEmpty());
-    EXPECT_EQ(grid->asked, 1);
-    grid->accepted = true;
-    Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), ElementsAre("KeyDown S2"));
-}
-
 }  // namespace

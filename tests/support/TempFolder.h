@@ -1,16 +1,19 @@
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
+#include <string>
 
-#include <stdlib.h>
+namespace test {
 
-// A fresh folder of a test's own, gone when the test ends.
+// A folder of a test's own under the system's temporary folder, gone when the test ends.
 class TempFolder {
   public:
     TempFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "qm-XXXXXX").string();
-        if (!mkdtemp(name.data())) abort();
-        path_ = name;
+        std::string pattern = (std::filesystem::temp_directory_path() / "qmtest-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path_ = pattern;
     }
     ~TempFolder() {
         std::error_code ignored;
@@ -19,6 +22,7 @@ class TempFolder {
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
+    const std::filesystem::path& Path() const { return path_; }
     operator const std::filesystem::path&() const { return path_; }
     std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
     bool IsEmpty() const { return std::filesystem::is_empty(path_); }
@@ -26,3 +30,5 @@ class TempFolder {
   private:
     std::filesystem::path path_;
 };
+
+}  // namespace test
