@@ -92,7 +92,7 @@ void Ledger_Master::Wire() {
     panel.CloseRec = [this] { Unload(); };
     panel.NextRec = [this] { NextRec(); };
     panel.PrevRec = [this] { PrevRec(); };
-    ui().Combo1->Click = [this] { ApplyGroupLayout(); };
+    ui().Combo1->Click = [this] { Combo1_Click(); };
     ui().Combo1->Validate = [this](bool&) { Combo1_Validate(); };
     ui().Text2->Validate = [this](bool&) { Text2_Validate(); };
     ui().txtLedgerId->Change = [this] { ShowStockButton(); };

@@ -38,6 +38,7 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     void FindRec();
     void NextRec();
     void PrevRec();
+    void Combo1_Click() { ApplyGroupLayout(); }
     void Combo1_Validate();
     void Text2_Validate();
     void cmdStkClBal_Click();

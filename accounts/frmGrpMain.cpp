@@ -58,7 +58,7 @@ void frmGrpMain::Wire() {
     };
     ui().cmdAdd->Click = [this] { cmdAdd_Click(); };
     ui().cmdDelete->Click = [this] { cmdDelete_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
     WireSplitter();
 }
 
@@ -85,7 +85,7 @@ std::vector<forms::Form::Command> frmGrpMain::CtrlCommands() {
     return {
         {'A', [this] { cmdAdd_Click(); }},
         {'D', [this] { cmdDelete_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 

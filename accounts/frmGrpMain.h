@@ -42,6 +42,7 @@ class frmGrpMain : public forms::FormOf<Ui::frmGrpMain> {
     void lvListView_Click(const std::string& key, const std::string& text);
     void cmdAdd_Click();
     void cmdDelete_Click();
+    void cmdExit_Click() { Unload(); }
     void WireSplitter();
 
     // Both live as long as the form. Ledgers that are marked as deleted are left out.

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <stdexcept>
 
-#include "platform/forms/window/TestSeams.h"
+#include "platform/forms/window/Script.h"
 
 extern "C" void qmAttachScreens();
 

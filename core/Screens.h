@@ -20,7 +20,7 @@ void ShowMainMenu();
 void OpenScreen(const std::string& form);
 
 // Write pictures of all screens, and the reports as PDF and text files, of the books that are open; no
-// display is needed. Raise what opening and writing raise (see shell/Pictures.h).
+// display is needed. Raise what opening and writing raise (see screens/Pictures.h, screens/ReportFiles.h).
 void WritePictures(const std::string& folder);
 void WriteReports(const std::string& folder);
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 #include "accounts/Ledger_Master.h"
@@ -14,17 +13,14 @@
 #include "inventory/frmItemList.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
-#include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
-#include "platform/forms/window/TestSeams.h"
 #include "purchasing/frmPO.h"
 #include "purchasing/frmPOReceipt.h"
-#include "reports/frmItemLedger.h"
 #include "reports/frmLedger.h"
 #include "reports/frmPartyLedger.h"
-#include "reports/frmTPL.h"
-#include "screens/LentOrder.h"
+#include "screens/PictureBooks.h"
 #include "screens/ScreenTable.h"
+#include "screens/Walk.h"
 #include "shell/frmNewMenu.h"
 #include "shell/frmSearchAndLookUp.h"
 #include "vouchers/frmDayBook.h"
@@ -37,77 +33,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t PathAccess = 75;
-
-// What opens screens, and what is done in each that comes up, in order.
-struct Step {
-    std::string Form;
-    std::function<void(forms::Form&)> Visit;
-};
-
-void Walk(const std::vector<Step>& steps, const std::function<void()>& open) {
-    std::string fault;
-    {
-        forms::Script script([&](const std::string& what) { fault += what + '\n'; });
-        for (const Step& step : steps) script.Modal(step.Form, step.Visit);
-        open();
-    }
-    if (!fault.empty()) throw basic::Error(basic::error::InvalidCall, fault, "shell.Pictures");
-}
-
-fs::path Made(const std::string& folder) {
-    std::error_code failure;
-    fs::create_directories(folder, failure);
-    if (!fs::is_directory(folder))
-        throw basic::Error(PathAccess, "Path/File access error: " + folder + " cannot be made",
-                           "shell.Pictures");
-    return folder;
-}
-
 void WritePicture(forms::Form& form, const fs::path& folder) {
     const long scale = std::lround(form.PixelDensity() * 100);
     form.WritePicture(folder / (form.Name() + '@' + std::to_string(scale) + ".png"));
-}
-
-void WriteReport(ucHTMLBox& box, const fs::path& folder, const std::string& name) {
-    box.ui().dhtEdit->WritePdf(folder / (name + ".pdf"));
-    std::ofstream(folder / (name + ".txt"), std::ios::binary) << box.ui().dhtEdit->SelectedText() << '\n';
-}
-
-// The page that a report's screen shows when its OK is pressed.
-Step Page(const std::function<void(frmLedger&)>& visit) {
-    return {"frmLedger", [visit](forms::Form& form) { visit(dynamic_cast<frmLedger&>(form)); }};
-}
-
-// As a user does: all of the list, then OK.
-void PressOk(ucOPtSelective& list) {
-    list.ui().optAll->SetValue(true);
-    list.ui().cmdOk->Click.Fire();
-}
-
-void PrintAllLedgers(forms::Form& form) {
-    auto& ui = dynamic_cast<frmPartyLedger&>(form).ui();
-    ui.optDetail->SetValue(true);
-    PressOk(*ui.ucPartyLedger);
-}
-
-void PrintTrialBalance(forms::Form& form) {
-    auto& ui = dynamic_cast<frmPartyLedger&>(form).ui();
-    ui.optSumm->SetValue(true);
-    PressOk(*ui.ucPartyLedger);
-}
-
-void PrintAllItems(forms::Form& form) {
-    PressOk(*dynamic_cast<frmItemLedger&>(form).ui().ucItemLedger);
-}
-
-void ViewResults(forms::Form& form) {
-    dynamic_cast<frmTPL&>(form).ui().cmdView->Click.Fire();
-}
-
-template <class F>
-void Open() {
-    forms::Default<F>().Show(forms::vbModal);
 }
 
 void ShowMasters(forms::Form& form) {
@@ -190,7 +118,7 @@ void WriteInnerPictures(const std::function<void(forms::Form&)>& picture) {
 
 void WriteAllPictures(const std::string& folder) {
     const fs::path to = Made(folder);
-    const LentOrder order;
+    const PictureBooks books;
     const auto picture = [&](forms::Form& form) { WritePicture(form, to); };
     const auto menu = [&](forms::Form& form) {
         ShowMasters(form);
@@ -200,22 +128,6 @@ void WriteAllPictures(const std::string& folder) {
     for (const ScreenEntry& screen : ScreenTable()) WriteScreen(screen, picture);
     Walk({{"frmPartyLedger", PrintAllLedgers}, Page(picture)}, Open<frmPartyLedger>);
     WriteInnerPictures(picture);
-}
-
-// The ledgers first: the trial balance's heading shows their from date.
-void WriteAllReports(const std::string& folder) {
-    const fs::path to = Made(folder);
-    const auto page = [&](const char* name) {
-        return Page([&to, name](frmLedger& form) { WriteReport(*form.ui().ucHTMLBox, to, name); });
-    };
-    Walk({{"frmPartyLedger", PrintAllLedgers}, page("Ledger")}, Open<frmPartyLedger>);
-    Walk({{"frmPartyLedger", PrintTrialBalance}, page("Trial Balance")}, Open<frmPartyLedger>);
-    Walk({{"frmItemLedger", PrintAllItems}, page("Stock Ledger")}, Open<frmItemLedger>);
-    const auto results = [&](forms::Form& form) {
-        ViewResults(form);
-        WriteReport(*dynamic_cast<frmTPL&>(form).ui().ucHTMLBox, to, "Final Results");
-    };
-    Walk({{"frmTPL", results}}, Open<frmTPL>);
 }
 
 }  // namespace qm

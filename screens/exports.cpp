@@ -7,6 +7,7 @@
 #include "platform/forms/window/Form.h"
 #include "platform/forms/window/MessageBox.h"
 #include "screens/Pictures.h"
+#include "screens/ReportFiles.h"
 #include "screens/ScreenTable.h"
 #include "shell/frmNewMenu.h"
 

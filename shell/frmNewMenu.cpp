@@ -94,7 +94,7 @@ void frmNewMenu::Wire() {
         grid->MouseUp = [this, grid](int, int, int, int) { Release(*grid); };
     }
     ui().lblMinimize->Click = [this] { lblMinimize_Click(); };
-    ui().lblClose->Click = [this] { cmdExit_Click(); };
+    ui().lblClose->Click = [this] { lblClose_Click(); };
     for (forms::Label* label : {ui().lblMinimize, ui().lblClose})
         label->MouseMove = [label] { label->SetForeColor(forms::vbRed); };
 }

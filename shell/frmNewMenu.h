@@ -51,6 +51,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     void vsOptions_KeyDown(int& keyCode, int shift);
     void lblMinimize_Click();
     void cmdExit_Click();
+    void lblClose_Click() { cmdExit_Click(); }
 
     std::span<const ScreenEntry> screens_;
     int pressedRow_ = -1;

@@ -43,8 +43,8 @@ void frmSearchAndLookUp::Wire() {
     ui().txtsearch->KeyDown = [this](int& keyCode, int shift) { txtsearch_KeyDown(keyCode, shift); };
     ui().cmdget->Click = [this] { cmdget_Click(); };
     ui().grd->DblClick = [this] { grd_DblClick(); };
-    ui().chkAutosizeColumns->Click = [this] { SetGridColumnWidth(); };
-    ui().chkHighlightFirstRow->Click = [this] { HighlightGridRow(1); };
+    ui().chkAutosizeColumns->Click = [this] { chkAutosizeColumns_Click(); };
+    ui().chkHighlightFirstRow->Click = [this] { chkHighlightFirstRow_Click(); };
 }
 
 // The grid and cmdget are not enabled again while the form stays loaded, also when rows are found later.

@@ -36,6 +36,8 @@ class frmSearchAndLookUp : public forms::FormOf<Ui::frmSearchAndLookUp> {
     void txtsearch_KeyDown(int& keyCode, int shift);
     void cmdget_Click();
     void grd_DblClick();
+    void chkAutosizeColumns_Click() { SetGridColumnWidth(); }
+    void chkHighlightFirstRow_Click() { HighlightGridRow(1); }
 };
 
 }  // namespace qm

@@ -54,7 +54,7 @@ void frmDayBook::Wire() {
     ui().cmdDelete->Click = [this] { cmdDelete_Click(); };
     ui().cmdFilter->Click = [this] { cmdFilter_Click(); };
     ui().cmdRefresh->Click = [this] { cmdRefresh_Click(); };
-    ui().cmdClose->Click = [this] { Unload(); };
+    ui().cmdClose->Click = [this] { cmdClose_Click(); };
     ui().cmdOk->Click = [this] { cmdOk_Click(); };
     ui().cmdClear->Click = [this] { cmdClear_Click(); };
     ui().lvwDayBook->DblClick = [this] { cmdEdit_Click(); };
@@ -112,7 +112,7 @@ std::vector<forms::Form::Command> frmDayBook::CtrlCommands() {
     return {
         {'A', [this] { cmdAdd_Click(); }},    {'E', [this] { cmdEdit_Click(); }},
         {'D', [this] { cmdDelete_Click(); }}, {'R', [this] { cmdRefresh_Click(); }},
-        {'X', [this] { Unload(); }},          {'F', [this] { cmdFilter_Click(); }},
+        {'X', [this] { cmdClose_Click(); }},  {'F', [this] { cmdFilter_Click(); }},
         {'O', [this] { cmdOk_Click(); }},     {'C', [this] { cmdClear_Click(); }},
     };
 }

@@ -24,6 +24,7 @@ class frmDayBook : public forms::FormOf<Ui::frmDayBook> {
     void cmdDelete_Click();
     void cmdFilter_Click();
     void cmdRefresh_Click();
+    void cmdClose_Click() { Unload(); }
     void cmdOk_Click();
     void cmdClear_Click();
     void lvwDayBook_ColumnClick(int index);

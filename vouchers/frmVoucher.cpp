@@ -44,7 +44,7 @@ void frmVoucher::Wire() {
     ui().cmdNew->Click = [this] { cmdNew_Click(); };
     ui().cmdUndo->Click = [this] { cmdUndo_Click(); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
     WireGrid();
 }
 
@@ -57,7 +57,7 @@ std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
         {'N', [this] { cmdNew_Click(); }},
         {'Z', [this] { cmdUndo_Click(); }},
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 

@@ -42,9 +42,17 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     void cmdNew_Click();
     void cmdUndo_Click();
     void cmdSave_Click();
+    void cmdExit_Click() { Unload(); }
 
     void WireGrid();
+    void PrepareCombo();
+    void RefuseEdit(int row, int col, bool& cancel);
     void vsVoucher_GotFocus();
+    void vsVoucher_BeforeRowColChange(int newRow, bool& cancel);
+    void vsVoucher_KeyPress(int& key);
+    static void vsVoucher_KeyPressEdit(int col, int& key);
+    void vsCombo_LostFocus();
+    void vsCombo_EditDropped();
     void vsVoucher_AfterRowColChange();
     void vsVoucher_BeforeEdit(int row, int col, bool& cancel);
     void vsVoucher_StartEdit(int row, int col, bool& cancel);

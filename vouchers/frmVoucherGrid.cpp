@@ -24,23 +24,26 @@ void frmVoucher::WireGrid() {
     grid.GotFocus = [this] { vsVoucher_GotFocus(); };
     grid.AfterRowColChange = [this](int, int, int, int) { vsVoucher_AfterRowColChange(); };
     grid.BeforeRowColChange = [this](int, int, int newRow, int, bool& cancel) {
-        if (!lines_->IsLine(newRow)) cancel = true;
+        vsVoucher_BeforeRowColChange(newRow, cancel);
     };
-    grid.BeforeEdit = [this](int row, int col, bool& cancel) {
-        vsVoucher_BeforeEdit(row, col, cancel);
-        if (cancel) typed_.clear();
-    };
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsVoucher_BeforeEdit(row, col, cancel); };
     grid.StartEdit = [this](int row, int col, bool& cancel) { vsVoucher_StartEdit(row, col, cancel); };
     grid.ValidateEdit = [this](int, int col, bool& cancel) { vsVoucher_ValidateEdit(col, cancel); };
-    grid.KeyPressEdit = [](int, int col, int& key) {
-        if (IsAmount(col)) KeepFigures(key);
-    };
+    grid.KeyPressEdit = [](int, int col, int& key) { vsVoucher_KeyPressEdit(col, key); };
     grid.AfterEdit = [this](int row, int col) { vsVoucher_AfterEdit(row, col); };
     grid.KeyDown = [this](int& keyCode, int shift) { vsVoucher_KeyDown(keyCode, shift); };
-    grid.KeyPress = [this](int& key) {
-        typed_ = key >= ' ' ? basic::FromUtf16(std::u16string(1, static_cast<char16_t>(key))) : "";
-    };
+    grid.KeyPress = [this](int& key) { vsVoucher_KeyPress(key); };
 
+    PrepareCombo();
+    forms::VSFlexGrid& combo = *ui().vsCombo;
+    combo.ValidateEdit = [this](int, int, bool& cancel) { vsCombo_ValidateEdit(cancel); };
+    combo.AfterEdit = [this](int, int) { vsCombo_AfterEdit(); };
+    combo.LostFocus = [this] { vsCombo_LostFocus(); };
+    combo.EditDropped = [this] { vsCombo_EditDropped(); };
+}
+
+// One cell, whose list is that of the ledgers.
+void frmVoucher::PrepareCombo() {
     forms::VSFlexGrid& combo = *ui().vsCombo;
     combo.SetFixedRows(0);
     combo.SetRows(1);
@@ -48,13 +51,27 @@ void frmVoucher::WireGrid() {
     combo.SetEditable(true);
     combo.SetColComboList(0, "Dummy");
     combo.SetVisible(false);
-    combo.ValidateEdit = [this](int, int, bool& cancel) { vsCombo_ValidateEdit(cancel); };
-    combo.AfterEdit = [this](int, int) { vsCombo_AfterEdit(); };
-    combo.LostFocus = [this] { ui().vsVoucher->SetFocus(); };
-    combo.EditDropped = [this] {
-        ui().vsVoucher->SetFocus();
-        ui().vsCombo->SetVisible(false);
-    };
+}
+
+void frmVoucher::vsCombo_LostFocus() {
+    ui().vsVoucher->SetFocus();
+}
+
+void frmVoucher::vsCombo_EditDropped() {
+    ui().vsVoucher->SetFocus();
+    ui().vsCombo->SetVisible(false);
+}
+
+void frmVoucher::vsVoucher_BeforeRowColChange(int newRow, bool& cancel) {
+    if (!lines_->IsLine(newRow)) cancel = true;
+}
+
+void frmVoucher::vsVoucher_KeyPress(int& key) {
+    typed_ = key >= ' ' ? basic::FromUtf16(std::u16string(1, static_cast<char16_t>(key))) : "";
+}
+
+void frmVoucher::vsVoucher_KeyPressEdit(int col, int& key) {
+    if (IsAmount(col)) KeepFigures(key);
 }
 
 void frmVoucher::RefreshLedgerList() {
@@ -84,7 +101,7 @@ void frmVoucher::vsVoucher_AfterRowColChange() {
 
 // A line takes its side first; an amount goes only into the column of its side. A removed line, on which the
 // cursor may still stand, takes nothing more: what stands on it is what Save takes back.
-void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
+void frmVoucher::RefuseEdit(int row, int col, bool& cancel) {
     ui().vsCombo->SetVisible(false);
     if (col == Balance || ui().vsVoucher->RowHidden(row)) {
         cancel = true;
@@ -99,6 +116,11 @@ void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
     cancel = side.empty() || (col == DrAmount && side == "Cr.") || (col == CrAmount && side == "Dr.");
     if (IsAmount(col)) ui().vsVoucher->SetEditMaxLength(AmountLength);
     if (col == Particulars) ui().vsVoucher->SetEditMaxLength(NarrationLength);
+}
+
+void frmVoucher::vsVoucher_BeforeEdit(int row, int col, bool& cancel) {
+    RefuseEdit(row, col, cancel);
+    if (cancel) typed_.clear();
 }
 
 // The ledger's cell is never edited itself: the list of ledgers opens over it.

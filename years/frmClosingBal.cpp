@@ -28,7 +28,7 @@ void frmClosingBal::Wire() {
     ui().txtClosingBal->KeyPress = [this](int& keyAscii) { txtClosingBal_KeyPress(keyAscii); };
     ui().txtClosingBal->Validate = [this](bool& cancel) { txtClosingBal_Validate(cancel); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmClosingBal::Form_Load() {
@@ -39,7 +39,7 @@ std::vector<forms::Form::Command> frmClosingBal::CtrlCommands() {
     return {
         {'G', [this] { cmdGetBal_Click(); }},
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 

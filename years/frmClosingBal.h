@@ -27,6 +27,7 @@ class frmClosingBal : public forms::FormOf<Ui::frmClosingBal> {
     void txtClosingBal_KeyPress(int& keyAscii);
     void txtClosingBal_Validate(bool& cancel);
     void cmdSave_Click();
+    void cmdExit_Click() { Unload(); }
 
     std::int32_t ledgerId_ = 0;
     bool stockUnavailable_ = false;  // cmdGetBal was pressed, and there was no balance to get

@@ -29,7 +29,7 @@ std::string ShortForm(ado::Recordset& year) {
 void frmNewFinYear::Wire() {
     ui().txtFrom->Validate = [this](bool& cancel) { txtFrom_Validate(cancel); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmNewFinYear::Form_Load() {

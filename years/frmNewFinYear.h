@@ -17,6 +17,7 @@ class frmNewFinYear : public forms::FormOf<Ui::frmNewFinYear> {
   private:
     void txtFrom_Validate(bool& cancel);
     void cmdSave_Click();
+    void cmdExit_Click() { Unload(); }
 
     bool YearExists();
     bool PreviousYearExists();

@@ -17,8 +17,8 @@ struct PostedVoucher {
 
 struct PostingResult {
     std::vector<PostedVoucher> posted;  // what stands
-    std::optional<Fault> failure;       // none if all of the file was posted; else which row failed and what
-                                        // became of its voucher
+    // None if all of the file was posted; else which row failed and what became of its voucher.
+    std::optional<Fault> failure;
 };
 
 // Hears the rows done so far; says False to have the posting stop before the next voucher.

@@ -16,7 +16,7 @@
 #include "core/modGeneral.h"
 #include "platform/forms/controls/Controls.h"
 #include "platform/forms/grid/FlexGrid.h"
-#include "platform/forms/window/TestSeams.h"
+#include "platform/forms/window/Script.h"
 #include "tests/support/FreshBooks.h"
 
 extern "C" void qmAttachScreens();

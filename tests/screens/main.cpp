@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/forms/window/Application.h"
-#include "platform/forms/window/TestSeams.h"
+#include "tests/support/Watchdog.h"
 
 // The host of the screens: one without a window application, unless it is told to have its own. The platform
 // is the one that draws to memory, unless a developer names another.
@@ -15,6 +15,6 @@ int main(int argc, char** argv) {
     std::unique_ptr<QApplication> application;
     if (argc > 1 && std::string_view(argv[1]) == "--own-application")
         application = std::make_unique<QApplication>(argc, argv);
-    const forms::Watchdog watchdog(std::chrono::seconds(100));
+    const test::Watchdog watchdog(std::chrono::seconds(100));
     return RUN_ALL_TESTS();
 }

@@ -6,8 +6,8 @@ namespace ado {
 
 struct LogFate {
     std::string setAside;  // where a log went that belonged to another file
-    bool unreadable =
-        false;  // it cannot be told, since the file's first page cannot be read: nothing was done
+    // It cannot be told, since the file's first page cannot be read: nothing was done.
+    bool unreadable = false;
 };
 
 // Looks, before the library opens a store, whether the log beside it belongs to it, and sets a log of another

@@ -23,8 +23,8 @@ struct CellShown {
     Alignment Align = Alignment::Left;
     QColor Fore;  // invalid: the grid's own
     QColor Back;
-    int BlankFrom =
-        INT_MAX;  // where the empty cells left of it begin: a right-aligned text may stand out into them
+    // Where the empty cells left of it begin: a right-aligned text may stand out into them.
+    int BlankFrom = INT_MAX;
     bool Header = false;
     bool Bold = false;
     bool Italic = false;

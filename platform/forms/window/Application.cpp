@@ -14,8 +14,8 @@
 namespace forms {
 namespace {
 
-constexpr std::int32_t NoWindows =
-    429;  // "can't create object": the number for a part that cannot start here
+// "Can't create object": the number for a part that cannot start here.
+constexpr std::int32_t NoWindows = 429;
 
 [[noreturn]] void Refuse(const char* why) {
     throw basic::Error(NoWindows, why, "forms.Application");

@@ -14,8 +14,8 @@
 #include "platform/forms/grid/TextMeasure.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/EventScope.h"
+#include "platform/forms/window/Script.h"
 #include "platform/forms/window/Style.h"
-#include "platform/forms/window/TestSeams.h"
 
 namespace forms {
 namespace {
@@ -146,7 +146,7 @@ void Form::RunModal() {
     const QPointer<FormWindow> window = window_;
     QEventLoop loop;
     window->modalLoop_ = &loop;
-    if (!seams::VisitModal(*this)) loop.exec(QEventLoop::DialogExec);
+    if (!Script::TakeModal(*this)) loop.exec(QEventLoop::DialogExec);
     if (!window) return;
     window->modalLoop_ = nullptr;
     if (window->Owner() && window->isVisible()) Unload();  // the program is ending

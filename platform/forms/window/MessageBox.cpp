@@ -7,8 +7,8 @@
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/FocusKeeper.h"
+#include "platform/forms/window/Script.h"
 #include "platform/forms/window/Style.h"
-#include "platform/forms/window/TestSeams.h"
 
 namespace forms {
 namespace {
@@ -72,7 +72,7 @@ std::string Describe(const std::exception_ptr& error) {
 }  // namespace
 
 int ShowMessage(const std::string& text, int flags, const std::string& title) {
-    if (const auto answer = seams::TakeBox(text, flags, title)) return *answer;
+    if (const auto answer = Script::TakeBox(text, flags, title)) return *answer;
     EnsureApplication();
     return Ask(text, flags, title);
 }

@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/forms/controls/Controls.h"
-#include "platform/forms/window/TestSeams.h"
+#include "platform/forms/window/Script.h"
 
 using namespace forms;
 using testing::ElementsAre;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/forms/window/TestSeams.h"
+#include "tests/support/Watchdog.h"
 
 // The tests make the application, as a host would, on the platform that draws to memory unless a developer
 // names another.
@@ -10,6 +10,6 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
-    const forms::Watchdog watchdog(std::chrono::seconds(100));
+    const test::Watchdog watchdog(std::chrono::seconds(100));
     return RUN_ALL_TESTS();
 }

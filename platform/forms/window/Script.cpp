@@ -1,13 +1,4 @@
-#include "platform/forms/window/TestSeams.h"
-
-#include <condition_variable>
-#include <mutex>
-#include <thread>
-
-#include <execinfo.h>
-#include <pthread.h>
-#include <signal.h>
-#include <unistd.h>
+#include "platform/forms/window/Script.h"
 
 #include "platform/forms/window/Form.h"
 
@@ -19,14 +10,6 @@ Script* current = nullptr;
 // Yes and No are flag 4; where a box was not expected, it is answered with the button that does nothing.
 int SafeAnswer(int flags) {
     return flags & 4 ? 7 : 1;
-}
-
-void PrintStackAndAbort(int) {
-    void* frames[100];
-    const int count = backtrace(frames, 100);
-    backtrace_symbols_fd(frames, count, STDERR_FILENO);
-    signal(SIGABRT, SIG_DFL);
-    abort();
 }
 
 }  // namespace
@@ -86,44 +69,15 @@ void Script::VisitModal(Form& form) {
     if (form.Visible()) form.Unload();
 }
 
-struct Watchdog::State {
-    std::mutex mutex;
-    std::condition_variable ended;
-    bool over = false;
-    std::thread waiter;
-};
-
-Watchdog::Watchdog(std::chrono::seconds patience) : state_(std::make_unique<State>()) {
-    signal(SIGABRT, PrintStackAndAbort);
-    state_->waiter = std::thread([state = state_.get(), patience, watched = pthread_self()] {
-        std::unique_lock lock(state->mutex);
-        if (!state->ended.wait_for(lock, patience, [state] { return state->over; }))
-            pthread_kill(watched, SIGABRT);
-    });
-}
-
-Watchdog::~Watchdog() {
-    {
-        const std::lock_guard lock(state_->mutex);
-        state_->over = true;
-    }
-    state_->ended.notify_one();
-    state_->waiter.join();
-}
-
-namespace seams {
-
-std::optional<int> TakeBox(const std::string& text, int flags, const std::string& title) {
+std::optional<int> Script::TakeBox(const std::string& text, int flags, const std::string& title) {
     if (!current) return std::nullopt;
     return current->AnswerBox(text, flags, title);
 }
 
-bool VisitModal(Form& form) {
+bool Script::TakeModal(Form& form) {
     if (!current) return false;
     current->VisitModal(form);
     return true;
 }
-
-}  // namespace seams
 
 }  // namespace forms

@@ -1,7 +1,5 @@
-#include <QThread>
-
 #include "platform/forms/window/MessageBox.h"
-#include "platform/forms/window/TestSeams.h"
+#include "platform/forms/window/Script.h"
 #include "tests/platform/forms/window/Fixture.h"
 
 namespace {
@@ -47,16 +45,6 @@ TEST_F(ScriptTest, AnswersInOrderAndVisitsForms) {
     EXPECT_FALSE(form.Loaded()) << "closed after the visit";
     EXPECT_EQ(script.LeftOver(), 0U);
     EXPECT_THAT(faults, IsEmpty());
-}
-
-TEST(WatchdogDeathTest, EndsAHungTestWithItsStack) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(
-        {
-            const Watchdog watchdog(std::chrono::seconds(0));
-            for (;;) QThread::msleep(10);
-        },
-        "forms_test");
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <chrono>
 #include <deque>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -11,11 +9,11 @@ namespace forms {
 
 class Form;
 
-// What a test says in advance, in order: the message boxes and the modally shown forms that are to come, what
-// is answered to the one and done in the other. While a script lives, no box is shown and no modal loop is
-// run: a form shown modally is shown, visited and, if it is still visible after the visit, unloaded. A box or
-// a form that comes unexpected is reported and closed; one that never came is reported when the script ends.
-// One script at a time.
+// Walks the screens where no user sits: says in advance, in order, which message boxes and modally shown
+// forms are to come, what is answered to the one and done in the other. While a script lives, no box is shown
+// and no modal loop is run: a form shown modally is shown, visited and, if it is still visible after the
+// visit, unloaded. A box or a form that comes unexpected is reported and closed; one that never came is
+// reported when the script ends. One script at a time.
 class Script {
   public:
     using Report = std::function<void(const std::string&)>;
@@ -36,10 +34,14 @@ class Script {
     Script& Modal(std::string formName, std::function<void(Form&)> visit = {});
     std::size_t LeftOver() const { return steps_.size(); }
 
+    // The two places where the forms would wait for a user. Without a script they answer that they do.
+    static std::optional<int> TakeBox(const std::string& text, int flags, const std::string& title);
+    static bool TakeModal(Form& form);
+
+  private:
     int AnswerBox(const std::string& text, int flags, const std::string& title);
     void VisitModal(Form& form);
 
-  private:
     struct Step {
         std::optional<ExpectedBox> box;
         std::string formName;
@@ -51,22 +53,5 @@ class Script {
     Report report_;
     std::deque<Step> steps_;
 };
-
-// Ends a hung test: after the time it prints the stack of the thread that made it and aborts the process.
-class Watchdog {
-  public:
-    explicit Watchdog(std::chrono::seconds patience);
-    ~Watchdog();
-
-  private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
-
-// The two places where the forms would wait for a user. Without a script they answer that they do.
-namespace seams {
-std::optional<int> TakeBox(const std::string& text, int flags, const std::string& title);
-bool VisitModal(Form& form);
-}  // namespace seams
 
 }  // namespace forms
