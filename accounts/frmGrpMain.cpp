@@ -11,7 +11,7 @@
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
-#include "reports/LedgerTotals.h"
+#include "reports/RebuildProgress.h"
 #include "vouchers/frmVoucher.h"
 
 namespace qm {
@@ -88,7 +88,7 @@ std::vector<forms::Form::Command> frmGrpMain::CtrlCommands() {
 // The voucher screen calls it too, when it closes.
 void frmGrpMain::Form_Refresh() {
     const forms::WaitPointer wait;
-    RebuildLedgerTotals();
+    RebuildWithProgress();
     Reread();
     BuildTree();
 }

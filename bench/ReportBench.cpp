@@ -9,7 +9,7 @@
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"
 #include "reports/FinalResults.h"
-#include "reports/LedgerTotals.h"
+#include "reports/RebuildProgress.h"
 #include "reports/frmLedger.h"
 
 namespace bench {
@@ -52,7 +52,7 @@ void TrialBalanceOurs(benchmark::State& state) {
     Ours ours(BooksWith(Million, Place::Disk, 1));
     for (auto _ : state) {
         Page().BeginReport("Trial Balance");
-        qm::RebuildLedgerTotals();
+        qm::RebuildWithProgress();
         Page().PartyTrial({});
     }
     if (Page().ReportText().size() < 500000) state.SkipWithError("the report is short");
@@ -71,7 +71,7 @@ void FinalResultsOurs(benchmark::State& state) {
     Ours ours(BooksWith(Million, Place::Disk, 1));
     std::size_t length = 0;
     for (auto _ : state) {
-        qm::RebuildLedgerTotals({}, qm::BeforeRebuild::ZeroTotals);
+        qm::RebuildWithProgress({}, qm::BeforeRebuild::ZeroTotals);
         qm::FinalResults::Build();
         length = qm::FinalResults(basic::MakeDate(2002, 3, 31)).Print().size();
         ours.Conn().Execute("Delete * from tblsystpl");

@@ -1,16 +1,17 @@
 #include "inventory/BillBoxes.h"
 
 #include "core/DBCode.h"
-#include "inventory/EntryChecks.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 
 void BillBoxes::Wire(const std::function<void()>& recalc) const {
     for (forms::TextBox* input : {discount_, taxRate_, otherCharges_, roundOff_}) {
         input->Change = recalc;
-        input->KeyPress = KeepFigures;
+        input->KeyPress = [](int& keyAscii) { KeepFigures(keyAscii); };
         input->Validate = [input](bool& cancel) {
             if (IsQuantity(input->Text())) return;
             input->SetText("");
@@ -21,6 +22,19 @@ void BillBoxes::Wire(const std::function<void()>& recalc) const {
 
 double BillBoxes::Prefix(const forms::TextBox& box) {
     return basic::PrefixValue(box.Text());
+}
+
+Bill BillBoxes::Entered(std::int32_t txnNo) const {
+    return {.TxnNo = txnNo,
+            .Date = date_->Value(),
+            .Narration = basic::Trim(narration_->Text()),
+            .Amount = Prefix(*totalAmt_),
+            .Credit = {},
+            .Debit = {},
+            .BillNo = billNo_->Text(),
+            .Discount = Discount(),
+            .TaxRate = Prefix(*taxRate_),
+            .OtherCharges = Prefix(*otherCharges_)};
 }
 
 void BillBoxes::ShowBillTotal(double sum) const {

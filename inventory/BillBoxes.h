@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "core/BillFigures.h"
+#include "inventory/StockPosting.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/controls/Controls.h"
 
@@ -41,11 +42,11 @@ class BillBoxes {
     // nothing to save. A new one starts empty, the round-off too, and open.
     void SetSaved(bool saved, std::initializer_list<forms::ComboBox*> ledgers) const;
 
-    double BillTotal() const { return Prefix(*billTotal_); }  // these stop at the first comma
+    // The bill as it is entered, but for its two ledgers and its order. Amounts stop at the first comma.
+    Bill Entered(std::int32_t txnNo) const;
+    LandingCost Rates() const { return {discount_->Text(), taxRate_->Text()}; }
+    double BillTotal() const { return Prefix(*billTotal_); }  // these two stop at the first comma as well
     double Discount() const { return Prefix(*discount_); }
-    double TaxRate() const { return Prefix(*taxRate_); }
-    double OtherCharges() const { return Prefix(*otherCharges_); }
-    double Posted() const { return Prefix(*totalAmt_); }
 
   private:
     static double Prefix(const forms::TextBox& box);

@@ -4,26 +4,31 @@
 #include "core/ErrorModule.h"
 #include "core/NextNumber.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
+#include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
 
 const char* const FormName = "frmIssues";
-const char* const NewIssue = "<New>";
 constexpr int QtyWidth = 2000;
 
 }  // namespace
 
 void frmIssues::Wire() {
-    Grid().Wire(*ui().picButton);
+    Grid().Prepare(*ui().picButton);
     ui().cmbTxnNo->Change = [this] { FillIssueGrid(); };
     ui().cmbTxnNo->Click = [this] { FillIssueGrid(); };
-    ui().vsIssue->AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
-    ui().vsIssue->KeyDown = [this](int& keyCode, int) { vsIssue_KeyDown(keyCode); };
+    forms::VSFlexGrid& grid = *ui().vsIssue;
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsIssue_BeforeEdit(row, col, cancel); };
+    grid.KeyPressEdit = [this](int, int col, int& keyAscii) { vsIssue_KeyPressEdit(col, keyAscii); };
+    grid.ValidateEdit = [this](int, int col, bool& cancel) { vsIssue_ValidateEdit(col, cancel); };
+    grid.CellButtonClick = [this](int row, int) { vsIssue_CellButtonClick(row); };
+    grid.AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
+    grid.KeyDown = [this](int& keyCode, int) { vsIssue_KeyDown(keyCode); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
     ui().cmdExit->Click = [this] { Unload(); };
 }
@@ -32,7 +37,7 @@ void frmIssues::Load(std::int32_t trnNo) {
     ui().dtpDate->SetValue(basic::Clock::Today());
     FillIssueNumbers();
     trnNo_ = trnNo;
-    ui().cmbTxnNo->SetText(trnNo == 0 ? NewIssue : basic::NumberText(trnNo));
+    ui().cmbTxnNo->SetText(trnNo == 0 ? NewNumber : basic::NumberText(trnNo));
     Show(forms::vbModal);
 }
 
@@ -51,16 +56,32 @@ void frmIssues::FillIssueNumbers() {
         shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
     for (; !rows.Eof(); rows.MoveNext()) ui().cmbTxnNo->AddItem(basic::TextOrEmpty(rows["ItemLedTrnNo"]));
     rows.Close();
-    ui().cmbTxnNo->AddItem(NewIssue);
+    ui().cmbTxnNo->AddItem(NewNumber);
 }
 
 // The numbers are shared by all kinds of movement, so that of a receipt shows its rows here. Kept 60.
 void frmIssues::FillIssueGrid() {
     Grid().Setup(QtyWidth);
-    const std::string number = basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text()));
     const auto date = Grid().Fill(
-        "Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + number, "itemledtrnIssqty");
+        "Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo),
+        "itemledtrnIssqty");
     if (date) ui().dtpDate->SetValue(*date);
+}
+
+void frmIssues::vsIssue_BeforeEdit(int row, int col, bool& cancel) {
+    Grid().BeforeEdit(row, col, cancel);
+}
+
+void frmIssues::vsIssue_KeyPressEdit(int col, int& keyAscii) {
+    Grid().FilterKey(col, keyAscii);
+}
+
+void frmIssues::vsIssue_ValidateEdit(int col, bool& cancel) {
+    Grid().ValidateEdit(col, cancel);
+}
+
+void frmIssues::vsIssue_CellButtonClick(int row) {
+    Grid().CellButtonClick(row);
 }
 
 void frmIssues::vsIssue_AfterEdit(int row) {
@@ -97,13 +118,10 @@ bool frmIssues::RowIsComplete(int row) {
         LogError(FormName, 0, "", "");
         return false;
     }
-    if (Grid().Text(row, StockGrid::QtyCol).empty()) {
-        Grid().Refuse(row, StockGrid::QtyCol,
-                      "Please specify qty. to be issued for item\r\n\r\n'" +
-                          Grid().Text(row, StockGrid::NameCol) + "'");
-        return false;
-    }
-    return true;
+    return !Grid().Text(row, StockGrid::QtyCol).empty() ||
+           Grid().Refuse(row, StockGrid::QtyCol,
+                         "Please specify qty. to be issued for item\r\n\r\n'" +
+                             Grid().Text(row, StockGrid::NameCol) + "'");
 }
 
 // Saved rows are tested too, though the net quantity is already without theirs. Each search goes on from
@@ -115,10 +133,10 @@ bool frmIssues::StockSuffices(int row, ado::Recordset& stock) {
                ado::adSearchForward);
     const basic::Value net = stock["NetQty"];
     if (net.IsNull() || basic::ToDouble(net) >= Grid().Number(row, StockGrid::QtyCol)) return true;
-    Grid().Refuse(row, StockGrid::QtyCol,
-                  "Net qty. present in stock for Item '" + Grid().Text(row, StockGrid::NameCol) +
-                      "' = " + basic::ToText(net) + "\r\n\r\nCannot issue qty. more than stock available");
-    return false;
+    return Grid().Refuse(row, StockGrid::QtyCol,
+                         "Net qty. present in stock for Item '" + Grid().Text(row, StockGrid::NameCol) +
+                             "' = " + basic::ToText(net) +
+                             "\r\n\r\nCannot issue qty. more than stock available");
 }
 
 // Each row commits by itself: what was written before a failure stays. Kept 57.
@@ -129,7 +147,7 @@ void frmIssues::cmdSave_Click() {
         for (int row = 1; row < Grid().EntryRow(); ++row) SaveRow(row);
         Tell("Issue details saved with Issue voucher no. '" + basic::NumberText(trnNo_) + "'");
         FillIssueNumbers();  // it empties the box, so that "<New>" is a change and clears the grid
-        ui().cmbTxnNo->SetText(NewIssue);
+        ui().cmbTxnNo->SetText(NewNumber);
         ui().vsIssue->Select(1, StockGrid::NameCol);
     } catch (const basic::Error& error) {
         RollbackOpen();
@@ -140,9 +158,9 @@ void frmIssues::cmdSave_Click() {
 
 // Any other text than "<New>" is the number, whether such an issue is there or not. Kept 60.
 std::int32_t frmIssues::IssueNumber() {
-    if (ui().cmbTxnNo->Text() == NewIssue)
+    if (ui().cmbTxnNo->Text() == NewNumber)
         return NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
-    return basic::ToLong(basic::PrefixValue(ui().cmbTxnNo->Text()));
+    return basic::ToLong(NumberIn(*ui().cmbTxnNo));
 }
 
 void frmIssues::SaveRow(int row) {
@@ -161,7 +179,7 @@ void frmIssues::SaveRow(int row) {
                         .UnitPrice = Grid().Number(row, StockGrid::PriceCol)});
         AddToItem("IssuedQty", item, qty);
     } else if (Grid().IsMarked(row)) {
-        UpdateRemark(basic::PrefixValue(ui().cmbTxnNo->Text()), item, "Issue", note);
+        UpdateRemark(NumberIn(*ui().cmbTxnNo), item, "Issue", note);
     }
     Conn().CommitTrans();
 }

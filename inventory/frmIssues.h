@@ -26,6 +26,10 @@ class frmIssues : public forms::FormOf<Ui::frmIssues> {
 
     void FillIssueNumbers();
     void FillIssueGrid();
+    void vsIssue_BeforeEdit(int row, int col, bool& cancel);
+    void vsIssue_KeyPressEdit(int col, int& keyAscii);
+    void vsIssue_ValidateEdit(int col, bool& cancel);
+    void vsIssue_CellButtonClick(int row);
     void vsIssue_AfterEdit(int row);
     void vsIssue_KeyDown(int keyCode);
 

@@ -5,13 +5,15 @@
 #include "core/ErrorModule.h"
 #include "core/NextNumber.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
+#include "inventory/BillFooter.h"
+#include "inventory/LedgerBox.h"
+#include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"
-#include "inventory/TotalRows.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -21,27 +23,23 @@ constexpr int QtyWidth = 1500;  // twips
 }  // namespace
 
 StockGrid frmReceipt::Grid() {
-    return {*ui().vsReceipt, TotalRows};
-}
-
-bool frmReceipt::IsNew() {
-    const std::string text = ui().cmbReceipt->Text();
-    return text.empty() || text == "<New>";
-}
-
-std::string frmReceipt::NumberOfText() {
-    return basic::NumberText(basic::PrefixValue(ui().cmbReceipt->Text()));
+    return {*ui().vsReceipt, FooterRows};
 }
 
 void frmReceipt::Wire() {
     ui().cmbReceipt->Change = [this] { LoadReceipt(); };
     ui().cmbReceipt->Click = [this] { LoadReceipt(); };
-    Grid().Wire(*ui().picButton);
-    ui().vsReceipt->BeforeRowColChange = [this](int, int, int row, int, bool& cancel) {
-        cancel = IsTotalRow(*ui().vsReceipt, row);
+    Grid().Prepare(*ui().picButton);
+    forms::VSFlexGrid& grid = *ui().vsReceipt;
+    grid.BeforeRowColChange = [this](int, int, int row, int, bool& cancel) {
+        vsReceipt_BeforeRowColChange(row, cancel);
     };
-    ui().vsReceipt->AfterEdit = [this](int row, int col) { vsReceipt_AfterEdit(row, col); };
-    ui().vsReceipt->KeyDown = [this](int& keyCode, int) { vsReceipt_KeyDown(keyCode); };
+    grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsReceipt_BeforeEdit(row, col, cancel); };
+    grid.KeyPressEdit = [this](int, int col, int& keyAscii) { vsReceipt_KeyPressEdit(col, keyAscii); };
+    grid.ValidateEdit = [this](int, int col, bool& cancel) { vsReceipt_ValidateEdit(col, cancel); };
+    grid.CellButtonClick = [this](int row, int) { vsReceipt_CellButtonClick(row); };
+    grid.AfterEdit = [this](int row, int col) { vsReceipt_AfterEdit(row, col); };
+    grid.KeyDown = [this](int& keyCode, int) { vsReceipt_KeyDown(keyCode); };
     Boxes().Wire([this] { RecalcBill(); });
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
     ui().cmdExit->Click = [this] { cmdExit_Click(); };
@@ -53,7 +51,7 @@ void frmReceipt::Load(std::int32_t trnNo) {
     FillItemLedgers();
     FillSuppliers();
     trnNo_ = trnNo;
-    ui().cmbReceipt->SetText(trnNo == 0 ? "<New>" : std::to_string(trnNo));
+    ui().cmbReceipt->SetText(trnNo == 0 ? NewNumber : std::to_string(trnNo));
     Show(forms::vbModal);
 }
 
@@ -72,7 +70,7 @@ void frmReceipt::FillReceiptNumbers() {
          FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
                           " Where ItemLedTrnType = 'Receipt' And ItemLedPoNo = 0"))
         box.AddItem(basic::TextOrEmpty(number));
-    box.AddItem("<New>");
+    box.AddItem(NewNumber);
 }
 
 // No purchase ledger is offered here: kept 58.
@@ -88,42 +86,34 @@ void frmReceipt::FillSuppliers() {
 }
 
 void frmReceipt::FillLedgers(forms::ComboBox& box, const std::string& groups, const std::string& more) {
-    box.Clear();
-    ado::Recordset ledgers;
-    ledgers.Open(
+    FillLedgerBox(
+        box,
         "Select Ledger_Master.Ledger_ID, Name, Group_ID, PrimaryGrp,  Opening_Bal, Closing_Bal, Bal_Type, "
         "LedDetDrTxnTot, LedDetCrTxnTot  From Ledger_Master, Ledger_Details Where PrimaryGrp in  " +
             groups +
             "And Ledger_Master.Ledger_ID = Ledger_Details.Ledger_ID  And Ledger_Details.Fnncl_Yr = " +
-            shared().FinYear + more,
-        shared().Connection);
-    for (; !ledgers.Eof(); ledgers.MoveNext()) {
-        box.AddItem(basic::TextOrEmpty(ledgers["Name"]));
-        box.SetItemData(box.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
-    }
-    ledgers.Close();
+            shared().FinYear + more);
 }
 
 void frmReceipt::LoadReceipt() {
     FillReceiptGrid();
     FillBillFields();
-    Boxes().SetSaved(!IsNew(), {ui().cmbSupplier, ui().cmbItemLedgers});
+    Boxes().SetSaved(ShowsSaved(*ui().cmbReceipt), {ui().cmbSupplier, ui().cmbItemLedgers});
 }
 
 void frmReceipt::FillReceiptGrid() {
     Grid().Setup(QtyWidth);
-    const auto date =
-        Grid().Fill("Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + NumberOfText() +
-                        " And ItemLedTrnType = 'Receipt'",
-                    "ItemLedTrnRptQty");
+    const auto date = Grid().Fill("Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " +
+                                      NumberTextIn(*ui().cmbReceipt) + " And ItemLedTrnType = 'Receipt'",
+                                  "ItemLedTrnRptQty");
     if (date) ui().dtpDate->SetValue(*date);
-    AddTotalRows(*ui().vsReceipt);
+    AddFooter(*ui().vsReceipt);
     RecalcGridTotal();
 }
 
 // An entry of amount 0 fills neither ledger box.
 void frmReceipt::FillBillFields() {
-    if (IsNew()) {
+    if (!ShowsSaved(*ui().cmbReceipt)) {
         Boxes().Empty();
         ui().cmbSupplier->SetListIndex(-1);
         ui().cmbItemLedgers->SetListIndex(-1);
@@ -134,7 +124,8 @@ void frmReceipt::FillBillFields() {
         "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerNarration, BillID, BillDiscount, "
         "BillTaxRate, BillOtherCharges From " +
             YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
-            " Where BillVchrNo = LedgerTrnNo And IsPOBill  = False And BillTxnID = " + NumberOfText(),
+            " Where BillVchrNo = LedgerTrnNo And IsPOBill  = False And BillTxnID = " +
+            NumberTextIn(*ui().cmbReceipt),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (!rows.Eof()) Boxes().Show(rows);
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -146,12 +137,32 @@ void frmReceipt::FillBillFields() {
 }
 
 void frmReceipt::RecalcGridTotal() {
-    Boxes().ShowBillTotal(ShowTotal(*ui().vsReceipt, StockGrid::QtyCol, StockGrid::PriceCol));
+    Boxes().ShowBillTotal(ShowGridTotal(*ui().vsReceipt, StockGrid::QtyCol, StockGrid::PriceCol));
     RecalcBill();
 }
 
 void frmReceipt::RecalcBill() {
     Boxes().Recalc(ReceiptBill);
+}
+
+void frmReceipt::vsReceipt_BeforeRowColChange(int row, bool& cancel) {
+    cancel = IsInFooter(*ui().vsReceipt, row);
+}
+
+void frmReceipt::vsReceipt_BeforeEdit(int row, int col, bool& cancel) {
+    Grid().BeforeEdit(row, col, cancel);
+}
+
+void frmReceipt::vsReceipt_KeyPressEdit(int col, int& keyAscii) {
+    Grid().FilterKey(col, keyAscii);
+}
+
+void frmReceipt::vsReceipt_ValidateEdit(int col, bool& cancel) {
+    Grid().ValidateEdit(col, cancel);
+}
+
+void frmReceipt::vsReceipt_CellButtonClick(int row) {
+    Grid().CellButtonClick(row);
 }
 
 void frmReceipt::vsReceipt_AfterEdit(int row, int col) {
@@ -175,26 +186,17 @@ void frmReceipt::vsReceipt_KeyDown(int keyCode) {
 // A bill number that is there already passes, and so do a quantity of 0 and a receipt with no items. Kept 59.
 bool frmReceipt::ValidateReceipt() {
     if (!DateIsInYear(*ui().dtpDate)) return false;
-    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        Tell("Please enter the bill no.");
-        ui().txtBillNo->SetFocus();
-        return false;
-    }
+    if (!IsFilled(*ui().txtBillNo, "Please enter the bill no.")) return false;
     if (!IsChosen(*ui().cmbSupplier, "Please select a supplier")) return false;
     if (!IsChosen(*ui().cmbItemLedgers, "Please select a ledger to be debited")) return false;
     if (ui().vsReceipt->Rows() == 2) return false;
     const StockGrid grid = Grid();
     for (int row = 1; row < grid.EntryRow(); ++row) {
         const std::string item = grid.Text(row, StockGrid::NameCol);
-        if (item.empty()) {
-            grid.Refuse(row, StockGrid::NameCol, "Please select items to be issued");
-            return false;
-        }
-        if (grid.Text(row, StockGrid::QtyCol).empty()) {
-            grid.Refuse(row, StockGrid::QtyCol,
-                        "Please specify qty. to be issued for item\r\n\r\n'" + item + "'");
-            return false;
-        }
+        if (item.empty()) return grid.Refuse(row, StockGrid::NameCol, "Please select items to be issued");
+        if (grid.Text(row, StockGrid::QtyCol).empty())
+            return grid.Refuse(row, StockGrid::QtyCol,
+                               "Please specify qty. to be issued for item\r\n\r\n'" + item + "'");
     }
     return true;
 }
@@ -203,14 +205,13 @@ bool frmReceipt::ValidateReceipt() {
 // new number. Kept 57.
 void frmReceipt::SaveRows() {
     const StockGrid grid = Grid();
-    LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
+    LandingCost landingCost = Boxes().Rates();
     for (int row = 1; row < grid.EntryRow(); ++row) {
         const double itemId = grid.Number(row, StockGrid::ItemCol);
         const std::string remark = grid.Text(row, StockGrid::NoteCol);
         Conn().BeginTrans();
         if (grid.IsSaved(row)) {
-            if (grid.IsMarked(row))
-                UpdateRemark(basic::PrefixValue(ui().cmbReceipt->Text()), itemId, "Receipt", remark);
+            if (grid.IsMarked(row)) UpdateRemark(NumberIn(*ui().cmbReceipt), itemId, "Receipt", remark);
         } else {
             const double price = grid.Number(row, StockGrid::PriceCol);
             const double qty = grid.Number(row, StockGrid::QtyCol);
@@ -232,26 +233,19 @@ void frmReceipt::SaveRows() {
 
 void frmReceipt::SaveBill() {
     const forms::ComboBox &supplier = *ui().cmbSupplier, &ledger = *ui().cmbItemLedgers;
-    PostBill({.TxnNo = trnNo_,
-              .Date = ui().dtpDate->Value(),
-              .Narration = basic::Trim(ui().txtNarration->Text()),
-              .Amount = Boxes().Posted(),
-              .Credit = {supplier.ItemData(supplier.ListIndex()), basic::Trim(supplier.Text())},
-              .Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()},
-              .BillNo = ui().txtBillNo->Text(),
-              .Discount = Boxes().Discount(),
-              .TaxRate = Boxes().TaxRate(),
-              .OtherCharges = Boxes().OtherCharges()});
+    Bill bill = Boxes().Entered(trnNo_);
+    bill.Credit = {supplier.ItemData(supplier.ListIndex()), basic::Trim(supplier.Text())};
+    bill.Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()};
+    PostBill(bill);
 }
 
 void frmReceipt::cmdSave_Click() {
     const forms::WaitPointer wait;
     try {
         if (!ValidateReceipt()) return;
-        const std::string number = ui().cmbReceipt->Text();
-        trnNo_ = number == "<New>"
+        trnNo_ = ui().cmbReceipt->Text() == NewNumber
                      ? NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"))
-                     : basic::ToLong(basic::PrefixValue(number));
+                     : basic::ToLong(NumberIn(*ui().cmbReceipt));
         SaveRows();
         SaveBill();
         Tell("Issue details saved with Receipt voucher no. '" + std::to_string(trnNo_) + "'");

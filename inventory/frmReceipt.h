@@ -25,8 +25,6 @@ class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
   private:
     StockGrid Grid();
     BillBoxes Boxes() { return BillBoxes(ui()); }
-    bool IsNew();                // the number box is empty or reads "<New>"
-    std::string NumberOfText();  // of the number box, as statements take it; 0 for "<New>"
 
     void FillReceiptNumbers();
     void FillItemLedgers();
@@ -39,6 +37,11 @@ class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
     void RecalcGridTotal();
     void RecalcBill();
 
+    void vsReceipt_BeforeRowColChange(int row, bool& cancel);
+    void vsReceipt_BeforeEdit(int row, int col, bool& cancel);
+    void vsReceipt_KeyPressEdit(int col, int& keyAscii);
+    void vsReceipt_ValidateEdit(int col, bool& cancel);
+    void vsReceipt_CellButtonClick(int row);
     void vsReceipt_AfterEdit(int row, int col);
     void vsReceipt_KeyDown(int keyCode);
 

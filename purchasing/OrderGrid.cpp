@@ -2,7 +2,6 @@
 
 #include "core/Boxes.h"
 #include "core/modGeneral.h"
-#include "inventory/PickedItems.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
 
@@ -10,26 +9,18 @@ namespace qm {
 
 void OrderGrid::Setup() const {
     grid_->SetCols(Columns);
-    const char* const headings[] = {"", "", "Item Code", "Item Description", "Unit Rate", "Qty."};
-    for (int col = 0; col < Columns; ++col) grid_->SetTextMatrix(0, col, headings[col]);
+    const ItemHeading headings[] = {{.Text = "", .Hidden = true},
+                                    {.Text = "", .Hidden = true},
+                                    {.Text = "Item Code", .Hidden = true},
+                                    {"Item Description", 4000},
+                                    {.Text = "Unit Rate", .Width = 1500, .Figures = true},
+                                    {.Text = "Qty.", .Width = 1500, .Figures = true}};
+    SetHeadings(headings);
     grid_->SetCellFontBold(0, 0, 0, QtyCol, true);
     grid_->SetCellAlignment(0, 0, 0, QtyCol, forms::Alignment::Center);
-    grid_->SetColBoolean(MarkCol, true);
-    for (const int hidden : {MarkCol, OrderCol, ItemCol}) grid_->SetColHidden(hidden, true);
-    grid_->SetColWidth(NameCol, 4000);
-    grid_->SetGrowingCol(NameCol);
     grid_->SetColComboList(NameCol, "...");
-    for (const int figures : {RateCol, QtyCol}) {
-        grid_->SetColWidth(figures, 1500);
-        grid_->SetColAlignment(figures, forms::Alignment::Right);
-    }
     grid_->SetEditable(true);
     grid_->SetCol(NameCol);  // the columns before it are hidden
-}
-
-void OrderGrid::Empty() const {
-    grid_->SetRows(1);
-    grid_->SetRows(2);
 }
 
 void OrderGrid::Fill(std::int32_t orderNo) const {
@@ -50,13 +41,12 @@ void OrderGrid::Fill(std::int32_t orderNo) const {
     }
 }
 
-std::string OrderGrid::Number(int row, int col) const {
-    return basic::NumberText(grid_->ValueMatrix(row, col));
+std::string OrderGrid::Figure(int row, int col) const {
+    return basic::NumberText(Number(row, col));
 }
 
 bool OrderGrid::IsFixed(int row, int col) const {
-    const bool hasItem = !Text(row, ItemCol).empty();
-    return col == RateCol || (col == NameCol && hasItem) || (col == QtyCol && !hasItem);
+    return col == RateCol || (col == NameCol && HasItem(row)) || (col == QtyCol && !HasItem(row));
 }
 
 void OrderGrid::Remove(int row) const {
@@ -64,31 +54,6 @@ void OrderGrid::Remove(int row) const {
         grid_->SetRowHidden(row, true);
     else
         grid_->RemoveItem(row);
-}
-
-std::unordered_map<std::string, int> OrderGrid::RowsByItem() const {
-    std::unordered_map<std::string, int> rows;
-    for (int row = 1; row < grid_->Rows(); ++row) rows.emplace(Text(row, ItemCol), row);
-    return rows;
-}
-
-void OrderGrid::AddPicked() const {
-    const std::vector<PickedItem> picked = PickItems();
-    auto rows = RowsByItem();
-    for (const PickedItem& item : picked) {
-        const std::string id = basic::NumberText(item.Id);
-        if (const auto there = rows.find(id); there != rows.end()) {
-            if (!IsRemoved(there->second)) Tell("Item '" + item.Name + "' already added !!!");
-            continue;
-        }
-        if (!Text(grid_->Rows() - 1, ItemCol).empty()) grid_->SetRows(grid_->Rows() + 1);
-        const int row = grid_->Rows() - 1;
-        rows.emplace(id, row);
-        grid_->SetTextMatrix(row, ItemCol, id);
-        grid_->SetTextMatrix(row, NameCol, item.Name);
-        grid_->SetTextMatrix(row, RateCol, basic::NumberText(item.Price));
-        grid_->SetRows(row + 2);
-    }
 }
 
 }  // namespace qm

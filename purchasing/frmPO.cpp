@@ -7,12 +7,13 @@
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
+#include "inventory/LedgerBox.h"
 #include "inventory/StockPosting.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "purchasing/frmPOReceipt.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -38,9 +39,7 @@ void frmPO::Wire() {
     ui().vsPODet->KeyPress = [this](int& keyAscii) {
         if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
     };
-    ui().vsPODet->KeyPressEdit = [](int, int col, int& keyAscii) {
-        if (col == OrderGrid::QtyCol) KeepFigures(keyAscii);
-    };
+    ui().vsPODet->KeyPressEdit = [this](int, int col, int& keyAscii) { Lines().FilterKey(col, keyAscii); };
     ui().vsPODet->BeforeEdit = [this](int row, int col, bool& cancel) {
         cancel = OrderIsTouched() || Lines().IsFixed(row, col);
     };
@@ -85,19 +84,12 @@ void frmPO::ResetPurchaseOrders() {
 
 // Deleted ledgers are listed, so that old orders stay reachable; a save for one is refused. Kept 65.
 void frmPO::FillPOSuppliers() {
-    forms::ComboBox& suppliers = *ui().cmbSuppliers;
-    suppliers.Clear();
-    ado::Recordset ledgers;
-    ledgers.Open(
+    FillLedgerBox(
+        *ui().cmbSuppliers,
         "Select ledger_master.Ledger_Id, name from  ledger_master, Ledger_Details Where "
         "ledger_master.ledger_id =  Ledger_Details.ledger_id And Fnncl_Yr = " +
             shared().FinYear +
-            " And (ledger_master.PrimaryGrp =  'Suppliers' Or ledger_master.PrimaryGrp = 'Debtors')",
-        shared().Connection);
-    for (; !ledgers.Eof(); ledgers.MoveNext()) {
-        suppliers.AddItem(basic::TextOrEmpty(ledgers["Name"]));
-        suppliers.SetItemData(suppliers.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
-    }
+            " And (ledger_master.PrimaryGrp =  'Suppliers' Or ledger_master.PrimaryGrp = 'Debtors')");
 }
 
 // Cancelled orders never show.
@@ -208,17 +200,11 @@ bool frmPO::SupplierStands() {
 }
 
 bool frmPO::LinesAreComplete() {
-    const auto refuse = [this](int row, int col, const std::string& message) {
-        Tell(message);
-        ui().vsPODet->Select(row, col);
-        ui().vsPODet->SetFocus();
-        return false;
-    };
     for (int row = 1; row <= Lines().LastLine(); ++row) {
-        if (Lines().Text(row, OrderGrid::ItemCol).empty())
-            return refuse(row, OrderGrid::NameCol, "Please select any item to order");
+        if (!Lines().HasItem(row))
+            return Lines().Refuse(row, OrderGrid::NameCol, "Please select any item to order");
         if (Lines().Text(row, OrderGrid::QtyCol).empty())
-            return refuse(
+            return Lines().Refuse(
                 row, OrderGrid::QtyCol,
                 "Please enter the qty. ordered for item '" + Lines().Text(row, OrderGrid::NameCol) + "'");
     }
@@ -273,13 +259,13 @@ void frmPO::SaveExisting() {
 }
 
 void frmPO::SaveLine(int row, const std::string& number) {
-    const std::string item = Lines().Number(row, OrderGrid::ItemCol);
+    const std::string item = Lines().Figure(row, OrderGrid::ItemCol);
     if (Lines().IsRemoved(row))
         ExecuteCounted("Delete * From " + YearTable("tblPoDet") + " Where PoDetPoNo = " +
-                       Lines().Number(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
+                       Lines().Figure(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
     else if (Lines().IsMarked(row))
         ExecuteCounted("Update " + YearTable("tblPoDet") +
-                       " Set PoDetQtyOrder = " + Lines().Number(row, OrderGrid::QtyCol) +
+                       " Set PoDetQtyOrder = " + Lines().Figure(row, OrderGrid::QtyCol) +
                        " Where PoDetPoNo = " + number + " And PoDetItemID = " + item);
     else if (!Lines().IsSaved(row))
         InsertLine(row, number);
@@ -288,8 +274,8 @@ void frmPO::SaveLine(int row, const std::string& number) {
 void frmPO::InsertLine(int row, const std::string& number) {
     ExecuteCounted("Insert Into " + YearTable("tblPODet") +
                    " ( PoDetPoNo, PoDetItemID, PoDetItemDesc, PoDetQtyOrder) Values (" + number + ", " +
-                   Lines().Number(row, OrderGrid::ItemCol) + ", '" + Lines().Text(row, OrderGrid::NameCol) +
-                   "', " + Lines().Number(row, OrderGrid::QtyCol) + ")");
+                   Lines().Figure(row, OrderGrid::ItemCol) + ", '" + Lines().Text(row, OrderGrid::NameCol) +
+                   "', " + Lines().Figure(row, OrderGrid::QtyCol) + ")");
 }
 
 void frmPO::cmdCancelPO_Click() {

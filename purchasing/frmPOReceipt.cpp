@@ -8,25 +8,19 @@
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
 #include "core/modGeneral.h"
-#include "inventory/EntryChecks.h"
+#include "inventory/LedgerBox.h"
+#include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"
-#include "inventory/TotalRows.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
-namespace {
 
-enum Column { MarkCol, ItemCol, NameCol, RateCol, OrderedCol, PreviousCol, QtyCol, NoteCol, Columns };
-
-constexpr const char* NewReceipt = "<New>";
-constexpr int QtyLength = 9, NoteLength = 99;  // characters
-constexpr int HeadingHeight = 500;             // twips
-
-}  // namespace
+using enum OrderReceiptGrid::Column;
 
 void frmPOReceipt::Load(std::int32_t poNumber) {
     ui().dtpDate->SetValue(basic::Clock::Today());
@@ -42,16 +36,12 @@ void frmPOReceipt::Wire() {
     ui().cmbTxnNo->Change = [this] { LoadReceipt(); };
     ui().cmbTxnNo->Click = [this] { LoadReceipt(); };
     forms::VSFlexGrid& grid = *ui().vsItems;
-    grid.SetCols(Columns);
-    grid.SetCol(QtyCol);  // the first that is entered
-    grid.SetEditable(true);
+    Lines().Prepare();
+    grid.BeforeRowColChange = [this](int, int, int row, int, bool& cancel) {
+        vsItems_BeforeRowColChange(row, cancel);
+    };
     grid.BeforeEdit = [this](int row, int col, bool& cancel) { vsItems_BeforeEdit(row, col, cancel); };
-    grid.BeforeRowColChange = [&grid](int, int, int row, int, bool& cancel) {
-        cancel = IsTotalRow(grid, row);
-    };
-    grid.KeyPressEdit = [](int, int col, int& keyAscii) {
-        if (col == QtyCol) KeepFigures(keyAscii);
-    };
+    grid.KeyPressEdit = [this](int, int col, int& keyAscii) { vsItems_KeyPressEdit(col, keyAscii); };
     grid.ValidateEdit = [this](int row, int col, bool& cancel) { vsItems_ValidateEdit(row, col, cancel); };
     grid.AfterEdit = [this](int row, int col) { vsItems_AfterEdit(row, col); };
     Boxes().Wire([this] { Boxes().Recalc(OrderBill); });
@@ -67,77 +57,31 @@ std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
     };
 }
 
-bool frmPOReceipt::IsSaved() {
-    const std::string text = ui().cmbTxnNo->Text();
-    return !text.empty() && text != NewReceipt;
-}
-
-double frmPOReceipt::Outstanding(int row) {
-    return ui().vsItems->ValueMatrix(row, OrderedCol) - ui().vsItems->ValueMatrix(row, PreviousCol);
-}
-
-double frmPOReceipt::Received(int row) {
-    return ui().vsItems->ValueMatrix(row, QtyCol);
-}
-
 // Neither the year nor the mark of a deleted ledger is tested.
 void frmPOReceipt::FillPurchaseLedgers() {
-    forms::ComboBox& box = *ui().cmbPurchaseLedger;
-    box.Clear();
-    ado::Recordset ledgers;
-    ledgers.Open("Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp = 'Purchase'",
-                 shared().Connection);
-    for (; !ledgers.Eof(); ledgers.MoveNext()) {
-        box.AddItem(basic::TextOrEmpty(ledgers["Name"]));
-        box.SetItemData(box.NewIndex(), basic::ToLong(ledgers["Ledger_ID"]));
-    }
+    FillLedgerBox(*ui().cmbPurchaseLedger,
+                  "Select Ledger_ID, Name From Ledger_Master Where PrimaryGrp = 'Purchase'");
 }
 
 void frmPOReceipt::FillPOReceiptNumbers() {
     forms::ComboBox& box = *ui().cmbTxnNo;
     box.Clear();
-    box.AddItem(NewReceipt);
+    box.AddItem(NewNumber);
     for (const basic::Value& number :
          FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
                           " Where ItemLedPONo = " + ui().txtPoNo->Text()))
         box.AddItem(basic::TextOrEmpty(number));
-    box.SetText(NewReceipt);
+    box.SetText(NewNumber);
 }
 
 void frmPOReceipt::LoadReceipt() {
     LoadPOReceiptGrid();
     FillPOReceiptBill();
-    Boxes().SetSaved(IsSaved(), {ui().cmbPurchaseLedger});
-}
-
-void frmPOReceipt::SetupGrid() {
-    forms::VSFlexGrid& grid = *ui().vsItems;
-    grid.SetRows(1);
-    const struct {
-        const char* heading;
-        int width;  // twips
-    } columns[] = {{"", 0},
-                   {"Item\r\nCode", 700},
-                   {"Item\r\nName", 2500},
-                   {"Unit\r\nRate", 1200},
-                   {"Qty.\r\nOrdered", 1300},
-                   {"Qty. Prev.\r\nReceived", 1400},
-                   {"Qty.\r\nReceived", 1300},
-                   {"Remarks", 2600}};
-    grid.SetGrowingCol(NameCol);
-    for (int col = 0; col < Columns; ++col) {
-        grid.SetTextMatrix(0, col, columns[col].heading);
-        grid.SetColWidth(col, columns[col].width);
-        if (col >= RateCol && col <= QtyCol) grid.SetColAlignment(col, forms::Alignment::Right);
-    }
-    grid.SetRowHeight(0, HeadingHeight);
-    grid.SetColBoolean(MarkCol, true);
-    grid.SetColHidden(MarkCol, true);
-    grid.SetColHidden(PreviousCol, ui().cmbTxnNo->Text() != NewReceipt);
+    Boxes().SetSaved(ShowsSaved(*ui().cmbTxnNo), {ui().cmbPurchaseLedger});
 }
 
 void frmPOReceipt::LoadPOReceiptGrid() {
-    SetupGrid();
+    Lines().Setup(ui().cmbTxnNo->Text() == NewNumber);
     ado::Recordset lines;
     lines.Open("Select * From " + YearTable("tblPo") + ", " + YearTable("tblPoDet") +
                    " Where PoNumber = PoDetPoNo And PoNumber = " + std::to_string(poNumber_),
@@ -150,7 +94,7 @@ void frmPOReceipt::LoadPOReceiptGrid() {
         ui().vsItems->SetRows(ui().vsItems->Rows() + 1);
         ShowLine(basic::TextOrEmpty(lines["PoDetItemID"]), ui().vsItems->Rows() - 1, lines);
     }
-    AddTotalRows(*ui().vsItems);
+    AddFooter(*ui().vsItems);
     RecalcGridTotal();
 }
 
@@ -165,10 +109,10 @@ void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& 
     const ado::RecordsetPtr item =
         Conn().Execute("Select Unit_Price From " + YearTable("ItemMaster") + " Where Item_ID = " + itemId);
     if (!item->Eof()) show(RateCol, (*item)["Unit_Price"]);
-    if (ui().cmbTxnNo->Text() == NewReceipt) return show(PreviousCol, line["PoDetQtyRecd"]);
+    if (ui().cmbTxnNo->Text() == NewNumber) return show(PreviousCol, line["PoDetQtyRecd"]);
     const ado::RecordsetPtr movement = Conn().Execute(
-        "Select ItemLedTrnRptQty, ItemLedNote From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " +
-        basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text())) + " And ItemLedItemID = " + itemId);
+        "Select ItemLedTrnRptQty, ItemLedNote From " + YearTable("tblItemLed") +
+        " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo) + " And ItemLedItemID = " + itemId);
     if (movement->Eof()) return;
     show(QtyCol, (*movement)["ItemLedTrnRptQty"]);
     show(NoteCol, (*movement)["ItemLedNote"]);
@@ -177,7 +121,7 @@ void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& 
 // Only the entry's first row is read, and the credit was written first: the ledger's box may show the
 // supplier, who is not in its list. Kept 66.
 void frmPOReceipt::FillPOReceiptBill() {
-    if (!IsSaved()) {
+    if (!ShowsSaved(*ui().cmbTxnNo)) {
         Boxes().Empty();
         ui().cmbPurchaseLedger->SetListIndex(-1);
         return;
@@ -187,8 +131,7 @@ void frmPOReceipt::FillPOReceiptBill() {
         "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerNarration, BillID, BillDiscount, BillTaxRate, "
         "BillOtherCharges From " +
             YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
-            " Where BillVchrNo = LedgerTrnNo And IsPOBill And BillTxnID = " +
-            basic::NumberText(basic::PrefixValue(ui().cmbTxnNo->Text())),
+            " Where BillVchrNo = LedgerTrnNo And IsPOBill And BillTxnID = " + NumberTextIn(*ui().cmbTxnNo),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (bill.Eof()) return;
     Boxes().Show(bill);
@@ -196,41 +139,36 @@ void frmPOReceipt::FillPOReceiptBill() {
 }
 
 void frmPOReceipt::RecalcGridTotal() {
-    Boxes().ShowBillTotal(ShowTotal(*ui().vsItems, QtyCol, RateCol));
+    Boxes().ShowBillTotal(ShowGridTotal(*ui().vsItems, QtyCol, RateCol));
     Boxes().Recalc(OrderBill);
 }
 
+void frmPOReceipt::vsItems_BeforeRowColChange(int row, bool& cancel) {
+    cancel = IsInFooter(*ui().vsItems, row);
+}
+
 void frmPOReceipt::vsItems_BeforeEdit(int row, int col, bool& cancel) {
-    cancel = IsSaved() || IsTotalRow(*ui().vsItems, row) || (col != QtyCol && col != NoteCol) ||
-             (col == QtyCol && Outstanding(row) == 0) || (col == NoteCol && Received(row) == 0);
-    ui().vsItems->SetEditMaxLength(col == QtyCol ? QtyLength : NoteLength);
+    cancel = ShowsSaved(*ui().cmbTxnNo);
+    if (!cancel) Lines().BeforeEdit(row, col, cancel);
+}
+
+void frmPOReceipt::vsItems_KeyPressEdit(int col, int& keyAscii) {
+    Lines().FilterKey(col, keyAscii);
 }
 
 void frmPOReceipt::vsItems_ValidateEdit(int row, int col, bool& cancel) {
-    const std::string text = basic::Trim(ui().vsItems->EditText());
-    if (col != QtyCol || text.empty()) return;
-    if (!IsQuantity(text, "Please enter valid numeric quantity")) {
-        cancel = true;
-    } else if (Outstanding(row) < basic::PrefixValue(text)) {
-        Tell("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'");
-        cancel = true;
-    }
+    Lines().ValidateEdit(row, col, cancel);
 }
 
 void frmPOReceipt::vsItems_AfterEdit(int row, int col) {
-    if (col == QtyCol || col == NoteCol) ui().vsItems->SetCellChecked(row, MarkCol, Received(row) > 0);
+    if (col == QtyCol || col == NoteCol) Lines().Mark(row, Lines().Received(row) > 0);
     if (col == QtyCol) RecalcGridTotal();
 }
 
 // No quantity is asked for: a save without one books an entry and a bill without goods.
 bool frmPOReceipt::ValidatePOReceipt() {
-    if (!DateIsInYear(*ui().dtpDate)) return false;
-    if (basic::Trim(ui().txtBillNo->Text()).empty()) {
-        Tell("Please enter  the Bill No.");
-        ui().txtBillNo->SetFocus();
-        return false;
-    }
-    return IsChosen(*ui().cmbPurchaseLedger, "Please select a Purchase Ledger to be debited") &&
+    return DateIsInYear(*ui().dtpDate) && IsFilled(*ui().txtBillNo, "Please enter  the Bill No.") &&
+           IsChosen(*ui().cmbPurchaseLedger, "Please select a Purchase Ledger to be debited") &&
            DiscountIsMeant();
 }
 
@@ -246,8 +184,8 @@ bool frmPOReceipt::DiscountIsMeant() {
 }
 
 void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
-    const forms::VSFlexGrid& grid = *ui().vsItems;
-    const double item = grid.ValueMatrix(row, ItemCol), qty = Received(row);
+    const OrderReceiptGrid grid = Lines();
+    const double item = grid.Number(row, ItemCol), qty = grid.Received(row);
     Conn().BeginTrans();
     AddToItem("ReceivedQty", item, qty);
     ExecuteCounted("Update " + YearTable("tblPoDet") +
@@ -259,11 +197,11 @@ void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
                     .Type = "Receipt",
                     .ItemId = item,
                     .PoNo = poNumber_,
-                    .Description = grid.TextMatrix(row, NameCol),
+                    .Description = grid.Text(row, NameCol),
                     .Issued = {},
                     .Received = qty,
-                    .Note = grid.TextMatrix(row, NoteCol),
-                    .UnitPrice = grid.ValueMatrix(row, RateCol),
+                    .Note = grid.Text(row, NoteCol),
+                    .UnitPrice = grid.Number(row, RateCol),
                     .BillNo = Quoted(ui().txtBillNo->Text()),
                     .LandingCost = landingCost});
     Conn().CommitTrans();
@@ -271,19 +209,12 @@ void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
 
 void frmPOReceipt::SaveBill(std::int32_t txnNo) {
     const forms::ComboBox& ledger = *ui().cmbPurchaseLedger;
-    PostBill({.TxnNo = txnNo,
-              .Date = ui().dtpDate->Value(),
-              .Narration = basic::Trim(ui().txtNarration->Text()),
-              .Amount = Boxes().Posted(),
-              .Credit = {basic::ToLong(basic::Value(ui().txtSupplier->Tag)),
-                         basic::Trim(ui().txtSupplier->Text())},
-              .Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()},
-              .BillNo = ui().txtBillNo->Text(),
-              .OfOrder = true,
-              .InstrumentId = poNumber_,
-              .Discount = Boxes().Discount(),
-              .TaxRate = Boxes().TaxRate(),
-              .OtherCharges = Boxes().OtherCharges()});
+    Bill bill = Boxes().Entered(txnNo);
+    bill.Credit = {basic::ToLong(basic::Value(ui().txtSupplier->Tag)), basic::Trim(ui().txtSupplier->Text())};
+    bill.Debit = {ledger.ItemData(ledger.ListIndex()), ledger.Text()};
+    bill.OfOrder = true;
+    bill.InstrumentId = poNumber_;
+    PostBill(bill);
 }
 
 // Always a new number, on a saved receipt too. Each row commits by itself: those before one that fails stay,
@@ -294,10 +225,9 @@ void frmPOReceipt::cmdSave_Click() {
         if (!ValidatePOReceipt()) return;
         const std::int32_t txnNo =
             NextNumber("Select max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
-        LandingCost landingCost(ui().txtDiscount->Text(), ui().txtTaxRate->Text());
-        for (int row = 1; row <= ui().vsItems->Rows() - TotalRows; ++row)
-            if (ui().vsItems->CellChecked(row, MarkCol))
-                SaveRow(row, txnNo, landingCost.Next(ui().vsItems->ValueMatrix(row, RateCol)));
+        LandingCost landingCost = Boxes().Rates();
+        for (int row = 1; row <= ui().vsItems->Rows() - FooterRows; ++row)
+            if (Lines().IsMarked(row)) SaveRow(row, txnNo, landingCost.Next(Lines().Number(row, RateCol)));
         SaveBill(txnNo);
         FillPurchaseLedgers();
         LoadPOReceiptGrid();

@@ -6,6 +6,7 @@
 #include "inventory/BillBoxes.h"
 #include "platform/forms/controls/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
+#include "purchasing/OrderReceiptGrid.h"
 #include "ui_frmPOReceipt.h"
 
 namespace qm {
@@ -23,20 +24,19 @@ class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
 
   private:
     BillBoxes Boxes() { return BillBoxes(ui()); }
-    bool IsSaved();  // the number box shows a receipt, neither nothing nor "<New>"
-    double Outstanding(int row);
-    double Received(int row);
+    OrderReceiptGrid Lines() { return OrderReceiptGrid(*ui().vsItems); }
 
     void FillPurchaseLedgers();
     void FillPOReceiptNumbers();
     void LoadReceipt();
-    void SetupGrid();
     void LoadPOReceiptGrid();
     void ShowLine(const std::string& itemId, int row, ado::Recordset& line);
     void FillPOReceiptBill();
     void RecalcGridTotal();
 
+    void vsItems_BeforeRowColChange(int row, bool& cancel);
     void vsItems_BeforeEdit(int row, int col, bool& cancel);
+    void vsItems_KeyPressEdit(int col, int& keyAscii);
     void vsItems_ValidateEdit(int row, int col, bool& cancel);
     void vsItems_AfterEdit(int row, int col);
 

@@ -3,9 +3,11 @@
 #include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/GeneralUtils.h"
+#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -28,8 +30,7 @@ DateRange::DateRange(forms::DTPicker& from, forms::DTPicker& upto, std::function
 
 void DateRange::Refuse(forms::DTPicker& picker, basic::Date reset, const char* disorder, bool& cancel) const {
     cancel = true;
-    if (!IsDateInFinYear(picker.Value(), CurrentYear())) {
-        Tell(FinYearRangeText(CurrentYear()));
+    if (!IsInYear(picker.Value(), RangeNamed::CurrentYear)) {
         picker.SetValue(reset);
     } else if (basic::DaysBetween(upto_.Value(), from_.Value()) >= 1) {
         Tell(disorder);

@@ -5,7 +5,6 @@
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
-#include "platform/forms/window/Progress.h"
 
 namespace qm {
 namespace {
@@ -21,7 +20,7 @@ ado::RecordsetPtr OpenSums(const std::string& side, std::optional<std::int32_t> 
 
 // A sum over Null amounts alone is Null and counts as 0; the digits are those of the classic text.
 void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before,
-                 forms::Progress& progress, int done) {
+                 const std::function<void()>& written) {
     if (before == BeforeRebuild::ZeroTotals)
         Conn().Execute("Update Ledger_details Set ledDet" + side +
                        "TxnTot = 0 Where fnncl_yr = " + shared().FinYear);
@@ -30,7 +29,7 @@ void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild be
                        "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"])) +
                        " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
                        " And fnncl_yr = " + shared().FinYear);
-        progress.Step(++done);
+        written();
     }
 }
 
@@ -48,13 +47,17 @@ void WriteClosingBalances() {
 
 }  // namespace
 
-void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before) {
+void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before,
+                         const std::function<void(int done, int steps)>& progress) {
     const ado::RecordsetPtr debits = OpenSums("Dr", upto), credits = OpenSums("Cr", upto);
-    const int debitRows = static_cast<int>(debits->RecordCount());
-    const int creditRows = static_cast<int>(credits->RecordCount());
-    forms::Progress progress("Totals of the ledgers", debitRows + creditRows);  // never left half done
-    WriteTotals("Dr", *debits, before, progress, 0);
-    WriteTotals("Cr", *credits, before, progress, debitRows);
+    int done = 0;
+    const auto tell = [&, steps = static_cast<int>(debits->RecordCount() + credits->RecordCount())] {
+        if (progress) progress(done, steps);
+        ++done;
+    };
+    tell();
+    WriteTotals("Dr", *debits, before, tell);
+    WriteTotals("Cr", *credits, before, tell);
     WriteClosingBalances();
 }
 

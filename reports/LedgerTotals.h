@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace qm {
@@ -14,7 +15,9 @@ enum class BeforeRebuild { KeepTotals, ZeroTotals };
 // tb_Ledger<FinYear>: those up to a day number, or all of them. Partial totals stand until a rebuild over the
 // whole year puts them right, which is what each screen that makes them does when it closes. The statements
 // run one by one and in no transaction; a failing one is raised and leaves what was done before it.
+// `progress` hears how many ledgers are done of how many: 0 before the first is written, then each.
 void RebuildLedgerTotals(std::optional<std::int32_t> upto = {},
-                         BeforeRebuild before = BeforeRebuild::KeepTotals);
+                         BeforeRebuild before = BeforeRebuild::KeepTotals,
+                         const std::function<void(int done, int steps)>& progress = {});
 
 }  // namespace qm

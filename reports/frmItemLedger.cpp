@@ -4,7 +4,7 @@
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"
-#include "reports/SelectedStatements.h"
+#include "reports/SelectionReport.h"
 #include "reports/frmLedger.h"
 
 namespace qm {
@@ -36,6 +36,7 @@ void frmItemLedger::Form_Activate() {
     ui().ucItemLedger->SetFocus();
 }
 
+// optSumm is "Short Supply", which has no report.
 void frmItemLedger::OkClick() {
     if (!ui().optSumm->Value()) PrintStockLedger();
 }
@@ -74,7 +75,7 @@ void frmItemLedger::OpeningOf(const std::string& itemId, std::int32_t from, doub
     const ado::RecordsetPtr issued = earlier("itemledTrnissqty) As crVal");
     const basic::Value stock = (*stored)["open_Stock"];
     if (!stock.IsNull()) opening = basic::ToDouble(stock);
-    AddEarlier(opening, (*received)["drVal"], (*issued)["crVal"]);
+    opening = opening + basic::NumberOrZero((*received)["drVal"]) - basic::NumberOrZero((*issued)["crVal"]);
 }
 
 }  // namespace qm

@@ -3,8 +3,12 @@
 #include <algorithm>
 
 #include "core/Masks.h"
+#include "core/modGeneral.h"
 #include "platform/basic/Format.h"
+#include "reports/LedgerStatement.h"
 #include "reports/ReportPaper.h"
+#include "reports/StockLedger.h"
+#include "reports/TrialBalance.h"
 
 namespace qm {
 namespace {
@@ -63,6 +67,26 @@ void frmLedger::AppendHeading(const std::string& title, const std::string& span,
     Append(basic::Format(toDate_, toDateMask));
     Append(")</b></font></p>");
     Append("<hr></td></tr>");
+}
+
+void frmLedger::PartyPrnLed(double& opening, ado::Recordset& rs, const std::string& name) {
+    Append(LedgerStatement(name, fromDate_, opening, rs));
+}
+
+// All ledgers of the year, whatever was selected.
+void frmLedger::PartyTrial(basic::Date) {
+    ado::Recordset rs;
+    rs.Open(
+        "Select * from ledger_master, Ledger_Details  Where ledger_master.Ledger_Id = "
+        "Ledger_Details.Ledger_Id  And Fnncl_yr = " +
+            shared().FinYear,
+        shared().Connection);
+    Append(TrialBalance(rs));
+}
+
+void frmLedger::ItemPrnLed(double& opening, ado::Recordset& rs, const std::string& name,
+                           std::int16_t itemId) {
+    Append(StockLedger(itemId, name, fromDate_, opening, rs));
 }
 
 // The report is read-only in the end: showing it sets the switch that Editable let go of.

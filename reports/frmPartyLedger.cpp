@@ -6,8 +6,8 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
-#include "reports/LedgerTotals.h"
-#include "reports/SelectedStatements.h"
+#include "reports/RebuildProgress.h"
+#include "reports/SelectionReport.h"
 #include "reports/frmLedger.h"
 
 namespace qm {
@@ -100,7 +100,7 @@ void frmPartyLedger::OpeningOf(const std::string& ledgerId, std::int32_t from, d
     const basic::Value balance = (*stored)["opening_Bal"];
     if (!balance.IsNull())
         opening = basic::ToDouble(balance) * (basic::TextOrEmpty((*stored)["Bal_type"]) == "C" ? -1 : 1);
-    AddEarlier(opening, (*debits)["drVal"], (*credits)["crVal"]);
+    opening = opening + basic::NumberOrZero((*debits)["drVal"]) - basic::NumberOrZero((*credits)["crVal"]);
 }
 
 // The from date is not set: the heading shows what the report before left, the zero date if there was none.
@@ -111,7 +111,7 @@ void frmPartyLedger::PrintTrialBalance() {
     page.BeginReport("Trial Balance");
     {
         const forms::WaitPointer wait;
-        RebuildLedgerTotals(range_->Upto());
+        RebuildWithProgress(range_->Upto());
         page.PartyTrial(ui().dtpDateUpTo->Value());
         page.EndReport();
     }
@@ -119,7 +119,7 @@ void frmPartyLedger::PrintTrialBalance() {
 }
 
 void frmPartyLedger::Form_Unload() {
-    RebuildLedgerTotals();
+    RebuildWithProgress();
 }
 
 }  // namespace qm

@@ -5,7 +5,7 @@
 #include "platform/basic/Clock.h"
 #include "platform/forms/window/Application.h"
 #include "reports/FinalResults.h"
-#include "reports/LedgerTotals.h"
+#include "reports/RebuildProgress.h"
 #include "reports/ReportPaper.h"
 
 namespace qm {
@@ -32,7 +32,7 @@ std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
 void frmTPL::cmdView_Click() {
     const basic::Date upto = ui().dtpDate->Value();
     const forms::WaitPointer wait;
-    RebuildLedgerTotals(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
+    RebuildWithProgress(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
     FinalResults::Build();
     ui().ucHTMLBox->SetHTMl(FinalResults(upto).Print());
     ui().ucHTMLBox->ui().dhtEdit->SetPaper(ReportPaper(Caption(), Period(upto)));
@@ -42,7 +42,7 @@ void frmTPL::cmdView_Click() {
 
 void frmTPL::Form_Unload() {
     Conn().Execute("Delete * from tblsystpl");
-    RebuildLedgerTotals();
+    RebuildWithProgress();
 }
 
 }  // namespace qm

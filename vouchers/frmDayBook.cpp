@@ -12,6 +12,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"
+#include "shell/EntryChecks.h"
 #include "vouchers/DayBookLines.h"
 #include "vouchers/frmVoucher.h"
 
@@ -252,21 +253,13 @@ basic::Date frmDayBook::FirstOfApril(int yearsOn) const {
     return basic::MakeDate(basic::ToInteger(basic::Value(shared().FinYear)) + yearsOn, 4, 1);
 }
 
-bool frmDayBook::InYear(basic::Date date) const {
-    const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
-    if (IsDateInFinYear(date, year)) return true;
-    Tell("Please select the date in Financial Year range \r\n\r\n'01-Apr-" + shared().FinYear +
-         "' to '31-Mar-" + std::to_string(year + 1) + "'");
-    return false;
-}
-
 bool frmDayBook::FromIsAfterTo() {
     return ui().cboFilterFld->Text() == "Date Range" &&
            basic::DaysBetween(ui().dtpDateUpTo->Value(), ui().dtpDateFrom->Value()) >= 1;
 }
 
 void frmDayBook::dtpDateFrom_Validate(bool& cancel) {
-    if (!InYear(ui().dtpDateFrom->Value())) {
+    if (!IsInYear(ui().dtpDateFrom->Value(), RangeNamed::CurrentYear)) {
         ui().dtpDateFrom->SetValue(FirstOfApril(0));
         cancel = true;
     } else if (FromIsAfterTo()) {
@@ -280,7 +273,7 @@ void frmDayBook::dtpDateFrom_Validate(bool& cancel) {
 // Out of the year, the to date goes to the day after it, which is refused in turn; before the from date, it
 // is the from date that moves. Both kept 45.
 void frmDayBook::dtpDateUpTo_Validate(bool& cancel) {
-    if (!InYear(ui().dtpDateUpTo->Value())) {
+    if (!IsInYear(ui().dtpDateUpTo->Value(), RangeNamed::CurrentYear)) {
         ui().dtpDateUpTo->SetValue(FirstOfApril(1));
         cancel = true;
     } else if (FromIsAfterTo()) {

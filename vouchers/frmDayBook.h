@@ -39,7 +39,6 @@ class frmDayBook : public forms::FormOf<Ui::frmDayBook> {
     void ShowToday();
     void Reopen(const std::string& rest);
     void FillLedgerNames();
-    bool InYear(basic::Date date) const;
     bool FromIsAfterTo();
     basic::Date FirstOfApril(int yearsOn) const;
 

@@ -10,6 +10,7 @@
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -135,7 +136,7 @@ bool frmVoucher::ValidateVoucher() {
         AskForType();
         return false;
     }
-    if (!ValidateDate()) return false;
+    if (!DateIsInYear(*ui().dtpDate)) return false;
     if (lines_->ShownTotal(DrAmount) != lines_->ShownTotal(CrAmount))
         return Refuse("Mismatch between Credit & Debit Balance\r\n\r\nPlease recheck your entries");
     for (int row = 1; row <= lines_->LastLine(); ++row)
@@ -146,16 +147,6 @@ bool frmVoucher::ValidateVoucher() {
         return false;
     }
     return true;
-}
-
-// The message names the range one year early; the test does not. Kept 1.
-bool frmVoucher::ValidateDate() {
-    const std::int16_t year = basic::ToInteger(shared().FinYear);
-    if (IsDateInFinYear(ui().dtpDate->Value(), year)) return true;
-    Refuse(FinYearRangeText(year - 1));
-    ui().dtpDate->SetFocus();
-    ui().dtpDate->OpenList();
-    return false;
 }
 
 bool frmVoucher::ValidateLine(int row) {

@@ -34,7 +34,6 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     void RefreshLedgerList();
     void FillLedgerList(LedgerListKind kind);
     bool ValidateVoucher();
-    bool ValidateDate();
     bool ValidateLine(int row);
     bool Refuse(const std::string& text);
     void AskForType();

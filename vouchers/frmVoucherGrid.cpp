@@ -4,6 +4,7 @@
 #include "core/Boxes.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "shell/EntryChecks.h"
 #include "vouchers/frmVoucher.h"
 
 namespace qm {
@@ -70,8 +71,7 @@ void frmVoucher::vsVoucher_KeyPress(int& key) {
 }
 
 void frmVoucher::vsVoucher_KeyPressEdit(int col, int& key) {
-    const bool digit = key >= '0' && key <= '9';
-    if (IsAmount(col) && !digit && key != '.' && key != forms::vbKeyBack) key = 0;
+    if (IsAmount(col)) KeepFigures(key);
 }
 
 void frmVoucher::RefreshLedgerList() {

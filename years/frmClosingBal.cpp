@@ -7,6 +7,7 @@
 #include "platform/ado/Constants.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "shell/EntryChecks.h"
 
 namespace qm {
 namespace {
@@ -70,15 +71,11 @@ void frmClosingBal::cmdGetBal_Click() {
 }
 
 void frmClosingBal::txtClosingBal_KeyPress(int& keyAscii) {
-    const bool digit = keyAscii >= '0' && keyAscii <= '9';
-    if (!digit && keyAscii != '.' && keyAscii != forms::vbKeyBack && keyAscii != '-') keyAscii = 0;
+    KeepFigures(keyAscii, TypedSign::Minus);
 }
 
 void frmClosingBal::txtClosingBal_Validate(bool& cancel) {
-    const std::string text = basic::Trim(ui().txtClosingBal->Text());
-    if (text.empty() || basic::IsNumeric(text)) return;
-    Tell("Please enter a valid numeric quantity");
-    cancel = true;
+    cancel = !IsQuantity(ui().txtClosingBal->Text());
 }
 
 bool frmClosingBal::ValidateBalance() {
@@ -89,12 +86,7 @@ bool frmClosingBal::ValidateBalance() {
         return false;
     }
     if (!ui().optManually->Value()) return true;
-    if (basic::Trim(ui().txtClosingBal->Text()).empty()) {
-        Tell("Please specify the Stock Closing Balance");
-        ui().txtClosingBal->SetFocus();
-        return false;
-    }
-    return true;
+    return IsFilled(*ui().txtClosingBal, "Please specify the Stock Closing Balance");
 }
 
 // A figure in txtAuto would not be taken: an automatic save would write 0. Success shows nothing. Kept 87.

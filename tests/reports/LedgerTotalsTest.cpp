@@ -68,7 +68,14 @@ TEST_F(LedgerTotalsTest, AreWhatTheRowsAddUpTo) {
         SCOPED_TRACE(std::to_string(&c - cases));
         Run("Update Ledger_Details Set LedDetDRTxnTot = 900, LedDetCRTxnTot = 90, Closing_Bal = 9 Where "
             "Fnncl_Yr = 2001");
-        qm::RebuildLedgerTotals(c.upto, c.before);
+        std::vector<int> done, steps;
+        qm::RebuildLedgerTotals(c.upto, c.before, [&](int step, int of) {
+            done.push_back(step);
+            steps.push_back(of);
+        });
+        EXPECT_EQ(done.front(), 0) << "before the first is written";
+        EXPECT_EQ(done.back(), static_cast<int>(done.size()) - 1) << "each, one by one";
+        EXPECT_THAT(steps, Each(done.back())) << "all of them";
         EXPECT_EQ(Totals(), (Lines{std::string("Early|") + c.early, "Early|2|3|4",
                                    std::string("Idle|") + c.idle, std::string("Late|") + c.late,
                                    "Neither|3|0|9", "Nulls|0|0|-30", "Unopened|2|0|Null"}));

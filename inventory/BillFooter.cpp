@@ -1,4 +1,4 @@
-#include "inventory/TotalRows.h"
+#include "inventory/BillFooter.h"
 
 #include "core/Masks.h"
 #include "platform/basic/Format.h"
@@ -11,8 +11,8 @@ constexpr int RuleHeight = 50;  // twips
 
 }  // namespace
 
-void AddTotalRows(forms::VSFlexGrid& grid) {
-    grid.SetRows(grid.Rows() + TotalRows);
+void AddFooter(forms::VSFlexGrid& grid) {
+    grid.SetRows(grid.Rows() + FooterRows);
     const int total = grid.Rows() - 1, rule = total - 1;
     grid.SetRowHeight(rule, RuleHeight);
     grid.SetCellBackColor(rule, 1, rule, grid.Cols() - 1, forms::vbRed);
@@ -22,13 +22,13 @@ void AddTotalRows(forms::VSFlexGrid& grid) {
     grid.SetCellForeColor(total, LabelCol, total, LabelCol, forms::vbRed);
 }
 
-bool IsTotalRow(const forms::VSFlexGrid& grid, int row) {
-    return row >= grid.Rows() - TotalRows;
+bool IsInFooter(const forms::VSFlexGrid& grid, int row) {
+    return row >= grid.Rows() - FooterRows;
 }
 
-double ShowTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol) {
+double ShowGridTotal(forms::VSFlexGrid& grid, int qtyCol, int priceCol) {
     double sum = 0;
-    for (int row = 1; !IsTotalRow(grid, row); ++row)
+    for (int row = 1; !IsInFooter(grid, row); ++row)
         sum += grid.ValueMatrix(row, qtyCol) * grid.ValueMatrix(row, priceCol);
     grid.SetTextMatrix(grid.Rows() - 1, TotalCol, sum == 0 ? "" : "Rs. " + basic::Format(sum, AmountMask));
     grid.AutoSize(LabelCol, LabelCol);

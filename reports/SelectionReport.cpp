@@ -1,6 +1,5 @@
-#include "reports/SelectedStatements.h"
+#include "reports/SelectionReport.h"
 
-#include "platform/basic/Number.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/Progress.h"
 
@@ -31,10 +30,6 @@ void PrintSelected(const std::string& title, const std::vector<std::int16_t>& ke
         page.EndReport();
     }
     page.Show(forms::vbModal);
-}
-
-void AddEarlier(double& opening, const basic::Value& in, const basic::Value& out) {
-    opening = opening + basic::NumberOrZero(in) - basic::NumberOrZero(out);
 }
 
 }  // namespace qm

@@ -1,4 +1,4 @@
-#include "inventory/EntryChecks.h"
+#include "shell/EntryChecks.h"
 
 #include "core/Boxes.h"
 #include "core/GeneralUtils.h"
@@ -8,10 +8,15 @@
 
 namespace qm {
 
-bool DateIsInYear(forms::DTPicker& date) {
+bool IsInYear(basic::Date date, RangeNamed named) {
     const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
-    if (IsDateInFinYear(date.Value(), year)) return true;
-    Tell(FinYearRangeText(year - 1));
+    if (IsDateInFinYear(date, year)) return true;
+    MsgBox(FinYearRangeText(named == RangeNamed::YearBefore ? year - 1 : year), vbInformation, AppTitle);
+    return false;
+}
+
+bool DateIsInYear(forms::DTPicker& date) {
+    if (IsInYear(date.Value(), RangeNamed::YearBefore)) return true;
     date.SetFocus();
     date.OpenList();
     return false;
@@ -25,9 +30,17 @@ bool IsChosen(forms::ComboBox& box, const char* message) {
     return false;
 }
 
-void KeepFigures(int& keyAscii) {
+bool IsFilled(forms::TextBox& box, const char* message) {
+    if (!basic::Trim(box.Text()).empty()) return true;
+    MsgBox(message, vbInformation, AppTitle);
+    box.SetFocus();
+    return false;
+}
+
+void KeepFigures(int& keyAscii, TypedSign sign) {
     const bool digit = keyAscii >= '0' && keyAscii <= '9';
-    if (!digit && keyAscii != '.' && keyAscii != forms::vbKeyBack) keyAscii = 0;
+    const bool minus = keyAscii == '-' && sign == TypedSign::Minus;
+    if (!digit && !minus && keyAscii != '.' && keyAscii != forms::vbKeyBack) keyAscii = 0;
 }
 
 bool IsQuantity(const std::string& text, const char* message) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/basic/Value.h"
 #include "reports/frmLedger.h"
 
 namespace qm {
@@ -15,9 +14,5 @@ namespace qm {
 // beyond half a second, a progress box; the user may cancel between two records, and nothing is shown then.
 void PrintSelected(const std::string& title, const std::vector<std::int16_t>& keys,
                    const std::function<void(const std::string& key)>& print);
-
-// What moved before the range, added to and taken from what a ledger or an item opened with. The two sums are
-// Null where nothing moved.
-void AddEarlier(double& opening, const basic::Value& in, const basic::Value& out);
 
 }  // namespace qm
