@@ -1,5 +1,6 @@
 #include "platform/forms/window/Form.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QEventLoop>
 #include <QGridLayout>
