@@ -1,23 +1,15 @@
 #include "platform/ado/store/SqlCipherCatalog.h"
 
-#include <utility>
+#include <string_view>
+#include <vector>
 
 #include "platform/ado/dialect/Scope.h"
 #include "platform/ado/store/IndexName.h"
+#include "platform/ado/store/Schema.h"
 #include "platform/basic/Text.h"
 
 namespace ado::sqlcipher {
 namespace {
-
-ColumnType TypeOf(std::string_view declared) {
-    constexpr std::pair<std::string_view, ColumnType> types[] = {
-        {"BOOLEAN", ColumnType::Boolean}, {"SMALLINT", ColumnType::Integer}, {"INTEGER", ColumnType::Long},
-        {"DOUBLE", ColumnType::Double},   {"TEXT", ColumnType::Text},
-    };
-    for (const auto& [name, type] : types)
-        if (basic::EqualText(name, declared)) return type;
-    return ColumnType::Any;
-}
 
 struct Definition {
     std::string name;
@@ -69,8 +61,8 @@ std::unique_ptr<TableInfo> Describe(SqlHandle& store, std::string_view name) {
 
     const auto columns = store.Prepare("PRAGMA table_info(" + QuotedName(table->name) + ")");
     while (columns->Step())
-        table->columns.push_back(
-            {std::string(columns->Text(1)), TypeOf(columns->Text(2)), counts && columns->Integer(5) != 0});
+        table->columns.push_back({std::string(columns->Text(1)), TypeOfWord(columns->Text(2)),
+                                  counts && columns->Integer(5) != 0});
     return table;
 }
 
