@@ -1,41 +1,24 @@
 #include <functional>
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "core/DBCode.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Maintenance.h"
+#include "tests/support/DiskCalls.h"
 #include "tests/support/FreshBooks.h"
-
-namespace {
-
-int logSyncs = 0;
-
-// The store's library calls these of this program; they count and go on to the system's own.
-int Counted(const char* name, int file) {
-    char path[4096] = {};
-    const std::string link = "/proc/self/fd/" + std::to_string(file);
-    if (readlink(link.c_str(), path, sizeof path - 1) > 0 && std::string(path).ends_with("-wal")) ++logSyncs;
-    return reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, name))(file);
-}
-
-}  // namespace
-
-extern "C" int fsync(int file) {
-    return Counted("fsync", file);
-}
-extern "C" int fdatasync(int file) {
-    return Counted("fdatasync", file);
-}
 
 namespace {
 
 // What a box told is on the disk when it stands: the log is counted on its way there. A reader who holds an
 // older moment keeps a checkpoint from writing it.
 TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
+    int logSyncs = 0;
+    test::WatchDisk([&](const std::string&, const std::string& file) {
+        if (file.ends_with("-wal")) ++logSyncs;
+        return true;
+    });
     test::FreshBooks books;
     ado::Connection reader;
     reader.Properties("Data Source") = books.DataPath() + qm::BooksFile;
@@ -78,6 +61,7 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     EXPECT_EQ(logSyncs, 1) << "the end of the host";
     tell();  // without books
     qm::SetMsgBoxPort(before);
+    test::WatchDisk({});
 }
 
 }  // namespace
