@@ -15,9 +15,10 @@ namespace {
 // older moment keeps a checkpoint from writing it.
 TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     int logSyncs = 0;
+    bool diskFails = false;
     test::WatchDisk([&](const std::string&, const std::string& file) {
         if (file.ends_with("-wal")) ++logSyncs;
-        return true;
+        return !diskFails;
     });
     test::FreshBooks books;
     ado::Connection reader;
@@ -27,8 +28,10 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     reader.Open();
     const ado::Snapshot moment(reader);
     int syncsAtTheBox = -1;
-    const auto before = qm::SetMsgBoxPort([&](const std::string&, int, const std::string&) {
+    std::string told;
+    const auto before = qm::SetMsgBoxPort([&](const std::string& text, int, const std::string&) {
         syncsAtTheBox = logSyncs;
+        told += text + " ";
         return qm::vbOK;
     });
     const auto tell = [] { qm::MsgBox("Done", qm::vbInformation, qm::AppTitle); };
@@ -54,6 +57,12 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
         c.action();
         EXPECT_EQ(syncsAtTheBox, c.syncs) << c.name;
     }
+    told.clear();
+    diskFails = true;
+    update(), tell();
+    EXPECT_EQ(told, "The disk could not be read or written (Input/output error). Done ");
+    diskFails = false;
+    tell();
     logSyncs = 0;
     update();
     EXPECT_EQ(logSyncs, 0) << "a rebuild waits for nothing";

@@ -1,11 +1,14 @@
 #include <csignal>
 #include <cstddef>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "core/MsgBox.h"
 #include "core/Screens.h"
@@ -42,22 +45,39 @@ class RudeDisplay {
     pid_t child_ = -1;
 };
 
-// The toolkit ends the process that starts it on a display or a platform which it cannot use.
+bool ScreensAreLoaded() {
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);)
+        if (line.ends_with("/libqmscreens.so")) return true;
+    return false;
+}
+
+// The toolkit ends the process that starts it on a display or a platform which it cannot use. Where the
+// display's socket tells already, nothing of the toolkit is loaded.
 TEST(Display, ThatCannotBeUsedEndsNoHostAndGetsNoBox) {
     const RudeDisplay rude;
     ASSERT_TRUE(rude.Stands());
     const struct {
         const char *display, *platform;
-    } cases[] = {{"localhost:4711.0", ""}, {":4712", "nonsense"}, {":4713", ""}, {":4713", "xcb"}};
+        bool loads;
+    } cases[] = {{"localhost:4711.0", "", false},
+                 {":4712", "xcb", false},
+                 {":4712", "nonsense", true},
+                 {":4713", "", true},
+                 {":4713", "xcb", true}};
     for (const auto& c : cases)
         EXPECT_EQ(InChild([&] {
                       setenv("DISPLAY", c.display, 1);
                       unsetenv("WAYLAND_DISPLAY");
                       setenv("QT_QPA_PLATFORM", c.platform, 1);
-                      const bool told = qm::MsgBox("a box", qm::vbYesNo) == qm::vbNo;
-                      return told && qm::MsgBox("another") == qm::vbOK && qm::LoadScreens() ? 3 : 4;
+                      testing::internal::CaptureStderr();
+                      const bool answered = qm::MsgBox("a question", qm::vbYesNo) == qm::vbNo &&
+                                            qm::MsgBox("another") == qm::vbOK;
+                      if (testing::internal::GetCapturedStderr() != "a question\nanother\n") return 1;
+                      if (ScreensAreLoaded() != c.loads) return 2;
+                      return answered && qm::LoadScreens() ? 0 : 3;
                   }),
-                  3)
+                  0)
             << c.display << " " << c.platform;
 }
 
