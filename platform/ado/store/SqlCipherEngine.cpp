@@ -119,6 +119,18 @@ std::int64_t SqlCipherEngine::Changes() const {
     return sqlite3_changes(store_.Get());
 }
 
+std::int64_t SqlCipherEngine::LastRow() const {
+    return sqlite3_last_insert_rowid(store_.Get());
+}
+
+std::vector<std::string> SqlCipherEngine::CheckPages() {
+    const auto rows = store_.Prepare("PRAGMA integrity_check");
+    std::vector<std::string> faults;
+    while (rows->Step()) faults.emplace_back(rows->Text(0));
+    if (faults.size() == 1 && faults.front() == "ok") faults.clear();
+    return faults;
+}
+
 bool SqlCipherEngine::InTransaction() const {
     return sqlite3_get_autocommit(store_.Get()) == 0;
 }

@@ -97,6 +97,14 @@ TEST_F(ExecuteTest, RowsComeAsTheyWereInsertedWhateverTheIndex) {
         Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate) Values (" + std::string(values) + ")");
     EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerTxnDate >= 10"), "3 1 2 4");
     EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Order By LedgerTxnDate"), "1 4 3 2");
+    // A key that is the same in all rows, and must not be taken for the place of a column.
+    for (const auto& [same, rows] : {std::pair{"True", "1|True 4|True 3|True 2|True"},
+                                     {"-True", "1|1 4|1 3|1 2|1"},
+                                     {"Null", "1|- 4|- 3|- 2|-"},
+                                     {"5", "1|5 4|5 3|5 2|5"}})
+        EXPECT_EQ(Rows(c, "Select LedgerTrnNo, " + std::string(same) +
+                              " As Same From tb_Ledger2001 Order By Same Desc, LedgerTxnDate"),
+                  rows);
     EXPECT_EQ(Rows(c, "Select Distinct LedgerTxnDate From tb_Ledger2001"), "20 10");
 }
 
