@@ -58,6 +58,7 @@ class SqlCipherEngine final : public Engine {
     std::string TextOfLostCommit(const std::string& text);
     void WaitForDisk(bool wait);
     void SyncLog();
+    void DropPages();
 
     std::optional<OwnUse> use_;
     SqlHandle store_;

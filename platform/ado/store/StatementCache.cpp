@@ -27,16 +27,21 @@ PreparedStatementPtr StatementCache::Find(std::string_view key) {
 }
 
 PreparedStatementPtr StatementCache::Add(std::string key, Plan plan) {
-    while (byUse_.size() >= capacity_) {
-        byKey_.erase(byUse_.back()->key);
-        byUse_.pop_back();
-    }
     byUse_.push_front(std::make_shared<PreparedStatement>(std::move(key), std::move(plan)));
+    size_ += byUse_.front()->sql.size();
+    while (size_ > capacity_ && byUse_.size() > 1) DropLast();
     byKey_.emplace(byUse_.front()->key, byUse_.begin());
     return byUse_.front();
 }
 
+void StatementCache::DropLast() {
+    size_ -= byUse_.back()->sql.size();
+    byKey_.erase(byUse_.back()->key);
+    byUse_.pop_back();
+}
+
 void StatementCache::Clear() {
+    size_ = 0;
     byKey_.clear();
     byUse_.clear();
 }

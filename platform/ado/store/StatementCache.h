@@ -37,16 +37,21 @@ class PreparedStatement : public std::enable_shared_from_this<PreparedStatement>
 };
 using PreparedStatementPtr = std::shared_ptr<PreparedStatement>;
 
-// The prepared statements by their key; the one that was not used for the longest time makes room.
+// The prepared statements by their key; those that were not used for the longest time make room.
 class StatementCache {
   public:
-    explicit StatementCache(std::size_t capacity = 512) : capacity_(capacity) {}
+    // In characters of SQL: what the store keeps of a prepared statement grows with them, at some 40 bytes
+    // for each. So all of them together take 4 MB, be they 1,000 of a posting or 100 that name every field.
+    static constexpr std::size_t Usual = 100'000;
+    explicit StatementCache(std::size_t capacity = Usual) : capacity_(capacity) {}
     PreparedStatementPtr Find(std::string_view key);  // nullptr if it is not there
     PreparedStatementPtr Add(std::string key, Plan plan);
     void Clear();
 
   private:
-    std::size_t capacity_;
+    void DropLast();
+
+    std::size_t capacity_, size_ = 0;
     std::list<PreparedStatementPtr> byUse_;  // the last used one first
     std::unordered_map<std::string_view, std::list<PreparedStatementPtr>::iterator> byKey_;
 };
