@@ -1,7 +1,6 @@
 #include <fstream>
 #include <map>
 #include <regex>
-#include <sstream>
 
 #include <gmock/gmock.h>
 
@@ -9,24 +8,20 @@
 #include "host/make/BooksStore.h"
 #include "platform/basic/Text.h"
 #include "tests/host/commands/Qmhost.h"
+#include "tests/support/Bytes.h"
 #include "tests/support/Cases.h"
 #include "tests/support/TempFolder.h"
 
 // The commands as they are called from a shell, on the sample books of 2001-2002: 28 ledgers, 60 vouchers.
 namespace {
 
+using test::Bytes;
 using test::TempFolder;
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::StartsWith;
 
 const std::string Header = "voucher,date,type,side,ledger,amount,narration\n";
-
-std::string Bytes(const fs::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
-}
 
 class QmhostCommands : public testing::Test {
   protected:

@@ -1,7 +1,6 @@
 #include <csignal>
 #include <fstream>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -10,6 +9,7 @@
 #include "host/commands/Restore.h"
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
+#include "tests/support/Bytes.h"
 #include "tests/support/DiskCalls.h"
 #include "tests/support/InChild.h"
 #include "tests/support/TempFolder.h"
@@ -17,13 +17,8 @@
 namespace {
 
 namespace fs = std::filesystem;
+using test::Bytes;
 using test::TempFolder;
-
-std::string Bytes(const fs::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
-}
 
 // At each call by which a file reaches the disk or gets its name.
 TEST(Restore, KilledAtAnyStepLeavesBooksInTheirPlaceLosesNothingAndGoesAgain) {

@@ -1,7 +1,6 @@
 #include <csignal>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -9,12 +8,14 @@
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
 #include "platform/basic/Error.h"
+#include "tests/support/Bytes.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/InChild.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
 
+using test::Bytes;
 using test::TempFolder;
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
@@ -32,12 +33,6 @@ Texts Names(const fs::path& folder) {
     Texts names;
     for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
     return names;
-}
-
-std::string Bytes(const fs::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
 }
 
 const std::string YearTables =
