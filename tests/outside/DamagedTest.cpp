@@ -7,8 +7,8 @@
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "tests/outside/PostedBooks.h"
-#include "tests/support/Bytes.h"
 #include "tests/support/InChild.h"
+#include "tests/support/TempFolder.h"
 
 // What a host sees when the books' file or its disk are not as they should be; more in tests/platform/ado.
 namespace test {

@@ -6,7 +6,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/Bytes.h"
+#include "tests/support/TempFolder.h"
 
 // The page of what is kept on purpose, the comments that cite it and the tests that it names tell the same.
 namespace {
@@ -71,6 +71,9 @@ Names Tests() {
     Names tests;
     ForEachMatch(SourcesBelow(fs::path(SOURCE_FOLDER) / "tests"), form,
                  [&](const std::smatch& match) { tests.insert(match.str(2) + "." + match.str(3)); });
+    static const std::regex session(R"(\n\[(\w+\.\w+)\])");
+    ForEachMatch(Read(fs::path(SOURCE_FOLDER) / "tests/core/calls.txt"), session,
+                 [&](const std::smatch& match) { tests.insert(match[1]); });
     return tests;
 }
 

@@ -9,7 +9,6 @@
 #include "host/commands/Restore.h"
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
-#include "tests/support/Bytes.h"
 #include "tests/support/DiskCalls.h"
 #include "tests/support/InChild.h"
 #include "tests/support/TempFolder.h"

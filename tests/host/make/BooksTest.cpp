@@ -8,7 +8,6 @@
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
 #include "platform/basic/Error.h"
-#include "tests/support/Bytes.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/InChild.h"
 #include "tests/support/TempFolder.h"

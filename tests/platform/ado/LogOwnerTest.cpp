@@ -4,7 +4,7 @@
 #include "platform/ado/Maintenance.h"
 #include "platform/ado/store/CrashLog.h"
 #include "tests/platform/ado/TestStore.h"
-#include "tests/support/Bytes.h"
+#include "tests/support/TempFolder.h"
 
 namespace ado {
 namespace {
