@@ -52,6 +52,11 @@ TEST(Restore, KilledAtAnyStepLeavesBooksInTheirPlaceLosesNothingAndGoesAgain) {
         EXPECT_EQ(found.count("a folder"), 0U);
         ASSERT_LT(step, 50);
     }
+    // Nor does it need a disk on which a file can bear two names.
+    test::WatchDisk([](const std::string& call, const auto&) { return call != "link"; });
+    EXPECT_EQ(host::RestoreBooks(backup, given / "old").size(), 2U);
+    test::WatchDisk({});
+    EXPECT_EQ(Bytes(given / "old" / host::BooksFile), Bytes(backup));
 }
 
 bool IsItsOwnersAlone(const fs::directory_entry& entry) {
