@@ -1,6 +1,5 @@
 #include "purchasing/OrderGrid.h"
 
-#include "core/Boxes.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
