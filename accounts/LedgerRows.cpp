@@ -81,7 +81,7 @@ void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
 }
 
 bool LedgerHasVouchers(const std::string& ledgerId) {
-    return HasRow("Select * From " + YearTable("tb_Ledger") + " Where LedgerCode = " + ledgerId);
+    return HasRow("Select * From tb_Ledger" + shared().FinYear + " Where LedgerCode = " + ledgerId);
 }
 
 void DeleteLedgerRows(const std::string& ledgerId, const std::string& leafCondition) {

@@ -167,7 +167,7 @@ void frmGrpMain::ShowLedgers(std::int16_t groupId) {
 
 void frmGrpMain::ShowVouchers(std::int16_t ledgerId) {
     SetHeads(VoucherHeads);
-    const ado::RecordsetPtr rows = ExecuteRecordset("Select * from " + YearTable("tb_ledger") +
+    const ado::RecordsetPtr rows = ExecuteRecordset("Select * from tb_ledger" + shared().FinYear +
                                                     " Where ledgercode =" + std::to_string(ledgerId));
     ui().lvListView->SetRowSource(std::make_shared<VoucherLines>(*rows));
     rows->Close();
@@ -225,7 +225,7 @@ void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newT
     const forms::Node* const node = ui().tvTreeView->SelectedItem();
     if (!node) return;
     if (node->FullPath().find('\\') != std::string::npos)
-        Conn().Execute("Update group_Head_master set group_Head_Name = '" + newText +
+        Conn().Execute("Update group_Head_master Set group_Head_Name = '" + newText +
                        "' Where group_id = " + node->Key().substr(1));
     else
         Tell("Can Not Edit Primary Group");

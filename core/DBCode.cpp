@@ -61,8 +61,7 @@ void OpenConnection(const std::string& fileName) {
     connection.Properties("Data Source") = shared().DataPath + fileName;
     connection.Properties("Jet OlEDB:Database Password") = BooksPassword;
     connection.Open("", "", "", -1);
-    if (const std::string notice = connection.Notice(); !notice.empty())
-        MsgBox(notice, vbInformation, AppTitle);
+    if (const std::string notice = connection.Notice(); !notice.empty()) Tell(notice);
 }
 
 void LoadCurrentYear() {

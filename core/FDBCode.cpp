@@ -44,7 +44,7 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
                             std::int32_t sideCode, const std::string& narration, double amount,
                             std::int32_t ledgerCode, const std::string& ledgerName) {
     try {
-        const std::string sql = "Insert Into " + YearTable("tb_Ledger") +
+        const std::string sql = "Insert Into tb_Ledger" + shared().FinYear +
                                 " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, "
                                 "LedgerTrnType, LedgerDrAmt, "
                                 "LedgerCrAmt   ) Values (" +
@@ -64,9 +64,9 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
 }
 
 void ReverseVoucher(const std::int32_t& voucherNo, ado::Connection& connection) {
-    const std::string ofVoucher =
-        YearTable("tb_Ledger") + " Where LedgerTrnNo = " + basic::NumberText(voucherNo);
-    const ado::RecordsetPtr rows = connection.Execute("Select * from " + ofVoucher);
+    const std::string ofVoucher = " Where LedgerTrnNo = " + basic::NumberText(voucherNo);
+    const ado::RecordsetPtr rows =
+        connection.Execute("Select * from tb_Ledger" + shared().FinYear + ofVoucher);
     for (; !rows->Eof(); rows->MoveNext()) {
         const std::string ledgerCode = basic::TextOrEmpty((*rows)["ledgerCode"]);
         const basic::Value debit = (*rows)["LedgerDrAmt"], credit = (*rows)["LedgerCrAmt"];
@@ -84,7 +84,7 @@ void ReverseVoucher(const std::int32_t& voucherNo, ado::Connection& connection) 
                 basic::ToText(credit) + ") Where Ledger_Id = " + ledgerCode);
     }
     rows->Close();
-    connection.Execute("Delete * from " + ofVoucher);
+    connection.Execute("Delete * from tb_Ledger" + shared().FinYear + ofVoucher);
 }
 
 }  // namespace qm

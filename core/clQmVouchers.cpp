@@ -25,8 +25,9 @@ bool FailVoucher(const basic::Error& error) {
     return false;
 }
 
-std::string OfVoucher(std::int32_t lTrnID) {
-    return " From " + YearTable("tb_Ledger") + " Where LedgerTrnNo = " + basic::NumberText(lTrnID);
+void DeleteRows(std::int32_t lTrnID) {
+    ExecuteCounted("Delete From tb_Ledger" + shared().FinYear +
+                   " Where LedgerTrnNo = " + basic::NumberText(lTrnID));
 }
 
 std::string OfLedger(const std::string& ledgerCode) {
@@ -98,12 +99,12 @@ void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dA
 
 std::int32_t clQm::GetNextTrnID() {
     LoadCurrentYear();
-    return NextNumber("Select Max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
+    return NextNumber("Select Max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
 }
 
 basic::Value clQm::VchrTrnNo() {
     ado::Recordset rows;
-    rows.Open("Select Max(ledgerTrnNo) as high from " + YearTable("tb_ledger"), shared().Connection);
+    rows.Open("Select Max(ledgerTrnNo) as high from tb_ledger" + shared().FinYear, shared().Connection);
     const double next = NumberAfter(rows.Fields(0).Value());
     if (next > std::numeric_limits<std::int32_t>::max())
         return next;  // a variant widens, where a 32-bit number would not
@@ -117,7 +118,7 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
         const std::string ledgerCode = basic::NumberText(lLedCode), amount = AmountText(dAmt);
         const std::string side = basic::UCase(sTrnType);
         std::string insert =
-            "Insert Into " + YearTable("tb_Ledger") +
+            "Insert Into tb_Ledger" + shared().FinYear +
             " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, LedgerTrnType, "
             "LedgerDrAmt, LedgerCrAmt, LedgerLedBal, LedgerMcGenerated) Values (" +
             basic::NumberText(lTrnID) + ", " + ledgerCode + ", " + Quoted(sLedName) + ", " +
@@ -149,13 +150,15 @@ bool clQm::UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt)
         LoadCurrentYear();
         ado::Recordset rows;  // a client-side copy: it survives the delete
         rows.SetCursorLocation(ado::adUseClient);
-        rows.Open("Select LedgerCode, LedgerNarration, LedgerTrnType, LedgerName, LedgerCrAmt, LedgerDrAmt" +
-                      OfVoucher(lTrnID),
-                  shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+        rows.Open(
+            "Select LedgerCode, LedgerNarration, LedgerTrnType, LedgerName, LedgerCrAmt, LedgerDrAmt From "
+            "tb_Ledger" +
+                shared().FinYear + " Where LedgerTrnNo = " + basic::NumberText(lTrnID),
+            shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
         // The delete is committed before the rows are written again, and a failure there leaves the voucher
         // partly rewritten: the order is kept 7.
         Conn().BeginTrans();
-        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        DeleteRows(lTrnID);
         Conn().CommitTrans();
         for (; !rows.Eof(); rows.MoveNext()) {
             Conn().BeginTrans();
@@ -175,8 +178,9 @@ bool clQm::DeleteVoucher(std::int32_t lTrnID) {
     try {
         LoadCurrentYear();
         ado::Recordset rows;
-        rows.Open("Select LedgerCode, LedgerCrAmt, LedgerDrAmt" + OfVoucher(lTrnID), shared().Connection,
-                  ado::adOpenForwardOnly, ado::adLockReadOnly);
+        rows.Open("Select LedgerCode, LedgerCrAmt, LedgerDrAmt From tb_Ledger" + shared().FinYear +
+                      " Where LedgerTrnNo = " + basic::NumberText(lTrnID),
+                  shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
         if (rows.Eof()) return true;  // a voucher that is not there is as good as deleted
         for (; !rows.Eof(); rows.MoveNext()) {
             Conn().BeginTrans();
@@ -185,7 +189,7 @@ bool clQm::DeleteVoucher(std::int32_t lTrnID) {
         }
         // Later vouchers keep their numbers: the gap stays. Kept 10.
         Conn().BeginTrans();
-        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        DeleteRows(lTrnID);
         Conn().CommitTrans();
         rows.Close();
         return true;

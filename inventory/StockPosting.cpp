@@ -32,7 +32,7 @@ double LandingCost::Next(double unitPrice) {
 void InsertMovement(const Movement& row) {
     using basic::NumberText;
     ExecuteCounted(
-        "Insert Into " + YearTable("tblItemLed") +
+        "Insert Into tblItemLed" + shared().FinYear +
         "(ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemId, ItemLedPONo, "
         "ItemLedItemDesc, " +
         (row.Issued ? "ItemLedTrnIssQty, " : "") +
@@ -45,21 +45,27 @@ void InsertMovement(const Movement& row) {
 }
 
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark) {
-    ExecuteCounted("Update " + YearTable("tblItemLed") + " Set ItemLedNote = " + Quoted(remark) +
+    ExecuteCounted("Update tblItemLed" + shared().FinYear + " Set ItemLedNote = " + Quoted(remark) +
                    " Where ItemLedTrnNo =  " + basic::NumberText(txnNo) + " And ItemLedItemId = " +
                    basic::NumberText(itemId) + " And ItemLedTrnType = '" + type + "'");
 }
 
-void AddToItem(const std::string& counter, double itemId, double qty) {
-    ExecuteCounted("Update " + YearTable("ItemMaster") + " Set " + counter + " = Iif(IsNull(" + counter +
-                   "), 0, " + counter + ") + " + basic::NumberText(qty) +
+void AddReceived(double itemId, double qty) {
+    ExecuteCounted("Update ItemMaster" + shared().FinYear +
+                   " Set ReceivedQty = Iif(IsNull(ReceivedQty), 0, ReceivedQty) + " + basic::NumberText(qty) +
+                   " Where Item_ID = " + basic::NumberText(itemId));
+}
+
+void AddIssued(double itemId, double qty) {
+    ExecuteCounted("Update ItemMaster" + shared().FinYear +
+                   " Set IssuedQty = Iif(IsNull(IssuedQty), 0, IssuedQty) + " + basic::NumberText(qty) +
                    " Where Item_ID = " + basic::NumberText(itemId));
 }
 
 void PostBill(const Bill& bill) {
     using basic::NumberText;
     Conn().BeginTrans();
-    std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
+    std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
     const auto post = [&](SideCode side, const EntrySide& ledger) {
         voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
                                    ledger.LedgerId, ledger.LedgerName);
@@ -67,7 +73,7 @@ void PostBill(const Bill& bill) {
     };
     post(Credit, bill.Credit);
     post(Debit, bill.Debit);
-    ExecuteCounted("Insert into " + YearTable("tblBills") +
+    ExecuteCounted("Insert into tblBills" + shared().FinYear +
                    "(BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID, BillDiscount, BillTaxRate, "
                    "BillOtherCharges) Values (" +
                    Quoted(bill.BillNo) + ", " + NumberText(bill.TxnNo) + ", " + NumberText(voucherNo) + ", " +

@@ -44,8 +44,9 @@ void InsertMovement(const Movement& row);
 // Of a row that is saved, only the remark is ever written again.
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark);
 
-// Adds to "ReceivedQty" or "IssuedQty" of the item. Its Balance is left as it stands. Kept 50.
-void AddToItem(const std::string& counter, double itemId, double qty);
+// Each adds to a counter of the item, ReceivedQty or IssuedQty. Its Balance is left as it stands. Kept 50.
+void AddReceived(double itemId, double qty);
+void AddIssued(double itemId, double qty);
 
 // A ledger as an entry's row bears it.
 struct EntrySide {

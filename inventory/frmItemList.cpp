@@ -58,7 +58,8 @@ void frmItemList::FillGrid() {
     forms::VSFlexGrid& grid = *ui().vsItems;
     grid.SetRows(1);
     grid.SetExplorerSort(true);
-    std::string sql = "Select CStr(Item_ID) As ItemID, Item_Name, Unit_Price From " + YearTable("ItemMaster");
+    std::string sql =
+        "Select CStr(Item_ID) As ItemID, Item_Name, Unit_Price From ItemMaster" + shared().FinYear;
     const std::string wanted = ui().txtSearchText->Text();
     if (ui().cmbSearchList->Text() == "Item ID")
         sql += " Where CStr(Item_ID) Like '" + wanted + "%'";

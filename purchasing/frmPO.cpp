@@ -96,7 +96,7 @@ void frmPO::FillPOSuppliers() {
 void frmPO::FillPOTree() {
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     ado::Recordset orders;
-    orders.Open("Select * From " + YearTable("tblPO") +
+    orders.Open("Select * From tblPO" + shared().FinYear +
                     " Where poSupplierID = " + std::to_string(suppliers.ItemData(suppliers.ListIndex())) +
                     " And poSupplierName = '" + suppliers.Text() + "' And  Not poCancelled",
                 shared().Connection);
@@ -117,7 +117,7 @@ void frmPO::FillPOTree() {
 
 bool frmPO::POUntouched(const std::string& poNumber) {
     ado::Recordset lines;
-    lines.Open("Select PoDetQtyRecd From " + YearTable("tblPoDet") + " Where PoDetPoNo = " + poNumber,
+    lines.Open("Select PoDetQtyRecd From tblPoDet" + shared().FinYear + " Where PoDetPoNo = " + poNumber,
                shared().Connection);
     for (; !lines.Eof(); lines.MoveNext())
         if (basic::NumberOrZero(lines["PoDetQtyRecd"]) > 0) return false;
@@ -232,13 +232,13 @@ void frmPO::SaveNew() {
         highest_->Requery();
     } else {
         highest_ = std::make_shared<ado::Recordset>();
-        highest_->Open("Select max(poNumber) as  High from " + YearTable("tblPo"), shared().Connection,
+        highest_->Open("Select max(poNumber) as  High from tblPo" + shared().FinYear, shared().Connection,
                        ado::adOpenStatic, ado::adLockReadOnly);
     }
     const std::string number = basic::NumberText(NumberAfter((*highest_)["High"]));
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     Conn().BeginTrans();
-    ExecuteCounted("Insert Into " + YearTable("tblPO") +
+    ExecuteCounted("Insert Into tblPO" + shared().FinYear +
                    " (poNumber, posupplierid, Podate, posupplierName,podlvterm) Values (" + number + ", " +
                    std::to_string(suppliers.ItemData(suppliers.ListIndex())) + ", " + DayOf(*ui().dtpDate) +
                    "," + Quoted(suppliers.Text()) + "," + Quoted(ui().txtDelTerm->Text()) + ")");
@@ -251,7 +251,7 @@ void frmPO::SaveNew() {
 void frmPO::SaveExisting() {
     const std::string number = SelectedNumber();
     Conn().BeginTrans();
-    ExecuteCounted("Update " + YearTable("tblPO") + " Set PoDate = " + DayOf(*ui().dtpDate) +
+    ExecuteCounted("Update tblPO" + shared().FinYear + " Set PoDate = " + DayOf(*ui().dtpDate) +
                    ", PoDlvTerm = " + Quoted(ui().txtDelTerm->Text()) + " Where PoNumber = " + number);
     for (int row = 1; row <= Lines().LastLine(); ++row) SaveLine(row, number);
     Conn().CommitTrans();
@@ -261,10 +261,10 @@ void frmPO::SaveExisting() {
 void frmPO::SaveLine(int row, const std::string& number) {
     const std::string item = Lines().Figure(row, OrderGrid::ItemCol);
     if (Lines().IsRemoved(row))
-        ExecuteCounted("Delete * From " + YearTable("tblPoDet") + " Where PoDetPoNo = " +
+        ExecuteCounted("Delete * From tblPoDet" + shared().FinYear + " Where PoDetPoNo = " +
                        Lines().Figure(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
     else if (Lines().IsMarked(row))
-        ExecuteCounted("Update " + YearTable("tblPoDet") +
+        ExecuteCounted("Update tblPoDet" + shared().FinYear +
                        " Set PoDetQtyOrder = " + Lines().Figure(row, OrderGrid::QtyCol) +
                        " Where PoDetPoNo = " + number + " And PoDetItemID = " + item);
     else if (!Lines().IsSaved(row))
@@ -272,7 +272,7 @@ void frmPO::SaveLine(int row, const std::string& number) {
 }
 
 void frmPO::InsertLine(int row, const std::string& number) {
-    ExecuteCounted("Insert Into " + YearTable("tblPODet") +
+    ExecuteCounted("Insert Into tblPODet" + shared().FinYear +
                    " ( PoDetPoNo, PoDetItemID, PoDetItemDesc, PoDetQtyOrder) Values (" + number + ", " +
                    Lines().Figure(row, OrderGrid::ItemCol) + ", '" + Lines().Text(row, OrderGrid::NameCol) +
                    "', " + Lines().Figure(row, OrderGrid::QtyCol) + ")");
@@ -285,7 +285,8 @@ void frmPO::cmdCancelPO_Click() {
     if (!POUntouched(number))
         return Tell("One or more items have been received for Purchase Order No." + number +
                     "\r\n\r\nCannot Cancel !!!");
-    if (Affected("Update " + YearTable("tblPO") + " Set poCancelled = True Where poNumber = " + number) < 1)
+    if (Affected("Update tblPO" + shared().FinYear + " Set poCancelled = True Where poNumber = " + number) <
+        1)
         return;
     Tell("Cancelled Purchase Order No. '" + number + "'");
     ResetPurchaseOrders();
@@ -298,8 +299,8 @@ void frmPO::cmdDeletePO_Click() {
         if (!POUntouched(number))
             Tell("One or more items have been received for Purchase Order No." + number +
                  "\r\n\r\nCannot Delete !!!");
-        else if (Affected("Delete From " + YearTable("tblPODet") + " Where PoDetPoNo = " + number) >= 1 &&
-                 Affected("Delete From " + YearTable("tblPO") + " Where poNumber = " + number) >= 1)
+        else if (Affected("Delete From tblPODet" + shared().FinYear + " Where PoDetPoNo = " + number) >= 1 &&
+                 Affected("Delete From tblPO" + shared().FinYear + " Where poNumber = " + number) >= 1)
             Tell("Deleted Purchase Order No. '" + number + "'");
     }
     ResetPurchaseOrders();

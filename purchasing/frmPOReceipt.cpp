@@ -68,7 +68,7 @@ void frmPOReceipt::FillPOReceiptNumbers() {
     box.Clear();
     box.AddItem(NewNumber);
     for (const basic::Value& number :
-         FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
+         FetchFirstColumn("Select Distinct ItemLedTrnNo From tblItemLed" + shared().FinYear +
                           " Where ItemLedPONo = " + ui().txtPoNo->Text()))
         box.AddItem(basic::TextOrEmpty(number));
     box.SetText(NewNumber);
@@ -83,7 +83,7 @@ void frmPOReceipt::LoadReceipt() {
 void frmPOReceipt::LoadPOReceiptGrid() {
     Lines().Setup(ui().cmbTxnNo->Text() == NewNumber);
     ado::Recordset lines;
-    lines.Open("Select * From " + YearTable("tblPo") + ", " + YearTable("tblPoDet") +
+    lines.Open("Select * From tblPo" + shared().FinYear + ", tblPoDet" + shared().FinYear +
                    " Where PoNumber = PoDetPoNo And PoNumber = " + std::to_string(poNumber_),
                shared().Connection);
     ui().txtPoNo->SetText(basic::TextOrEmpty(lines["PoNumber"]));
@@ -107,11 +107,11 @@ void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& 
     show(NameCol, line["PoDetItemDesc"]);
     show(OrderedCol, line["PoDetQtyOrder"]);
     const ado::RecordsetPtr item =
-        Conn().Execute("Select Unit_Price From " + YearTable("ItemMaster") + " Where Item_ID = " + itemId);
+        Conn().Execute("Select Unit_Price From ItemMaster" + shared().FinYear + " Where Item_ID = " + itemId);
     if (!item->Eof()) show(RateCol, (*item)["Unit_Price"]);
     if (ui().cmbTxnNo->Text() == NewNumber) return show(PreviousCol, line["PoDetQtyRecd"]);
     const ado::RecordsetPtr movement = Conn().Execute(
-        "Select ItemLedTrnRptQty, ItemLedNote From " + YearTable("tblItemLed") +
+        "Select ItemLedTrnRptQty, ItemLedNote From tblItemLed" + shared().FinYear +
         " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo) + " And ItemLedItemID = " + itemId);
     if (movement->Eof()) return;
     show(QtyCol, (*movement)["ItemLedTrnRptQty"]);
@@ -129,8 +129,8 @@ void frmPOReceipt::FillPOReceiptBill() {
     ado::Recordset bill;
     bill.Open(
         "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerNarration, BillID, BillDiscount, BillTaxRate, "
-        "BillOtherCharges From " +
-            YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
+        "BillOtherCharges From tb_Ledger" +
+            shared().FinYear + ", tblBills" + shared().FinYear +
             " Where BillVchrNo = LedgerTrnNo And IsPOBill And BillTxnID = " + NumberTextIn(*ui().cmbTxnNo),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (bill.Eof()) return;
@@ -187,8 +187,8 @@ void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
     const OrderReceiptGrid grid = Lines();
     const double item = grid.Number(row, ItemCol), qty = grid.Received(row);
     Conn().BeginTrans();
-    AddToItem("ReceivedQty", item, qty);
-    ExecuteCounted("Update " + YearTable("tblPoDet") +
+    AddReceived(item, qty);
+    ExecuteCounted("Update tblPoDet" + shared().FinYear +
                    " Set PoDetQtyRecd = Iif(IsNull(PoDetQtyRecd), 0, PoDetQtyRecd) + " +
                    basic::NumberText(qty) + " Where PoDetPoNo = " + std::to_string(poNumber_) +
                    " And PoDetItemID = " + basic::NumberText(item));
@@ -224,7 +224,7 @@ void frmPOReceipt::cmdSave_Click() {
     try {
         if (!ValidatePOReceipt()) return;
         const std::int32_t txnNo =
-            NextNumber("Select max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
+            NextNumber("Select max(ItemLedTrnNo) As High from tblItemLed" + shared().FinYear);
         LandingCost landingCost = Boxes().Rates();
         for (int row = 1; row <= ui().vsItems->Rows() - FooterRows; ++row)
             if (Lines().IsMarked(row)) SaveRow(row, txnNo, landingCost.Next(Lines().Number(row, RateCol)));

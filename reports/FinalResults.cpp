@@ -137,10 +137,8 @@ std::string Foot(char section, const Totals& totals) {
     }
 }
 
-ado::Recordset& Open(ado::Recordset& lines, char section) {
-    lines.Open(std::string("Select * from tblsysTpl where Type ='") + section + "'", shared().Connection,
-               ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
-    return lines;
+void Open(ado::Recordset& lines, const char* sql) {
+    lines.Open(sql, shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
 }
 
 std::string HeadCell(const char* tag, const char* caption) {
@@ -207,9 +205,9 @@ std::string FinalResults::PrintSection(char section, ado::Recordset& lines) {
 // begun.
 std::string FinalResults::Print() const {
     ado::Recordset trading, profit, balance;
-    Open(trading, 'T');
-    Open(profit, 'P');
-    Open(balance, 'B');
+    Open(trading, "Select * from tblsysTpl where Type ='T'");
+    Open(profit, "Select * from tblsysTpl where Type ='P'");
+    Open(balance, "Select * from tblsysTpl where Type ='B'");
     std::string page;
     if (!trading.Eof() || !profit.Eof()) {
         page =

@@ -74,7 +74,7 @@ void frmPartyLedger::PrintLedger() {
         const ado::RecordsetPtr ledger =
             Conn().Execute("Select Name from ledger_master  Where ledger_id = " + ledgerId);
         ado::Recordset rows;
-        rows.Open(" SELECT  *  From " + YearTable("tb_Ledger") + " WHERE ledgercode = " + ledgerId +
+        rows.Open(" SELECT  *  From tb_Ledger" + shared().FinYear + " WHERE ledgercode = " + ledgerId +
                       " And ledgertxnDate >= " + std::to_string(from) + " And ledgertxnDate <= " +
                       std::to_string(upto) + " Order by  ledgertxnDate, ledgertrntype Desc ",
                   shared().Connection, ado::adOpenDynamic, ado::adLockOptimistic, -1);
@@ -90,13 +90,12 @@ void frmPartyLedger::OpeningOf(const std::string& ledgerId, std::int32_t from, d
     const ado::RecordsetPtr stored =
         Conn().Execute("Select opening_Bal,Bal_type from Ledger_details  WHERE ledger_Id =" + ledgerId +
                        " And Ledger_details.Fnncl_Yr = " + shared().FinYear);
-    const auto earlier = [&](const char* sum) {
-        return Conn().Execute("SELECT SUM(" + std::string(sum) + " From  " + YearTable("tb_ledger") +
-                              " WHERE ledgertxndate < " + std::to_string(from) +
-                              " AND ledgerCode = " + ledgerId);
-    };
-    const ado::RecordsetPtr debits = earlier("ledgerdrAmt) As drVal");
-    const ado::RecordsetPtr credits = earlier("ledgercrAmt) As crVal");
+    const std::string earlier =
+        shared().FinYear + " WHERE ledgertxndate < " + std::to_string(from) + " AND ledgerCode = " + ledgerId;
+    const ado::RecordsetPtr debits =
+        Conn().Execute("SELECT SUM(ledgerdrAmt) As drVal From  tb_ledger" + earlier);
+    const ado::RecordsetPtr credits =
+        Conn().Execute("SELECT SUM(ledgercrAmt) As crVal From tb_ledger" + earlier);
     const basic::Value balance = (*stored)["opening_Bal"];
     if (!balance.IsNull())
         opening = basic::ToDouble(balance) * (basic::TextOrEmpty((*stored)["Bal_type"]) == "C" ? -1 : 1);

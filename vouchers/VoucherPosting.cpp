@@ -92,7 +92,7 @@ void VoucherPosting::ReadBalance(const VoucherLine& line, bool withTotals) {
 }
 
 void VoucherPosting::InsertRow(const VoucherLine& line) const {
-    ExecuteCounted("Insert Into " + YearTable("tb_Ledger") +
+    ExecuteCounted("Insert Into tb_Ledger" + shared().FinYear +
                    "(LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerDrAmt, LedgerNarration, LedgerTrnType, "
                    "LedgerCrAmt, LedgerName, LedgerLedBal, LedgerMcGenerated) Values (" +
                    std::to_string(trnNo_) + ", " + line.LedgerId + ", " + std::to_string(dayNumber_) + ", " +
@@ -102,7 +102,7 @@ void VoucherPosting::InsertRow(const VoucherLine& line) const {
 }
 
 void VoucherPosting::DeleteRow(const VoucherLine& line, const std::string& ledgerId) const {
-    ExecuteCounted("Delete From " + YearTable("tb_Ledger") +
+    ExecuteCounted("Delete From tb_Ledger" + shared().FinYear +
                    " Where LedgerTrnNo = " + basic::NumberText(basic::PrefixValue(line.SavedNo)) +
                    " And LedgerCode = " + ledgerId + " And LedgerTxnDate = " + std::to_string(dayNumber_) +
                    " And LedgerTrnType = " + Quoted(voucherType_));

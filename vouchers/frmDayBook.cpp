@@ -42,8 +42,8 @@ std::string DayNumber(basic::Date date) {
 
 std::string DistinctRows() {
     return "Select Distinct LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerCode, "
-           "LedgerName, LedgerMcGenerated From " +
-           YearTable("tb_Ledger");
+           "LedgerName, LedgerMcGenerated From tb_Ledger" +
+           shared().FinYear;
 }
 
 }  // namespace
@@ -72,8 +72,8 @@ void frmDayBook::Form_Load() {
     FillComboFromArray(*ui().cboFilterFld, {"Date Range", "Date", "Type", "Amount", "Ledger"});
     OpenDayBook(
         "Select LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt,LedgerCrAmt, LedgerCode,LedgerName, "
-        "LedgerMcGenerated From " +
-        YearTable("tb_Ledger") + " Order By LedgerTxnDate");
+        "LedgerMcGenerated From tb_Ledger" +
+        shared().FinYear + " Order By LedgerTxnDate");
     ShowToday();
     ui().dtpDateFrom->SetValue(basic::Clock::Today());
     ui().dtpDateUpTo->SetValue(basic::Clock::Today());

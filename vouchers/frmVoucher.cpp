@@ -66,7 +66,7 @@ void frmVoucher::LoadVoucher(std::int32_t trnNo) {
     CurrentTrnNo = trnNo;
     lines_->SetUp();
     ado::Recordset rows;
-    rows.Open("Select * From " + YearTable("tb_Ledger") + " Where LedgerTrnNo = " + std::to_string(trnNo),
+    rows.Open("Select * From tb_Ledger" + shared().FinYear + " Where LedgerTrnNo = " + std::to_string(trnNo),
               shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (!rows.Eof()) {
         ui().dtpDate->SetValue(basic::ToDate(DateNumber(rows["LedgerTxnDate"])));
@@ -103,7 +103,7 @@ void frmVoucher::cmdSave_Click() {
     try {
         if (!ValidateVoucher()) return;
         if (ui().txtVoucherNo->Text() == NewVoucher)
-            CurrentTrnNo = NextNumber("Select Max(LedgerTrnNo) As High From " + YearTable("tb_Ledger"));
+            CurrentTrnNo = NextNumber("Select Max(LedgerTrnNo) As High From tb_Ledger" + shared().FinYear);
         VoucherPosting posting(CurrentTrnNo, basic::ToLong(DateNumber(ui().dtpDate->Value())),
                                ui().cmbVoucherType->Text());
         for (int row = 1; row <= lines_->LastLine(); ++row) {
