@@ -64,7 +64,7 @@ void InsertLedger(const LedgerEntry& entry) {
     Conn().Execute(
         "insert into Ledger_Details(Ledger_Id,fnncl_Yr,Opening_Bal,Closing_Bal,Bal_Type) values('" +
         ledgerId + "', " + shared().FinYear + "," + entry.OpeningBal + "," + entry.OpeningBal + ",'" +
-        entry.BalType + "')");
+        LetterOf(entry.BalType) + "')");
 }
 
 void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
@@ -77,7 +77,7 @@ void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
                      "' and Group_Id=" + parentId);
     Conn().Execute("update Ledger_Details set Ledger_Id = " + ledgerId + ",fnncl_Yr = " + shared().FinYear +
                    ",Opening_Bal = " + entry.OpeningBal + ",Closing_Bal= " + entry.OpeningBal +
-                   ",Bal_Type=  '" + entry.BalType + "' Where ledger_id = " + ledgerId);
+                   ",Bal_Type=  '" + LetterOf(entry.BalType) + "' Where ledger_id = " + ledgerId);
 }
 
 bool LedgerHasVouchers(const std::string& ledgerId) {

@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include "core/LedgerSide.h"
+
 namespace qm {
 
 // What a user enters for a ledger. All texts go into the statements as they stand: a single quote in one of
@@ -11,7 +13,7 @@ struct LedgerEntry {
     std::string Name;
     std::string GroupName;                // its group's name, of the first level
     std::string OpeningBal;               // as typed
-    std::string BalType;                  // "C" or "D"
+    LedgerSide BalType = LedgerSide::Debit;
     std::array<std::string, 14> Details;  // of a party, by the number of the box Text1; 0 is free
 };
 

@@ -4,6 +4,7 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
+#include "core/LedgerSide.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -143,7 +144,8 @@ void Ledger_Master::FindRec() {
     ShowLedgerRecord(*found);  // a ledger without a row in this year raises here
     const basic::Value opening = (*found)["Opening_Bal"], side = (*found)["Bal_Type"];
     if (!opening.IsNull()) ui().Text2->SetText(basic::ToText(opening));
-    if (!side.IsNull()) (basic::ToText(side) == "C" ? ui().Option1 : ui().Option2)->SetValue(1);
+    const bool credit = SideOfLetter(basic::TextOrEmpty(side)) == LedgerSide::Credit;
+    if (!side.IsNull()) (credit ? ui().Option1 : ui().Option2)->SetValue(1);
 }
 
 void Ledger_Master::NextRec() {
@@ -179,9 +181,8 @@ void Ledger_Master::ShowLedgerRecord(ado::Recordset& record) {
 
 // Choosing one option lets go of the other.
 void Ledger_Master::ShowBalance(ado::Recordset& record) {
-    const std::string side = basic::TextOrEmpty(record["Bal_Type"]);
-    if (side == "C") ui().Option1->SetValue(1);
-    if (side == "D") ui().Option2->SetValue(1);
+    const auto side = SideOfLetter(basic::TextOrEmpty(record["Bal_Type"]));
+    if (side) (side == LedgerSide::Credit ? ui().Option1 : ui().Option2)->SetValue(1);
     ui().Text2->SetText(basic::TextOrEmpty(record["Opening_Bal"]));
 }
 
@@ -239,7 +240,7 @@ LedgerEntry Ledger_Master::Entry() {
     LedgerEntry entry{ui().txtLedName->Text(),
                       ui().Combo1->Text(),
                       ui().Text2->Text(),
-                      ui().Option1->Value() ? "C" : "D",
+                      ui().Option1->Value() ? LedgerSide::Credit : LedgerSide::Debit,
                       {}};
     for (std::size_t box = 1; box < entry.Details.size(); ++box)
         entry.Details[box] = Text1(static_cast<int>(box)).Text();

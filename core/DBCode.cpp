@@ -14,8 +14,6 @@
 namespace qm {
 namespace {
 
-const char* const BooksPassword = "quintel";
-
 // How a value of the record helpers stands in a statement. Numbers and booleans go in as they stand, blanks
 // included.
 std::string SqlValue(const std::string& value, const std::string& type) {

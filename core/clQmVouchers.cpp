@@ -1,13 +1,16 @@
 // The voucher calls of the class: one row, one transaction each, with no check that the sides balance.
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "core/Balance.h"
 #include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
+#include "core/VoucherType.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
@@ -43,12 +46,8 @@ std::string AmountText(double amount) {
 
 // Any other letter appends nothing, which leaves the insert a value short, so it fails. Kept 3.
 std::string TypeWord(const std::string& category) {
-    const std::string letter = basic::UCase(category);
-    if (letter == "J") return "\"Journal\", ";
-    if (letter == "P") return "\"Payment\", ";
-    if (letter == "R") return "\"Receipt\", ";
-    if (letter == "C") return "\"Contra\", ";
-    return "";
+    const auto type = TypeOfLetter(basic::UCase(category));
+    return type ? Quoted(WordOf(*type)) + ", " : "";
 }
 
 // 0 without a row for the year; an opening on neither side counts as 0.
@@ -84,13 +83,13 @@ void ReverseTotals(ado::Recordset& row) {
 // A row of the voucher, written again on its own side. The result of InsertVoucher is not looked at; a row
 // with both amounts is not written again: both kept 8.
 void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt, ado::Recordset& row) {
-    const char* side = nullptr;
+    std::optional<LedgerSide> side;
     if (IsNullOrZero(row["LedgerDrAmt"]))
-        side = "C";
+        side = LedgerSide::Credit;
     else if (IsNullOrZero(row["LedgerCrAmt"]))
-        side = "D";
-    if (side == nullptr) return;
-    host.InsertVoucher(lTrnID, dtTrnDT, basic::Left(basic::ToText(row["LedgerTrnType"]), 1), side,
+        side = LedgerSide::Debit;
+    if (!side) return;
+    host.InsertVoucher(lTrnID, dtTrnDT, basic::Left(basic::ToText(row["LedgerTrnType"]), 1), LetterOf(*side),
                        basic::ToText(row["LedgerNarration"]), dAmt, basic::ToLong(row["LedgerCode"]),
                        basic::ToText(row["LedgerName"]));
 }
@@ -116,7 +115,7 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
                          std::int32_t lLedCode, const std::string& sLedName) {
     try {
         const std::string ledgerCode = basic::NumberText(lLedCode), amount = AmountText(dAmt);
-        const std::string side = basic::UCase(sTrnType);
+        const auto side = SideOfLetter(basic::UCase(sTrnType));
         std::string insert =
             "Insert Into tb_Ledger" + shared().FinYear +
             " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, LedgerTrnType, "
@@ -124,10 +123,10 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
             basic::NumberText(lTrnID) + ", " + ledgerCode + ", " + Quoted(sLedName) + ", " +
             basic::NumberText(dtTrnDT) + ", " + Quoted(sTrnNarration) + ", " + TypeWord(sTrnCate);
         std::string update = "Update Ledger_Details Set ";
-        if (side == "D") {
+        if (side == LedgerSide::Debit) {
             insert += amount + ", 0";
             update += "LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) + " + amount;
-        } else if (side == "C") {
+        } else if (side == LedgerSide::Credit) {
             insert += "0, " + amount;
             update += "LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + " + amount;
         }

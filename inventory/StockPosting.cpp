@@ -3,8 +3,10 @@
 #include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/FDBCode.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -66,13 +68,15 @@ void PostBill(const Bill& bill) {
     using basic::NumberText;
     Conn().BeginTrans();
     std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
-    const auto post = [&](SideCode side, const EntrySide& ledger) {
-        voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
-                                   ledger.LedgerId, ledger.LedgerName);
+    const auto post = [&](LedgerSide side, const EntrySide& ledger) {
+        voucherNo =
+            PostVoucherRow(voucherNo, bill.Date, CodeOf(VoucherType::Journal),
+                           CodeOf(side), bill.Narration, bill.Amount, ledger.LedgerId,
+                           ledger.LedgerName);
         RequireRecords(voucherNo != 0);
     };
-    post(Credit, bill.Credit);
-    post(Debit, bill.Debit);
+    post(LedgerSide::Credit, bill.Credit);
+    post(LedgerSide::Debit, bill.Debit);
     ExecuteCounted("Insert into tblBills" + shared().FinYear +
                    "(BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID, BillDiscount, BillTaxRate, "
                    "BillOtherCharges) Values (" +

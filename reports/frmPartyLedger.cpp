@@ -1,6 +1,7 @@
 #include "reports/frmPartyLedger.h"
 
 #include "core/DBCode.h"
+#include "core/LedgerSide.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
@@ -97,8 +98,8 @@ void frmPartyLedger::OpeningOf(const std::string& ledgerId, std::int32_t from, d
     const ado::RecordsetPtr credits =
         Conn().Execute("SELECT SUM(ledgercrAmt) As crVal From tb_ledger" + earlier);
     const basic::Value balance = (*stored)["opening_Bal"];
-    if (!balance.IsNull())
-        opening = basic::ToDouble(balance) * (basic::TextOrEmpty((*stored)["Bal_type"]) == "C" ? -1 : 1);
+    const bool credit = SideOfLetter(basic::TextOrEmpty((*stored)["Bal_type"])) == LedgerSide::Credit;
+    if (!balance.IsNull()) opening = basic::ToDouble(balance) * (credit ? -1 : 1);
     opening = opening + basic::NumberOrZero((*debits)["drVal"]) - basic::NumberOrZero((*credits)["crVal"]);
 }
 

@@ -4,8 +4,9 @@
 
 #include "core/Boxes.h"
 #include "core/DBCode.h"
-#include "core/FDBCode.h"
 #include "core/GeneralUtils.h"
+#include "core/VoucherReversal.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
@@ -200,7 +201,7 @@ void frmDayBook::cboFilterFld_Click() {
     ui().lblComp->SetCaption(amount ? ">=" : "=");
     if (value) ui().cboFilterValue->Clear();
     if (field == "Type")
-        FillComboFromArray(*ui().cboFilterValue, {"Receipt", "Payment", "Contra", "Journal"});
+        FillComboFromArray(*ui().cboFilterValue, VoucherTypeWords());
     if (field == "Ledger") FillLedgerNames();
 }
 

@@ -6,7 +6,9 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
@@ -42,7 +44,7 @@ void frmVoucher::Wire() {
 }
 
 void frmVoucher::Form_Load() {
-    FillComboFromArray(*ui().cmbVoucherType, {"Receipt", "Payment", "Contra", "Journal"});
+    FillComboFromArray(*ui().cmbVoucherType, VoucherTypeWords());
 }
 
 std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
@@ -64,7 +66,7 @@ void frmVoucher::Form_Unload() {
 void frmVoucher::LoadVoucher(std::int32_t trnNo) {
     ui().txtVoucherNo->SetText(trnNo < 1 ? NewVoucher : std::to_string(trnNo));
     CurrentTrnNo = trnNo;
-    lines_->SetUp();
+    lines_->SetupVoucherGrid();
     ado::Recordset rows;
     rows.Open("Select * From tb_Ledger" + shared().FinYear + " Where LedgerTrnNo = " + std::to_string(trnNo),
               shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
@@ -74,7 +76,7 @@ void frmVoucher::LoadVoucher(std::int32_t trnNo) {
     }
     for (; !rows.Eof(); rows.MoveNext()) lines_->AddLoaded(rows);
     lines_->AddFoot();
-    lines_->ShowTotals();
+    lines_->ShowVoucherTotals();
 }
 
 void frmVoucher::cmbVoucherType_Validate() {
@@ -151,9 +153,9 @@ bool frmVoucher::ValidateVoucher() {
 
 bool frmVoucher::ValidateLine(int row) {
     forms::VSFlexGrid& grid = *ui().vsVoucher;
-    const std::string side = grid.TextMatrix(row, Side);
-    if (side != "Dr." && side != "Cr.") return true;
-    const bool debit = side == "Dr.";
+    const auto side = lines_->SideOf(row);
+    if (!side) return true;
+    const bool debit = side == LedgerSide::Debit;
     if (grid.TextMatrix(row, Ledger).empty()) {
         Refuse(debit ? "Please select a ledger to be debited" : "Please select a ledger to be credited");
         grid.SetFocus();
