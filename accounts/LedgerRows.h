@@ -11,8 +11,8 @@ namespace qm {
 // them breaks the statement.
 struct LedgerEntry {
     std::string Name;
-    std::string GroupName;                // its group's name, of the first level
-    std::string OpeningBal;               // as typed
+    std::string GroupName;   // its group's name, of the first level
+    std::string OpeningBal;  // as typed
     LedgerSide BalType = LedgerSide::Debit;
     std::array<std::string, 14> Details;  // of a party, by the number of the box Text1; 0 is free
 };

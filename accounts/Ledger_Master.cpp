@@ -82,17 +82,17 @@ ado::RecordsetPtr Ledger_Master::GetResultSet(const std::string& sql) {
 
 void Ledger_Master::Wire() {
     ucAddPanel& panel = *ui().ucAddPanel1;
-    panel.AddRec = [this] { AddRec(); };
-    panel.UpdRec = [this] { UpdRec(); };
-    panel.DelRec = [this] { DeleteLedger(); };
-    panel.FindRec = [this] { FindRec(); };
-    panel.CloseRec = [this] { Unload(); };
-    panel.NextRec = [this] { NextRec(); };
-    panel.PrevRec = [this] { PrevRec(); };
+    panel.AddRec = [this] { ucAddPanel1_AddRec(); };
+    panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
+    panel.DelRec = [this] { ucAddPanel1_DelRec(); };
+    panel.FindRec = [this] { ucAddPanel1_FindRec(); };
+    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
+    panel.NextRec = [this] { ucAddPanel1_NextRec(); };
+    panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
     ui().Combo1->Click = [this] { Combo1_Click(); };
     ui().Combo1->Validate = [this](bool&) { Combo1_Validate(); };
     ui().Text2->Validate = [this](bool&) { Text2_Validate(); };
-    ui().txtLedgerId->Change = [this] { ShowStockButton(); };
+    ui().txtLedgerId->Change = [this] { txtLedgerId_Change(); };
     ui().cmdStkClBal->Click = [this] { cmdStkClBal_Click(); };
 }
 
@@ -102,7 +102,7 @@ void Ledger_Master::Form_Unload() {
 }
 
 // The group stays as it was chosen, and the layout with it.
-void Ledger_Master::AddRec() {
+void Ledger_Master::ucAddPanel1_AddRec() {
     for (forms::TextBox* box : ControlsOf<forms::TextBox>()) box->SetText("");
     for (forms::OptionButton* option : ControlsOf<forms::OptionButton>()) option->SetValue(0);
     EnableControls();
@@ -112,7 +112,7 @@ void Ledger_Master::AddRec() {
 }
 
 // A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept 24.
-void Ledger_Master::UpdRec() {
+void Ledger_Master::ucAddPanel1_UpdRec() {
     EnableControls();
     IsNewLedger ? AddLedger() : UpdateLedger();
     IsNewLedger = false;
@@ -128,7 +128,7 @@ void Ledger_Master::EnableControls() {
 
 // Deleted ledgers are found like others. A look-up that is closed without a choice leaves the number of the
 // one before. Kept 28.
-void Ledger_Master::FindRec() {
+void Ledger_Master::ucAddPanel1_FindRec() {
     frmSearchAndLookUp& lookUp = forms::Default<frmSearchAndLookUp>();
     lookUp.BaseQuery = "select ledger_ID as [Ledger Id],Name from Ledger_Master";
     SearchLikePrefix = "select ledger_ID as [Ledger Id],Name from Ledger_Master where Name like ";
@@ -148,12 +148,12 @@ void Ledger_Master::FindRec() {
     if (!side.IsNull()) (credit ? ui().Option1 : ui().Option2)->SetValue(1);
 }
 
-void Ledger_Master::NextRec() {
+void Ledger_Master::ucAddPanel1_NextRec() {
     Page(&ado::Recordset::MoveNext, &ado::Recordset::Eof, "End of File Reached",
          &ado::Recordset::MovePrevious);
 }
 
-void Ledger_Master::PrevRec() {
+void Ledger_Master::ucAddPanel1_PrevRec() {
     Page(&ado::Recordset::MovePrevious, &ado::Recordset::Bof, "Begining of File Reached",
          &ado::Recordset::MoveNext);
 }

@@ -55,7 +55,9 @@ void frmGrpMain::Wire() {
     ui().cmdAdd->Click = [this] { cmdAdd_Click(); };
     ui().cmdDelete->Click = [this] { cmdDelete_Click(); };
     ui().cmdExit->Click = [this] { cmdExit_Click(); };
-    WireSplitter();
+    ui().imgSplitter->MouseDown = [this](int, int, int) { imgSplitter_MouseDown(); };
+    ui().imgSplitter->MouseMove = [this](int, int x, int) { imgSplitter_MouseMove(x); };
+    ui().imgSplitter->MouseUp = [this](int, int, int) { imgSplitter_MouseUp(); };
 }
 
 void frmGrpMain::Form_Load() {
@@ -233,25 +235,25 @@ void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newT
     BuildTree();
 }
 
-void frmGrpMain::WireSplitter() {
-    forms::Image& handle = *ui().imgSplitter;
-    forms::PictureBox& bar = *ui().picSplitter;
-    handle.MouseDown = [&, this](int, int, int) {
-        bar.Move(handle.Left(), 0, Gap, handle.Height());
-        bar.SetVisible(true);
-        dragging_ = true;
-    };
-    handle.MouseMove = [&, this](int, int x, int) {
-        if (!dragging_) return;
-        const int furthest = std::max(SplitLimit, ui().picPanes->Width() - SplitLimit);
-        bar.Move(std::clamp(handle.Left() + x, SplitLimit, furthest), 0, Gap, bar.Height());
-    };
-    handle.MouseUp = [&, this](int, int, int) {
-        if (!dragging_) return;
-        dragging_ = false;
-        bar.SetVisible(false);
-        SizeControls(bar.Left());
-    };
+void frmGrpMain::imgSplitter_MouseDown() {
+    const forms::Image& handle = *ui().imgSplitter;
+    ui().picSplitter->Move(handle.Left(), 0, Gap, handle.Height());
+    ui().picSplitter->SetVisible(true);
+    dragging_ = true;
+}
+
+void frmGrpMain::imgSplitter_MouseMove(int x) {
+    if (!dragging_) return;
+    const int furthest = std::max(SplitLimit, ui().picPanes->Width() - SplitLimit);
+    ui().picSplitter->Move(std::clamp(ui().imgSplitter->Left() + x, SplitLimit, furthest), 0, Gap,
+                           ui().picSplitter->Height());
+}
+
+void frmGrpMain::imgSplitter_MouseUp() {
+    if (!dragging_) return;
+    dragging_ = false;
+    ui().picSplitter->SetVisible(false);
+    SizeControls(ui().picSplitter->Left());
 }
 
 void frmGrpMain::Form_Resize() {

@@ -10,8 +10,8 @@ void FoldTotals(ado::Recordset& row, double debitTotal, double creditTotal) {
     const double folded = onCredit ? opening + creditTotal - debitTotal : opening + debitTotal - creditTotal;
     const bool changesSide = folded < 0;
     row.Fields("Opening_Bal").SetValue(changesSide ? -folded : folded);
-    row.Fields("Bal_Type").SetValue(
-        LetterOf(onCredit == changesSide ? LedgerSide::Debit : LedgerSide::Credit));
+    row.Fields("Bal_Type")
+        .SetValue(LetterOf(onCredit == changesSide ? LedgerSide::Debit : LedgerSide::Credit));
     row.Fields("LedDetCRTxnTot").SetValue(0.0);
     row.Fields("LedDetDRTxnTot").SetValue(0.0);
     row.Fields("Closing_Bal").SetValue(0.0);

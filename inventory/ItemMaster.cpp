@@ -41,7 +41,7 @@ void ItemMaster::Wire() {
     panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
     panel.DelRec = [this] { ucAddPanel1_DelRec(); };
     panel.FindRec = [this] { ucAddPanel1_FindRec(); };
-    panel.CloseRec = [this] { Unload(); };
+    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
     panel.NextRec = [this] { ucAddPanel1_NextRec(); };
     panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
 }

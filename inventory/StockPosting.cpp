@@ -69,10 +69,8 @@ void PostBill(const Bill& bill) {
     Conn().BeginTrans();
     std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
     const auto post = [&](LedgerSide side, const EntrySide& ledger) {
-        voucherNo =
-            PostVoucherRow(voucherNo, bill.Date, CodeOf(VoucherType::Journal),
-                           CodeOf(side), bill.Narration, bill.Amount, ledger.LedgerId,
-                           ledger.LedgerName);
+        voucherNo = PostVoucherRow(voucherNo, bill.Date, CodeOf(VoucherType::Journal), CodeOf(side),
+                                   bill.Narration, bill.Amount, ledger.LedgerId, ledger.LedgerName);
         RequireRecords(voucherNo != 0);
     };
     post(LedgerSide::Credit, bill.Credit);

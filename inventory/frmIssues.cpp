@@ -30,7 +30,7 @@ void frmIssues::Wire() {
     grid.AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
     grid.KeyDown = [this](int& keyCode, int) { vsIssue_KeyDown(keyCode); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmIssues::Load(std::int32_t trnNo) {
@@ -44,7 +44,7 @@ void frmIssues::Load(std::int32_t trnNo) {
 std::vector<forms::Form::Command> frmIssues::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 

@@ -101,8 +101,12 @@ void frmReceipt::LoadReceipt() {
     Boxes().SetSaved(ShowsSaved(*ui().cmbReceipt), {ui().cmbSupplier, ui().cmbItemLedgers});
 }
 
-void frmReceipt::FillReceiptGrid() {
+void frmReceipt::SetupReceiptGrid() {
     Grid().Setup(QtyWidth);
+}
+
+void frmReceipt::FillReceiptGrid() {
+    SetupReceiptGrid();
     const auto date = Grid().Fill("Select * From tblItemLed" + shared().FinYear + " Where ItemLedTrnNo = " +
                                       NumberTextIn(*ui().cmbReceipt) + " And ItemLedTrnType = 'Receipt'",
                                   "ItemLedTrnRptQty");
@@ -257,10 +261,6 @@ void frmReceipt::cmdSave_Click() {
         Tell("Cannot save Receipt Details");
         LogError(Name(), error);
     }
-}
-
-void frmReceipt::cmdExit_Click() {
-    Unload();
 }
 
 }  // namespace qm

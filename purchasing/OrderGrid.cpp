@@ -6,7 +6,7 @@
 
 namespace qm {
 
-void OrderGrid::Setup() const {
+void OrderGrid::SetupPOGrid() const {
     grid_->SetCols(Columns);
     const ItemHeading headings[] = {{.Text = "", .Hidden = true},
                                     {.Text = "", .Hidden = true},

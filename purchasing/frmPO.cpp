@@ -31,27 +31,23 @@ void frmPO::Wire() {
     ui().cmbSuppliers->Change = [this] { FillPOTree(); };
     ui().cmbSuppliers->Click = [this] { FillPOTree(); };
     ui().tvPO->NodeClick = [this](forms::Node&) { tvPO_NodeClick(); };
-    ui().tvPO->Click = [this] { tvPO_NodeClick(); };
+    ui().tvPO->Click = [this] { tvPO_Click(); };
     ui().tvPO->SetLabelEdit(false);
     ui().vsPODet->SetCellButtonPicture(ui().picButton->Picture());
     ui().vsPODet->Click = [this] { vsPODet_Click(); };
     ui().vsPODet->KeyDown = [this](int& keyCode, int) { vsPODet_KeyDown(keyCode); };
-    ui().vsPODet->KeyPress = [this](int& keyAscii) {
-        if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
-    };
-    ui().vsPODet->KeyPressEdit = [this](int, int col, int& keyAscii) { Lines().FilterKey(col, keyAscii); };
+    ui().vsPODet->KeyPress = [this](int& keyAscii) { vsPODet_KeyPress(keyAscii); };
+    ui().vsPODet->KeyPressEdit = [this](int, int col, int& keyAscii) { vsPODet_KeyPressEdit(col, keyAscii); };
     ui().vsPODet->BeforeEdit = [this](int row, int col, bool& cancel) {
-        cancel = OrderIsTouched() || Lines().IsFixed(row, col);
+        vsPODet_BeforeEdit(row, col, cancel);
     };
-    ui().vsPODet->AfterEdit = [this](int row, int) {
-        if (OrderIsSelected() && Lines().IsSaved(row)) Lines().Mark(row);
-    };
-    ui().vsPODet->CellButtonClick = [this](int, int) { Lines().AddPicked(); };
+    ui().vsPODet->AfterEdit = [this](int row, int) { vsPODet_AfterEdit(row); };
+    ui().vsPODet->CellButtonClick = [this](int, int) { vsPODet_CellButtonClick(); };
     ui().cmdCancelPO->Click = [this] { cmdCancelPO_Click(); };
     ui().cmdDeletePO->Click = [this] { cmdDeletePO_Click(); };
     ui().cmdRecieved->Click = [this] { cmdRecieved_Click(); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmPO::Form_Load() {
@@ -69,13 +65,13 @@ void frmPO::Form_Unload() {
 std::vector<forms::Form::Command> frmPO::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 
 void frmPO::ResetPurchaseOrders() {
     terms_.clear();
-    Lines().Setup();
+    Lines().SetupPOGrid();
     FillPOSuppliers();
     ui().cmbSuppliers->SetListIndex(-1);
     ui().tvPO->Clear();
@@ -170,6 +166,26 @@ void frmPO::vsPODet_KeyDown(int& keyCode) {
     }
     const int row = ui().vsPODet->Row();
     if (keyCode == forms::vbKeyDelete && ui().tvPO->SelectedItem() && row >= 1) Lines().Remove(row);
+}
+
+void frmPO::vsPODet_KeyPress(int& keyAscii) {
+    if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
+}
+
+void frmPO::vsPODet_KeyPressEdit(int col, int& keyAscii) {
+    Lines().FilterKey(col, keyAscii);
+}
+
+void frmPO::vsPODet_BeforeEdit(int row, int col, bool& cancel) {
+    cancel = OrderIsTouched() || Lines().IsFixed(row, col);
+}
+
+void frmPO::vsPODet_AfterEdit(int row) {
+    if (OrderIsSelected() && Lines().IsSaved(row)) Lines().Mark(row);
+}
+
+void frmPO::vsPODet_CellButtonClick() {
+    Lines().AddPicked();
 }
 
 bool frmPO::ValidatePO() {

@@ -44,16 +44,16 @@ void frmPOReceipt::Wire() {
     grid.KeyPressEdit = [this](int, int col, int& keyAscii) { vsItems_KeyPressEdit(col, keyAscii); };
     grid.ValidateEdit = [this](int row, int col, bool& cancel) { vsItems_ValidateEdit(row, col, cancel); };
     grid.AfterEdit = [this](int row, int col) { vsItems_AfterEdit(row, col); };
-    Boxes().Wire([this] { Boxes().Recalc(OrderBill); });
+    Boxes().Wire([this] { RecalcPOBill(); });
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept 56.
 std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 
@@ -140,6 +140,10 @@ void frmPOReceipt::FillPOReceiptBill() {
 
 void frmPOReceipt::RecalcGridTotal() {
     Boxes().ShowBillTotal(ShowGridTotal(*ui().vsItems, QtyCol, RateCol));
+    RecalcPOBill();
+}
+
+void frmPOReceipt::RecalcPOBill() {
     Boxes().Recalc(OrderBill);
 }
 

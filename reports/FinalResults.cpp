@@ -168,7 +168,7 @@ void AddTemplateRows(ado::Recordset& ledgers) {
 
 }  // namespace
 
-void FinalResults::Build() {
+void FinalResults::BuildResults() {
     ado::Recordset groups;
     groups.Open("Select * from group_head_master  Where Parent_id =0", shared().Connection,
                 ado::adOpenDynamic, ado::adLockOptimistic, -1);
@@ -203,7 +203,7 @@ std::string FinalResults::PrintSection(char section, ado::Recordset& lines) {
 
 // Without a line of trading or of profit and loss the page is the Balance Sheet alone, and no document is
 // begun.
-std::string FinalResults::Print() const {
+std::string FinalResults::PrintResults() const {
     ado::Recordset trading, profit, balance;
     Open(trading, "Select * from tblsysTpl where Type ='T'");
     Open(profit, "Select * from tblsysTpl where Type ='P'");

@@ -10,8 +10,8 @@
 namespace qm {
 
 void frmItemLedger::Wire() {
-    ui().ucItemLedger->OkClick = [this] { OkClick(); };
-    ui().ucItemLedger->CancelClick = [this] { Unload(); };
+    ui().ucItemLedger->OkClick = [this] { ucItemLedger_OkClick(); };
+    ui().ucItemLedger->CancelClick = [this] { ucItemLedger_CancelClick(); };
     range_.emplace(*ui().dtpDateFrom, *ui().dtpDateUpTo, DateRange::LastOfYear);
 }
 
@@ -37,7 +37,7 @@ void frmItemLedger::Form_Activate() {
 }
 
 // optSumm is "Short Supply", which has no report.
-void frmItemLedger::OkClick() {
+void frmItemLedger::ucItemLedger_OkClick() {
     if (!ui().optSumm->Value()) PrintStockLedger();
 }
 

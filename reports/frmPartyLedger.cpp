@@ -16,8 +16,8 @@ namespace qm {
 void frmPartyLedger::Wire() {
     ui().optDetail->Click = [this] { optDetail_Click(); };
     ui().optSumm->Click = [this] { optSumm_Click(); };
-    ui().ucPartyLedger->OkClick = [this] { OkClick(); };
-    ui().ucPartyLedger->CancelClick = [this] { Unload(); };
+    ui().ucPartyLedger->OkClick = [this] { ucPartyLedger_OkClick(); };
+    ui().ucPartyLedger->CancelClick = [this] { ucPartyLedger_CancelClick(); };
     range_.emplace(*ui().dtpDateFrom, *ui().dtpDateUpTo, basic::Clock::Today);
 }
 
@@ -56,7 +56,7 @@ void frmPartyLedger::optSumm_Click() {
 }
 
 // Neither option is set at first: that is the trial balance too. Kept 80.
-void frmPartyLedger::OkClick() {
+void frmPartyLedger::ucPartyLedger_OkClick() {
     if (ui().optDetail->Value())
         PrintLedger();
     else

@@ -47,13 +47,13 @@ void VoucherPosting::Add(const VoucherLine& line) {
 // for on the date that the screen shows now. The row's balance is opening plus this one line. All kept 37.
 void VoucherPosting::Replace(const VoucherLine& line) {
     if (!line.Changed) return;
-    ExecuteCounted(
-        (IsDebit(line)
-             ? "Update Ledger_Details Set LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) - " +
-                   basic::NumberText(line.DrAmount)
-             : "Update Ledger_Details Set LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) - " +
-                   basic::NumberText(line.CrAmount)) +
-        LedgerOfYear(line.OldLedgerId));
+    ExecuteCounted((IsDebit(line) ? "Update Ledger_Details Set LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), "
+                                    "0, LedDetDRTxnTot) - " +
+                                        basic::NumberText(line.DrAmount)
+                                  : "Update Ledger_Details Set LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), "
+                                    "0, LedDetCRTxnTot) - " +
+                                        basic::NumberText(line.CrAmount)) +
+                   LedgerOfYear(line.OldLedgerId));
     DeleteRow(line, line.OldLedgerId);
     RaiseTotals(line);
     ReadBalance(line, false);

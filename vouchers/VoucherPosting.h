@@ -10,11 +10,11 @@ namespace qm {
 
 // One line of the voucher on screen, as Save reads it. Amounts are rupees, magnitudes, 0 if blank.
 struct VoucherLine {
-    bool Removed = false;  // a saved line that the user deleted
-    bool Changed = false;     // a saved line that was edited
-    std::string SavedNo;      // the number that the line was loaded with; "" for one typed now
+    bool Removed = false;            // a saved line that the user deleted
+    bool Changed = false;            // a saved line that was edited
+    std::string SavedNo;             // the number that the line was loaded with; "" for one typed now
     std::optional<LedgerSide> Side;  // none for the spare line
-    std::string OldLedgerId;  // of the ledger as it was loaded
+    std::string OldLedgerId;         // of the ledger as it was loaded
     std::string LedgerId, LedgerName;
     double DrAmount = 0, CrAmount = 0;
     std::string Narration;

@@ -200,8 +200,7 @@ void frmDayBook::cboFilterFld_Click() {
     ui().txtDtUpto->SetVisible(false);
     ui().lblComp->SetCaption(amount ? ">=" : "=");
     if (value) ui().cboFilterValue->Clear();
-    if (field == "Type")
-        FillComboFromArray(*ui().cboFilterValue, VoucherTypeWords());
+    if (field == "Type") FillComboFromArray(*ui().cboFilterValue, VoucherTypeWords());
     if (field == "Ledger") FillLedgerNames();
 }
 
