@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
 #include <string>
 
+#include "accounts/PartyBoxes.h"
 #include "core/LedgerSide.h"
 
 namespace qm {
@@ -14,7 +14,7 @@ struct LedgerEntry {
     std::string GroupName;   // its group's name, of the first level
     std::string OpeningBal;  // as typed
     LedgerSide BalType = LedgerSide::Debit;
-    std::array<std::string, 14> Details;  // of a party, by the number of the box Text1; 0 is free
+    PartyDetails Details;  // of a party
 };
 
 // A ledger lives in three tables: a leaf of Group_Head_Master, the row of Ledger_Master under that leaf's

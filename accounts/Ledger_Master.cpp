@@ -18,14 +18,6 @@ namespace {
 constexpr int PartyHeight = 6975, PartyTop = 1395, LowestTop = 2895;
 constexpr int HeightAbovePanel = 2600;
 
-// What the boxes show. Add and Update write some of them to other fields; box 5 is not read. Kept 22.
-constexpr struct {
-    int Box;
-    const char* Field;
-} Shown[] = {{1, "Contact_person"}, {2, "Designation"}, {3, "Address1"}, {4, "Address2"},
-             {6, "City"},           {7, "PinCode"},     {8, "Tel1"},     {9, "Tel2"},
-             {10, "Pager"},         {11, "Mobile"},     {12, "Email"},   {13, "Notes"}};
-
 bool IsParty(const std::string& group) {
     return group == "Debtors" || group == "Suppliers";
 }
@@ -174,7 +166,7 @@ void Ledger_Master::Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*
 void Ledger_Master::ShowLedgerRecord(ado::Recordset& record) {
     ui().txtLedgerId->SetText(basic::TextOrEmpty(record["Ledger_ID"]));
     ui().txtLedName->SetText(basic::TextOrEmpty(record["Name"]));
-    for (const auto& [box, field] : Shown) Text1(box).SetText(basic::TextOrEmpty(record[field]));
+    for (const auto& [box, field] : ShownPartyFields()) Text1(box).SetText(basic::TextOrEmpty(record[field]));
     ui().Combo1->SetText(basic::TextOrEmpty(record["PrimaryGrp"]));
     ShowBalance(record);
 }
