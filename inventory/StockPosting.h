@@ -12,18 +12,6 @@ namespace qm {
 // its statement fail. A statement that affects no record raises error 0, which the screen's failure step
 // takes. The transactions are the screens', but for PostBill.
 
-// The figure that a receipt keeps with each new row, in their order: the unit price times the sum of the two
-// rates. Kept 51: without a discount, a tax rate is added to the figure of the row before.
-class LandingCost {
-  public:
-    LandingCost(const std::string& discount, const std::string& taxRate);  // percents; blank: none
-    double Next(double unitPrice);
-
-  private:
-    std::optional<double> discount_, taxRate_;
-    double cost_ = 0;
-};
-
 // A row of tblItemLed<FinYear>.
 struct Movement {
     std::int32_t TxnNo = 0;

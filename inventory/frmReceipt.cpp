@@ -6,6 +6,7 @@
 #include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "inventory/BillFooter.h"
+#include "inventory/LandingCost.h"
 #include "inventory/LedgerBox.h"
 #include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"

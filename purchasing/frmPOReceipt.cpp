@@ -8,6 +8,7 @@
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
 #include "core/modGeneral.h"
+#include "inventory/LandingCost.h"
 #include "inventory/LedgerBox.h"
 #include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"

@@ -11,7 +11,9 @@ namespace qm {
 bool IsInYear(basic::Date date, RangeNamed named) {
     const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
     if (IsDateInFinYear(date, year)) return true;
-    Tell(FinYearRangeText(named == RangeNamed::YearBefore ? year - 1 : year));
+    const int first = named == RangeNamed::YearBefore ? year - 1 : year;
+    Tell("Please select the date in Financial Year range \r\n\r\n'01-Apr-" + std::to_string(first) +
+         "' to '31-Mar-" + std::to_string(first + 1) + "'");
     return false;
 }
 
