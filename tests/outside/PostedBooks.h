@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/DBCode.h"
 #include "tests/support/FreshBooks.h"
 
 namespace test {
