@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "accounts/LedgerRows.h"
+#include "accounts/LedgerVoucherLines.h"
 #include "accounts/Ledger_Master.h"
-#include "accounts/VoucherLines.h"
 #include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
@@ -171,7 +171,7 @@ void frmGrpMain::ShowVouchers(std::int16_t ledgerId) {
     SetHeads(VoucherHeads);
     const ado::RecordsetPtr rows = ExecuteRecordset("Select * from tb_ledger" + shared().FinYear +
                                                     " Where ledgercode =" + std::to_string(ledgerId));
-    ui().lvListView->SetRowSource(std::make_shared<VoucherLines>(*rows));
+    ui().lvListView->SetRowSource(std::make_shared<LedgerVoucherLines>(*rows));
     rows->Close();
 }
 
