@@ -1,24 +1,10 @@
 #include "platform/ado/store/CatalogReader.h"
 
-#include <utility>
-
 #include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/Schema.h"
 #include "platform/basic/Text.h"
 
 namespace ado {
-namespace {
-
-ColumnType TypeOf(std::string_view declared) {
-    constexpr std::pair<std::string_view, ColumnType> types[] = {
-        {"BOOLEAN", ColumnType::Boolean}, {"SMALLINT", ColumnType::Integer}, {"INTEGER", ColumnType::Long},
-        {"DOUBLE", ColumnType::Double},   {"TEXT", ColumnType::Text},
-    };
-    for (const auto& [name, type] : types)
-        if (basic::EqualText(name, declared)) return type;
-    return ColumnType::Any;
-}
-
-}  // namespace
 
 const TableInfo* CatalogReader::Table(std::string_view name) {
     std::string folded = basic::FoldCase(name);
@@ -36,8 +22,8 @@ const TableInfo* CatalogReader::Table(std::string_view name) {
 
     const auto columns = engine_.Prepare("PRAGMA table_info(" + QuotedName(table->name) + ")");
     while (columns->Step())
-        table->columns.push_back(
-            {std::string(columns->Text(1)), TypeOf(columns->Text(2)), counts && columns->Integer(5) != 0});
+        table->columns.push_back({std::string(columns->Text(1)), TypeOfWord(columns->Text(2)),
+                                  counts && columns->Integer(5) != 0});
     return byFoldedName_.emplace(std::move(folded), std::move(table)).first->second.get();
 }
 

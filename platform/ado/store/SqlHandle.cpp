@@ -8,6 +8,7 @@
 #include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/Errors.h"
+#include "platform/ado/store/Failure.h"
 #include "platform/ado/store/SqlFailure.h"
 
 namespace ado {
