@@ -43,7 +43,7 @@ const std::vector<Layer>& Layers() {
         {"platform/com", {"platform/basic"}},
         {"platform/forms", {"platform/basic", "platform/ado"}},
         {"core", Platform},
-        {"host/make", {"platform/basic"}},
+        {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core"}},
         {"shell", BelowShell},
