@@ -7,7 +7,7 @@
 #include "inventory/LandingCost.h"
 #include "inventory/StockPosting.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 
 namespace qm {
 
