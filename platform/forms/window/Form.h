@@ -73,6 +73,8 @@ class Form : public basic::ControlHost {
     }
     Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
     FormWindow* Window() const { return window_; }  // null unless loaded
+    // For another form to keep: it expires with this one.
+    std::weak_ptr<Form> Reference() const { return self_; }
     static FormWindow* Topmost();  // the window of the form that was shown last; null if none
 
   protected:
@@ -102,6 +104,7 @@ class Form : public basic::ControlHost {
     void RunModal();
     void Discard();
 
+    const std::shared_ptr<Form> self_{this, [](Form*) {}};
     FormWindow* window_ = nullptr;
     bool unloading_ = false;
 };
