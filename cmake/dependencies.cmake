@@ -2,6 +2,7 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc)
 pkg_check_modules(sqlcipher REQUIRED IMPORTED_TARGET sqlcipher)
+pkg_check_modules(libpq REQUIRED IMPORTED_TARGET libpq)
 find_package(Threads REQUIRED)
 if(QM_SCREENS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport Svg)

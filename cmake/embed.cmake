@@ -1,5 +1,6 @@
 # embed_files(TARGET FILES...): bears text files inside the target, found by host::Embedded under their path below data/.
-# Run with -P it writes the source: cmake -D OUT=... -D ROOT=... -D "FILES=a;b" -P embed.cmake
+# embed_text(TARGET FILE SYMBOL): bears one text file beside the list as `extern const char SYMBOL[]` of namespace ado.
+# Run with -P it writes the source: cmake -D OUT=... -D ROOT=... -D "FILES=a;b" [-D SYMBOL=...] -P embed.cmake
 if(CMAKE_SCRIPT_MODE_FILE)
   set(arrays "")
   set(table "")
@@ -12,6 +13,10 @@ if(CMAKE_SCRIPT_MODE_FILE)
     string(APPEND table "    {\"${file}\", file${number}, sizeof file${number} - 1},\n")
     math(EXPR number "${number} + 1")
   endforeach()
+  if(SYMBOL)
+    file(WRITE ${OUT} "namespace ado {\nextern const char ${SYMBOL}[];\nconst char ${SYMBOL}[] = {${bytes}0x00};\n}  // namespace ado\n")
+    return()
+  endif()
   file(WRITE ${OUT} "#include \"host/make/EmbeddedTable.h\"\n\nnamespace host {\nnamespace {\n${arrays}}  // namespace\n
 const EmbeddedFile EmbeddedFiles[] = {\n${table}};\nconst std::size_t EmbeddedCount = ${number};\n}  // namespace host\n")
   return()
@@ -27,6 +32,17 @@ function(embed_files target)
     OUTPUT ${out}
     COMMAND ${CMAKE_COMMAND} -D OUT=${out} -D ROOT=${CMAKE_SOURCE_DIR}/data -D "FILES=${files}" -P ${QM_EMBED_SCRIPT}
     DEPENDS ${paths} ${QM_EMBED_SCRIPT}
+    VERBATIM)
+  target_sources(${target} PRIVATE ${out})
+endfunction()
+
+function(embed_text target file symbol)
+  set(out ${CMAKE_CURRENT_BINARY_DIR}/${symbol}.cpp)
+  add_custom_command(
+    OUTPUT ${out}
+    COMMAND ${CMAKE_COMMAND} -D OUT=${out} -D ROOT=${CMAKE_CURRENT_SOURCE_DIR} -D FILES=${file} -D SYMBOL=${symbol}
+            -P ${QM_EMBED_SCRIPT}
+    DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${file} ${QM_EMBED_SCRIPT}
     VERBATIM)
   target_sources(${target} PRIVATE ${out})
 endfunction()

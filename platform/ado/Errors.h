@@ -18,10 +18,11 @@ inline constexpr std::int32_t BadValue = -2147217913;     // a value that the fi
 inline constexpr std::int32_t WrongPassword = -2147217843;  // the password, or no books file at all
 inline constexpr std::int32_t NotABooksFile = -2147467258;  // the file is no database
 inline constexpr std::int32_t FileNotFound = -2147467257;   // nothing stands at the path
-inline constexpr std::int32_t Locked = -2147217887;       // another program held the books for more than 5 s
-inline constexpr std::int32_t Damaged = -2147467256;      // a page of the file does not check out
-inline constexpr std::int32_t DiskFull = -2147467255;     // no room for the change
-inline constexpr std::int32_t ReadOnly = -2147467254;     // the file or its folder cannot be written
-inline constexpr std::int32_t Unspecified = -2147467259;  // whatever else the library reports
+inline constexpr std::int32_t Locked = -2147217887;    // another program held the books for more than 5 s
+inline constexpr std::int32_t Damaged = -2147467256;   // a page of the file does not check out
+inline constexpr std::int32_t DiskFull = -2147467255;  // no room for the change
+inline constexpr std::int32_t ReadOnly = -2147467254;  // the file or its folder cannot be written
+inline constexpr std::int32_t ConnectionLost = -2147467253;  // the server went away
+inline constexpr std::int32_t Unspecified = -2147467259;     // whatever else the library reports
 inline constexpr std::int32_t NoTransaction = -2147168242;  // CommitTrans or RollbackTrans without BeginTrans
 }  // namespace ado::error

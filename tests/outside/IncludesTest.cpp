@@ -75,6 +75,7 @@ struct Library {
 bool MayIncludeLibrary(const std::string& file, const std::string& header) {
     static const std::vector<Library> libraries{
         {std::regex("(sqlcipher/)?sqlite3.*"), {"platform/ado/store", "host/make/BooksStore.cpp"}},
+        {std::regex("libpq.*"), {"platform/ado/store"}},
         {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms"}},
         {std::regex("CLI/.*|csv\\.h"), {"host"}},
     };

@@ -8,28 +8,10 @@
 #include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/Errors.h"
-#include "platform/ado/store/Engine.h"
-#include "platform/basic/Number.h"
+#include "platform/ado/store/Failure.h"
 
 namespace ado {
 namespace {
-
-std::chrono::milliseconds lockWait{5000};
-
-struct Failure {
-    std::int32_t number;
-    std::string text;
-};
-
-Failure Locked() {
-    const double seconds = static_cast<double>(lockWait.count()) / 1000;
-    return {error::Locked, "Another program is writing to the books. Waited " + basic::NumberText(seconds) +
-                               " seconds for it to finish; please try again."};
-}
-
-Failure OutOfRoom() {
-    return {error::DiskFull, "There is no room left on the disk for the change. Nothing of it was stored."};
-}
 
 Failure InputOutput(int systemError) {
     // A file that may not grow is reported as a plain write error, with the reason only in the system's
@@ -51,8 +33,7 @@ Failure PageDamaged() {
 // them.
 Failure General(const std::string& message) {
     constexpr std::string_view missing = "no such table: ";
-    if (message.starts_with(missing))
-        return {error::NoSuchTable, "The books hold no table '" + message.substr(missing.size()) + "'."};
+    if (message.starts_with(missing)) return TableMissing(message.substr(missing.size()));
     if (message == sqlite3_errstr(SQLITE_ERROR)) return PageDamaged();
     if (message.starts_with("malformed database schema"))
         return {
@@ -81,7 +62,7 @@ Failure Describe(int code, int systemError, const std::string& message) {
             return PageDamaged();
         case SQLITE_CONSTRAINT:
         case SQLITE_MISMATCH:
-            return {error::BadValue, "A value does not suit its field (" + message + ")."};
+            return ValueRefused(message);
         case SQLITE_ERROR:
             return General(message);
         default:
@@ -90,14 +71,6 @@ Failure Describe(int code, int systemError, const std::string& message) {
 }
 
 }  // namespace
-
-std::chrono::milliseconds LockWait() {
-    return lockWait;
-}
-
-void SetLockWait(std::chrono::milliseconds wait) {
-    lockWait = wait;
-}
 
 basic::Error FailureOf(sqlite3* store, std::optional<basic::Error>& raised) {
     if (raised) return *std::exchange(raised, std::nullopt);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <optional>
 
 #include "platform/basic/Error.h"
@@ -8,9 +7,6 @@
 struct sqlite3;
 
 namespace ado {
-
-// How long a statement waits for another program before it gives up.
-std::chrono::milliseconds LockWait();
 
 // The library's last failure as an error of this layer, with a text of our own. A function of ours that
 // raised while the statement ran left its error in `raised`; it is taken from there and goes out unchanged.

@@ -4,52 +4,10 @@
 #include <QPushButton>
 #include <QWindow>
 
-#include "platform/forms/controls/Button.h"
-#include "platform/forms/controls/UserControl.h"
+#include "platform/forms/controls/Control.h"
 #include "platform/forms/window/Form.h"
 
 namespace forms {
-namespace {
-
-bool CanHaveFocus(const Control& control) {
-    const QWidget* widget = control.Widget();
-    return control.TakesFocus() && widget->isEnabled() && widget->isVisibleTo(widget->window());
-}
-
-// Whether Tab, and the focus of a form that opens, may come to it: of a group of options to the chosen one,
-// or to any where none is chosen.
-bool IsTabStop(const Control& control) {
-    const auto* const option = dynamic_cast<const OptionButton*>(&control);
-    if (option && option->Value()) return true;
-    if (option)
-        for (const auto* other :
-             option->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
-            if (other->isChecked() && other->isEnabled() && !other->isHidden()) return false;
-    return control.Widget()->focusPolicy() & Qt::TabFocus;
-}
-
-// The first control that can have the focus, in tab order, inside `container`; null if none.
-Control* FirstIn(QWidget* container) {
-    QWidget* const start = container->window();
-    for (QWidget* widget = start->nextInFocusChain(); widget != start; widget = widget->nextInFocusChain()) {
-        auto* control = dynamic_cast<Control*>(widget);
-        if (control && container->isAncestorOf(widget) && CanHaveFocus(*control) && IsTabStop(*control))
-            return control;
-    }
-    return nullptr;
-}
-
-class Flag {
-  public:
-    explicit Flag(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    ~Flag() { flag_ = before_; }
-
-  private:
-    bool& flag_;
-    const bool before_;
-};
-
-}  // namespace
 
 FormWindow::FormWindow(Form& form) : form_(&form) {
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
@@ -60,114 +18,6 @@ FormWindow::FormWindow(Form& form) : form_(&form) {
 
 FormWindow* FormWindow::Of(QWidget* widget) {
     return widget ? dynamic_cast<FormWindow*>(widget->window()) : nullptr;
-}
-
-Control* FormWindow::Active() const {
-    return active_ ? Control::Of(active_) : nullptr;
-}
-
-bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
-    if (!CanHaveFocus(target)) {  // a container hands it on to its first control
-        Control* const first = FirstIn(target.Widget());
-        if (first) return MoveFocus(*first, reason);
-        if (auto* user = dynamic_cast<UserControl*>(&target)) user->EnterFocus.Fire();
-        return false;
-    }
-    if (validating_) {
-        wanted_ = target.Widget();
-        return false;
-    }
-    Control* const active = Active();
-    if (active == &target) {
-        if (!target.Widget()->isAncestorOf(focusWidget())) target.Widget()->setFocus(Qt::OtherFocusReason);
-        return true;
-    }
-    QPointer<QWidget> destination = target.Widget();
-    const QPointer<FormWindow> self = this;
-    const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
-    if (!self || !form_) return false;
-    if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
-        Transfer(*control, goes ? reason : Qt::OtherFocusReason);
-    return goes;
-}
-
-// Asks the active control whether the focus may leave; `destination` comes back as where it goes now. False
-// if it does not go where it was sent.
-bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
-    const QPointer<QWidget> sent = destination;
-    bool hold = false;
-    {
-        const Flag validating(validating_);
-        wanted_ = nullptr;
-        hold = !active.FinishEdit();
-        if (!hold) active.Validate.Fire(hold);
-    }
-    if (wanted_) {
-        destination = wanted_;
-    } else if (hold) {
-        destination = active.Widget();
-    }
-    wanted_ = nullptr;
-    if (destination == active.Widget()) {
-        destination->setFocus(Qt::OtherFocusReason);
-        active.StartOver();
-    }
-    return destination == sent;
-}
-
-void FormWindow::Transfer(Control& target, Qt::FocusReason reason) {
-    const QPointer<QWidget> before = active_;
-    const QPointer<QWidget> after = target.Widget();
-    {
-        const Flag transferring(transferring_);
-        after->setFocus(reason);
-    }
-    active_ = after;
-    if (before) Control::Of(before)->LostFocus.Fire();
-    if (active_ != after || !after) return;  // LostFocus sent it elsewhere
-    UserControl* const user = UserControl::Around(after);
-    if (user && !(before && user->isAncestorOf(before))) user->EnterFocus.Fire();
-    if (active_ == after && after) Control::Of(after)->GotFocus.Fire();
-}
-
-void FormWindow::FocusFirst() {
-    if (Active()) return;
-    if (Control* first = FirstIn(this)) Transfer(*first, Qt::TabFocusReason);
-}
-
-void FormWindow::Adopt(Control& control) {
-    if (validating_ || transferring_ || activating_ || &control == Active() || !control.TakesFocus()) return;
-    Transfer(control, Qt::OtherFocusReason);
-}
-
-void FormWindow::LeaveDisabled() {
-    if (!active_ || validating_) return;
-    if (Control* neighbour = Neighbour(true)) Transfer(*neighbour, Qt::OtherFocusReason);
-}
-
-Control* FormWindow::Neighbour(bool next) const {
-    const auto step = [next](QWidget* widget) {
-        return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
-    };
-    QWidget* const start = active_ ? active_.data() : const_cast<FormWindow*>(this);
-    for (QWidget* widget = step(start); widget != start; widget = step(widget)) {
-        auto* control = dynamic_cast<Control*>(widget);
-        if (control && CanHaveFocus(*control) && IsTabStop(*control)) return control;
-    }
-    return nullptr;
-}
-
-// Tab and Backtab come here, and the toolkit when the widget that has the focus was disabled or hidden.
-bool FormWindow::focusNextPrevChild(bool next) {
-    Control* const active = Active();
-    if (validating_ || activating_) return true;
-    if (active && !CanHaveFocus(*active)) {
-        LeaveDisabled();
-        return true;
-    }
-    Control* const neighbour = Neighbour(next);
-    if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
-    return neighbour != nullptr;
 }
 
 void FormWindow::reject() {

@@ -36,7 +36,7 @@ class Form;
 //                           4. EnterFocus of the user control that was entered
 //                           5. GotFocus of the new one
 //
-// Between windows (a box, a list, another form or program) nothing moves: Active() stays, and FocusKeeper
+// Between windows (a box, a list, another form or program) nothing moves: Active() stays, and FocusReturn
 // gives the toolkit's focus back.
 class FormWindow : public QDialog {
   public:

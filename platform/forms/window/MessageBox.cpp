@@ -6,7 +6,7 @@
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
-#include "platform/forms/window/FocusKeeper.h"
+#include "platform/forms/window/FocusReturn.h"
 #include "platform/forms/window/Script.h"
 #include "platform/forms/window/Style.h"
 
@@ -29,9 +29,9 @@ void MakeRoomForTitle(QMessageBox& box) {
 }
 
 int Ask(const std::string& text, int flags, const std::string& title) {
-    const FocusKeeper keeper;
+    const FocusReturn focus;
     const PointerPause pause;
-    QMessageBox box(keeper.Window());
+    QMessageBox box(focus.Window());
     Style::Apply(box);
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);

@@ -7,7 +7,7 @@
 
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/window/Application.h"
-#include "platform/forms/window/FocusKeeper.h"
+#include "platform/forms/window/FocusReturn.h"
 #include "platform/forms/window/Style.h"
 
 namespace forms {
@@ -42,7 +42,7 @@ class Progress::Box : public QObject {
   public:
     Box(const std::string& what, int steps, Cancel cancel)
         : dialog_(ToQt(what), cancel == Cancel::Offered ? tr("&Cancel") : QString(), 0, steps,
-                  keeper_.Window()) {
+                  focus_.Window()) {
         Style::Apply(dialog_);
         dialog_.setWindowTitle("Tovik Softwares");
         dialog_.setWindowModality(Qt::ApplicationModal);
@@ -89,7 +89,7 @@ class Progress::Box : public QObject {
     }
 
   private:
-    const FocusKeeper keeper_;
+    const FocusReturn focus_;
     QProgressDialog dialog_;
     QElapsedTimer since_, looked_;
     bool offered_ = false;

@@ -202,6 +202,13 @@ TEST_F(QmhostCommands, YearsAreAddedSwitchedAndPostedInto) {
     Ask("DELETE FROM Fnncl_Yr_Mstr WHERE Fnncl_Yr = '2002-2003'");
     Ask("DELETE FROM Ledger_Details WHERE Fnncl_Yr = 2002");
 
+    // Nothing is left of one that fails, not even at its last step but one.
+    Ask("CREATE TRIGGER the_register BEFORE INSERT ON Fnncl_Yr_Mstr BEGIN SELECT RAISE(ABORT, 'no'); END");
+    EXPECT_EQ(said(add + "2002-2003 --yes", 1),
+              "qmhost: 2002-2003 could not be set up; nothing was changed: run qmhost check\n");
+    EXPECT_EQ(CurrentYear() + Ask("SELECT DISTINCT Fnncl_Yr FROM Ledger_Details"), "2001-2002\n2001\n");
+    Ask("DROP TRIGGER the_register");
+
     EXPECT_EQ(said(add + "2002-2003 --yes", 0), "current year: 2002\n");
     EXPECT_EQ(said("years " + Books(), 0), "2001-2002\n2002-2003  current\n");
     EXPECT_EQ(Ask("SELECT count(*) FROM Ledger_Details WHERE Fnncl_Yr = 2002"), "28\n");

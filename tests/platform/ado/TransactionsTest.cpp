@@ -1,4 +1,3 @@
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <thread>
@@ -9,18 +8,7 @@
 
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
-
-namespace {
-int syncsThatFail = 0;
-}
-
-// The store's library waits for the disk by this call; the test's own stands before the system's.
-extern "C" int fdatasync(int file) {
-    if (syncsThatFail == 0) return fsync(file);
-    --syncsThatFail;
-    errno = EIO;
-    return -1;
-}
+#include "tests/support/DiskCalls.h"
 
 namespace ado {
 namespace {
@@ -255,18 +243,19 @@ TEST(DurabilityTest, WhatWasToldAsFailedDoesNotComeBackAfterACrash) {
          "was undone: close all programs, open the books and look."}};
     for (const auto& [syncs, text] : cases) {
         TestStore store;
-        EXPECT_EQ(test::InChild([&, syncs = syncs, text = text] {
-                      const ConnectionPtr c = store.Connect();
-                      Add(c, "before");
-                      c->BeginTrans();
-                      Add(c, "lost");
-                      syncsThatFail = syncs;
-                      const std::string told = test::TextOfError([&] { c->CommitTrans(); });
-                      syncsThatFail = 0;
-                      kill(getpid(), told == text ? SIGKILL : SIGTERM);
-                      return 0;
-                  }),
-                  255);
+        EXPECT_EQ(
+            test::InChild([&, syncs = syncs, text = text] {
+                const ConnectionPtr c = store.Connect();
+                Add(c, "before");
+                c->BeginTrans();
+                Add(c, "lost");
+                ::test::WatchDisk([left = syncs](const auto&, const auto&) mutable { return --left < 0; });
+                const std::string told = test::TextOfError([&] { c->CommitTrans(); });
+                ::test::WatchDisk({});
+                kill(getpid(), told == text ? SIGKILL : SIGTERM);
+                return 0;
+            }),
+            255);
         EXPECT_EQ(Rows(store.Connect(), names), "before");
     }
 }

@@ -1,4 +1,4 @@
-#include "platform/forms/window/FocusKeeper.h"
+#include "platform/forms/window/FocusReturn.h"
 
 #include <QApplication>
 
@@ -16,9 +16,9 @@ QWidget* WindowInFront() {
 
 }  // namespace
 
-FocusKeeper::FocusKeeper() : window_(WindowInFront()), focused_(window_ ? window_->focusWidget() : nullptr) {}
+FocusReturn::FocusReturn() : window_(WindowInFront()), focused_(window_ ? window_->focusWidget() : nullptr) {}
 
-FocusKeeper::~FocusKeeper() {
+FocusReturn::~FocusReturn() {
     if (!window_ || !window_->isVisible()) return;
     window_->activateWindow();
     QApplication::setActiveWindow(window_);

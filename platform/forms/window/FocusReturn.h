@@ -10,12 +10,12 @@ namespace forms {
 // it. It gives both back at its end, at once; the toolkit itself does not always do so, and otherwise only
 // when the system tells that the window is active again. What comes until then, the next box or a list, would
 // belong to no window.
-class FocusKeeper {
+class FocusReturn {
   public:
-    FocusKeeper();
-    ~FocusKeeper();
-    FocusKeeper(const FocusKeeper&) = delete;
-    FocusKeeper& operator=(const FocusKeeper&) = delete;
+    FocusReturn();
+    ~FocusReturn();
+    FocusReturn(const FocusReturn&) = delete;
+    FocusReturn& operator=(const FocusReturn&) = delete;
 
     QWidget* Window() const { return window_; }  // null if none is shown
 
