@@ -94,24 +94,19 @@ class VoucherKeys(Desk):
         self.press(key)
         self.wait_for("the list's end", lambda: self.shown() == [SCREEN])
 
-    def choose_receipt(self):
-        """In the list of types, by its letter. Enter leaves the list open while no line is chosen: then once more."""
-        self.press("F4")
-        self.wait_for("the list of types", lambda: len(self.shown()) == 2)
-        end = time.monotonic() + PATIENCE
-        while self.shown() != [SCREEN]:
-            if time.monotonic() > end:
-                raise SystemExit("the list of types did not take the receipt")
-            self.press("r", "Return")
-            looked = time.monotonic()
-            while self.shown() != [SCREEN] and time.monotonic() < looked + 2:
-                time.sleep(0.01)
+    def choose_receipt(self, while_the_list_stands):
+        """By its letter, right behind the refusal: in the list, or in the box when F4 has closed the list."""
+        if while_the_list_stands:
+            self.press("r")
+            self.leave_list("Return")
+        else:
+            self.leave_list("F4")
+            self.press("r")
 
-    def begin(self):
+    def begin(self, choose_while_the_list_stands):
         """What the screen refuses at first; the cursor ends on the side of the first line."""
         self.save()
-        self.leave_list("F4")
-        self.choose_receipt()
+        self.choose_receipt(choose_while_the_list_stands)
         self.press("alt+d")
         self.type("15041999")
         self.save()
@@ -133,8 +128,8 @@ class VoucherKeys(Desk):
         self.save()
         self.leave_list("Return")
 
-    def session(self, vouchers):
-        self.begin()
+    def session(self, number, vouchers):
+        self.begin(number % 2 == 1)
         for number in range(vouchers):
             if number > 0:
                 self.press(*["Tab"] * 5)
@@ -155,9 +150,9 @@ def main(sessions, vouchers, qmhost, library, folder):
         return 77
     first = next_number(library, folder)
     with VoucherKeys() as keys:
-        for _ in range(sessions):
+        for number in range(sessions):
             keys.open(qmhost, folder)
-            keys.session(vouchers)
+            keys.session(number, vouchers)
             keys.close()
     posted = next_number(library, folder) - first
     print(f"{posted} vouchers posted in {sessions} sessions")
