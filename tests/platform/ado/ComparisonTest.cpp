@@ -34,19 +34,11 @@ TEST_F(Comparison, FitsItsTwoSides) {
 }
 
 TEST_F(Comparison, StoresWhatTheFieldTakes) {
-    const struct {
-        const char *field, *value, *stored;
-    } cases[] = {
-        {"Name", "Flag", "True"},   {"Name", "False", "False"}, {"Name", "3/2", "1.5"},
-        {"Qty", "True", "-1"},      {"Qty", "Flag", "-1"},      {"Qty", "Code", "5"},
-        {"Flag", "Id - 3", "True"}, {"Flag", "Null", "False"},  {"Code", "Iif(Flag, 1.50, 'x')", "1.5"},
-    };
-    for (const auto& [field, value, stored] : cases) {
+    for (const Cells& c : Cases("platform/ado/cases.txt", "Fitted values")) {
         connection_->BeginTrans();
-        connection_->Execute(std::string("Update T Set ") + field + " = " + value + " Where Id = 1");
-        EXPECT_EQ(ado::test::Rows(connection_, std::string("Select ") + field + " From T Where Id = 1"),
-                  stored)
-            << field << " = " << value;
+        connection_->Execute("Update T Set " + c.at(0) + " = " + c.at(1) + " Where Id = 1");
+        EXPECT_EQ(ado::test::Rows(connection_, "Select " + c[0] + " From T Where Id = 1"), c.at(2))
+            << c[0] << " = " << c[1];
         connection_->RollbackTrans();
     }
 }

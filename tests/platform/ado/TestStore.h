@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -93,6 +94,23 @@ inline std::int64_t Affected(const ConnectionPtr& connection, const std::string&
     std::int64_t count = -1;
     connection->Execute(statement, &count);
     return count;
+}
+
+// The errors that files of cases name; 0 is "none".
+inline std::string NameOf(std::int32_t number) {
+    static const std::map<std::int32_t, std::string> names{
+        {0, "none"},
+        {error::NoSuchTable, "NoSuchTable"},
+        {error::UnknownName, "UnknownName"},
+        {error::Statement, "Statement"},
+        {error::BadValue, "BadValue"},
+        {error::NoTransaction, "NoTransaction"},
+        {error::ObjectClosed, "ObjectClosed"},
+        {basic::error::Overflow, "Overflow"},
+        {basic::error::DivisionByZero, "DivisionByZero"},
+    };
+    const auto name = names.find(number);
+    return name == names.end() ? std::to_string(number) : name->second;
 }
 
 using ::test::ErrorOf;

@@ -24,69 +24,6 @@ void Add(const ConnectionPtr& connection, const std::string& remark) {
     connection->Execute("Insert Into Small (Remark) Values ('" + remark + "')");
 }
 
-TEST(TransactionsTest, UndoesTheInnermostLevelOnly) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    EXPECT_EQ(c->BeginTrans(), 1);
-    Add(c, "a");
-    EXPECT_EQ(c->BeginTrans(), 2);
-    Add(c, "b");
-    EXPECT_EQ(c->BeginTrans(), 3);
-    Add(c, "c");
-    c->CommitTrans();
-    c->RollbackTrans();
-    EXPECT_EQ(c->TransDepth(), 1);
-    EXPECT_EQ(Rows(c, names), "a");
-    c->CommitTrans();
-    EXPECT_EQ(Rows(c, names), "a");
-}
-
-TEST(TransactionsTest, RefusesToEndWhatWasNotBegun) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    EXPECT_EQ(ErrorOf([&] { c->CommitTrans(); }), error::NoTransaction);
-    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
-    c->BeginTrans();
-    c->CommitTrans();
-    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
-}
-
-TEST(TransactionsTest, CloseRollsBackWhatIsOpenAndKeepsTheRest) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    Add(c, "kept");
-    c->BeginTrans();
-    Add(c, "lost");
-    c->Close();
-    EXPECT_EQ(Rows(store.Connect(), names), "kept");
-}
-
-TEST(TransactionsTest, ATableMadeInsideARolledBackLevelIsGone) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    c->BeginTrans();
-    c->Execute("Select * Into Small2002 From Small");
-    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
-    c->RollbackTrans();
-    EXPECT_EQ(ErrorOf(c, "Insert Into Small2002 (Id) Values (1)"), error::NoSuchTable);
-    c->Execute("Select * Into Small2002 From Small");
-    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
-}
-
-TEST(TransactionsTest, AFailedStatementInsideLeavesTheRestOfTheLevel) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    Add(c, "a");
-    Add(c, "b");
-    c->BeginTrans();
-    c->Execute("Update Small Set Id = 1");
-    // The second row stops the statement; the first must not stay changed.
-    c->Execute("Update Small Set Id = 0 Where Remark = 'b'");
-    EXPECT_NE(ErrorOf(c, "Update Small Set Id = 6 / Id"), 0);
-    c->CommitTrans();
-    EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "1|a 0|b");
-}
-
 // Another program that writes, and holds the write lock until it is told to go on.
 class SecondProgram {
   public:
