@@ -56,9 +56,11 @@ class Desk:
     def focus(self):
         return self.ask("getwindowfocus", "getwindowname")
 
+    def windows(self, name):
+        return self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", name)
+
     def shown(self):
-        windows = self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", "")
-        return sorted(name for window in windows for name in self.ask("getwindowname", window))
+        return sorted(name for window in self.windows("") for name in self.ask("getwindowname", window))
 
     def press(self, *keys):
         self.ask("key", *keys)
@@ -71,7 +73,10 @@ class VoucherKeys(Desk):
     def open(self, qmhost, folder):
         self.wait_for("the window manager", lambda: self.ask("get_desktop"))
         self.program = self.start(qmhost, "open", "frmVoucher", folder)
-        self.wait_for("the screen", lambda: self.focus() == [SCREEN])
+        self.wait_for("the screen", lambda: self.shown() == [SCREEN])
+        # A window manager that is still starting gives a new window no focus.
+        self.ask("windowactivate", *self.windows(f"^{SCREEN}$"))
+        self.wait_for("the screen's focus", lambda: self.focus() == [SCREEN])
 
     def close(self):
         self.press("ctrl+x")
@@ -86,8 +91,8 @@ class VoucherKeys(Desk):
         self.press("Return")
         self.wait_for("the list", lambda: len(self.shown()) == 2 and BOX not in self.shown())
         # A window manager may be slow: the screen gets the system's focus back when the list is there already.
-        screen = self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", f"^{SCREEN}$")
-        self.ask("windowfocus", *self.ask("search", "--maxdepth", "0", ".*"), "windowfocus", *screen)
+        root = self.ask("search", "--maxdepth", "0", ".*")
+        self.ask("windowfocus", *root, "windowfocus", *self.windows(f"^{SCREEN}$"))
         self.wait_for("the screen's focus", lambda: self.focus() == [SCREEN])
 
     def leave_list(self, key):
