@@ -12,6 +12,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../examples"))
@@ -31,13 +32,16 @@ class Desk:
         os.close(writing)
         with os.fdopen(reading) as number:
             self.environment = dict(os.environ, DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")
-        self.manager = self.start("openbox", "--sm-disable")
+        self.folder = tempfile.TemporaryDirectory()
+        self.started = os.path.join(self.folder.name, "started")
+        self.manager = self.start("openbox", "--sm-disable", "--startup", "touch " + self.started)
         return self
 
     def __exit__(self, *_):
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
+        self.folder.cleanup()
 
     def start(self, *command):
         return subprocess.Popen(command, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -71,12 +75,10 @@ class Desk:
 
 class VoucherKeys(Desk):
     def open(self, qmhost, folder):
-        self.wait_for("the window manager", lambda: self.ask("get_desktop"))
+        # While it is still starting it gives a new window no focus, or takes that away again.
+        self.wait_for("the window manager", lambda: os.path.exists(self.started))
         self.program = self.start(qmhost, "open", "frmVoucher", folder)
-        self.wait_for("the screen", lambda: self.shown() == [SCREEN])
-        # A window manager that is still starting gives a new window no focus.
-        self.ask("windowactivate", *self.windows(f"^{SCREEN}$"))
-        self.wait_for("the screen's focus", lambda: self.focus() == [SCREEN])
+        self.wait_for("the screen", lambda: self.focus() == [SCREEN])
 
     def close(self):
         self.press("ctrl+x")
