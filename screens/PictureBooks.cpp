@@ -60,7 +60,8 @@ std::int32_t Highest(const std::string& field, const std::string& table) {
 
 PictureBooks::Folder::Folder() : path((fs::temp_directory_path() / "qmhost-XXXXXX").string()) {
     if (mkdtemp(path.data()) == nullptr)
-        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be made", "screens");
+        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be made",
+                           "screens.PictureBooks");
     path += '/';
 }
 

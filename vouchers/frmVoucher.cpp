@@ -27,7 +27,7 @@ void frmVoucher::Load(std::int32_t trnNo) {
 }
 
 void frmVoucher::SetCallingForm(forms::Form& form, std::function<void()> refresh) {
-    CallingForm = &form;
+    CallingForm = form.Reference();
     refreshCaller_ = std::move(refresh);
 }
 
@@ -55,7 +55,8 @@ std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
 }
 
 void frmVoucher::Form_Unload() {
-    if (CallingForm && CallingForm->Loaded()) refreshCaller_();
+    const auto caller = CallingForm.lock();
+    if (caller && caller->Loaded()) refreshCaller_();
     ledgers_.Close();
 }
 

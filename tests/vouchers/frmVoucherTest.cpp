@@ -1,5 +1,6 @@
 // Entering vouchers as a bookkeeper does: the grid, its list of ledgers, its tests.
 #include <QClipboard>
+#include <memory>
 
 #include <gmock/gmock.h>
 
@@ -400,17 +401,17 @@ TEST_F(VoucherTest, OddRowsAreShownAsTheyStand) {
 
 // The caller hears of the end only while it is loaded.
 TEST_F(VoucherTest, TheCallingFormIsRefreshedWhileItIsLoaded) {
-    class Caller : public qm::frmVoucher {
-    } caller;
+    auto caller = std::make_unique<qm::frmVoucher>();
     int refreshed = 0;
-    screen.SetCallingForm(caller, [&] { ++refreshed; });
+    screen.SetCallingForm(*caller, [&] { ++refreshed; });
     OnScreen(0, [] {});
     EXPECT_EQ(refreshed, 0);
-    caller.EnsureLoaded();
+    caller->EnsureLoaded();
     OnScreen(0, [] {});
     EXPECT_EQ(refreshed, 1);
-    caller.Unload();
-    screen.SetCallingForm(screen, [] {});
+    caller.reset();
+    OnScreen(0, [] {});
+    EXPECT_EQ(refreshed, 1) << "nor when it is no more";
 }
 
 }  // namespace

@@ -12,13 +12,18 @@ using ::test::Cells;
 
 class Comparison : public ::testing::Test {
   protected:
+    Comparison() {
+        for (const char* row :
+             {"1, True, 5.0, 'Äbc', '5'", "2, False, 0.0, 'def', 'x'", "3, False, Null, Null, Null"})
+            connection_->Execute(std::string("Insert Into T Values (") + row + ")");
+    }
+
     std::string Ids(const std::string& condition) {
         return ado::test::Rows(connection_, "Select Id From T Where " + condition);
     }
 
     ado::test::TestStore store_{R"(
-        CREATE TABLE T (Id INTEGER, Flag BOOLEAN NOT NULL DEFAULT 0, Qty DOUBLE, Name TEXT, Code TEXT);
-        INSERT INTO T VALUES (1, 1, 5.0, 'Äbc', '5'), (2, 0, 0.0, 'def', 'x'), (3, 0, NULL, NULL, NULL))"};
+        CREATE TABLE T (Id INTEGER, Flag BOOLEAN NOT NULL DEFAULT 0, Qty DOUBLE, Name TEXT, Code TEXT))"};
     ConnectionPtr connection_ = store_.Connect();
 };
 

@@ -151,13 +151,7 @@ TEST_F(ExecuteTest, AValueIsConvertedToItsFieldOrRefused) {
 TEST_F(ExecuteTest, SelectIntoKeepsTheIndexes) {
     Run("Select * Into TB_LEDGER2002  From tb_ledger2001");
     c->Close();
-    sqlite3* plain = nullptr;
-    sqlite3_open(store.Path().c_str(), &plain);
-    sqlite3_exec(plain, "PRAGMA key = 'it''s a secret'", nullptr, nullptr, nullptr);
-    EXPECT_EQ(sqlite3_exec(plain, "DROP INDEX ix_TB_LEDGER2002_LedgerTxnDate", nullptr, nullptr, nullptr),
-              SQLITE_OK)
-        << sqlite3_errmsg(plain);
-    sqlite3_close(plain);
+    EXPECT_NO_THROW(store.Administer("DROP INDEX \"ix_TB_LEDGER2002_LedgerTxnDate\""));
 }
 
 TEST_F(ExecuteTest, SeesATableThatAnotherProgramJustMade) {
@@ -190,7 +184,7 @@ TEST_F(ExecuteTest, KeepsFewPagesAndStatementsInMemory) {
     c->BeginTrans();
     for (int doublings = 0; doublings < 15; ++doublings)
         Run("Insert Into Small (Remark) Select Remark As Remark From Small");
-    c->CommitTrans();
+    c->CommitTrans();  // on a server there is nothing to drop
     constexpr int mebibyte = 1024 * 1024;
     EXPECT_LT(sqlite3_memory_used(), 12 * mebibyte);
 
