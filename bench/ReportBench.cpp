@@ -72,8 +72,8 @@ void FinalResultsOurs(benchmark::State& state) {
     std::size_t length = 0;
     for (auto _ : state) {
         qm::RebuildWithProgress({}, qm::BeforeRebuild::ZeroTotals);
-        qm::FinalResults::Build();
-        length = qm::FinalResults(basic::MakeDate(2002, 3, 31)).Print().size();
+        qm::FinalResults::BuildResults();
+        length = qm::FinalResults(basic::MakeDate(2002, 3, 31)).PrintResults().size();
         ours.Conn().Execute("Delete * from tblsystpl");
     }
     if (length < 500000) state.SkipWithError("the page is short");

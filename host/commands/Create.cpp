@@ -2,9 +2,7 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/Sample.h"
 #include "host/make/Books.h"
@@ -34,24 +32,20 @@ int Create(const CreateOptions& options) {
 
 }  // namespace
 
-void AddCreate(CLI::App& app, Command& chosen) {
+void AddCreate(CommandLine& line) {
     const auto options = std::make_shared<CreateOptions>();
-    auto* command = app.add_subcommand("create", "Lay down new books in a folder");
-    command->add_option("DIR", options->folder, "Folder of the books, made where it is missing")->required();
-    command
-        ->add_option("--year", options->year,
-                     "First year of the financial year to lay down as the current one; without it the first "
-                     "start of the books begins 2001-2002")
-        ->type_name("Y")
-        ->check(CLI::Range(LowestYear, HighestYear));
-    command->add_flag(
-        "--sample", options->sample,
-        "Fill them with a small trading firm: ledgers, items and 60 vouchers (without --year in "
-        "today's financial year)");
-    command->footer(
-        "Nothing is left behind where it fails, and books that stand are never touched.\n"
-        "Example: qmhost create books --year 2025 --sample");
-    command->callback([options, &chosen] { chosen = [options] { return Create(*options); }; });
+    line.Add("create", "Lay down new books in a folder")
+        .Needs("DIR", options->folder, "Folder of the books, made where it is missing")
+        .Takes("--year", options->year, LowestYear, HighestYear,
+               "First year of the financial year to lay down as the current one; without it the first "
+               "start of the books begins 2001-2002")
+        .Takes("--sample", options->sample,
+               "Fill them with a small trading firm: ledgers, items and 60 vouchers (without --year in "
+               "today's financial year)")
+        .Footer(
+            "Nothing is left behind where it fails, and books that stand are never touched.\n"
+            "Example: qmhost create books --year 2025 --sample")
+        .Does([options] { return Create(*options); });
 }
 
 }  // namespace host

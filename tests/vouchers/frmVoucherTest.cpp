@@ -53,7 +53,7 @@ TEST_F(VoucherTest, BalancesOfTheListAreRoundedAndDoubledRowsEnd) {
                   std::to_string(cash) + ";" + std::to_string(cash) + "\tCash\t .12Dr|#" +
                   std::to_string(rent) + ";" + std::to_string(rent) + "\tRent\t .88Cr|#" +
                   std::to_string(sales) + ";" + std::to_string(sales) + "\tSales\t 499.88Cr");
-    EXPECT_EQ(list.BalanceText(std::to_string(sales)), " 499.88Cr");
+    EXPECT_EQ(list.LedgerBalanceText(std::to_string(sales)), " 499.88Cr");
 }
 
 // The new side is the opposite of the one just left, not the one that is short.
