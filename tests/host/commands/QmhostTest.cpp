@@ -44,7 +44,7 @@ TEST_P(QmhostCommands, Say) {
               "\" \"$@\"; }\n"
               "sql() { printf \"PRAGMA key = 'quintel';\\n%s;\\n\" \"$1\" | sqlcipher -batch "
               "books/QmAccount.mdb | "
-              "sed '/^ok$/d'; }\n";
+              "sed '1{/^ok$/d}'; }\n";
     for (const test::Block& step : GetParam().steps) {
         for (const std::string& line : step.given) script << line << '\n';
         script << "echo \"(exit $?)\"\n";
