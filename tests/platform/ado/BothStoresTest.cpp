@@ -40,7 +40,7 @@ std::string AllOf(Recordset& rows) {
 }
 
 struct Outcome {
-    std::int32_t error = 0;
+    std::int64_t error = 0;
     std::string text;
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
@@ -60,7 +60,8 @@ class BothStores {
     // The statements that came to something else on the server, with both.
     std::string Differs(const std::string& statement) {
         const Outcome file = Run(*stores_[0], statement), server = Run(*stores_[1], statement);
-        if (file == server || MetByOne(file) || MetByOne(server)) return "";
+        const bool metByOne = (FailsByValue(file) || FailsByValue(server)) && file.error * server.error == 0;
+        if (file == server || metByOne || (FailsByValue(file) && FailsByValue(server))) return "";
         return statement + "\n file: " + file.text + "\n server: " + server.text + "\n";
     }
 
@@ -103,7 +104,7 @@ class BothStores {
 
     // Which values a store looks at, and in which order, is its own affair: so whether it meets one that
     // fails.
-    static bool MetByOne(const Outcome& outcome) {
+    static bool FailsByValue(const Outcome& outcome) {
         return outcome.error == basic::error::DivisionByZero || outcome.error == basic::error::InvalidNull ||
                outcome.error == error::BadValue ||
                outcome.text.starts_with("A subselect gave more than one row");
@@ -128,7 +129,8 @@ TEST(BothStoresTest, TakeEveryStatementOfTheSystemAlike) {
     EXPECT_GT(count, 150);
 }
 
-// Items of In are of one kind in the system's statements; beside others each store has its own way.
+// Left out is what no statement of the system does and each store takes in its own way: items of In that are
+// of several kinds, and a subselect that looks at a field of the groups around it.
 TEST(BothStoresTest, TakeRandomStatementsAlike) {
     QM_SERVER_ONLY();
     BothStores stores(fuzz::StatementWriter::Tables);
@@ -141,7 +143,8 @@ TEST(BothStoresTest, TakeRandomStatementsAlike) {
         for (std::uint8_t& choice : choices) choice = static_cast<std::uint8_t>(random());
         const std::string statement =
             fuzz::StatementWriter({choices.data(), choices.size()}, any(numbers), any(texts)).Statement();
-        if (statement.find(" In (") == std::string::npos) {
+        const auto holds = [&](const char* words) { return statement.find(words) != std::string::npos; };
+        if (!holds(" In (") && !(holds(" Group By ") && holds("(Select "))) {
             EXPECT_EQ(stores.Differs(statement), "");
         }
     }
