@@ -68,6 +68,10 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     return result;
 }
 
+void Connection::ExecuteAll(const std::vector<std::string>& statements) {
+    Opened()->ExecuteAll(statements);
+}
+
 int Connection::BeginTrans() {
     return Opened()->BeginTrans();
 }

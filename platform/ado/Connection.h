@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/basic/Error.h"
 
@@ -55,6 +56,10 @@ class Connection {
     // Close.
     RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
                          int options = -1);
+
+    // Runs inserts, updates and deletes one after the other and as one: where one fails, it is raised and none
+    // of them has been done. Outside a transaction, on disk as a single statement is.
+    void ExecuteAll(const std::vector<std::string>& statements);
 
     int BeginTrans();  // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another
                        // program

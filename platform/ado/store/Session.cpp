@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Refusal.h"
 #include "platform/ado/store/Conversion.h"
 #include "platform/ado/store/SelectInto.h"
 #include "platform/basic/Error.h"
@@ -100,6 +101,19 @@ std::int64_t Session::Execute(const ReadyStatement& statement) {
     }
     transactions_.Write(MayStopHalfway(statement.cached->sql), [&] { Start(statement)->Step(); });
     return engine_->Changes();
+}
+
+void Session::ExecuteAll(const std::vector<std::string>& statements) {
+    ReadPostponed();
+    transactions_.Write(true, [&] {
+        for (const std::string& text : statements) {
+            const auto statement = Ready(text);
+            if (statement.plan().kind == StatementKind::Select ||
+                statement.plan().kind == StatementKind::SelectInto)
+                Refuse(error::Statement, "Only inserts, updates and deletes run as one");
+            Start(statement)->Step();
+        }
+    });
 }
 
 void Session::MakeTable(const Plan& plan) {

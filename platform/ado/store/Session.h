@@ -51,6 +51,8 @@ class Session {
     RunningStatement Start(const ReadyStatement& statement);
     // Runs a statement that gives no rows; the rows that an insert, update or delete matched, else 0.
     std::int64_t Execute(const ReadyStatement& statement);
+    // Runs inserts, updates and deletes as one: where one fails, none has been done.
+    void ExecuteAll(const std::vector<std::string>& statements);
     // For what this layer writes in the store's own SQL: the values are bound in order.
     ReadyStatement Own(std::string sql, std::vector<basic::Value> values);
 
