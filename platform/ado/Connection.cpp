@@ -58,7 +58,7 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     if (recordsAffected != nullptr) *recordsAffected = 0;
     const std::shared_ptr<Session>& session = Opened();
     auto result = std::make_shared<Recordset>();
-    const ReadyStatement ready = session->Ready(statement);
+    const BoundStatement ready = session->Ready(statement);
     if (ready.plan().kind == StatementKind::Select) {
         result->Internals().OpenOn(session, statement);
     } else {

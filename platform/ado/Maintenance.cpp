@@ -11,38 +11,18 @@
 namespace ado {
 namespace {
 
-std::vector<std::string> FirstColumn(Engine& engine, const std::string& sql, int column = 0) {
-    std::vector<std::string> values;
-    const auto statement = engine.Prepare(sql);
-    while (statement->Step()) values.emplace_back(statement->Text(column));
-    return values;
-}
-
-std::vector<std::string> TableNames(Engine& engine) {
-    return FirstColumn(
-        engine,
-        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%' ORDER BY name");
-}
-
-std::vector<std::string> ColumnNames(Engine& engine, const std::string& table) {
-    return FirstColumn(engine, "PRAGMA table_info(" + QuotedName(table) + ")", 1);
-}
-
 TableSums SumTable(Engine& engine, const std::string& table) {
     TableSums result;
     result.name = table;
-    const std::vector<std::string> columns = ColumnNames(engine, table);
+    const auto described = engine.Describe(table);
     std::string list = "count(*)";
-    for (const std::string& column : columns) {
-        const std::string name = QuotedName(column);
-        list += ", total(CASE WHEN typeof(" + name + ") = 'text' THEN length(" + name + ") ELSE " + name +
-                " END)";
-    }
+    for (const ColumnInfo& column : described->columns) list += ", " + engine.Sql().Total(column);
     const auto sums = engine.Prepare("SELECT " + list + " FROM " + QuotedName(table));
     if (!sums->Step()) return result;
     result.rows = sums->Integer(0);
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        result.sums[columns[i]] = basic::NumberText(sums->Real(static_cast<int>(i) + 1));
+    int place = 0;
+    for (const ColumnInfo& column : described->columns)
+        result.sums[column.name] = basic::NumberText(sums->Real(++place));
     return result;
 }
 
@@ -56,10 +36,7 @@ void RemoveCopy(const std::string& file) {
 
 std::vector<std::string> CheckIntegrity(Connection& connection) {
     try {
-        std::vector<std::string> faults =
-            FirstColumn(connection.Opened()->engine(), "PRAGMA integrity_check");
-        if (faults.size() == 1 && faults.front() == "ok") faults.clear();
-        return faults;
+        return connection.Opened()->engine().CheckPages();
     } catch (const basic::Error& failure) {
         if (failure.Number != error::Damaged) throw;
         return {failure.Description};  // a page that does not check out ends the walk
@@ -69,13 +46,16 @@ std::vector<std::string> CheckIntegrity(Connection& connection) {
 std::vector<BadText> FindBadTexts(Connection& connection) {
     Engine& engine = connection.Opened()->engine();
     std::vector<BadText> found;
-    for (const std::string& table : TableNames(engine)) {
-        const std::vector<std::string> columns = ColumnNames(engine, table);
-        const auto rows = engine.Prepare("SELECT * FROM " + QuotedName(table) + " ORDER BY rowid");
+    for (const std::string& table : engine.Tables()) {
+        const auto described = engine.Describe(table);
+        std::string list;
+        for (const ColumnInfo& column : described->columns)
+            list += (list.empty() ? "" : ", ") + QuotedName(column.name);
+        const auto rows = engine.Prepare("SELECT " + list + " FROM " + QuotedName(table) + " ORDER BY rowid");
         for (std::int64_t row = 1; rows->Step(); ++row)
             for (int i = 0; i < rows->ColumnCount(); ++i) {
                 if (rows->Kind(i) != CellKind::Text || basic::IsUtf8(rows->Text(i))) continue;
-                found.push_back({table, columns.at(static_cast<std::size_t>(i)), row,
+                found.push_back({table, described->columns[static_cast<std::size_t>(i)].name, row,
                                  basic::FromUtf16(basic::ToUtf16(rows->Text(i)))});
             }
     }
@@ -114,7 +94,7 @@ void BackUp(Connection& connection, const std::string& file) {
 std::vector<TableSums> SumTables(Connection& connection) {
     Engine& engine = connection.Opened()->engine();
     std::vector<TableSums> tables;
-    for (const std::string& name : TableNames(engine)) tables.push_back(SumTable(engine, name));
+    for (const std::string& name : engine.Tables()) tables.push_back(SumTable(engine, name));
     return tables;
 }
 

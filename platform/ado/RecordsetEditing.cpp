@@ -25,33 +25,38 @@ Assignments AssignmentsOf(const PendingEdit& edit, const std::vector<Output>& ou
     return assignments;
 }
 
-std::string UpdateSql(const std::string& table, const Assignments& assignments) {
-    std::string sql = "UPDATE " + QuotedName(table) + " SET ";
-    const char* comma = "";
-    for (const std::string& column : assignments.columns) {
-        sql += comma + column + " = ?";
-        comma = ", ";
-    }
-    return sql + " WHERE rowid = ?";
+// Of the row whose identity is the given parameter; a value stored before may have bound it as a double.
+std::string WhereRow(const StoreSql& words, std::size_t parameter) {
+    return " WHERE rowid = CAST(" + words.Parameter(parameter) + " AS BIGINT)";
 }
 
-std::string InsertSql(const std::string& table, const Assignments& assignments) {
-    if (assignments.columns.empty()) return "INSERT INTO " + QuotedName(table) + " DEFAULT VALUES";
+std::string UpdateSql(const StoreSql& words, const std::string& table, const Assignments& assignments) {
+    std::string list;
+    std::size_t parameter = 0;
+    for (const std::string& column : assignments.columns)
+        list += (list.empty() ? "" : ", ") + column + " = " + words.Parameter(++parameter);
+    return "UPDATE " + QuotedName(table) + " SET " + list + WhereRow(words, ++parameter);
+}
+
+std::string InsertSql(const StoreSql& words, const std::string& table, const Assignments& assignments) {
     std::string columns, marks;
+    std::size_t parameter = 0;
     for (const std::string& column : assignments.columns) {
         const char* comma = columns.empty() ? "" : ", ";
         columns += comma + column;
-        marks += std::string(comma) + "?";
+        marks += comma + words.Parameter(++parameter);
     }
-    return "INSERT INTO " + QuotedName(table) + " (" + columns + ") VALUES (" + marks + ")";
+    const std::string values =
+        columns.empty() ? " DEFAULT VALUES" : " (" + columns + ") VALUES (" + marks + ")";
+    return "INSERT INTO " + QuotedName(table) + values + words.Returning();
 }
 
-std::string ReadBackSql(const std::string& table, const std::vector<Output>& outputs) {
+std::string ReadBackSql(const StoreSql& words, const std::string& table, const std::vector<Output>& outputs) {
     std::string columns;
     for (const Output& output : outputs)
         columns +=
             (columns.empty() ? "" : ", ") + (output.column.empty() ? "NULL" : QuotedName(output.column));
-    return "SELECT " + columns + " FROM " + QuotedName(table) + " WHERE rowid = ?1";
+    return "SELECT " + columns + " FROM " + QuotedName(table) + WhereRow(words, 1);
 }
 
 [[noreturn]] void RefuseEditing(const std::string& why) {
@@ -92,9 +97,9 @@ void Recordset::Impl::Store() {
 void Recordset::Impl::StoreEdit() {
     const std::size_t row = CurrentRow();
     Assignments assignments = AssignmentsOf(edit, Outputs());
-    const std::string sql = UpdateSql(plan->table, assignments);
-    assignments.values.emplace_back(static_cast<double>(rows->RowId(row)));
     const std::shared_ptr<Session> on = OpenSession();
+    const std::string sql = UpdateSql(on->engine().Sql(), plan->table, assignments);
+    assignments.values.emplace_back(static_cast<double>(rows->RowId(row)));
     if (on->Execute(on->Own(sql, std::move(assignments.values))) == 0)
         throw basic::Error(error::NoCurrentRecord,
                            "The record has been deleted; the change cannot be stored.", origin);
@@ -107,14 +112,12 @@ void Recordset::Impl::StoreAdded() {
     RowStore& all = Rows();
     const std::shared_ptr<Session> on = OpenSession();
     Assignments assignments = AssignmentsOf(edit, Outputs());
-    const std::string sql = InsertSql(plan->table, assignments);
-    on->Execute(on->Own(sql, std::move(assignments.values)));
+    const StoreSql& words = on->engine().Sql();
+    on->Execute(on->Own(InsertSql(words, plan->table, assignments), std::move(assignments.values)));
 
-    const RunningStatement last = on->Start(on->Own("SELECT last_insert_rowid()", {}));
-    last->Step();
-    const std::int64_t rowid = last->Integer(0);
-    const RunningStatement added =
-        on->Start(on->Own(ReadBackSql(plan->table, Outputs()), {basic::Value(static_cast<double>(rowid))}));
+    const std::int64_t rowid = on->engine().LastRow();
+    const PreparedStatement::Copy added = on->Start(
+        on->Own(ReadBackSql(words, plan->table, Outputs()), {basic::Value(static_cast<double>(rowid))}));
     added->Step();
     all.Append(*added, rowid);
     if (visible) visible->push_back(static_cast<std::uint32_t>(all.Rows() - 1));

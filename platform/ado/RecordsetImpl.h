@@ -87,10 +87,10 @@ struct Recordset::Impl final : PostponedRead {
     std::vector<std::pair<std::string, std::size_t>> namesMet_;  // as callers spelled them, with their field
 
     std::shared_ptr<Session> OpenSession() const;  // raises ObjectClosed
-    ReadyStatement Statement(Session& on) const;
+    BoundStatement Statement(Session& on) const;
     bool MayPostpone() const;    // the read may wait for a Filter
     bool MayBeNarrowed() const;  // the store may apply the Filter
-    std::optional<ReadyStatement> WithFilter(Session& on, const ReadyStatement& base) const;
+    std::optional<BoundStatement> WithFilter(Session& on, const BoundStatement& base) const;
     void Read();
 };
 

@@ -47,7 +47,7 @@ void Recordset::Impl::OpenOn(const std::shared_ptr<Session>& openSession, std::s
 void Recordset::Impl::Run() {
     Forget();
     const std::shared_ptr<Session> on = OpenSession();
-    plan = Statement(*on).cached->plan;
+    plan = Statement(*on).prepared->plan;
     namesMet_.clear();
     if (MayPostpone()) {
         on->Postpone(*this);
@@ -76,10 +76,10 @@ std::shared_ptr<Session> Recordset::Impl::OpenSession() const {
     throw basic::Error(error::ObjectClosed, "The connection of the record set is closed.", origin);
 }
 
-ReadyStatement Recordset::Impl::Statement(Session& on) const {
+BoundStatement Recordset::Impl::Statement(Session& on) const {
     PlanOptions options;
     options.rowid = lockType != adLockReadOnly;
-    ReadyStatement ready = on.Ready(StatementOf(source), options);
+    BoundStatement ready = on.Ready(StatementOf(source), options);
     if (ready.plan().kind != StatementKind::Select)
         throw basic::Error(error::BadArgument, "A record set opens on a select or a table.", origin);
     return ready;
@@ -100,13 +100,14 @@ bool Recordset::Impl::MayBeNarrowed() const {
 }
 
 // The source with the Filter as a further condition, if all of it means the same to the store.
-std::optional<ReadyStatement> Recordset::Impl::WithFilter(Session& on, const ReadyStatement& base) const {
+std::optional<BoundStatement> Recordset::Impl::WithFilter(Session& on, const BoundStatement& base) const {
     if (terms.empty() || !MayBeNarrowed()) return {};
     std::string condition;
     std::vector<basic::Value> values;
     for (const FilterTerm& term : terms) {
         const Output& output = Outputs()[term.field];
-        const auto sql = ComparisonSql(term.comparison, output, Session::ParameterFrom(base) + values.size());
+        const auto sql = ComparisonSql(on.engine().Sql(), term.comparison, output,
+                                       Session::ParameterFrom(base) + values.size());
         if (!sql) return {};
         condition += (condition.empty() ? "" : " AND ") + *sql;
         values.push_back(ComparedValue(term.comparison, output));
@@ -116,8 +117,8 @@ std::optional<ReadyStatement> Recordset::Impl::WithFilter(Session& on, const Rea
 
 void Recordset::Impl::Read() {
     const std::shared_ptr<Session> on = OpenSession();
-    ReadyStatement ready = Statement(*on);
-    plan = ready.cached->plan;
+    BoundStatement ready = Statement(*on);
+    plan = ready.prepared->plan;
     if (auto narrowed = WithFilter(*on, ready)) {
         ready = *std::move(narrowed);
         filteredByStore = true;

@@ -19,12 +19,15 @@ struct TableInfo {
     std::vector<ColumnInfo> columns;
 };
 
-// What the translator asks about the tables. Never remembers that a table is missing.
+class StoreSql;
+
+// What the translator asks about the store. Never remembers that a table is missing.
 class Catalog {
   public:
     virtual ~Catalog() = default;
     virtual const TableInfo* Table(
-        std::string_view name) = 0;  // without regard to case; nullptr if there is none
+        std::string_view name) = 0;           // without regard to case; nullptr if there is none
+    virtual const StoreSql& Sql() const = 0;  // the words that it takes
 };
 
 }  // namespace ado

@@ -1,7 +1,9 @@
 #include "platform/ado/dialect/Expression.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "platform/ado/dialect/Limits.h"
 #include "platform/ado/dialect/Refusal.h"
 
 namespace ado {
@@ -12,107 +14,86 @@ bool HoldsTexts(const Expression& e) {
     return e.type == ColumnType::Text && !e.parameter;
 }
 
-bool IsNumberLiteral(const Expression& e) {
-    return e.parameter && !e.isText;
+void AlignWithBoolean(Expression& boolean, Expression& number, const Draft& draft) {
+    boolean.sql = draft.words.BesideNumber(boolean);
+    if (number.IsNumberLiteral())
+        draft.plan.parameters[*number.parameter].compared = true;
+    else
+        number = Of("qm_truth(" + number.sql + ")", ColumnType::Any, number.depth + 1);
 }
 
-const char* ConversionTo(ColumnType type) {
-    switch (type) {
-        case ColumnType::Boolean:
-            return "qm_bool";
-        case ColumnType::Integer:
-            return "qm_int";
-        case ColumnType::Long:
-            return "qm_long";
-        case ColumnType::Double:
-            return "qm_real";
-        case ColumnType::Text:
-            return "qm_text";
-        case ColumnType::Any:
-            break;
+void AlignTo(Expression& side, Expression& other, const Draft& draft) {
+    const bool isNumber = other.type != ColumnType::Text && !other.isNull;
+    if (side.type == ColumnType::Boolean) {
+        if (isNumber && other.type != ColumnType::Boolean) AlignWithBoolean(side, other, draft);
+    } else if (side.type == ColumnType::Text && isNumber) {
+        if (HoldsTexts(side) && (other.IsNumberLiteral() || other.type == ColumnType::Boolean))
+            other = AsText(std::move(other), draft);
+        else
+            draft.words.FitToNumber(side, other, draft.plan);
     }
-    return "";
-}
-
-void AlignWithBoolean(Expression& other, Plan& plan) {
-    if (IsNumberLiteral(other))
-        plan.parameters[*other.parameter].compared = true;
-    else if (other.type != ColumnType::Boolean && other.type != ColumnType::Text && !other.isNull)
-        other = Of("qm_truth(" + other.sql + ")", ColumnType::Any);
-}
-
-void AlignWithText(const Expression& side, Expression& other, Plan& plan) {
-    if (HoldsTexts(side) && (IsNumberLiteral(other) || other.type == ColumnType::Boolean)) {
-        other = AsText(std::move(other), plan);
-    } else if (other.type != ColumnType::Text && !other.meetsTexts && !other.isNull) {
-        other.sql = "CAST(" + other.sql + " AS NUMERIC)";
-        other.meetsTexts = true;
-    }
-}
-
-void AlignTo(const Expression& side, Expression& other, Plan& plan) {
-    if (side.type == ColumnType::Boolean)
-        AlignWithBoolean(other, plan);
-    else if (side.type == ColumnType::Text)
-        AlignWithText(side, other, plan);
 }
 
 }  // namespace
 
-Expression Of(std::string sql, ColumnType type) {
+Expression Of(std::string sql, ColumnType type, int depth) {
+    CheckNesting(depth);
     Expression expression;
     expression.sql = std::move(sql);
     expression.type = type;
+    expression.depth = depth;
     return expression;
 }
 
-void Align(Expression& left, Expression& right, Plan& plan) {
-    AlignTo(left, right, plan);
-    AlignTo(right, left, plan);
+int Around(const Expression& a, const Expression& b) {
+    return std::max(a.depth, b.depth) + 1;
+}
+
+void Align(Expression& left, Expression& right, const Draft& draft) {
+    AlignTo(left, right, draft);
+    AlignTo(right, left, draft);
 }
 
 bool ComparesTexts(const Expression& left, const Expression& right) {
     return HoldsTexts(left) || HoldsTexts(right) || (left.isText && right.isText);
 }
 
-std::string Collated(const Expression& e, bool texts) {
-    return texts ? e.sql + " COLLATE QMTEXT" : e.sql;
-}
-
-Expression AsNumber(Expression e, const std::string& sign) {
+Expression AsNumber(Expression e, const std::string& sign, const Draft& draft) {
     if (e.type == ColumnType::Text)
         Refuse(error::BadValue, "A text stands beside '" + sign + "', where a number is expected");
-    if (e.truth) return Of(*e.truth ? "-1" : "0", ColumnType::Any);
-    if (e.type == ColumnType::Boolean) return Of("(- " + e.sql + ")", ColumnType::Any);
+    const bool brackets = e.type == ColumnType::Boolean;
+    if (brackets) return Of(draft.words.Number(e), ColumnType::Any, e.truth ? 0 : e.depth + 1);
+    e.sql = draft.words.Number(e);
     return e;
 }
 
-Expression AsText(Expression e, Plan& plan) {
+Expression AsText(Expression e, const Draft& draft) {
     if (e.type == ColumnType::Text || e.isNull) return e;
-    if (e.truth) return Of(*e.truth ? "'True'" : "'False'", ColumnType::Text);
+    if (e.truth) return Of(*e.truth ? "'True'" : "'False'", ColumnType::Text, 0);
     if (e.type == ColumnType::Boolean)
-        return Of("(CASE WHEN " + e.sql + " THEN 'True' ELSE 'False' END)", ColumnType::Text);
-    if (!IsNumberLiteral(e)) return Of("qm_text(" + e.sql + ")", ColumnType::Text);
-    plan.parameters[*e.parameter].as = ColumnType::Text;
+        return Of("(CASE WHEN " + e.sql + " THEN 'True' ELSE 'False' END)", ColumnType::Text, e.depth + 1);
+    if (!e.IsNumberLiteral()) return Of(draft.words.NumberText(e), ColumnType::Text, e.depth + 1);
+    draft.plan.parameters[*e.parameter].as = ColumnType::Text;
     e.type = ColumnType::Text;
     return e;
 }
 
-std::string Stored(const Expression& value, const ColumnInfo& column, Plan& plan) {
+Expression Stored(const Expression& value, const ColumnInfo& column, const Draft& draft) {
     if (value.parameter) {
-        plan.parameters[*value.parameter].as = column.type;
-        return value.sql;
+        draft.plan.parameters[*value.parameter].as = column.type;
+        return value;
     }
-    if (value.isNull) return column.type == ColumnType::Boolean ? "0" : "NULL";  // a boolean is never Null
+    if (value.isNull)  // a boolean is never Null
+        return Of(column.type == ColumnType::Boolean ? draft.words.Truth(false) : "NULL", column.type, 0);
     const bool sameColumn = value.column.column != nullptr && value.column.column->type == column.type;
-    if (sameColumn || column.type == ColumnType::Any) return value.sql;
+    if (sameColumn || column.type == ColumnType::Any) return value;
     Expression fit = value;
     if (value.type == ColumnType::Boolean && column.type == ColumnType::Text)
-        fit = AsText(value, plan);
+        fit = AsText(value, draft);
     else if (value.type == ColumnType::Boolean && column.type != ColumnType::Boolean)
-        fit = AsNumber(value, "=");
-    if (value.truth) return fit.sql;
-    return std::string(ConversionTo(column.type)) + "(" + fit.sql + ")";
+        fit = AsNumber(value, "=", draft);
+    if (value.truth) return fit;
+    return Of(draft.words.Converted(fit, column.type), column.type, fit.depth + 1);
 }
 
 }  // namespace ado

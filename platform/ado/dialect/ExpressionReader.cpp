@@ -19,7 +19,8 @@ Expression ExpressionReader::Condition() {
 }
 
 Expression ExpressionReader::Truth() {
-    return Decisive(Condition());
+    const Expression whole = Condition();
+    return Of(Decisive(whole), ColumnType::Boolean, whole.depth);
 }
 
 Expression ExpressionReader::And() {
@@ -27,8 +28,8 @@ Expression ExpressionReader::And() {
 }
 
 // The store would read a text as a number, and most as 0.
-Expression ExpressionReader::Decisive(Expression e) const {
-    if (e.type != ColumnType::Text) return e;
+std::string ExpressionReader::Decisive(const Expression& e) const {
+    if (e.type != ColumnType::Text) return draft_.words.Condition(e);
     tokens_.RefuseUnsupported();
     Refuse(error::BadValue, "A text stands by itself where a condition is expected");
 }
@@ -37,15 +38,20 @@ Expression ExpressionReader::Decisive(Expression e) const {
 Expression ExpressionReader::Chain(std::string_view word, Operand operand) {
     Expression first = (this->*operand)();
     if (!tokens_.AtWord(word)) return first;
-    std::string sql = "(" + Decisive(std::move(first)).sql;
-    while (tokens_.TakeWord(word))
-        sql.append(" ").append(word).append(" ") += Decisive((this->*operand)()).sql;
-    return Of(sql + ")", ColumnType::Boolean);
+    std::string sql = "(" + Decisive(first);
+    int depth = first.depth;
+    while (tokens_.TakeWord(word)) {
+        const Expression next = (this->*operand)();
+        sql.append(" ").append(word).append(" ") += Decisive(next);
+        depth = std::max(depth, next.depth);
+    }
+    return Of(sql + ")", ColumnType::Boolean, depth + 1);
 }
 
 Expression ExpressionReader::Not() {
-    if (tokens_.TakeWord("Not")) return Of("(NOT " + Decisive(Not()).sql + ")", ColumnType::Boolean);
-    return Comparison();
+    if (!tokens_.TakeWord("Not")) return Comparison();
+    const Expression negated = Not();
+    return Of("(NOT " + Decisive(negated) + ")", ColumnType::Boolean, negated.depth + 1);
 }
 
 Expression ExpressionReader::Comparison() {
@@ -53,7 +59,8 @@ Expression ExpressionReader::Comparison() {
     if (tokens_.TakeWord("Is")) {
         const bool negated = tokens_.TakeWord("Not");
         tokens_.ExpectWord("Null");
-        return Of("(" + left.sql + (negated ? " IS NOT NULL)" : " IS NULL)"), ColumnType::Boolean);
+        return Of("(" + left.sql + (negated ? " IS NOT NULL)" : " IS NULL)"), ColumnType::Boolean,
+                  left.depth + 1);
     }
     const bool negated = (tokens_.AtWord("In", 1) || tokens_.AtWord("Like", 1)) && tokens_.TakeWord("Not");
     if (tokens_.TakeWord("In")) return In(left, negated);
@@ -61,9 +68,11 @@ Expression ExpressionReader::Comparison() {
     for (const char* sign : {"=", "<>", "<=", ">=", "<", ">"}) {
         if (!tokens_.TakeSymbol(sign)) continue;
         Expression right = Sum();
-        Align(left, right, plan_);
-        return Of("(" + Collated(left, ComparesTexts(left, right)) + " " + sign + " " + right.sql + ")",
-                  ColumnType::Boolean);
+        Align(left, right, draft_);
+        const bool texts = ComparesTexts(left, right);
+        return Of("(" + draft_.words.LeftSide(left, texts) + " " + sign + " " +
+                      draft_.words.RightSide(right, texts) + ")",
+                  ColumnType::Boolean, Around(left, right));
     }
     return left;
 }
@@ -74,13 +83,16 @@ Expression ExpressionReader::In(const Expression& left, bool negated) {
     tokens_.ExpectSymbol("(");
     if (tokens_.AtWord("Select")) tokens_.Refuse("a list of values is expected (In takes no select)");
     std::vector<std::pair<std::string, std::string>> lists;  // the left side and its items
+    int depth = 0;
     do {
         Expression item = Signed();
         const Expression own = AlignedAnew(left, item);
-        const std::string side = Collated(own, ComparesTexts(own, item));
+        const bool texts = ComparesTexts(own, item);
+        const std::string side = draft_.words.LeftSide(own, texts);
+        depth = std::max({depth, own.depth, item.depth + 1});
         auto list = std::find_if(lists.begin(), lists.end(), [&](const auto& l) { return l.first == side; });
         if (list == lists.end()) list = lists.insert(lists.end(), {side, {}});
-        list->second.append(list->second.empty() ? "" : ", ") += item.sql;
+        list->second.append(list->second.empty() ? "" : ", ") += draft_.words.RightSide(item, texts);
     } while (tokens_.TakeSymbol(","));
     tokens_.ExpectSymbol(")");
     std::string sql;
@@ -90,7 +102,7 @@ Expression ExpressionReader::In(const Expression& left, bool negated) {
                             : " OR ") +
                side + (negated ? " NOT IN (" : " IN (") + items + ")";
     if (sql.size() > MostOfIn) Refuse(error::Statement, "The statement is nested too deeply");
-    return Of("(" + sql + ")", ColumnType::Boolean);
+    return Of("(" + sql + ")", ColumnType::Boolean, depth + 1);
 }
 
 // The left side aligned with one item. A literal that is bound in another way for it becomes a parameter of
@@ -98,33 +110,38 @@ Expression ExpressionReader::In(const Expression& left, bool negated) {
 Expression ExpressionReader::AlignedAnew(const Expression& left, Expression& item) {
     Expression own = left;
     if (!left.parameter) {
-        Align(own, item, plan_);
+        Align(own, item, draft_);
         return own;
     }
-    const Parameter before = plan_.parameters[*left.parameter];
-    Align(own, item, plan_);
-    const Parameter wanted = std::exchange(plan_.parameters[*left.parameter], before);
+    std::vector<Parameter>& parameters = draft_.plan.parameters;
+    const Parameter before = parameters[*left.parameter];
+    Align(own, item, draft_);
+    const Parameter wanted = std::exchange(parameters[*left.parameter], before);
     if (wanted == before) return own;
-    const auto found = std::find(plan_.parameters.begin(), plan_.parameters.end(), wanted);
-    own.parameter = static_cast<std::size_t>(found - plan_.parameters.begin());
-    if (found == plan_.parameters.end()) plan_.parameters.push_back(wanted);
-    own.sql = "?" + std::to_string(*own.parameter + 1);
+    const auto found = std::find(parameters.begin(), parameters.end(), wanted);
+    own.parameter = static_cast<std::size_t>(found - parameters.begin());
+    if (found == parameters.end()) parameters.push_back(wanted);
+    own.sql = draft_.words.Parameter(*own.parameter + 1);
     return own;
 }
 
 Expression ExpressionReader::Like(const Expression& text, bool negated) {
     const Expression pattern = TextOperand();
-    if (pattern.parameter) plan_.parameters[*pattern.parameter].pattern = true;
-    const std::string like = "qm_like(" +
-                             (text.type == ColumnType::Boolean ? AsText(text, plan_).sql : text.sql) + ", " +
-                             pattern.sql + ")";
-    return Of(negated ? "(NOT " + like + ")" : like, ColumnType::Boolean);
+    if (pattern.parameter) draft_.plan.parameters[*pattern.parameter].pattern = true;
+    const Expression read = ReadAsText(text);
+    const std::string like = draft_.words.Like(read, pattern);
+    return Of(negated ? "(NOT " + like + ")" : like, ColumnType::Boolean,
+              Around(read, pattern) + (negated ? 1 : 0));
 }
 
-// The functions read numbers as the classic texts by themselves, but know no booleans.
 Expression ExpressionReader::TextOperand() {
-    Expression value = Sum();
-    return value.type == ColumnType::Boolean ? AsText(std::move(value), plan_) : value;
+    return ReadAsText(Sum());
+}
+
+// No store's function knows booleans as texts.
+Expression ExpressionReader::ReadAsText(const Expression& value) const {
+    const bool asItIs = value.type != ColumnType::Boolean && draft_.words.FunctionsReadNumbers();
+    return asItIs ? value : AsText(value, draft_);
 }
 
 Expression ExpressionReader::Sum() {
@@ -140,27 +157,27 @@ Expression ExpressionReader::Arithmetic(std::string_view signs, Operand operand)
     bool open = false;  // the chain still needs its parentheses
     while (tokens_.AtSymbol(signs.substr(0, 1)) || tokens_.AtSymbol(signs.substr(1, 1))) {
         const std::string sign = tokens_.Take().text;
-        const Expression first = AsNumber(std::move(left), sign);
-        const Expression second = AsNumber((this->*operand)(), sign);
+        const Expression first = AsNumber(std::move(left), sign, draft_);
+        const Expression second = AsNumber((this->*operand)(), sign, draft_);
         open = sign != "/";
+        const int around = Around(first, second);
         if (open) {
             const bool isDouble = first.type == ColumnType::Double || second.type == ColumnType::Double;
             left = Of(first.sql + " " + sign + " " + second.sql,
-                      isDouble ? ColumnType::Double : ColumnType::Any);
+                      isDouble ? ColumnType::Double : ColumnType::Any, around - 1);
         } else {
-            left = Of("qm_div(" + first.sql + ", " + second.sql + ")", ColumnType::Double);
+            left = Of(draft_.words.Quotient(first, second), ColumnType::Double, around);
         }
     }
-    if (open) left.sql = "(" + left.sql + ")";
-    return left;
+    return open ? Of("(" + left.sql + ")", left.type, left.depth + 1) : left;
 }
 
 Expression ExpressionReader::Signed() {
     if (tokens_.TakeSymbol("+")) return Signed();
     if (!tokens_.TakeSymbol("-")) return Primary();
-    Expression value = AsNumber(Signed(), "-");
-    if (!value.parameter) return Of("(- " + value.sql + ")", value.type);
-    Parameter& parameter = plan_.parameters[*value.parameter];
+    Expression value = AsNumber(Signed(), "-", draft_);
+    if (!value.parameter) return Of("(- " + value.sql + ")", value.type, value.depth + 1);
+    Parameter& parameter = draft_.plan.parameters[*value.parameter];
     parameter.negate = !parameter.negate;
     return value;
 }
@@ -190,9 +207,10 @@ Expression ExpressionReader::Literal() {
     Expression literal;
     literal.isText = token.kind == TokenKind::Text;
     literal.type = literal.isText ? ColumnType::Text : ColumnType::Any;
-    literal.parameter = plan_.parameters.size();
-    plan_.parameters.emplace_back().literal = token.literal;
-    literal.sql = "?" + std::to_string(plan_.parameters.size());
+    std::vector<Parameter>& parameters = draft_.plan.parameters;
+    literal.parameter = parameters.size();
+    parameters.emplace_back().literal = token.literal;
+    literal.sql = draft_.words.Parameter(parameters.size());
     return literal;
 }
 
@@ -200,12 +218,12 @@ Expression ExpressionReader::Name() {
     if (tokens_.AtSymbol("(", 1)) return Call(tokens_.Take().text);
     for (const bool truth : {true, false})
         if (tokens_.TakeWord(truth ? "True" : "False")) {
-            Expression word = Of(truth ? "1" : "0", ColumnType::Boolean);
+            Expression word = Of(draft_.words.Truth(truth), ColumnType::Boolean, 0);
             word.truth = truth;
             return word;
         }
     if (tokens_.TakeWord("Null")) {
-        Expression null = Of("NULL", ColumnType::Any);
+        Expression null = Of("NULL", ColumnType::Any, 0);
         null.isNull = true;
         return null;
     }
@@ -223,7 +241,7 @@ Expression ExpressionReader::Column() {
         Refuse(error::UnknownName,
                "No table of the statement has a field '" + (table.empty() ? "" : table + ".") + name + "'");
     columns_.push_back(found);
-    Expression column = Of(found.Sql(), found.column->type);
+    Expression column = Of(found.Sql(), found.column->type, 0);
     column.column = found;
     column.meetsTexts = true;
     return column;
@@ -237,15 +255,16 @@ Expression ExpressionReader::Call(const std::string& function) {
     } else if (EqualText(function, "Max") || EqualText(function, "Sum")) {
         result = Aggregate(function);
     } else if (EqualText(function, "IsNull")) {
-        result = Of("(" + Condition().sql + " IS NULL)", ColumnType::Boolean);
+        const Expression of = Condition();
+        result = Of("(" + of.sql + " IS NULL)", ColumnType::Boolean, of.depth + 1);
     } else if (EqualText(function, "CStr")) {
-        result = Of("qm_cstr(" + TextOperand().sql + ")", ColumnType::Text);
+        result = OfTexts("qm_cstr", {TextOperand()});
     } else if (EqualText(function, "UCase")) {
-        result = Of("qm_ucase(" + TextOperand().sql + ")", ColumnType::Text);
+        result = OfTexts("qm_ucase", {TextOperand()});
     } else if (EqualText(function, "Left")) {
-        const std::string text = TextOperand().sql;
+        const Expression text = TextOperand();
         tokens_.ExpectSymbol(",");
-        result = Of("qm_left(" + text + ", " + Sum().sql + ")", ColumnType::Text);
+        result = OfTexts("qm_left", {text, Sum()});
     } else {
         Refuse(error::Statement, "The function '" + function + "' is not supported in statements");
     }
@@ -253,9 +272,20 @@ Expression ExpressionReader::Call(const std::string& function) {
     return result;
 }
 
+// The dialect's functions of texts are the store's, under names of ours.
+Expression ExpressionReader::OfTexts(const char* function, const std::vector<Expression>& operands) {
+    std::string list;
+    int depth = 0;
+    for (const Expression& operand : operands) {
+        list.append(list.empty() ? "" : ", ") += operand.sql;
+        depth = std::max(depth, operand.depth);
+    }
+    return Of(std::string(function) + "(" + list + ")", ColumnType::Text, depth + 1);
+}
+
 // Of one type whichever branch is taken: texts if one of them is a text, else numbers or booleans.
 Expression ExpressionReader::Iif() {
-    const std::string condition = Truth().sql;
+    const Expression condition = Truth();
     tokens_.ExpectSymbol(",");
     Expression yes = Condition();
     tokens_.ExpectSymbol(",");
@@ -263,14 +293,15 @@ Expression ExpressionReader::Iif() {
     ColumnType type = no.isNull || yes.type == no.type ? yes.type : yes.isNull ? no.type : ColumnType::Any;
     if (yes.type == ColumnType::Text || no.type == ColumnType::Text) {
         type = ColumnType::Text;
-        yes = AsText(std::move(yes), plan_);
-        no = AsText(std::move(no), plan_);
+        yes = AsText(std::move(yes), draft_);
+        no = AsText(std::move(no), draft_);
     } else if (type != ColumnType::Boolean) {
-        yes = AsNumber(std::move(yes), "Iif");
-        no = AsNumber(std::move(no), "Iif");
+        yes = AsNumber(std::move(yes), "Iif", draft_);
+        no = AsNumber(std::move(no), "Iif", draft_);
         if (yes.type == ColumnType::Double || no.type == ColumnType::Double) type = ColumnType::Double;
     }
-    return Of("(CASE WHEN " + condition + " THEN " + yes.sql + " ELSE " + no.sql + " END)", type);
+    return Of("(CASE WHEN " + condition.sql + " THEN " + yes.sql + " ELSE " + no.sql + " END)", type,
+              std::max(condition.depth + 1, Around(yes, no)));
 }
 
 Expression ExpressionReader::Aggregate(const std::string& function) {
@@ -285,10 +316,9 @@ Expression ExpressionReader::Aggregate(const std::string& function) {
                                           [&](const ColumnRef& column) { return scope_.Holds(column); }))
         Refuse(error::Statement, function + " takes a field of its own select's tables");
     columns_ = before;
-    if (EqualText(function, "Max"))
-        return Of("max(" + Collated(of, of.type == ColumnType::Text) + ")", of.type);
-    of = AsNumber(std::move(of), function);
-    return Of("sum(" + of.sql + ")", ColumnType::Double);
+    if (EqualText(function, "Max")) return Of(draft_.words.Max(of), of.type, of.depth + 1);
+    of = AsNumber(std::move(of), function, draft_);
+    return Of(draft_.words.Sum(of), ColumnType::Double, of.depth + 1);
 }
 
 }  // namespace ado

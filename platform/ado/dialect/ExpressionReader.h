@@ -17,8 +17,9 @@ using SubselectTranslator = std::function<Expression(const Scope& outer)>;
 // Reads conditions and values: a recursive descent by precedence, Or binding least.
 class ExpressionReader {
   public:
-    ExpressionReader(TokenReader& tokens, const Scope& scope, Plan& plan, SubselectTranslator subselect)
-        : tokens_(tokens), scope_(scope), plan_(plan), subselect_(std::move(subselect)) {}
+    ExpressionReader(TokenReader& tokens, const Scope& scope, const Draft& draft,
+                     SubselectTranslator subselect)
+        : tokens_(tokens), scope_(scope), draft_(draft), subselect_(std::move(subselect)) {}
 
     Expression Condition();  // Or, And, Not, comparisons; a value by itself, too
     Expression Truth();      // the same where it decides: a text is refused
@@ -26,7 +27,8 @@ class ExpressionReader {
 
     // Max and Sum are refused unless allowed.
     void AllowAggregates(bool allowed) { aggregatesAllowed_ = allowed; }
-    bool SawAggregate() const { return sawAggregate_; }
+    // Whether one was read; forgets it.
+    bool TakeAggregate() { return std::exchange(sawAggregate_, false); }
     // The columns read so far that do not stand within Max or Sum; forgets them.
     std::vector<ColumnRef> TakeColumns() { return std::exchange(columns_, {}); }
 
@@ -45,17 +47,19 @@ class ExpressionReader {
     Expression Call(const std::string& function);
     Expression Iif();
     Expression Aggregate(const std::string& function);
+    Expression OfTexts(const char* function, const std::vector<Expression>& operands);
     Expression In(const Expression& left, bool negated);
-    Expression Decisive(Expression e) const;
+    std::string Decisive(const Expression& e) const;
     Expression AlignedAnew(const Expression& left, Expression& item);
     Expression Like(const Expression& text, bool negated);
     Expression Chain(std::string_view word, Operand operand);
     Expression Arithmetic(std::string_view signs, Operand operand);
     Expression TextOperand();  // of a function that takes texts
+    Expression ReadAsText(const Expression& value) const;
 
     TokenReader& tokens_;
     const Scope& scope_;
-    Plan& plan_;
+    const Draft draft_;
     SubselectTranslator subselect_;
     std::vector<ColumnRef> columns_;
     bool aggregatesAllowed_ = false;

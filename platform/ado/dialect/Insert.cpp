@@ -2,10 +2,16 @@
 
 #include <algorithm>
 
+#include "platform/ado/dialect/Limits.h"
 #include "platform/ado/dialect/Refusal.h"
 
 namespace ado {
 namespace {
+
+const std::string& InBrackets(const Expression& value) {
+    CheckNesting(value.depth + 1);
+    return value.sql;
+}
 
 [[noreturn]] void RefuseCount() {
     Refuse(error::Statement, "Number of query values and destination fields are not the same.");
@@ -46,7 +52,8 @@ std::string InsertReader::GivenValues() {
     if (columns_.empty())
         for (const ColumnInfo& column : table_->columns) columns_.push_back(&column);
     const Scope none;
-    ExpressionReader reader(tokens_, none, plan_, [this](const Scope& outer) {
+    const Draft draft{plan_, catalog_.Sql()};
+    ExpressionReader reader(tokens_, none, draft, [this](const Scope& outer) {
         return SelectReader(tokens_, catalog_, plan_).OneValue(outer);
     });
     std::string values;
@@ -54,7 +61,7 @@ std::string InsertReader::GivenValues() {
     do {
         const Expression value = reader.Condition();
         if (count < columns_.size())
-            values.append(values.empty() ? "" : ", ") += Stored(value, *columns_[count], plan_);
+            values.append(values.empty() ? "" : ", ") += InBrackets(Stored(value, *columns_[count], draft));
         ++count;
     } while (tokens_.TakeSymbol(","));
     tokens_.ExpectSymbol(")");

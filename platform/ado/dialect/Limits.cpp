@@ -37,20 +37,8 @@ void CheckSize(const std::vector<Token>& tokens) {
     if (operators > MostOperators) Refuse(error::Statement, "The statement holds too many conditions");
 }
 
-void CheckNesting(std::string_view sql) {
-    int depth = 0;
-    char quote = 0;
-    for (const char c : sql) {
-        if (quote != 0) {
-            if (c == quote) quote = 0;
-        } else if (c == '"' || c == '\'') {
-            quote = c;
-        } else if (c == '(') {
-            if (++depth > MostNesting) Refuse(error::Statement, "The statement is nested too deeply");
-        } else if (c == ')') {
-            --depth;
-        }
-    }
+void CheckNesting(int depth) {
+    if (depth > MostNesting) Refuse(error::Statement, "The statement is nested too deeply");
 }
 
 }  // namespace ado

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string_view>
 #include <vector>
 
 #include "platform/ado/dialect/Tokens.h"
@@ -10,6 +9,6 @@ namespace ado {
 // What the store's parser takes; beyond it these raise error::Statement in plain words, before any deep
 // recursion of our own.
 void CheckSize(const std::vector<Token>& tokens);  // of the statement as written
-void CheckNesting(std::string_view sql);           // of its translation
+void CheckNesting(int depth);                      // of the brackets in its translation
 
 }  // namespace ado

@@ -1,7 +1,6 @@
 #include "platform/ado/dialect/Plan.h"
 
 #include "platform/ado/dialect/Insert.h"
-#include "platform/ado/dialect/Limits.h"
 #include "platform/ado/dialect/Select.h"
 #include "platform/ado/dialect/Tokens.h"
 
@@ -25,7 +24,6 @@ class Translator {
         else
             tokens_.Refuse("Select, Insert, Update or Delete is expected");
         tokens_.ExpectEnd();
-        CheckNesting(plan_.Sql());
         return std::move(plan_);
     }
 
@@ -62,7 +60,7 @@ class Translator {
             const ColumnInfo& column = RequireColumn(table, tokens_.ExpectName("a field"));
             tokens_.ExpectSymbol("=");
             assignments += (assignments.empty() ? "" : ", ") + QuotedName(column.name) + " = " +
-                           Stored(expressions_.Condition(), column, plan_);
+                           Stored(expressions_.Condition(), column, {plan_, catalog_.Sql()}).sql;
         } while (tokens_.TakeSymbol(","));
         plan_.head = "UPDATE " + QuotedName(table.name) + " SET " + assignments;
         Where();
@@ -92,7 +90,7 @@ class Translator {
     TokenReader tokens_;
     Plan plan_;
     Scope scope_;  // of an update or delete
-    ExpressionReader expressions_{tokens_, scope_, plan_, [this](const Scope& outer) {
+    ExpressionReader expressions_{tokens_, scope_, Draft{plan_, catalog_.Sql()}, [this](const Scope& outer) {
                                       return SelectReader(tokens_, catalog_, plan_).OneValue(outer);
                                   }};
 };

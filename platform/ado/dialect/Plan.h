@@ -19,6 +19,8 @@ struct Parameter {
         ColumnType::Any;    // Any: as it stands; else it is converted, and refused, as a value of that type
     bool compared = false;  // compared with a boolean: -1 is bound as 1, since True equals both
     bool pattern = false;   // stands behind Like: what only a wider dialect would take is refused
+    bool measured =
+        false;  // a text beside numbers, bound as the one that it reads as, above all if it is none
     friend bool operator==(const Parameter&, const Parameter&) = default;
 };
 

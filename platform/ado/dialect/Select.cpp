@@ -15,11 +15,7 @@ bool Same(const ColumnRef& a, const ColumnRef& b) {
 }
 
 void Append(std::string& list, const std::string& entry) {
-    list.append(list.empty() ? "" : ", ") += entry;
-}
-
-std::string Sorted(const Expression& key) {
-    return Collated(key, key.type == ColumnType::Text);
+    if (!entry.empty()) list.append(list.empty() ? "" : ", ") += entry;
 }
 
 }  // namespace
@@ -30,9 +26,9 @@ void SelectReader::Read(const Scope* outer) {
     distinct_ = tokens_.TakeWord("Distinct");
     RefuseUnsupportedStart();
     scope_ = Scope(outer);
-    expressions_ = std::make_unique<ExpressionReader>(tokens_, scope_, plan_, [this](const Scope& around) {
-        return SelectReader(tokens_, catalog_, plan_).OneValue(around);
-    });
+    expressions_ = std::make_unique<ExpressionReader>(
+        tokens_, scope_, Draft{plan_, words_},
+        [this](const Scope& around) { return SelectReader(tokens_, catalog_, plan_).OneValue(around); });
     const std::size_t list = tokens_.Position();
     FindFrom();
     const std::size_t from = tokens_.Position();
@@ -85,7 +81,6 @@ void SelectReader::Items() {
             OneItem();
     } while (tokens_.TakeSymbol(","));
     expressions_->AllowAggregates(false);
-    aggregate_ = expressions_->SawAggregate();
     for (const ColumnRef& column : expressions_->TakeColumns()) bare_.push_back(column);
 }
 
@@ -122,6 +117,8 @@ void SelectReader::TableColumns(const TableRef& table) {
 void SelectReader::OneItem() {
     Item item;
     item.value = expressions_->Condition();
+    item.ofGroup = !expressions_->TakeAggregate();
+    aggregate_ = aggregate_ || !item.ofGroup;
     const ColumnRef& column = item.value.column;
     item.output.type = item.value.type;
     if (column.column != nullptr) {
@@ -137,7 +134,10 @@ void SelectReader::OneItem() {
 }
 
 void SelectReader::Where() {
-    if (tokens_.TakeWord("Where")) where_ = " WHERE " + expressions_->Truth().sql;
+    if (!tokens_.TakeWord("Where")) return;
+    const Expression condition = expressions_->Truth();
+    where_ = " WHERE " + condition.sql;
+    whereDepth_ = condition.depth;
 }
 
 void SelectReader::GroupBy() {
@@ -148,7 +148,8 @@ void SelectReader::GroupBy() {
     do {
         const Expression key = expressions_->Column();
         keys_.push_back(key.column);
-        Append(list, Sorted(key));
+        Append(list, words_.GroupKey(key));
+        Append(groupOrder_, words_.OrderKey(key, false));
     } while (tokens_.TakeSymbol(","));
     group_ = " GROUP BY " + list;
 }
@@ -157,12 +158,10 @@ void SelectReader::OrderBy() {
     if (!tokens_.TakeWord("Order")) return;
     tokens_.ExpectWord("By");
     do {
-        std::string key = Sorted(OrderKey());
-        if (tokens_.TakeWord("Desc"))
-            key += " DESC";
-        else
-            tokens_.TakeWord("Asc");
-        Append(order_, key);
+        const Expression key = OrderKey();
+        const bool descending = tokens_.TakeWord("Desc");
+        if (!descending) tokens_.TakeWord("Asc");
+        Append(order_, words_.OrderKey(key, descending));
     } while (tokens_.TakeSymbol(","));
 }
 
@@ -195,12 +194,18 @@ void SelectReader::CheckGrouping() const {
                                          "' stands neither in Group By nor within Max or Sum");
 }
 
-// Rows come in the order in which they were inserted, whatever index the store picks.
-std::string SelectReader::RowidOrder() const {
+// Rows come in the order in which they were inserted, whatever index the store picks, groups in that of
+// their keys.
+std::string SelectReader::Order() const {
     std::string order = order_;
+    Append(order, groupOrder_);
     if (!aggregate_)
         for (const TableRef& table : scope_.Tables()) Append(order, QuotedName(table.alias) + ".rowid");
     return order.empty() ? "" : " ORDER BY " + order;
+}
+
+std::string SelectReader::ListOf(const Item& item) const {
+    return keys_.empty() || !item.ofGroup ? item.value.sql : words_.OfGroup(item.value, keys_);
 }
 
 std::string SelectReader::From() const {
@@ -216,7 +221,7 @@ void SelectReader::Whole(const PlanOptions& options) {
     Read(nullptr);
     std::string list;
     for (Item& item : items_) {
-        Append(list, item.value.sql);
+        Append(list, ListOf(item));
         plan_.outputs.push_back(std::move(item.output));
     }
     plan_.distinct = distinct_;
@@ -226,15 +231,18 @@ void SelectReader::Whole(const PlanOptions& options) {
     if (plan_.rowid) Append(list, QuotedName(scope_.Tables().front().alias) + ".rowid");
     plan_.head = "SELECT " + list + From();
     plan_.where = where_;
-    plan_.tail = group_ + RowidOrder();
+    plan_.tail = group_ + Order();
 }
 
 std::string SelectReader::Inserted(const std::function<const ColumnInfo&(const std::string&)>& target) {
     Read(nullptr);
     if (distinct_) Refuse(error::Statement, "Distinct is not supported behind Insert");
     std::string list;
-    for (const Item& item : items_) Append(list, Stored(item.value, target(item.output.name), plan_));
-    return "SELECT " + list + From() + where_ + group_ + RowidOrder();
+    for (Item& item : items_) {
+        item.value = Stored(item.value, target(item.output.name), {plan_, words_});
+        Append(list, ListOf(item));
+    }
+    return "SELECT " + list + From() + where_ + group_ + Order();
 }
 
 Expression SelectReader::OneValue(const Scope& outer) {
@@ -242,10 +250,10 @@ Expression SelectReader::OneValue(const Scope& outer) {
     if (items_.size() != 1 || distinct_ || !group_.empty())
         Refuse(error::Statement, "A select in parentheses gives one value of one field");
     const Expression& value = items_.front().value;
-    // The rowid makes it an aggregate of this select even if the value is of the outer one.
     const std::string rowid = QuotedName(scope_.Tables().front().alias) + ".rowid";
-    const std::string list = aggregate_ ? value.sql : "qm_single(" + value.sql + ", " + rowid + ")";
-    return Of("(SELECT " + list + From() + where_ + ")", value.type);
+    const std::string list = aggregate_ ? value.sql : words_.Single(value, rowid);
+    const int depth = std::max(value.depth + (aggregate_ ? 0 : 1), whereDepth_);
+    return Of("(SELECT " + list + From() + where_ + ")", value.type, depth + 1);
 }
 
 }  // namespace ado

@@ -13,7 +13,7 @@ namespace ado {
 class SelectReader {
   public:
     SelectReader(TokenReader& tokens, Catalog& catalog, Plan& plan)
-        : tokens_(tokens), catalog_(catalog), plan_(plan) {}
+        : tokens_(tokens), catalog_(catalog), plan_(plan), words_(catalog.Sql()) {}
 
     // A statement of its own: fills the plan's head, where, tail and outputs.
     void Whole(const PlanOptions& options);
@@ -27,6 +27,7 @@ class SelectReader {
     struct Item {
         Expression value;
         Output output;
+        bool ofGroup = true;  // not made by Max or Sum
     };
 
     void Read(const Scope* outer);
@@ -43,20 +44,24 @@ class SelectReader {
     Expression OrderKey();
     const Item* ItemCalledHere() const;
     void CheckGrouping() const;
-    std::string RowidOrder() const;
+    std::string Order() const;
+    std::string ListOf(const Item& item) const;
     std::string From() const;
 
     TokenReader& tokens_;
     Catalog& catalog_;
     Plan& plan_;
+    const StoreSql& words_;
     Scope scope_;
     std::unique_ptr<ExpressionReader> expressions_;
     std::vector<Item> items_;
     std::vector<ColumnRef> bare_;  // the columns of the list and of Order By that are not within Max or Sum
     std::vector<ColumnRef> keys_;  // of Group By
+    std::string groupOrder_;
     bool distinct_ = false;
     bool aggregate_ = false;
     std::string where_, group_, order_;
+    int whereDepth_ = 0;
     int unnamed_ = 0;
 };
 

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Expression.h"
 #include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/Conversion.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -203,21 +205,25 @@ std::optional<std::size_t> FindOutput(const std::vector<Output>& outputs, std::s
     return {};
 }
 
-std::optional<std::string> ComparisonSql(const Comparison& comparison, const Output& output,
-                                         std::size_t parameter) {
-    const bool textColumn = output.type == ColumnType::Text;
-    if (output.column.empty() || output.type == ColumnType::Any || textColumn != comparison.isText) return {};
+std::optional<std::string> ComparisonSql(const StoreSql& words, const Comparison& comparison,
+                                         const Output& output, std::size_t parameter) {
+    const bool texts = output.type == ColumnType::Text;
+    if (output.column.empty() || output.type == ColumnType::Any || texts != comparison.isText) return {};
     if (comparison.isTruth && output.type != ColumnType::Boolean) return {};
-    std::string sql = QuotedName(output.table) + "." + QuotedName(output.column);
-    for (const auto& [text, op] : operators)
-        if (op == comparison.op) sql += " " + std::string(text) + " ?" + std::to_string(parameter);
-    return textColumn ? sql + " COLLATE QMTEXT" : sql;
+    Expression column = Of(QuotedName(output.table) + "." + QuotedName(output.column), output.type, 0);
+    Expression value = Of(words.Parameter(parameter), texts ? ColumnType::Text : ColumnType::Any, 0);
+    if (output.type == ColumnType::Boolean) column.sql = words.BesideNumber(column);
+    std::string op;
+    for (const auto& [text, its] : operators)
+        if (its == comparison.op) op = " " + std::string(text) + " ";
+    return words.LeftSide(column, texts) + op + words.RightSide(value, texts);
 }
 
+// A whole number is bound as one: no index of whole numbers would be used beside a broken one.
 basic::Value ComparedValue(const Comparison& comparison, const Output& output) {
     if (comparison.isText) return comparison.text;
-    if (output.type == ColumnType::Boolean) return BesideTruth(comparison.number);
-    return comparison.number;
+    const bool isTruth = output.type == ColumnType::Boolean;
+    return NumberValue(isTruth ? BesideTruth(comparison.number) : comparison.number);
 }
 
 }  // namespace ado

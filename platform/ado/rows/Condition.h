@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/ado/dialect/Plan.h"
+#include "platform/ado/dialect/StoreSql.h"
 #include "platform/ado/rows/RowStore.h"
 #include "platform/basic/Value.h"
 
@@ -35,10 +36,10 @@ std::vector<Comparison> ReadCondition(std::string_view condition);
 // it.
 std::optional<std::size_t> FindOutput(const std::vector<Output>& outputs, std::string_view name);
 
-// The comparison in the store's SQL, with the value as parameter ?n, where it means the same there as in
-// Meets: on a plain column and a value of its own kind.
-std::optional<std::string> ComparisonSql(const Comparison& comparison, const Output& output,
-                                         std::size_t parameter);
+// The comparison in the store's words, with the value as its n-th parameter, where it means the same there as
+// in Meets: on a plain column and a value of its own kind.
+std::optional<std::string> ComparisonSql(const StoreSql& words, const Comparison& comparison,
+                                         const Output& output, std::size_t parameter);
 
 // The value that goes with ComparisonSql.
 basic::Value ComparedValue(const Comparison& comparison, const Output& output);

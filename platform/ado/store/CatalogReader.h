@@ -9,12 +9,13 @@
 
 namespace ado {
 
-// The tables as the embedded store describes them. Keeps only what it found: a table that is missing is asked
+// The tables as the store describes them. Keeps only what it found: a table that is missing is asked
 // for anew each time, since another program may just have made it.
 class CatalogReader final : public Catalog {
   public:
     explicit CatalogReader(Engine& engine) : engine_(engine) {}
     const TableInfo* Table(std::string_view name) override;
+    const StoreSql& Sql() const override { return engine_.Sql(); }
     void Forget();  // after a rollback, or after a table was made
 
   private:

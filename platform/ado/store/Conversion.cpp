@@ -33,17 +33,11 @@ Value Convert(ColumnType type, const Value& value) {
     return value;
 }
 
-Value NumberValue(double number) {
-    constexpr double limit = std::numeric_limits<std::int32_t>::max();
-    if (std::trunc(number) == number && std::abs(number) <= limit) return static_cast<std::int32_t>(number);
-    return number;
-}
-
 struct Binder {
     EngineStatement& statement;
     int index;
     void operator()(basic::Null) const { statement.BindNull(index); }
-    void operator()(bool b) const { statement.BindInteger(index, b ? 1 : 0); }
+    void operator()(bool b) const { statement.BindBoolean(index, b); }
     void operator()(std::int16_t i) const { statement.BindInteger(index, i); }
     void operator()(std::int32_t i) const { statement.BindInteger(index, i); }
     void operator()(double d) const { statement.BindReal(index, d); }
@@ -52,6 +46,12 @@ struct Binder {
 };
 
 }  // namespace
+
+basic::Value NumberValue(double number) {
+    constexpr double limit = std::numeric_limits<std::int32_t>::max();
+    if (std::trunc(number) == number && std::abs(number) <= limit) return static_cast<std::int32_t>(number);
+    return number;
+}
 
 Value ConvertTo(ColumnType type, const Value& value) {
     if (value.IsNull()) return type == ColumnType::Boolean ? Value(false) : value;  // a boolean is never Null

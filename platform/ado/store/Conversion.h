@@ -12,6 +12,9 @@ namespace ado {
 // large.
 basic::Value ConvertTo(ColumnType type, const basic::Value& value);
 
+// A number as a statement's literal is bound: a 32-bit whole one where it is whole.
+basic::Value NumberValue(double number);
+
 // The value that a literal of a statement is bound with. `where` names the place in an error's text.
 basic::Value LiteralValue(const Literal& literal, const Parameter& parameter, std::string_view where);
 
@@ -19,7 +22,6 @@ basic::Value LiteralValue(const Literal& literal, const Parameter& parameter, st
 // characters there. Of ours, % and _ alone stand for other characters.
 void CheckPattern(std::string_view pattern);
 
-// Binds a value; a boolean is stored as 1 or 0.
 void Bind(EngineStatement& statement, int index, const basic::Value& value);
 
 }  // namespace ado

@@ -6,6 +6,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/ado/dialect/StoreSql.h"
 
 // The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
 // with a number of ado::error. The embedded store stands in SqlCipherEngine; a server engine could stand
@@ -20,6 +23,7 @@ class EngineStatement {
     virtual void BindNull(int index) = 0;  // index from 1
     virtual void BindInteger(int index, std::int64_t value) = 0;
     virtual void BindReal(int index, double value) = 0;
+    virtual void BindBoolean(int index, bool value) = 0;
     virtual void BindText(int index, std::string_view text) = 0;  // copied or kept until Reset
     virtual bool Step() = 0;                                      // True: a row stands
     virtual void Reset() = 0;                                     // ready to run again; never throws
@@ -36,9 +40,22 @@ class Engine {
     virtual void Open(const std::string& source, const std::string& password) = 0;
     virtual void Close() = 0;
     virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
+    virtual const StoreSql& Sql() const = 0;   // the words that Prepare takes
     virtual std::int64_t Changes() const = 0;  // rows of the last insert, update or delete
-    virtual bool InTransaction() const = 0;    // False also after the store rolled back by itself
-    virtual void Begin() = 0;                  // takes the write lock at once and makes its commit durable
+    // The identity of the row that was inserted last, by a statement that ended in StoreSql::Returning.
+    virtual std::int64_t LastRow() const = 0;
+    // Whether a statement that fails inside a transaction leaves nothing behind, wherever it was stopped.
+    virtual bool UndoesFailedStatements() const = 0;
+    virtual std::vector<std::string> Tables() = 0;  // in the order of their names
+    virtual std::unique_ptr<TableInfo> Describe(
+        std::string_view table) = 0;  // without regard to case; nullptr if there is none
+    // Makes the table `target` with the columns, types, defaults and indexes of `source`, and its rows in
+    // their order. The caller sees to it that all of it happens or nothing.
+    virtual void CopyTable(const std::string& source, const std::string& target) = 0;
+    // Reads every page and index: a line for each fault.
+    virtual std::vector<std::string> CheckPages() = 0;
+    virtual bool InTransaction() const = 0;  // False also after the store rolled back by itself
+    virtual void Begin() = 0;                // takes the write lock at once and makes its commit durable
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
     virtual void Savepoint(int level) = 0;

@@ -5,7 +5,7 @@
 
 #include "platform/ado/dialect/Refusal.h"
 #include "platform/ado/dialect/Tokens.h"
-#include "platform/ado/store/SelectInto.h"
+#include "platform/ado/store/IndexName.h"
 #include "platform/basic/Text.h"
 
 namespace ado {

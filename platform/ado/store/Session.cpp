@@ -6,7 +6,6 @@
 #include "platform/ado/Errors.h"
 #include "platform/ado/dialect/Refusal.h"
 #include "platform/ado/store/Conversion.h"
-#include "platform/ado/store/SelectInto.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -48,58 +47,59 @@ void Session::Close() {
     engine_->Close();
 }
 
-ReadyStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
+BoundStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
     const Shape shape = ShapeOf(statement);
     std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
-    CachedStatementPtr cached = cache_.Find(key);
-    if (!cached) cached = cache_.Add(std::move(key), Translate(shape, catalog_, options));
-    std::vector<basic::Value> values = LiteralValues(shape, *cached->plan);
-    return {std::move(cached), std::move(values)};
+    PreparedStatementPtr prepared = cache_.Find(key);
+    if (!prepared) prepared = cache_.Add(std::move(key), Translate(shape, catalog_, options));
+    std::vector<basic::Value> values = LiteralValues(shape, *prepared->plan);
+    return {std::move(prepared), std::move(values)};
 }
 
-ReadyStatement Session::Narrowed(const ReadyStatement& base, const std::string& condition,
+BoundStatement Session::Narrowed(const BoundStatement& base, const std::string& condition,
                                  const std::vector<basic::Value>& values) {
-    std::string key = base.cached->key + "\nfilter " + condition;
-    CachedStatementPtr cached = cache_.Find(key);
-    if (!cached) {
+    std::string key = base.prepared->key + "\nfilter " + condition;
+    PreparedStatementPtr prepared = cache_.Find(key);
+    if (!prepared) {
         constexpr std::string_view word = " WHERE ";
         Plan plan = base.plan();
         plan.where = plan.where.empty()
                          ? std::string(word) + condition
                          : std::string(word) + "(" + plan.where.substr(word.size()) + ") AND " + condition;
-        cached = cache_.Add(std::move(key), std::move(plan));
+        prepared = cache_.Add(std::move(key), std::move(plan));
     }
     std::vector<basic::Value> all = base.values;
     all.insert(all.end(), values.begin(), values.end());
-    return {std::move(cached), std::move(all)};
+    return {std::move(prepared), std::move(all)};
 }
 
-ReadyStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
+BoundStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
     std::string key = "\nown " + sql;
-    CachedStatementPtr cached = cache_.Find(key);
-    if (!cached) {
+    PreparedStatementPtr prepared = cache_.Find(key);
+    if (!prepared) {
         Plan plan;
         plan.kind = StatementKind::Update;
         plan.head = std::move(sql);
-        cached = cache_.Add(std::move(key), std::move(plan));
+        prepared = cache_.Add(std::move(key), std::move(plan));
     }
-    return {std::move(cached), std::move(values)};
+    return {std::move(prepared), std::move(values)};
 }
 
-RunningStatement Session::Start(const ReadyStatement& statement) {
-    RunningStatement running(*engine_, statement.cached);
+PreparedStatement::Copy Session::Start(const BoundStatement& statement) {
+    PreparedStatement::Copy running = statement.prepared->Take(*engine_);
     int index = 0;
     for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
     return running;
 }
 
-std::int64_t Session::Execute(const ReadyStatement& statement) {
+std::int64_t Session::Execute(const BoundStatement& statement) {
     ReadPostponed();
     if (statement.plan().kind == StatementKind::SelectInto) {
         MakeTable(statement.plan());
         return 0;
     }
-    transactions_.Write(MayStopHalfway(statement.cached->sql), [&] { Start(statement)->Step(); });
+    const bool whole = !engine_->UndoesFailedStatements() && MayStopHalfway(statement.prepared->sql);
+    transactions_.Write(whole, [&] { Start(statement)->Step(); });
     return engine_->Changes();
 }
 
@@ -120,7 +120,7 @@ void Session::MakeTable(const Plan& plan) {
     catalog_.Forget();
     if (catalog_.Table(plan.into) != nullptr)
         throw basic::Error(error::Statement, "Table '" + plan.into + "' already exists.", "ado.Statement");
-    transactions_.Atomic([&] { SelectInto(*engine_, plan.table, plan.into); });
+    transactions_.Atomic([&] { engine_->CopyTable(plan.table, plan.into); });
     catalog_.Forget();
 }
 

@@ -14,11 +14,11 @@
 
 namespace ado {
 
-// A statement that was found or translated, with the values of its literals.
-struct ReadyStatement {
-    CachedStatementPtr cached;
+// A prepared statement with the values of its literals.
+struct BoundStatement {
+    PreparedStatementPtr prepared;
     std::vector<basic::Value> values;
-    const Plan& plan() const { return *cached->plan; }
+    const Plan& plan() const { return *prepared->plan; }
 };
 
 // A record set that has not read its rows yet. It reads them before anything on its connection changes.
@@ -40,21 +40,21 @@ class Session {
     void Close();  // rolls back what is open
 
     // Finds or translates a statement and converts its literals; raises all that is wrong with it so far.
-    ReadyStatement Ready(std::string_view statement, const PlanOptions& options = {});
+    BoundStatement Ready(std::string_view statement, const PlanOptions& options = {});
     // A select with one more condition, in the store's SQL; its values are the parameters from
     // ParameterFrom(base).
-    ReadyStatement Narrowed(const ReadyStatement& base, const std::string& condition,
+    BoundStatement Narrowed(const BoundStatement& base, const std::string& condition,
                             const std::vector<basic::Value>& values);
-    static std::size_t ParameterFrom(const ReadyStatement& base) { return base.values.size() + 1; }
+    static std::size_t ParameterFrom(const BoundStatement& base) { return base.values.size() + 1; }
 
     // Bound and about to give its first row.
-    RunningStatement Start(const ReadyStatement& statement);
+    PreparedStatement::Copy Start(const BoundStatement& statement);
     // Runs a statement that gives no rows; the rows that an insert, update or delete matched, else 0.
-    std::int64_t Execute(const ReadyStatement& statement);
+    std::int64_t Execute(const BoundStatement& statement);
     // Runs inserts, updates and deletes as one: where one fails, none has been done.
     void ExecuteAll(const std::vector<std::string>& statements);
     // For what this layer writes in the store's own SQL: the values are bound in order.
-    ReadyStatement Own(std::string sql, std::vector<basic::Value> values);
+    BoundStatement Own(std::string sql, std::vector<basic::Value> values);
 
     Engine& engine() { return *engine_; }  // for maintenance, beside running statements
 

@@ -19,6 +19,10 @@ namespace {
 
 constexpr const char* source = "ado.Engine";
 
+// What is kept of the file in memory, in KiB: reports read the same pages again and again.
+constexpr int PagesOfReader = 65536;
+constexpr int PagesOfWriter = 10240;  // behind a commit
+
 std::string Level(int level) {
     return "qm_level_" + std::to_string(level);
 }
@@ -96,7 +100,7 @@ void SqlCipherEngine::Configure() {
     if (store_.Ask("PRAGMA journal_mode") != "wal") store_.Ask("PRAGMA journal_mode = WAL");
     store_.Run("PRAGMA synchronous = NORMAL");
     waits_ = false;
-    store_.Run("PRAGMA cache_size = -65536");  // KiB
+    store_.Run("PRAGMA cache_size = " + std::to_string(-PagesOfReader));
     store_.Run("PRAGMA foreign_keys = OFF");
     store_.Run("PRAGMA temp_store = MEMORY");
 }
@@ -117,6 +121,18 @@ std::unique_ptr<EngineStatement> SqlCipherEngine::Prepare(const std::string& sql
 
 std::int64_t SqlCipherEngine::Changes() const {
     return sqlite3_changes(store_.Get());
+}
+
+std::int64_t SqlCipherEngine::LastRow() const {
+    return sqlite3_last_insert_rowid(store_.Get());
+}
+
+std::vector<std::string> SqlCipherEngine::CheckPages() {
+    const auto rows = store_.Prepare("PRAGMA integrity_check");
+    std::vector<std::string> faults;
+    while (rows->Step()) faults.emplace_back(rows->Text(0));
+    if (faults.size() == 1 && faults.front() == "ok") faults.clear();
+    return faults;
 }
 
 bool SqlCipherEngine::InTransaction() const {
@@ -163,6 +179,7 @@ void SqlCipherEngine::Commit() {
     try {
         if (undone_ || sqlite3_total_changes(store_.Get()) == changesAtBegin_) Flush();
         looseWritten_ = false;
+        DropPages();
     } catch (const basic::Error&) {
     }
 }
@@ -254,6 +271,15 @@ void SqlCipherEngine::CopyTo(const std::string& file, const std::string& passwor
     if (backup == nullptr) copy.Fail();
     sqlite3_backup_step(backup, -1);
     if (sqlite3_backup_finish(backup) != SQLITE_OK) copy.Fail();
+}
+
+// One that posts goes on to other pages and needs the old ones no more.
+void SqlCipherEngine::DropPages() {
+    int used = 0, highest = 0;
+    sqlite3_db_status(store_.Get(), SQLITE_DBSTATUS_CACHE_USED, &used, &highest, 0);
+    if (used / 1024 <= PagesOfWriter) return;
+    for (const int pages : {PagesOfWriter / 2, PagesOfReader})
+        store_.Run("PRAGMA cache_size = " + std::to_string(-pages));
 }
 
 // Switched only when the other kind of write comes, so that a stream of either kind pays nothing for it.

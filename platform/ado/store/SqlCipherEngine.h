@@ -6,6 +6,8 @@
 
 #include "platform/ado/store/Engine.h"
 #include "platform/ado/store/SoleUse.h"
+#include "platform/ado/store/SqlCipherCatalog.h"
+#include "platform/ado/store/SqlCipherSql.h"
 #include "platform/ado/store/SqlHandle.h"
 
 namespace ado {
@@ -21,7 +23,18 @@ class SqlCipherEngine final : public Engine {
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
+    const StoreSql& Sql() const override { return sql_; }
     std::int64_t Changes() const override;
+    std::int64_t LastRow() const override;
+    bool UndoesFailedStatements() const override { return false; }
+    std::vector<std::string> Tables() override { return sqlcipher::Tables(store_); }
+    std::unique_ptr<TableInfo> Describe(std::string_view table) override {
+        return sqlcipher::Describe(store_, table);
+    }
+    void CopyTable(const std::string& source, const std::string& target) override {
+        sqlcipher::CopyTable(store_, source, target);
+    }
+    std::vector<std::string> CheckPages() override;
     bool InTransaction() const override;
     void Begin() override;
     void Commit() override;
@@ -45,9 +58,11 @@ class SqlCipherEngine final : public Engine {
     std::string TextOfLostCommit(const std::string& text);
     void WaitForDisk(bool wait);
     void SyncLog();
+    void DropPages();
 
     std::optional<OwnUse> use_;
     SqlHandle store_;
+    SqlCipherSql sql_;
     std::string notice_;
     bool waits_ = false;         // a commit waits until it is on disk
     bool looseWritten_ = false;  // writes outside transactions may still be on their way to the disk

@@ -28,6 +28,7 @@ class SqlStatement final : public EngineStatement {
     void BindInteger(int index, std::int64_t value) override {
         Check(sqlite3_bind_int64(statement_, index, value));
     }
+    void BindBoolean(int index, bool value) override { BindInteger(index, value ? 1 : 0); }
     void BindReal(int index, double value) override { Check(sqlite3_bind_double(statement_, index, value)); }
     void BindText(int index, std::string_view text) override {
         Check(sqlite3_bind_text64(statement_, index, text.data() == nullptr ? "" : text.data(), text.size(),

@@ -4,45 +4,46 @@
 
 namespace ado {
 
-CachedStatementPtr StatementCache::Find(std::string_view key) {
+PreparedStatement::PreparedStatement(std::string itsKey, Plan itsPlan)
+    : key(std::move(itsKey)), plan(std::make_shared<const Plan>(std::move(itsPlan))), sql(plan->Sql()) {}
+
+PreparedStatement::Copy PreparedStatement::Take(Engine& engine) {
+    if (idle_.empty()) idle_.push_back(engine.Prepare(sql));
+    Copy copy(idle_.back().release(), {shared_from_this()});
+    idle_.pop_back();
+    return copy;
+}
+
+void PreparedStatement::GiveBack::operator()(EngineStatement* copy) const {
+    copy->Reset();
+    to->idle_.emplace_back(copy);
+}
+
+PreparedStatementPtr StatementCache::Find(std::string_view key) {
     const auto found = byKey_.find(key);
     if (found == byKey_.end()) return nullptr;
     byUse_.splice(byUse_.begin(), byUse_, found->second);
     return *found->second;
 }
 
-CachedStatementPtr StatementCache::Add(std::string key, Plan plan) {
-    while (byUse_.size() >= capacity_) {
-        byKey_.erase(byUse_.back()->key);
-        byUse_.pop_back();
-    }
-    auto cached = std::make_shared<CachedStatement>();
-    cached->key = std::move(key);
-    cached->sql = plan.Sql();
-    cached->plan = std::make_shared<const Plan>(std::move(plan));
-    byUse_.push_front(cached);
-    byKey_.emplace(cached->key, byUse_.begin());
-    return cached;
+PreparedStatementPtr StatementCache::Add(std::string key, Plan plan) {
+    byUse_.push_front(std::make_shared<PreparedStatement>(std::move(key), std::move(plan)));
+    size_ += byUse_.front()->sql.size();
+    while (size_ > capacity_ && byUse_.size() > 1) DropLast();
+    byKey_.emplace(byUse_.front()->key, byUse_.begin());
+    return byUse_.front();
+}
+
+void StatementCache::DropLast() {
+    size_ -= byUse_.back()->sql.size();
+    byKey_.erase(byUse_.back()->key);
+    byUse_.pop_back();
 }
 
 void StatementCache::Clear() {
+    size_ = 0;
     byKey_.clear();
     byUse_.clear();
-}
-
-RunningStatement::RunningStatement(Engine& engine, CachedStatementPtr cached) : cached_(std::move(cached)) {
-    if (cached_->idle.empty()) {
-        statement_ = engine.Prepare(cached_->sql);
-    } else {
-        statement_ = std::move(cached_->idle.back());
-        cached_->idle.pop_back();
-    }
-}
-
-RunningStatement::~RunningStatement() {
-    if (!statement_) return;
-    statement_->Reset();
-    cached_->idle.push_back(std::move(statement_));
 }
 
 }  // namespace ado

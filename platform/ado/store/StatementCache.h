@@ -13,42 +13,47 @@
 
 namespace ado {
 
-// A translated statement with its prepared copies that are not in use at the moment.
-struct CachedStatement {
-    std::string key;  // the shape's; a line break, which no shape holds, sets apart what this layer adds
-    std::string sql;
-    std::shared_ptr<const Plan> plan;
-    std::vector<std::unique_ptr<EngineStatement>> idle;
-};
-using CachedStatementPtr = std::shared_ptr<CachedStatement>;
+// A statement as its shape was translated and prepared, without values: with them it is a BoundStatement (see
+// Session), and what runs is a Copy.
+class PreparedStatement : public std::enable_shared_from_this<PreparedStatement> {
+  public:
+    PreparedStatement(std::string key, Plan plan);
 
-// The translated statements by their key; the one that was not used for the longest time makes room.
+    struct GiveBack {
+        std::shared_ptr<PreparedStatement> to;
+        void operator()(EngineStatement* copy) const;
+    };
+    using Copy = std::unique_ptr<EngineStatement, GiveBack>;
+    // A copy that runs inside another of the same statement is one of its own; each comes back by itself.
+    Copy Take(Engine& engine);
+
+    const std::string
+        key;  // the shape's; a line break, which no shape holds, sets apart what this layer adds
+    const std::shared_ptr<const Plan> plan;
+    const std::string sql;
+
+  private:
+    std::vector<std::unique_ptr<EngineStatement>> idle_;
+};
+using PreparedStatementPtr = std::shared_ptr<PreparedStatement>;
+
+// The prepared statements by their key; those that were not used for the longest time make room.
 class StatementCache {
   public:
-    explicit StatementCache(std::size_t capacity = 512) : capacity_(capacity) {}
-    CachedStatementPtr Find(std::string_view key);  // nullptr if it is not there
-    CachedStatementPtr Add(std::string key, Plan plan);
+    // In characters of SQL: what the store keeps of a prepared statement grows with them, at some 40 bytes
+    // for each. So all of them together take 4 MB, be they 1,000 of a posting or 100 that name every field.
+    static constexpr std::size_t Usual = 100'000;
+    explicit StatementCache(std::size_t capacity = Usual) : capacity_(capacity) {}
+    PreparedStatementPtr Find(std::string_view key);  // nullptr if it is not there
+    PreparedStatementPtr Add(std::string key, Plan plan);
     void Clear();
 
   private:
-    std::size_t capacity_;
-    std::list<CachedStatementPtr> byUse_;  // the last used one first
-    std::unordered_map<std::string_view, std::list<CachedStatementPtr>::iterator> byKey_;
-};
+    void DropLast();
 
-// A prepared copy while it runs. One that runs inside another of the same statement gets a copy of its own.
-class RunningStatement {
-  public:
-    RunningStatement(Engine& engine, CachedStatementPtr cached);
-    RunningStatement(RunningStatement&&) = default;
-    ~RunningStatement();
-
-    EngineStatement& operator*() const { return *statement_; }
-    EngineStatement* operator->() const { return statement_.get(); }
-
-  private:
-    CachedStatementPtr cached_;
-    std::unique_ptr<EngineStatement> statement_;
+    std::size_t capacity_, size_ = 0;
+    std::list<PreparedStatementPtr> byUse_;  // the last used one first
+    std::unordered_map<std::string_view, std::list<PreparedStatementPtr>::iterator> byKey_;
 };
 
 }  // namespace ado

@@ -1,6 +1,11 @@
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "platform/ado/Command.h"
+#include "platform/ado/store/StatementCache.h"
 #include "tests/platform/ado/TestStore.h"
 #include "tests/support/Cases.h"
 
@@ -97,6 +102,14 @@ TEST_F(ExecuteTest, RowsComeAsTheyWereInsertedWhateverTheIndex) {
         Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate) Values (" + std::string(values) + ")");
     EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Where LedgerTxnDate >= 10"), "3 1 2 4");
     EXPECT_EQ(Rows(c, "Select LedgerTrnNo From tb_Ledger2001 Order By LedgerTxnDate"), "1 4 3 2");
+    // A key that is the same in all rows, and must not be taken for the place of a column.
+    for (const auto& [same, rows] : {std::pair{"True", "1|True 4|True 3|True 2|True"},
+                                     {"-True", "1|1 4|1 3|1 2|1"},
+                                     {"Null", "1|- 4|- 3|- 2|-"},
+                                     {"5", "1|5 4|5 3|5 2|5"}})
+        EXPECT_EQ(Rows(c, "Select LedgerTrnNo, " + std::string(same) +
+                              " As Same From tb_Ledger2001 Order By Same Desc, LedgerTxnDate"),
+                  rows);
     EXPECT_EQ(Rows(c, "Select Distinct LedgerTxnDate From tb_Ledger2001"), "20 10");
 }
 
@@ -175,6 +188,27 @@ TEST_F(ExecuteTest, TheSameStatementRunsAsOftenAsThereAreShapesAndBeyond) {
         for (int shape = 0; shape < 600; ++shape)
             Run("Select Id As Name" + std::to_string(shape) + " From Small");
     EXPECT_EQ(Rows(c, "Select Id From Small Where Id = 1"), "");
+}
+
+// A host that posts all day stays small.
+TEST_F(ExecuteTest, KeepsFewPagesAndStatementsInMemory) {
+    Run("Insert Into Small (Remark) Values ('" + std::string(900, 'x') + "')");
+    c->BeginTrans();
+    for (int doublings = 0; doublings < 15; ++doublings)
+        Run("Insert Into Small (Remark) Select Remark As Remark From Small");
+    c->CommitTrans();
+    constexpr int mebibyte = 1024 * 1024;
+    EXPECT_LT(sqlite3_memory_used(), 12 * mebibyte);
+
+    StatementCache cache(100'000);
+    std::vector<std::weak_ptr<PreparedStatement>> added;
+    for (int shape = 0; shape < 3000; ++shape) {
+        Plan plan;
+        plan.head = std::string(1000, 's');
+        added.push_back(cache.Add(std::to_string(shape), std::move(plan)));
+        EXPECT_NE(cache.Find("0"), nullptr) << "the one in use stays";
+    }
+    EXPECT_EQ(std::count_if(added.begin(), added.end(), [](const auto& one) { return !one.expired(); }), 100);
 }
 
 }  // namespace

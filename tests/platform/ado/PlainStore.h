@@ -8,6 +8,7 @@
 #include <sqlcipher/sqlite3.h>
 
 #include "platform/ado/dialect/Catalog.h"
+#include "platform/ado/store/SqlCipherSql.h"
 #include "platform/basic/Text.h"
 
 namespace ado::test {
@@ -39,6 +40,7 @@ class PlainStore final : public Catalog {
         Run("CREATE TABLE " + to + DefinitionOf(from));
     }
 
+    const StoreSql& Sql() const override { return words_; }
     const TableInfo* Table(std::string_view name) override {
         auto& info = byFoldedName_[basic::FoldCase(name)];
         if (!info) info = Read(std::string(name));
@@ -95,6 +97,7 @@ class PlainStore final : public Catalog {
     }
 
     sqlite3* db_ = nullptr;
+    SqlCipherSql words_;
     std::map<std::string, std::unique_ptr<TableInfo>> byFoldedName_;
 };
 

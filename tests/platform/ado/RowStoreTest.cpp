@@ -19,6 +19,7 @@ class MadeUp final : public EngineStatement {
     void BindNull(int) override {}
     void BindInteger(int, std::int64_t) override {}
     void BindReal(int, double) override {}
+    void BindBoolean(int, bool) override {}
     void BindText(int, std::string_view) override {}
     bool Step() override { return at_++ < rows_; }
     void Reset() override { at_ = 0; }
