@@ -1,7 +1,6 @@
 #include "reports/LedgerTotals.h"
 
 #include <string>
-#include <vector>
 
 #include "core/modGeneral.h"
 #include "platform/ado/Errors.h"
@@ -11,116 +10,97 @@
 namespace qm {
 namespace {
 
-using Progress = std::function<void(int done, int steps)>;
-
-// Tells how many totals are done, from the 0 before the first.
-class Teller {
-  public:
-    Teller(const Progress& progress, std::int32_t steps) : progress_(progress), steps_(steps) { Tell(); }
-    void Done() {
-        ++done_;
-        Tell();
-    }
-    void AllDone() {
-        while (done_ < steps_) Done();
-    }
-
-  private:
-    void Tell() const {
-        if (progress_) progress_(done_, steps_);
-    }
-    const Progress& progress_;
-    std::int32_t steps_;
-    std::int32_t done_ = 0;
-};
-
-std::string UpTo(std::optional<std::int32_t> upto) {
-    return upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
-}
-
-ado::RecordsetPtr OpenSums(const std::string& sums, const std::string& where) {
+ado::RecordsetPtr OpenSums(const std::string& sums, std::optional<std::int32_t> upto) {
+    const std::string where = upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
     auto rows = std::make_shared<ado::Recordset>();
-    rows->Open(
-        "Select ledgercode," + sums + "  from " + YearTable("tb_Ledger") + where + " group by ledgercode",
-        shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
+    rows->Open("Select ledgercode," + sums + "  from " + YearTable("tb_Ledger") + where + " group by ledgercode",
+               shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
     return rows;
 }
 
 ado::RecordsetPtr OpenSide(const std::string& side, std::optional<std::int32_t> upto) {
-    return OpenSums("Sum(ledger" + side + "Amt) as " + side + "Tot", UpTo(upto));
+    return OpenSums("Sum(ledger" + side + "Amt) as " + side + "Tot", upto);
 }
 
 // A sum over Null amounts alone is Null and counts as 0; the digits are those of the classic text.
-std::string Total(const std::string& side, ado::Recordset& sums) {
-    return "ledDet" + side + "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"]));
-}
-
-std::string OfLedger(ado::Recordset& sums) {
-    return " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
-           " And fnncl_yr = " + shared().FinYear;
-}
-
-void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before, Teller& teller) {
+void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before,
+                 const std::function<void()>& written) {
     if (before == BeforeRebuild::ZeroTotals)
         Conn().Execute("Update Ledger_details Set ledDet" + side +
                        "TxnTot = 0 Where fnncl_yr = " + shared().FinYear);
     for (; !sums.Eof(); sums.MoveNext()) {
-        Conn().Execute("Update Ledger_Details Set  " + Total(side, sums) + OfLedger(sums));
-        teller.Done();
+        Conn().Execute("Update Ledger_Details Set  ledDet" + side +
+                       "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"])) +
+                       " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
+                       " And fnncl_yr = " + shared().FinYear);
+        written();
     }
 }
 
 // A row whose side is neither "D" nor "C" keeps the closing balance that it had. Kept 68.
-std::vector<std::string> ClosingBalances() {
-    return {
+void WriteClosingBalances() {
+    Conn().Execute(
         "Update Ledger_Details Set  Closing_Bal = opening_Bal + ledDetDrTxnTot - ledDetCrTxnTot Where "
         "Bal_type = 'D' And fnncl_yr = " +
-            shared().FinYear,
+        shared().FinYear);
+    Conn().Execute(
         "Update Ledger_Details Set  Closing_Bal = (opening_Bal *-1)+ ledDetDrTxnTot - ledDetCrTxnTot Where "
         "Bal_type = 'C' And fnncl_yr = " +
-            shared().FinYear};
+        shared().FinYear);
 }
 
-// All of it as one, from one reading of both sides.
+// The digits are those that the text of a statement would have.
+double AsWritten(const basic::Value& total) {
+    return basic::PrefixValue(basic::NumberText(basic::NumberOrZero(total)));
+}
+
+// Both sides of all ledgers by one statement. Raises where one by one a statement could not be written.
 void WriteAtOnce(ado::Recordset& sums, BeforeRebuild before) {
-    std::vector<std::string> statements;
-    if (before == BeforeRebuild::ZeroTotals)
-        statements.push_back(
-            "Update Ledger_details Set ledDetDrTxnTot = 0, ledDetCrTxnTot = 0 Where fnncl_yr = " +
-            shared().FinYear);
+    ado::KeyedNumbers totals;
+    totals.table = "Ledger_Details";
+    totals.key = "ledger_id";
+    totals.where = "fnncl_yr";
+    totals.is = basic::ToLong(basic::Value(shared().FinYear));
+    totals.columns = {"ledDetDrTxnTot", "ledDetCrTxnTot"};
+    if (before == BeforeRebuild::ZeroTotals) totals.others = 0;
     for (; !sums.Eof(); sums.MoveNext())
-        statements.push_back("Update Ledger_Details Set  " + Total("Dr", sums) + ", " + Total("Cr", sums) +
-                             OfLedger(sums));
-    for (std::string& closing : ClosingBalances()) statements.push_back(std::move(closing));
-    Conn().ExecuteAll(statements);
+        totals.lines[basic::ToLong(sums["ledgercode"])] = {AsWritten(sums["DrTot"]), AsWritten(sums["CrTot"])};
+    Conn().SetNumbers(totals);
 }
 
-// One by one: a failing statement leaves what was done before it.
-void WriteOneByOne(std::optional<std::int32_t> upto, BeforeRebuild before, Teller& teller) {
-    const ado::RecordsetPtr debits = OpenSide("Dr", upto), credits = OpenSide("Cr", upto);
-    WriteTotals("Dr", *debits, before, teller);
-    WriteTotals("Cr", *credits, before, teller);
-    for (const std::string& closing : ClosingBalances()) Conn().Execute(closing);
+// False where nothing of it could be done: a statement would fail, which then shows one by one. In a transaction
+// a failure may take more with it than its statement, so there nothing is tried.
+bool WrittenAtOnce(ado::Recordset& sums, BeforeRebuild before) {
+    if (Conn().TransDepth() > 0) return false;
+    try {
+        WriteAtOnce(sums, before);
+    } catch (const basic::Error& failure) {
+        if (failure.Number == ado::error::Locked) throw;  // the first of them would have waited, too
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
 
-// At once where nobody can tell it from the statements one by one: where all of them pass. Where one fails,
-// none has been done, and one by one they stop at the same place with the same words. Another program that
-// holds the books stops the first of them either way. In a transaction a failure may take more with it than
-// its statement, so there they go one by one from the start.
-void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before, const Progress& progress) {
-    const ado::RecordsetPtr sums =
-        OpenSums("Sum(ledgerDrAmt) as DrTot,Sum(ledgerCrAmt) as CrTot", UpTo(upto));
-    Teller teller(progress, static_cast<std::int32_t>(sums->RecordCount() * 2));
-    if (Conn().TransDepth() > 0) return WriteOneByOne(upto, before, teller);
-    try {
-        WriteAtOnce(*sums, before);
-    } catch (const basic::Error& failure) {
-        if (failure.Number == ado::error::Locked) throw;
-        return WriteOneByOne(upto, before, teller);
+// The totals are written at once where nobody can tell it from one by one: where all of the statements pass.
+void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before,
+                         const std::function<void(int done, int steps)>& progress) {
+    const ado::RecordsetPtr sums = OpenSums("Sum(ledgerDrAmt) as DrTot,Sum(ledgerCrAmt) as CrTot", upto);
+    int done = 0;
+    const auto tell = [&, steps = static_cast<int>(sums->RecordCount() * 2)] {
+        if (progress && done <= steps) progress(done, steps);
+        return done++ < steps;
+    };
+    tell();
+    if (WrittenAtOnce(*sums, before)) {
+        while (tell()) continue;
+    } else {
+        const ado::RecordsetPtr debits = OpenSide("Dr", upto), credits = OpenSide("Cr", upto);
+        WriteTotals("Dr", *debits, before, tell);
+        WriteTotals("Cr", *credits, before, tell);
     }
-    teller.AllDone();
+    WriteClosingBalances();
 }
 
 }  // namespace qm

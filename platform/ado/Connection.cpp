@@ -68,8 +68,8 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     return result;
 }
 
-void Connection::ExecuteAll(const std::vector<std::string>& statements) {
-    Opened()->ExecuteAll(statements);
+void Connection::SetNumbers(const KeyedNumbers& numbers) {
+    Opened()->SetNumbers(numbers);
 }
 
 int Connection::BeginTrans() {

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "platform/ado/store/KeyedNumbers.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -57,9 +57,8 @@ class Connection {
     RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
                          int options = -1);
 
-    // Runs inserts, updates and deletes one after the other and as one: where one fails, it is raised and none
-    // of them has been done. Outside a transaction, on disk as a single statement is.
-    void ExecuteAll(const std::vector<std::string>& statements);
+    // Sets numbers in the rows of a table, many at once and as one statement: all of it is done or nothing.
+    void SetNumbers(const KeyedNumbers& numbers);
 
     int BeginTrans();  // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another
                        // program

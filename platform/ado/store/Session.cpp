@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/ado/Errors.h"
-#include "platform/ado/dialect/Refusal.h"
+#include "platform/ado/dialect/Scope.h"
 #include "platform/ado/store/Conversion.h"
 #include "platform/basic/Error.h"
 
@@ -103,17 +103,13 @@ std::int64_t Session::Execute(const BoundStatement& statement) {
     return engine_->Changes();
 }
 
-void Session::ExecuteAll(const std::vector<std::string>& statements) {
+void Session::SetNumbers(KeyedNumbers numbers) {
     ReadPostponed();
-    transactions_.Write(true, [&] {
-        for (const std::string& text : statements) {
-            const auto statement = Ready(text);
-            if (statement.plan().kind == StatementKind::Select ||
-                statement.plan().kind == StatementKind::SelectInto)
-                Refuse(error::Statement, "Only inserts, updates and deletes run as one");
-            Start(statement)->Step();
-        }
-    });
+    const TableInfo& table = RequireTable(catalog_, numbers.table);
+    numbers.table = table.name;
+    for (std::string* name : {&numbers.key, &numbers.where}) *name = RequireColumn(table, *name).name;
+    for (std::string& name : numbers.columns) name = RequireColumn(table, name).name;
+    transactions_.Write(!engine_->UndoesFailedStatements(), [&] { engine_->SetNumbers(numbers); });
 }
 
 void Session::MakeTable(const Plan& plan) {
