@@ -4,7 +4,7 @@
 
 #include "accounts/LedgerRows.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_Ledger_Master.h"
 
 namespace qm {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_frmGrpMain.h"
 
 namespace qm {

@@ -6,7 +6,7 @@
 #include "core/BillFigures.h"
 #include "inventory/StockPosting.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 
 namespace qm {
 

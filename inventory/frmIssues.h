@@ -4,7 +4,7 @@
 
 #include "inventory/StockGrid.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmIssues.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmItemList.h"
 

@@ -5,7 +5,7 @@
 
 #include "inventory/BillBoxes.h"
 #include "inventory/StockGrid.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmReceipt.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/controls/ImageList.h"
 #include "platform/forms/controls/TreeView.h"
 #include "platform/forms/grid/VSFlexGrid.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "inventory/BillBoxes.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "purchasing/OrderReceiptGrid.h"
 #include "ui_frmPOReceipt.h"

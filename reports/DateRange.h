@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 
 namespace qm {
 

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "reports/DateRange.h"
 #include "ui_frmItemLedger.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/html/Paper.h"
 #include "ui_frmLedger.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_frmTPL.h"
 
 namespace qm {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/basic/Value.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_ucHTMLBox.h"
 
 namespace qm {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/basic/Value.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 
 namespace qm {
 

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmNewMenu.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/MSFlexGrid.h"
 #include "ui_frmSearchAndLookUp.h"
 

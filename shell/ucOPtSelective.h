@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_ucOPtSelective.h"
 
 namespace qm {

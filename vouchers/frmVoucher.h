@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "ui_frmVoucher.h"
 #include "vouchers/LedgerList.h"

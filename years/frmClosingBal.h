@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_frmClosingBal.h"
 
 namespace qm {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_frmFinYear.h"
 
 namespace qm {

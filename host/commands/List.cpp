@@ -28,9 +28,10 @@ int ListLedgers(const ListOptions& options) {
 }
 
 int ListYears(const ListOptions& options) {
-    const OpenBooks books(options.folder);
-    for (const Year& year : ReadYears())
-        std::cout << year.longForm << (year.current ? "  current" : "") << "\n";
+    OpenBooks books(options.folder);
+    const std::vector<Year> years = ReadYears();
+    books.Close();  // the first start may have begun the first one
+    for (const Year& year : years) std::cout << year.longForm << (year.current ? "  current" : "") << "\n";
     return ExitOk;
 }
 

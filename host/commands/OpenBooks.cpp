@@ -17,9 +17,12 @@ OpenBooks::OpenBooks(const std::string& folder, Boxes boxes) : failures_(std::un
 }
 
 OpenBooks::~OpenBooks() noexcept(false) {
+    if (std::uncaught_exceptions() == failures_) Close();
+}
+
+void OpenBooks::Close() {
     const ado::ConnectionPtr& books = qm::shared().Connection;
-    const bool open = books && books->State() == ado::adStateOpen;
-    if (open && std::uncaught_exceptions() == failures_) books->Close();
+    if (books && books->State() == ado::adStateOpen) books->Close();
 }
 
 }  // namespace host

@@ -154,10 +154,12 @@ int Post(const PostOptions& options) {
     const std::string size =
         Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");
     if (options.dryRun) {
+        books.Close();
         std::cout << options.file << ": " << size << ", no fault; nothing was posted\n";
         return ExitOk;
     }
     const PostingResult result = Posted(options, books.Host(), file, year);
+    if (!result.failure) books.Close();
     TellPosted(result, size);
     if (!result.failure) return ExitOk;
     TellFault(options.file, *result.failure);

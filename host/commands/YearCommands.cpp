@@ -15,7 +15,6 @@
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
 #include "host/make/Fail.h"
-#include "platform/ado/Maintenance.h"
 
 namespace host {
 namespace {
@@ -31,8 +30,8 @@ bool IsLongForm(const std::string& text) {
     return std::regex_match(text, parts, form) && std::stoi(parts[2]) == std::stoi(parts[1]) + 1;
 }
 
-void TellYear(const std::string& current) {
-    ado::Flush(qm::Conn());  // what is told stands on the disk
+void TellYear(OpenBooks& books, const std::string& current) {
+    books.Close();
     std::cout << "current year: " << current << "\n";
 }
 
@@ -64,13 +63,12 @@ std::vector<std::string> LedgersWithNullTotal(qm::clQm& host) {
 
 bool Confirmed(const YearOptions& options, const std::string& current) {
     if (options.yes) return true;
-    std::cout << "Adding " << options.year << " folds the totals of " << current
-              << " into its opening balances and gives the new year\n"
-              << "the openings and totals that " << current
-              << " has now. This cannot be undone, and a try that is broken off has to be taken back by a "
-                 "backup: make one "
-                 "first\n(qmhost backup). Go on? [y/N] "
-              << std::flush;
+    std::cout
+        << "Adding " << options.year << " folds the totals of " << current
+        << " into its opening balances and gives the new year\n"
+        << "the openings and totals that " << current
+        << " has now. This cannot be undone but by a backup: make one first\n(qmhost backup). Go on? [y/N] "
+        << std::flush;
     std::string answer;
     std::getline(std::cin, answer);
     return answer == "y" || answer == "Y" || answer == "yes";
@@ -85,21 +83,19 @@ int SetYear(const YearOptions& options) {
     if (!Known(wanted)) Fail("the books know no year '" + options.year + "' (see qmhost years)");
     if (!AllOrNothing([&] { return books.Host().SetGetFinancialYear(wanted) == wanted; }))
         Fail("the current year is " + CurrentYear() + " still: it could not be moved to " + wanted);
-    TellYear(wanted);
+    TellYear(books, wanted);
     return ExitOk;
 }
 
-// The call says False whatever happened, so what stands is looked at.
-int TellOutcome(const YearOptions& options) {
-    const std::string wanted = options.year.substr(0, 4), current = CurrentYear();
-    if (current == wanted) {
-        TellYear(current);
-        return ExitOk;
-    }
-    std::cerr << "qmhost: " << options.year << " could not be set up in full; the current year is "
-              << (current.empty() ? "none" : current) << ", the new year is " << (Known(wanted) ? "" : "not ")
-              << "in the register; run qmhost check\n";
-    return ExitFailed;
+// In one transaction, which the class itself does not begin: a try that fails or is killed leaves nothing,
+// and nobody meets the books without a current year. The call says False whatever happened, so what stands is
+// looked at.
+bool SetUp(qm::clQm& host, const std::string& year) {
+    return AllOrNothing([&] {
+        host.SetFinancialYear(year);
+        const std::string shortForm = year.substr(0, 4);
+        return CurrentYear() == shortForm && !IsHalfMade(shortForm);
+    });
 }
 
 int AddYear(const YearOptions& options) {
@@ -122,8 +118,10 @@ int AddYear(const YearOptions& options) {
         std::cout << "nothing was changed\n";
         return ExitFailed;
     }
-    books.Host().SetFinancialYear(options.year);
-    return TellOutcome(options);
+    if (!SetUp(books.Host(), options.year))
+        Fail(options.year + " could not be set up; nothing was changed: run qmhost check");
+    TellYear(books, shortForm);
+    return ExitOk;
 }
 
 }  // namespace

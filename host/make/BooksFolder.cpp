@@ -106,21 +106,28 @@ void BooksFolder::Publish() {
             Fail("the new " + file_ + " could not be closed: the disk did not take all of its log");
     basic::SyncToDisk(ready);
     MakeRoom();
-    if (!basic::RenameTo(ready, target_)) RefuseTaken(target_);
+    if (taken_ == Taken::SetAside)
+        basic::RenameOver(ready, target_);
+    else if (!basic::RenameTo(ready, target_))
+        RefuseTaken(target_);
     basic::SyncToDisk(folder_);
     for (const auto& path : made_) basic::SyncToDisk(path.parent_path());
     made_.clear();
     Undo();
 }
 
-// The file first: without it nobody takes its log for that of another.
+// The file first: with two names, or without one, it opens for nobody, and nobody takes its log for that of
+// another. The first of its names stands until the new file takes it, where the file system knows second
+// ones.
 void BooksFolder::MakeRoom() {
     const fs::path dated = basic::DatedName(target_);
     for (const char* suffix : {"", "-journal", "-wal"}) {
         const std::string from = target_.string() + suffix, to = dated.string() + suffix;
         if (!Stands(from)) continue;
         if (*suffix == '\0' && taken_ == Taken::Refuse) RefuseTaken(target_);
-        if (!basic::RenameTo(from, to)) Fail(to + " stands there already");
+        std::error_code noSecondNames = std::make_error_code(std::errc::not_supported);
+        if (*suffix == '\0') fs::create_hard_link(from, to, noSecondNames);
+        if (noSecondNames && !basic::RenameTo(from, to)) Fail(to + " stands there already");
         setAside_.emplace_back(to);
     }
     std::error_code ignored;

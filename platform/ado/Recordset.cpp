@@ -52,10 +52,6 @@ int Recordset::CursorType() const {
     return impl_->cursorType;
 }
 
-int Recordset::LockType() const {
-    return impl_->lockType;
-}
-
 int Recordset::CursorLocation() const {
     return impl_->location;
 }
@@ -121,13 +117,6 @@ void Recordset::MoveLast() {
 std::int64_t Recordset::AbsolutePosition() const {
     if (Bof()) return -2;
     return Eof() ? -3 : impl_->position + 1;
-}
-
-void Recordset::SetAbsolutePosition(std::int64_t position) {
-    impl_->RefuseClosed();
-    impl_->Store();
-    if (position < 1 || position > impl_->Count()) RefuseNoRecord();
-    impl_->position = position - 1;
 }
 
 const std::string& Recordset::Filter() const {
@@ -205,11 +194,6 @@ void Recordset::AddNew() {
 void Recordset::Update() {
     impl_->RefuseReadOnly();
     impl_->Store();
-}
-
-void Recordset::CancelUpdate() {
-    impl_->RefuseClosed();
-    impl_->edit = {};
 }
 
 }  // namespace ado

@@ -53,7 +53,6 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
 
     int State() const;  // closed, too, once its connection is; rows that were read can still be read
     int CursorType() const;
-    int LockType() const;
     int CursorLocation() const;
     void SetCursorLocation(int location);  // before Open
     const std::string& Source() const;
@@ -68,7 +67,6 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     void MovePrevious();
     void MoveLast();
     std::int64_t AbsolutePosition() const;  // from 1; -2 at BOF, -3 at EOF
-    void SetAbsolutePosition(std::int64_t position);
 
     // "" shows all rows; a condition of the form "Field = 12 [And ...]" with =, <>, <, >, <=, >= and a number
     // or a quoted text hides the others; stands on the first that is left. Raises BadArgument for any other
@@ -92,7 +90,6 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     void
     AddNew();  // starts a record; only the fields that are set are written, the others take their defaults
     void Update();  // stores the pending edit or the added record; raises NotUpdatable, BadValue
-    void CancelUpdate();
 
     struct Impl;
     Impl& Internals() { return *impl_; }  // for this layer

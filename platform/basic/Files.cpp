@@ -60,8 +60,12 @@ bool RenameTo(const fs::path& from, const fs::path& to) {
         FailBySystem("cannot make " + to.string(), reason);
     // Some file systems move without the flag only.
     if (Stands(to)) return false;
-    if (::rename(from.c_str(), to.c_str()) != 0) FailBySystem("cannot make " + to.string(), errno);
+    RenameOver(from, to);
     return true;
+}
+
+void RenameOver(const fs::path& from, const fs::path& to) {
+    if (::rename(from.c_str(), to.c_str()) != 0) FailBySystem("cannot make " + to.string(), errno);
 }
 
 fs::path DatedName(const fs::path& file) {

@@ -13,6 +13,9 @@ void SyncToDisk(const std::filesystem::path& path);
 // raises 5 with the system's reason.
 bool RenameTo(const std::filesystem::path& from, const std::filesystem::path& to);
 
+// The same, but in one step over what bears that name, which is gone then.
+void RenameOver(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // A name beside `file` that tells the moment, "QmAccount-2025-04-01-183000.mdb" for "QmAccount.mdb", and that
 // neither a file nor a log or journal of one bears yet.
 std::filesystem::path DatedName(const std::filesystem::path& file);

@@ -106,9 +106,6 @@ std::string UCase(std::string_view text) {
     // The sharp s has no capital in ordinary writing.
     return Changed(text, [](Code code) { return code == 0xDF ? code : utf8proc_toupper(code); });
 }
-std::string LCase(std::string_view text) {
-    return Changed(text, utf8proc_tolower);
-}
 
 std::string FoldCase(std::string_view text) {
     std::string out;

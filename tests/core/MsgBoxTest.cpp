@@ -1,41 +1,25 @@
 #include <functional>
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "core/DBCode.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Maintenance.h"
+#include "tests/support/DiskCalls.h"
 #include "tests/support/FreshBooks.h"
-
-namespace {
-
-int logSyncs = 0;
-
-// The store's library calls these of this program; they count and go on to the system's own.
-int Counted(const char* name, int file) {
-    char path[4096] = {};
-    const std::string link = "/proc/self/fd/" + std::to_string(file);
-    if (readlink(link.c_str(), path, sizeof path - 1) > 0 && std::string(path).ends_with("-wal")) ++logSyncs;
-    return reinterpret_cast<int (*)(int)>(dlsym(RTLD_NEXT, name))(file);
-}
-
-}  // namespace
-
-extern "C" int fsync(int file) {
-    return Counted("fsync", file);
-}
-extern "C" int fdatasync(int file) {
-    return Counted("fdatasync", file);
-}
 
 namespace {
 
 // What a box told is on the disk when it stands: the log is counted on its way there. A reader who holds an
 // older moment keeps a checkpoint from writing it.
 TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
+    int logSyncs = 0;
+    bool diskFails = false;
+    test::WatchDisk([&](const std::string&, const std::string& file) {
+        if (file.ends_with("-wal")) ++logSyncs;
+        return !diskFails;
+    });
     test::FreshBooks books;
     ado::Connection reader;
     reader.Properties("Data Source") = books.DataPath() + qm::BooksFile;
@@ -44,8 +28,10 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     reader.Open();
     const ado::Snapshot moment(reader);
     int syncsAtTheBox = -1;
-    const auto before = qm::SetMsgBoxPort([&](const std::string&, int, const std::string&) {
+    std::string told;
+    const auto before = qm::SetMsgBoxPort([&](const std::string& text, int, const std::string&) {
         syncsAtTheBox = logSyncs;
+        told += text + " ";
         return qm::vbOK;
     });
     const auto tell = [] { qm::MsgBox("Done", qm::vbInformation, qm::AppTitle); };
@@ -71,6 +57,12 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
         c.action();
         EXPECT_EQ(syncsAtTheBox, c.syncs) << c.name;
     }
+    told.clear();
+    diskFails = true;
+    update(), tell();
+    EXPECT_EQ(told, "The disk could not be read or written (Input/output error). Done ");
+    diskFails = false;
+    tell();
     logSyncs = 0;
     update();
     EXPECT_EQ(logSyncs, 0) << "a rebuild waits for nothing";
@@ -78,6 +70,7 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     EXPECT_EQ(logSyncs, 1) << "the end of the host";
     tell();  // without books
     qm::SetMsgBoxPort(before);
+    test::WatchDisk({});
 }
 
 }  // namespace

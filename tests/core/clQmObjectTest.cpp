@@ -1,5 +1,10 @@
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
+#include "core/DBCode.h"
 #include "core/clQmObject.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Errors.h"
@@ -7,6 +12,7 @@
 #include "tests/core/LateBound.h"
 #include "tests/support/BoxScript.h"
 #include "tests/support/FreshBooks.h"
+#include "tests/support/InChild.h"
 
 namespace {
 
@@ -87,6 +93,37 @@ TEST_F(ClassObject, ARefusedPostingIsFalseAfterItsBox) {
     test::BoxScript boxes;
     boxes.ExpectLog("Class-ClQm", "");
     EXPECT_EQ(host.Get("InsertVoucher", {1, FirstOfApril, "J", "D", "n", 1.0, 9999, "Nobody"}), Value(false));
+}
+
+// A host that nobody watches is told of a log set aside on its error stream: nothing waits, no error stands.
+TEST_F(ClassObject, ANoticeOfTheOpeningDisturbsNoCall) {
+    const std::string file = books.DataPath() + qm::BooksFile, copy = file + ".copy";
+    host = LateBound(nullptr);
+    std::filesystem::copy_file(file, copy);
+    EXPECT_EQ(test::InChild([&] {
+                  books.OpenHost();
+                  books.AddLedger("Lost", "Sales");
+                  qm::Conn().BeginTrans();
+                  books.Run("Update Ledger_Master Set Name = 'Lost too'");
+                  qm::Conn().CommitTrans();
+                  _exit(7);
+                  return 0;
+              }),
+              7);
+    std::filesystem::rename(copy, file);
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    host = LateBound(new qm::clQmObject);
+    testing::internal::CaptureStderr();
+    host.Let("dataPath", books.DataPath());
+    host.Get("StartDataConn");
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(told.find("[Tovik Softwares] The log of a crash"), 0U) << told;
+    EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1);
+    IErrorInfo* error = nullptr;
+    EXPECT_EQ(GetErrorInfo(0, &error), S_FALSE);
+    EXPECT_EQ(host.Get("GetNextTrnID"), Value(1));
+    EXPECT_EQ(host.Object("Ledgers").Get("RecordCount"), Value(2));
 }
 
 TEST_F(ClassObject, TheVirtualTableHasTheInterfacesOrder) {

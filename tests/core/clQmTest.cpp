@@ -15,12 +15,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines Names(const ado::RecordsetPtr& rows) {
-    Lines names;
-    for (; !rows->Eof(); rows->MoveNext()) names.push_back(basic::ToText((*rows)["Name"]));
-    return names;
-}
-
 TEST(ClassState, DataPathOpensAtOnceAndOutlivesTheInstance) {
     test::FreshBooks books;
     EXPECT_EQ(qm::Conn().State(), ado::adStateOpen);
@@ -104,49 +98,6 @@ TEST(ClassState, WithoutAConnectionCallsRaiseOrLog) {
     test::BoxScript boxes;
     boxes.ExpectLog("Class-ClQm", "The record set has no connection");
     EXPECT_FALSE(host.InsertVoucher(1, 1, "J", "D", "", 1, 1, "A"));
-}
-
-TEST(HostQueries, TheListsDifferOnPurpose) {
-    test::FreshBooks books;
-    qm::clQm& host = books.Host();
-    for (const auto& [name, group] :
-         std::vector<std::pair<std::string, std::string>>{{"Zeta", "Suppliers"},
-                                                          {"Old Supplier", "Suppliers"},
-                                                          {"Debtor", "Debtors"},
-                                                          {"Till", "Cash In Hand"},
-                                                          {"Savings", "Bank"},
-                                                          {"Freight In", "Income(Direct)"},
-                                                          {"Goods", "Purchase"},
-                                                          {"Counter", "Sales"}})
-        books.AddLedger(name, group);
-    const int elsewhere = books.AddLedger("No row this year", "Suppliers");
-    books.Run("Delete From Ledger_Details Where Ledger_ID = " + std::to_string(elsewhere));
-    books.Run("Update Ledger_Master Set Deleted = True Where Name = 'Old Supplier'");
-
-    const ado::RecordsetPtr suppliers = host.GetSuppliers();
-    EXPECT_EQ(basic::ToText((*suppliers)["Deleted"]), "False");
-    EXPECT_EQ(Names(suppliers), (Lines{"Zeta", "Old Supplier", "Debtor"}));
-    EXPECT_EQ(Names(host.GetPurchaseLedgers()), Lines{"Goods"});
-    EXPECT_EQ(Names(host.GetDebitLedgers()), (Lines{"Till", "Savings", "Freight In"}));
-    EXPECT_EQ(Names(host.GetCreditLedgers()), Lines{"Counter"});
-    EXPECT_EQ(Names(host.Ledgers("  ")).size(), 9U);
-    EXPECT_EQ(Names(host.Ledgers("PrimaryGrp = 'suppliers'")), (Lines{"Zeta", "Old Supplier"}));
-    EXPECT_THROW(host.Ledgers("no such thing"), basic::Error);
-}
-
-TEST(HostQueries, AYearHasBothItsEndsAndOverflows) {
-    qm::clQm host;
-    const struct {
-        basic::Date date;
-        bool inside;
-    } cases[] = {{basic::MakeDate(2001, 3, 31), false},
-                 {basic::MakeDate(2001, 4, 1), true},
-                 {basic::Date{basic::MakeDate(2002, 3, 31).Serial + 0.9}, true},
-                 {basic::MakeDate(2002, 4, 1), false}};
-    for (const auto& c : cases) EXPECT_EQ(host.FinYearValidate(c.date, 2001), c.inside) << c.date.Serial;
-    const basic::Date day = basic::MakeDate(2001, 4, 1);
-    EXPECT_EQ(test::ErrorOf([&] { host.FinYearValidate(day, 32767); }), basic::error::Overflow);
-    EXPECT_EQ(test::ErrorOf([&] { host.FinYearValidate(day, 9999); }), basic::error::TypeMismatch);
 }
 
 }  // namespace

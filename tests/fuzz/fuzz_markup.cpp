@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/forms/html/Content.h"
 #include "platform/forms/html/Layout.h"
@@ -17,66 +19,29 @@ using fuzz::Check;
 
 constexpr Bounds Narrow{.Tables = 1, .Text = 100};
 
-constexpr const char* Pieces[] = {"<table>",
-                                  "</table>",
-                                  "<tr>",
-                                  "</tr>",
-                                  "<td>",
-                                  "</td>",
-                                  "<td colspan=9 rowspan=9>",
-                                  "<th>",
-                                  "<tbody>",
-                                  "<caption>",
-                                  "<col>",
-                                  "<b>",
-                                  "</b>",
-                                  "<i id=#>",
-                                  "</i>",
-                                  "<font size=#>",
-                                  "</font>",
-                                  "<p>",
-                                  "</p>",
-                                  "<div>",
-                                  "</div>",
-                                  "<ul>",
-                                  "<li>",
-                                  "</ul>",
-                                  "<a>",
-                                  "</a>",
-                                  "<h1>",
-                                  "<hr>",
-                                  "<br>",
-                                  "<nobr>",
-                                  "<form>",
-                                  "</form>",
-                                  "<svg>",
-                                  "<math>",
-                                  "<select>",
-                                  "<template>",
-                                  "<textarea>",
-                                  "<script>",
-                                  "</script>",
-                                  "<style>",
-                                  "</style>",
-                                  "<title>",
-                                  "<!--",
-                                  "-->",
-                                  "<html a#>",
-                                  "</body>",
-                                  "<b a='",
-                                  "'",
-                                  ">",
-                                  "<",
-                                  "&amp;",
-                                  "<x>",
-                                  "<pre>",
-                                  "w#"};
+// Parted by bars.
+constexpr std::string_view Pieces =
+    "<table>|</table>|<tr>|</tr>|<td>|</td>|<td colspan=9 rowspan=9>|<th>|<tbody>|<caption>|<col>|"
+    "<b>|</b>|<i id=#>|</i>|<font size=#>|</font>|<p>|</p>|<div>|</div>|<ul>|<li>|</ul>|<a>|</a>|"
+    "<h1>|<hr>|<br>|<nobr>|<form>|</form>|<svg>|<math>|<select>|<template>|<textarea>|<script>|"
+    "</script>|<style>|</style>|<title>|<!--|-->|<html a#>|</body>|<b a='|'|>|<|&amp;|<x>|<pre>|"
+    "w#";
+
+std::vector<std::string> Parts() {
+    std::vector<std::string> parts;
+    for (std::size_t from = 0, to = 0; to != Pieces.npos; from = to + 1) {
+        to = Pieces.find('|', from);
+        parts.emplace_back(Pieces.substr(from, to - from));
+    }
+    return parts;
+}
 
 // The pieces that the bytes choose, some of them many times.
 std::string Written(std::string_view choices) {
+    static const std::vector<std::string> parts = Parts();
     std::string text = "<table><tr><td>";
     for (std::size_t i = 0; i + 1 < choices.size() && text.size() < 20000; i += 2) {
-        const std::string piece = Pieces[static_cast<std::uint8_t>(choices[i]) % std::size(Pieces)];
+        const std::string& piece = parts[static_cast<std::uint8_t>(choices[i]) % parts.size()];
         const auto count = static_cast<std::uint8_t>(choices[i + 1]);
         for (int time = 0; time < (count < 200 ? 1 : count); ++time) {
             const std::size_t at = piece.find('#');

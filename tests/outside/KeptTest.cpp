@@ -75,6 +75,9 @@ Names Tests() {
     Names tests;
     ForEachMatch(SourcesBelow(fs::path(SOURCE_FOLDER) / "tests"), form,
                  [&](const std::smatch& match) { tests.insert(match.str(2) + "." + match.str(3)); });
+    static const std::regex session(R"(\n\[(\w+\.\w+)\])");
+    ForEachMatch(Read(fs::path(SOURCE_FOLDER) / "tests/core/calls.txt"), session,
+                 [&](const std::smatch& match) { tests.insert(match[1]); });
     return tests;
 }
 

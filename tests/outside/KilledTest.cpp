@@ -2,21 +2,24 @@
 #include <csignal>
 #include <filesystem>
 #include <random>
+#include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "core/MsgBox.h"
+#include "host/commands/BooksCopy.h"
+#include "tests/host/commands/Qmhost.h"
 #include "tests/outside/PostedBooks.h"
-#include "tests/outside/RunningPoster.h"
+#include "tests/outside/RunningProgram.h"
 
 namespace test {
 namespace {
 
 // Starts a program that posts without end and kills it a little after it has told of `rows` rows.
 PostedRows ToldBeforeKill(const PostedBooks& books, int rows, useconds_t after) {
-    RunningPoster poster(books.DataPath(), 1000000);
+    RunningProgram poster({POSTER, books.DataPath(), "1000000"});
     PostedRows told;
     for (std::optional<std::string> line; static_cast<int>(told.size()) < rows && (line = poster.Line());)
         told.insert(*line);
@@ -70,6 +73,31 @@ TEST(Killed, LeavesNothingThatHarmsACopyPutInThePlaceOfTheBooks) {
         EXPECT_EQ(std::exchange(told, {}).size(), 1U);
     }
     qm::SetMsgBoxPort(before);
+}
+
+// From the moment on at which its folder stands beside the copy's place.
+TEST(Killed, ABackupBearsItsNameWholeOrNotAtAllAndIsSweptByTheNext) {
+    const PostedBooks books;
+    int broken = 0;
+    std::mt19937 random(20010401);
+    for (int round = 0; round < 6; ++round) {
+        const TempFolder place;
+        const std::string copy = place / "copy.mdb";
+        {
+            RunningProgram backup({QMHOST, "backup", books.DataPath(), copy});
+            while (backup.Runs() && place.IsEmpty()) std::this_thread::yield();
+            usleep(static_cast<useconds_t>(random() % 8'000));
+        }
+        if (std::filesystem::exists(copy))
+            host::RefuseDamaged(*host::OpenCopy(copy));
+        else
+            ++broken;
+        std::filesystem::remove(copy);
+        EXPECT_EQ(Qmhost("backup " + books.DataPath() + " " + copy).code, 0);
+        std::filesystem::remove(copy);
+        EXPECT_TRUE(place.IsEmpty());
+    }
+    EXPECT_GT(broken, 0) << "none was killed before its copy bore its name";
 }
 
 }  // namespace

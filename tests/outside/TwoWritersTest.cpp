@@ -2,7 +2,7 @@
 
 #include "tests/host/commands/Qmhost.h"
 #include "tests/outside/PostedBooks.h"
-#include "tests/outside/RunningPoster.h"
+#include "tests/outside/RunningProgram.h"
 
 namespace test {
 namespace {
@@ -13,7 +13,8 @@ TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
     PostedBooks books;
     PostedRows told;
     {
-        RunningPoster withList(books.DataPath(), 500, true), other(books.DataPath(), 500);
+        RunningProgram withList({POSTER, books.DataPath(), "500", "list"}),
+            other({POSTER, books.DataPath(), "500"});
         std::vector<std::string> lines = withList.Lines();
         ASSERT_FALSE(lines.empty());
         EXPECT_EQ(lines.back(), "list 1");
@@ -32,7 +33,7 @@ TEST(TwoWriters, LoseNoRowAndNoTotalBesideAnOpenList) {
 // whose second row is just being posted is looked at again.
 TEST(TwoWriters, LetTheAuditReadOneMoment) {
     PostedBooks books;
-    RunningPoster poster(books.DataPath(), 1000000);
+    RunningProgram poster({POSTER, books.DataPath(), "1000000"});
     for (int row = 0; row < 100; ++row) poster.Line();
     for (int look = 0; look < 12; ++look)
         EXPECT_EQ(Qmhost("check " + books.DataPath()).said, "0 errors, 0 notes\n");

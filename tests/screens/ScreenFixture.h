@@ -14,7 +14,7 @@
 
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/grid/FlexGrid.h"
 #include "platform/forms/window/Script.h"
 #include "tests/support/FreshBooks.h"

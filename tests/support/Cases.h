@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -71,6 +73,51 @@ inline std::vector<Block> Blocks(const std::string& file) {
     }
     EXPECT_GT(blocks.size(), 1U) << file;
     return blocks;
+}
+
+// What is done, step by step, and what is said at each.
+struct Session {
+    std::string name;
+    std::vector<Block> steps;
+    friend void PrintTo(const Session& session, std::ostream* out) { *out << session.name; }
+};
+
+// The sessions of a file of tests: [name], then steps as in Blocks, but whole lines as they stand; a step
+// begins where something was expected, and an empty line ends nothing.
+inline std::vector<Session> Sessions(const std::string& file) {
+    std::vector<Session> sessions;
+    std::ifstream lines(TESTS_FOLDER "/" + file);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line.front() == '#') continue;
+        if (line.front() == '[') {
+            sessions.push_back({line.substr(1, line.find(']') - 1), {}});
+            continue;
+        }
+        std::vector<Block>& steps = sessions.back().steps;
+        if (line.front() != '>') {
+            steps.back().expected.push_back(line);
+            continue;
+        }
+        if (steps.empty() || !steps.back().expected.empty()) steps.emplace_back();
+        steps.back().given.push_back(line.substr(line.size() > 1 ? 2 : 1));
+    }
+    return sessions;
+}
+
+// Whether a line reads as expected, where "..." at an end of that stands for more.
+inline bool Reads(std::string_view line, std::string_view expected) {
+    const bool before = expected.starts_with("..."), behind = expected.ends_with("...");
+    if (before) expected.remove_prefix(3);
+    if (behind) expected.remove_suffix(3);
+    const auto at = before && !behind ? line.rfind(expected) : line.find(expected);
+    return at != line.npos && (before || at == 0) && (behind || at + expected.size() == line.size());
+}
+
+inline void ExpectSaid(const Cells& said, const Block& step) {
+    EXPECT_TRUE(std::equal(said.begin(), said.end(), step.expected.begin(), step.expected.end(), Reads))
+        << testing::PrintToString(step.given) << " said\n"
+        << testing::PrintToString(said) << ", not\n"
+        << testing::PrintToString(step.expected);
 }
 
 }  // namespace test

@@ -28,4 +28,12 @@ inline int InChild(const std::function<int()>& body) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
 }
 
+// The same as a user to whom rights apply, also where the tests run as root.
+inline int AsNobody(const std::function<int()>& body) {
+    return InChild([&] {
+        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) return 254;
+        return body();
+    });
+}
+
 }  // namespace test

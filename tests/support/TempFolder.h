@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -30,5 +32,11 @@ class TempFolder {
   private:
     std::filesystem::path path_;
 };
+
+// What stands in a file.
+inline std::string Bytes(const std::filesystem::path& file) {
+    std::ifstream bytes(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(bytes), {}};
+}
 
 }  // namespace test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "ui_frmGallery.h"
 
 // Every control of this folder on one form, each event written to a list.

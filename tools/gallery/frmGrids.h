@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/controls/Controls.h"
+#include "platform/forms/Controls.h"
 #include "platform/forms/controls/ImageList.h"
 #include "ui_frmGrids.h"
 

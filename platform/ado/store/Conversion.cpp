@@ -1,8 +1,11 @@
 #include "platform/ado/store/Conversion.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
+#include <string_view>
 
 #include "platform/ado/dialect/Refusal.h"
 #include "platform/basic/Error.h"
@@ -33,6 +36,23 @@ Value Convert(ColumnType type, const Value& value) {
     return value;
 }
 
+// As the embedded store reads a text beside numbers: blanks around it, no grouping; any other text stands
+// above all numbers.
+double MeasureOf(std::string_view text) {
+    constexpr std::string_view blanks = " \t\n\v\f\r";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    text.remove_suffix(text.size() - (text.find_last_not_of(blanks) + 1));
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    double number = 0;
+    const auto [rest, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber = !text.empty() && text.find_first_of("0123456789.") == 0 &&
+                          rest == text.data() + text.size() && failure != std::errc::invalid_argument;
+    if (!isNumber || failure == std::errc::result_out_of_range)
+        number = std::numeric_limits<double>::infinity();
+    return isNumber && negative ? -number : number;
+}
+
 struct Binder {
     EngineStatement& statement;
     int index;
@@ -46,6 +66,24 @@ struct Binder {
 };
 
 }  // namespace
+
+const char* ConversionTo(ColumnType type) {
+    switch (type) {
+        case ColumnType::Boolean:
+            return "qm_bool";
+        case ColumnType::Integer:
+            return "qm_int";
+        case ColumnType::Long:
+            return "qm_long";
+        case ColumnType::Double:
+            return "qm_real";
+        case ColumnType::Text:
+            return "qm_text";
+        case ColumnType::Any:
+            break;
+    }
+    return "";
+}
 
 basic::Value NumberValue(double number) {
     constexpr double limit = std::numeric_limits<std::int32_t>::max();
@@ -68,6 +106,7 @@ Value ConvertTo(ColumnType type, const Value& value) {
 }
 
 Value LiteralValue(const Literal& literal, const Parameter& parameter, std::string_view where) {
+    if (parameter.measured && literal.isText) return MeasureOf(literal.text);
     Value value = literal.isText ? Value(literal.text) : NumberValue(literal.number);
     try {
         if (parameter.negate) value = NumberValue(-basic::ToDouble(ConvertTo(ColumnType::Double, value)));

@@ -12,6 +12,9 @@ namespace ado {
 // large.
 basic::Value ConvertTo(ColumnType type, const basic::Value& value);
 
+// The name that both stores know the same conversion by, as a function of ours.
+const char* ConversionTo(ColumnType type);
+
 // A number as a statement's literal is bound: a 32-bit whole one where it is whole.
 basic::Value NumberValue(double number);
 

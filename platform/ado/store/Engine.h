@@ -13,8 +13,7 @@
 #include "platform/ado/store/Schema.h"
 
 // The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
-// with a number of ado::error. The embedded store stands in SqlCipherEngine; a server engine could stand
-// beside it.
+// with a number of ado::error. The embedded store stands in SqlCipherEngine, a server's in PostgresEngine.
 namespace ado {
 
 enum class CellKind { Null, Integer, Real, Text };
@@ -74,8 +73,8 @@ class Engine {
     virtual void Flush() = 0;                // loose writes are on the disk when it returns; in none, nothing
 };
 
-// By the form of the source: a file path gives the embedded store; anything else raises
-// ado::error::BadArgument.
+// By the form of the source: a file path gives the embedded store, "postgresql://" a server's; any other
+// "://" raises ado::error::BadArgument.
 std::unique_ptr<Engine> EngineFor(const std::string& source);
 
 // How long a statement waits for another program from the next Open on: 5 s unless a test shortens it.

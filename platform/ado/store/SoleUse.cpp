@@ -26,8 +26,13 @@ int OpenIndex(const std::string& path) {
     if (::stat(path.c_str(), &books) != 0) return -1;
     const int handle =
         ::open((path + "-shm").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, books.st_mode & 0777);
-    // Made by root, it must stay usable for the owner of the books.
-    if (handle >= 0 && ::geteuid() == 0 && ::fchown(handle, books.st_uid, books.st_gid) != 0) return handle;
+    struct stat index {};
+    if (handle < 0 || ::fstat(handle, &index) != 0 || index.st_size != 0) return handle;
+    // Newly made, it must stay usable for all who may use the books, whatever this process's mask. Where it
+    // is another's, that one has seen to it.
+    [[maybe_unused]] const bool open =
+        ::fchmod(handle, books.st_mode & 0777) == 0 &&
+        (::geteuid() != 0 || ::fchown(handle, books.st_uid, books.st_gid) == 0);
     return handle;
 }
 

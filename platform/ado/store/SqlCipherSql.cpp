@@ -2,29 +2,9 @@
 
 #include "platform/ado/dialect/Expression.h"
 #include "platform/ado/dialect/Limits.h"
+#include "platform/ado/store/Conversion.h"
 
 namespace ado {
-namespace {
-
-const char* ConversionTo(ColumnType type) {
-    switch (type) {
-        case ColumnType::Boolean:
-            return "qm_bool";
-        case ColumnType::Integer:
-            return "qm_int";
-        case ColumnType::Long:
-            return "qm_long";
-        case ColumnType::Double:
-            return "qm_real";
-        case ColumnType::Text:
-            return "qm_text";
-        case ColumnType::Any:
-            break;
-    }
-    return "";
-}
-
-}  // namespace
 
 std::string SqlCipherSql::Parameter(std::size_t number) const {
     return "?" + std::to_string(number);

@@ -5,7 +5,6 @@
 
 #include "platform/forms/controls/Control.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/window/FormWindow.h"
 
 namespace forms {
 namespace {
@@ -29,7 +28,7 @@ QString FromFrame(const QWidget& widget) {
 
 }  // namespace
 
-void NameForAssistance(FormWindow& window) {
+void NameForAssistance(QWidget& window) {
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const auto* control = dynamic_cast<Control*>(widget);
         if (!control || !control->TakesFocus() || IsNamed(*widget)) continue;

@@ -11,17 +11,13 @@
 #include <utility>
 
 #include "platform/basic/Error.h"
+#include "platform/forms/controls/Keys.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/window/Style.h"
 
 namespace forms {
 namespace {
 
 constexpr std::int32_t InvalidValue = 380, InvalidArrayIndex = 381;
-
-bool OpensList(const QKeyEvent& key) {
-    return key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
-}
 
 }  // namespace
 
@@ -109,7 +105,7 @@ void ComboBox::SetLocked(bool locked) {
     if (std::exchange(locked_, locked) == locked) return;
     if (lineEdit()) lineEdit()->setReadOnly(locked);
     setProperty("locked", locked);
-    Style::Refresh(*this);
+    Restyle();
 }
 
 void ComboBox::OpenList() {

@@ -2,11 +2,11 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QStyle>
 #include <cmath>
 
+#include "platform/forms/controls/ControlWindow.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/controls/UserControl.h"
-#include "platform/forms/window/FormWindow.h"
 
 namespace forms {
 namespace {
@@ -61,10 +61,15 @@ void Control::Move(int left, int top, int width, int height) {
 }
 
 void Control::SetFocus() {
-    FormWindow* const window = FormWindow::Of(widget_);
+    ControlWindow* const window = ControlWindow::Of(widget_);
     if (!window) return;
     if (window->Active() == this) StartOver();
     window->MoveFocus(*this);
+}
+
+void Control::Restyle() {
+    widget_->style()->unpolish(widget_);
+    widget_->style()->polish(widget_);
 }
 
 Control* Control::Of(QWidget* widget) {

@@ -59,6 +59,9 @@ class Control : public basic::Control {
     // The control that the widget is or is a part of, such as the grid of a cell editor; null if none.
     static Control* Of(QWidget* widget);
 
+  protected:
+    void Restyle();  // once a property has changed that the style sheet asks about
+
   private:
     QWidget* widget_;
     Focus focus_;

@@ -9,6 +9,7 @@
 
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
+#include "platform/forms/controls/Keys.h"
 #include "platform/forms/controls/Text.h"
 
 namespace forms {
@@ -61,8 +62,7 @@ void DTPicker::OpenList() {
 }
 
 void DTPicker::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier))
-        return OpenList();
+    if (OpensList(*event)) return OpenList();
     const QChar key = event->text().size() == 1 ? event->text().front() : QChar();
     if (key.isLetterOrNumber()) return TypeInto(currentSection(), key);
     if (!key.isNull() && QStringLiteral("-/., ").contains(key)) {

@@ -1,28 +1,28 @@
 #include "platform/forms/controls/Event.h"
 
-#include "platform/forms/window/EventScope.h"
-#include "platform/forms/window/Form.h"
-#include "platform/forms/window/MessageBox.h"
+#include "platform/forms/controls/ControlWindow.h"
+#include "platform/forms/controls/EventScope.h"
 
 namespace forms {
+namespace {
 
-EventScope::EventScope(FormWindow* window) : window_(window) {
-    if (window_) ++window_->runningEvents_;
-}
+UntrappedError showUntrapped = nullptr;
 
-EventScope::~EventScope() {
-    if (!window_ || --window_->runningEvents_ > 0) return;
-    if (window_->unloadWanted_ && window_->form_) window_->form_->Unload();
+}  // namespace
+
+void ShowUntrappedBy(UntrappedError show) {
+    showUntrapped = show;
 }
 
 void RunEvent(QWidget* owner, const std::function<void()>& body) {
-    FormWindow* const window = FormWindow::Of(owner);
-    if (window && !window->Owner()) return;
-    const EventScope scope(window);
+    const ControlWindow* const window = ControlWindow::Of(owner);
+    if (window && !window->TakesEvents()) return;
+    const EventScope scope(owner);
     try {
         body();
     } catch (...) {
-        ShowUntrappedError(std::current_exception());
+        if (!showUntrapped) throw;
+        showUntrapped(std::current_exception());
     }
 }
 

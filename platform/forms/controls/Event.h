@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <utility>
 
@@ -12,6 +13,11 @@ namespace forms {
 // toolkit's event loop. While the body runs, an Unload of that form waits; it is carried out when its
 // outermost event returns. Nothing runs for a window that has been unloaded.
 void RunEvent(QWidget* owner, const std::function<void()>& body);
+
+// What shows such an error: the first form that is loaded puts the message box here. Before, no window is
+// there, and the error goes on to whoever fired the event.
+using UntrappedError = void (*)(std::exception_ptr error);
+void ShowUntrappedBy(UntrappedError show);
 
 // One event of a control, such as Click or Validate. A form sets the handler in Wire(); the control fires it.
 template <class... Args>

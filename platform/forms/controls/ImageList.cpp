@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
+#include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/controls/TreeView.h"
 
 namespace forms {
 namespace {

@@ -2,9 +2,12 @@
 
 #include <QHash>
 #include <QIcon>
+#include <cstdint>
 #include <string>
 
 namespace forms {
+
+inline constexpr std::int32_t ElementNotFound = 35601;
 
 // Pictures by key, for the nodes of a tree.
 class ImageList {

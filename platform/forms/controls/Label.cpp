@@ -67,13 +67,6 @@ std::string PictureBox::Picture() const {
     return FromQt(property(PictureProperty).toString());
 }
 
-void PictureBox::SetPicture(const std::string& path) {
-    setProperty(PictureProperty, ToQt(path));
-    constexpr int Side = 16;
-    const QSize size = this->size().isEmpty() ? QSize(Side, Side) : this->size();
-    setPixmap(path.empty() ? QPixmap() : QIcon(ToQt(path)).pixmap(size, devicePixelRatio()));
-}
-
 void PictureBox::FireMouse(const Event<int, int, int>& what, const QMouseEvent& event) {
     const QPoint place = event.position().toPoint();
     const int button = event.buttons() & Qt::RightButton || event.button() == Qt::RightButton ? 2 : 1;

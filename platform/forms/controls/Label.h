@@ -46,7 +46,6 @@ class PictureBox : public QLabel, public Control {
 
     std::string TypeName() const override { return "PictureBox"; }
     std::string Picture() const;  // a file or a resource such as ":/forms/previous.svg"; "" for none
-    void SetPicture(const std::string& path);
 
     Event<int, int, int> MouseDown, MouseMove, MouseUp;
 

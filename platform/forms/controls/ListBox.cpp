@@ -74,10 +74,6 @@ void ListBox::SetSelected(int index, bool selected) {
     line.setSelected(selected);
 }
 
-int ListBox::SelCount() const {
-    return static_cast<int>(SelectedLines().size());
-}
-
 // A range at a time: the toolkit goes through all ranges for each line that it is asked for or told of.
 std::vector<int> ListBox::SelectedLines() const {
     std::vector<int> lines;

@@ -27,7 +27,6 @@ class ListBox : public QListWidget, public Control, public basic::ListControl {
     void SetListIndex(int index) override;    // fires Click if it changes to a line
     bool Selected(int index) const;
     void SetSelected(int index, bool selected);  // of a single list: True is SetListIndex
-    int SelCount() const;
     // All lines of a multiple list at once, in a time that goes with their number.
     void SelectEach(bool selected);
     std::vector<int> SelectedLines() const;  // their indexes, ascending

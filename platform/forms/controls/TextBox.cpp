@@ -3,9 +3,8 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
+#include "platform/forms/controls/Keys.h"
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/grid/GridKeys.h"
-#include "platform/forms/window/Style.h"
 
 namespace forms {
 
@@ -30,7 +29,7 @@ void TextBox::SelectText() {
 void TextBox::SetLocked(bool locked) {
     if (locked == isReadOnly()) return;
     setReadOnly(locked);
-    Style::Refresh(*this);
+    Restyle();
 }
 
 void TextBox::SetBackColor(unsigned colour) {

@@ -12,7 +12,6 @@
 
 namespace forms {
 
-inline constexpr std::int32_t ElementNotFound = 35601;
 inline constexpr std::int32_t KeyNotUnique = 35602;
 inline constexpr int tvwChild = 4;  // the relationship of a node that stands below its relative
 

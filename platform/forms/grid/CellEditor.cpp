@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/forms/controls/Control.h"
-#include "platform/forms/grid/GridKeys.h"
+#include "platform/forms/controls/Keys.h"
 
 namespace forms {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/grid/TextMeasure.h"
+#include "platform/forms/controls/TextMeasure.h"
 
 namespace forms {
 

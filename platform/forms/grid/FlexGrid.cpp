@@ -8,8 +8,8 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/forms/controls/Text.h"
+#include "platform/forms/controls/TextMeasure.h"
 #include "platform/forms/grid/GridAccessible.h"
-#include "platform/forms/grid/TextMeasure.h"
 
 namespace forms {
 
@@ -32,7 +32,9 @@ FlexGrid::FlexGrid(QWidget* parent, int rows, int cols, int fixedRows)
       BeforeRowColChange(this),
       AfterRowColChange(this),
       model_(rows, cols, fixedRows),
-      row_(std::min(fixedRows, rows - 1)) {}
+      row_(std::min(fixedRows, rows - 1)) {
+    GridAccessible::Install();
+}
 
 void FlexGrid::SetRows(int rows) {
     if (rows < Rows()) CellsRemoved();

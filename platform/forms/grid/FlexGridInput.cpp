@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/controls/Keys.h"
 #include "platform/forms/grid/FlexGrid.h"
-#include "platform/forms/grid/GridKeys.h"
 
 namespace forms {
 

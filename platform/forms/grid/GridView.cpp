@@ -9,12 +9,9 @@
 #include <climits>
 #include <utility>
 
-#include "platform/forms/grid/GridAccessible.h"
-
 namespace forms {
 
 GridView::GridView(QWidget* parent) : QAbstractScrollArea(parent) {
-    GridAccessible::Install();
     viewport()->setMouseTracking(true);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -47,7 +44,7 @@ QRect GridView::CellRect(int row, int col) const {
     const int left = cols.ViewStart(col, Offset().x());
     int width = cols.Size(col);
     const bool last = cols.NextShown(col + 1, 1) < 0;
-    if (last && extendLastCol_ && width > 0) width = std::max(width, viewport()->width() - left);
+    if (last && width > 0) width = std::max(width, viewport()->width() - left);
     return {left, rows.ViewStart(row, Offset().y()), width, rows.Size(row)};
 }
 
@@ -58,7 +55,7 @@ int GridView::RowAt(int y) const {
 int GridView::ColAt(int x) const {
     if (x < 0) return -1;
     const int col = ColAxis().AtView(x, Offset().x());
-    if (col >= 0 || !extendLastCol_ || x >= viewport()->width()) return col;
+    if (col >= 0 || x >= viewport()->width()) return col;
     for (int last = ColAxis().Count() - 1; last >= 0; --last)
         if (ColAxis().Size(last) > 0) return last;
     return -1;
@@ -74,11 +71,6 @@ void GridView::ScrollTo(int row, int col) {
     if (row >= RowAxis().Count() || col >= ColAxis().Count()) return;
     verticalScrollBar()->setValue(RowAxis().OffsetToShow(row, Offset().y(), viewport()->height()));
     horizontalScrollBar()->setValue(ColAxis().OffsetToShow(col, Offset().x(), viewport()->width()));
-}
-
-void GridView::SetExtendLastCol(bool extend) {
-    extendLastCol_ = extend;
-    CellsChanged();
 }
 
 void GridView::SetGridLines(bool lines) {

@@ -21,8 +21,6 @@ class GridView : public QAbstractScrollArea {
     int RowAt(int y) const;                  // the row at a place of the viewport, -1: none
     int ColAt(int x) const;
     void ShowCell(int row, int col);  // scrolls it into view
-    // The part of the last column that no column fills: it is widened to the grid's edge.
-    void SetExtendLastCol(bool extend);
     void SetGridLines(bool lines);
 
     void SetScrollBars(bool bars);  // shown when needed, or never
@@ -65,7 +63,6 @@ class GridView : public QAbstractScrollArea {
     std::optional<QPoint> toShow_;  // the column and row to scroll to when there is a size
     bool arranging_ = false;        // a request to arrange the scroll bars is on its way
     bool dirty_ = false;            // a repaint is on its way
-    bool extendLastCol_ = true;
     bool gridLines_ = true;
 };
 

@@ -49,7 +49,9 @@ ListView::ListView(QWidget* parent)
       Click(this),
       DblClick(this),
       own_(std::make_shared<Lines>()),
-      source_(own_) {}
+      source_(own_) {
+    GridAccessible::Install();
+}
 
 void ListView::AddColumn(std::string caption, int width, Alignment alignment) {
     columns_.push_back({std::move(caption), width, alignment});
@@ -73,11 +75,6 @@ void ListView::SetColumnText(int column, std::string caption) {
 void ListView::SetColumnWidth(int column, int width) {
     At(column).Width = width;
     LayoutChanged();
-}
-
-void ListView::SetColumnAlignment(int column, Alignment alignment) {
-    At(column).Align = alignment;
-    CellsChanged();
 }
 
 void ListView::Clear() {

@@ -39,7 +39,6 @@ class ListView : public GridView, public Control {
     void SetColumnText(int column, std::string caption);
     int ColumnWidth(int column) const { return At(column).Width; }
     void SetColumnWidth(int column, int width);
-    void SetColumnAlignment(int column, Alignment alignment);
 
     void Clear();
     void AddItem(std::string key, std::string text, std::vector<std::string> subItems = {});

@@ -6,7 +6,7 @@
 
 namespace forms {
 
-// The grid that only shows: its highlight runs from the current cell to RowSel, ColSel.
+// The grid that only shows: its highlight runs along the row from the current cell to ColSel.
 class MSFlexGrid : public FlexGrid {
   public:
     explicit MSFlexGrid(QWidget* parent = nullptr);
@@ -18,20 +18,15 @@ class MSFlexGrid : public FlexGrid {
     void SetColData(int col, basic::Value value) { Model().Column(col).Data = std::move(value); }
     void Clear();  // texts and looks of all cells; rows and columns stay
 
-    int RowSel() const { return rowSel_; }  // both follow the current cell when that moves
-    int ColSel() const { return colSel_; }
-    void SetRowSel(int row);
+    int ColSel() const { return colSel_; }  // follows the current cell when that moves
     void SetColSel(int col);
-    void SetSelectByRow(bool byRow);  // the current row is highlighted whole
     CellShown Shown(int row, int col) const override;
 
   protected:
     void Selected() override;
 
   private:
-    int rowSel_ = 1;
     int colSel_ = 0;
-    bool byRow_ = false;
 };
 
 }  // namespace forms

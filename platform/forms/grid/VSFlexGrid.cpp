@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "platform/forms/controls/Text.h"
+#include "platform/forms/controls/TextMeasure.h"
 #include "platform/forms/grid/CellEditor.h"
 #include "platform/forms/grid/DropList.h"
-#include "platform/forms/grid/TextMeasure.h"
 
 namespace forms {
 

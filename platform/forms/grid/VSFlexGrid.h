@@ -58,7 +58,6 @@ class VSFlexGrid : public FlexGrid {
     void EditCell(const std::string& typed = {});
     bool Editing() const override { return editor_ != nullptr; }
     std::string EditText() const;  // the text that the edit would put into the cell
-    void SetEditText(const std::string& text);
     void SetEditMaxLength(int length) {
         editMaxLength_ = length;
     }                               // characters that can be typed; 0: any number

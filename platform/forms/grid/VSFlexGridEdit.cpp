@@ -80,12 +80,6 @@ std::string VSFlexGrid::EditText() const {
     return choice_ >= 0 ? list.Shown(choice_) : TextMatrix(editRow_, editCol_);
 }
 
-void VSFlexGrid::SetEditText(const std::string& text) {
-    if (!editor_) return;
-    editor_->setText(ToQt(text));
-    if (List(editCol_).Count() > 0) choice_ = List(editCol_).Find(text);
-}
-
 int VSFlexGrid::ComboIndex() const {
     return choice_;
 }

@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 
+#include "platform/forms/controls/Keys.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/grid/CellEditor.h"
 #include "platform/forms/grid/DropList.h"
@@ -13,10 +14,6 @@ namespace {
 
 bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
-bool OpensList(const QKeyEvent& key) {
-    return key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
 }
 
 }  // namespace

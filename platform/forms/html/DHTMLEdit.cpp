@@ -13,27 +13,16 @@
 
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/html/Content.h"
-#include "platform/forms/html/DocumentAccessible.h"
 #include "platform/forms/html/FindBar.h"
 #include "platform/forms/html/Pages.h"
 #include "platform/forms/html/Paint.h"
 #include "platform/forms/html/Printing.h"
 #include "platform/forms/window/Application.h"
-#include "platform/forms/window/Form.h"
 
 namespace forms {
 namespace {
 
 constexpr int SmallestZoom = 50, LargestZoom = 300, ZoomStep = 10, LineStep = 20, HintGap = 24;
-
-// The hourglass, for what takes as long as the document is.
-class Wait {
-  public:
-    Wait() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Wait() { QApplication::restoreOverrideCursor(); }
-    Wait(const Wait&) = delete;
-    Wait& operator=(const Wait&) = delete;
-};
 
 }  // namespace
 
@@ -71,18 +60,18 @@ void DHTMLEdit::PrintDocument(bool withDialog) {
     if (withDialog) {
         html::PrintWithDialog(this, text_, font(), paper_);
     } else {
-        const Wait wait;
+        const WaitPointer wait;
         html::PrintAtOnce(text_, font(), paper_);
     }
 }
 void DHTMLEdit::WritePdf(const std::string& path) {
-    const Wait wait;
+    const WaitPointer wait;
     html::WritePdf(text_, font(), paper_, path);
 }
 
 html::Layout& DHTMLEdit::Laid() {
     if (!layout_) {
-        const Wait wait;
+        const WaitPointer wait;
         layout_ = std::make_unique<html::Layout>(text_, font());
     }
     layout_->SetWidth(std::max(1, viewport()->width() * 100 / zoom_));
@@ -184,7 +173,7 @@ void DHTMLEdit::SetMarked(const html::Range& marked) {
 }
 
 void DHTMLEdit::SelectAll() {
-    const Wait wait;
+    const WaitPointer wait;
     SetMarked(html::Everything(Laid()));
 }
 
@@ -197,7 +186,7 @@ std::string DHTMLEdit::SelectedText() {
 }
 
 void DHTMLEdit::Copy() {
-    const Wait wait;
+    const WaitPointer wait;
     auto content = std::make_unique<QMimeData>();
     content->setText(ToQt(SelectedText()));
     content->setHtml(ToQt(html::HtmlOf(Laid(), Chosen())));
@@ -205,7 +194,7 @@ void DHTMLEdit::Copy() {
 }
 
 bool DHTMLEdit::Find(const std::string& text) {
-    const Wait wait;
+    const WaitPointer wait;
     const auto found = html::Find(Laid(), ToQt(text), marked_.To);
     if (found) {
         SetMarked(*found);

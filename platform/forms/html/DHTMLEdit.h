@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/forms/controls/Control.h"
+#include "platform/forms/html/DocumentAccessible.h"
 #include "platform/forms/html/Paper.h"
 #include "platform/forms/html/Reading.h"
 
@@ -17,7 +18,7 @@ class FindBar;
 // Shows a whole document text as a browser does, for reading. No script in it runs, and nothing is fetched.
 // Keys: arrows and pages scroll, Ctrl+A marks all, Ctrl+C copies, Ctrl+F finds, F3 finds the next, Ctrl+plus,
 // Ctrl+minus and Ctrl+0 zoom, as Ctrl and the wheel do.
-class DHTMLEdit : public QAbstractScrollArea, public Control {
+class DHTMLEdit : public QAbstractScrollArea, public Control, public html::ReadableDocument {
   public:
     explicit DHTMLEdit(QWidget* parent);
     ~DHTMLEdit() override;
@@ -30,8 +31,7 @@ class DHTMLEdit : public QAbstractScrollArea, public Control {
     bool BrowseMode() const { return browseMode_; }
     void SetBrowseMode(bool on) { browseMode_ = on; }
 
-    // The body's text: a row or a paragraph a line ("\r\n"), cells parted by tabs.
-    std::string BodyInnerText() const;
+    std::string BodyInnerText() const override;
     std::string BodyInnerHTML() const;  // the markup of the body as it was understood
     void SetBodyInnerHTML(const std::string& html);
 

@@ -3,7 +3,6 @@
 #include <QAccessibleWidget>
 
 #include "platform/forms/controls/Text.h"
-#include "platform/forms/html/DHTMLEdit.h"
 
 namespace forms::html {
 namespace {
@@ -11,7 +10,8 @@ namespace {
 // The whole text, line by line; it is read, not edited.
 class DocumentAccessible : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
-    explicit DocumentAccessible(DHTMLEdit& view) : QAccessibleWidget(&view, QAccessible::Document) {}
+    DocumentAccessible(QWidget& view, const ReadableDocument& document)
+        : QAccessibleWidget(&view, QAccessible::Document), document_(document) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
@@ -45,14 +45,14 @@ class DocumentAccessible : public QAccessibleWidget, public QAccessibleTextInter
     }
 
   private:
-    QString Content() const {
-        return ToQt(WithLineEnds(static_cast<const DHTMLEdit*>(widget())->BodyInnerText()));
-    }
+    QString Content() const { return ToQt(WithLineEnds(document_.BodyInnerText())); }
+
+    const ReadableDocument& document_;
 };
 
 QAccessibleInterface* Make(const QString&, QObject* object) {
-    auto* const view = dynamic_cast<DHTMLEdit*>(object);
-    return view ? new DocumentAccessible(*view) : nullptr;
+    auto* const document = dynamic_cast<ReadableDocument*>(object);
+    return document ? new DocumentAccessible(*qobject_cast<QWidget*>(object), *document) : nullptr;
 }
 
 }  // namespace

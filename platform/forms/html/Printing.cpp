@@ -16,7 +16,6 @@
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/html/Pages.h"
 #include "platform/forms/window/Application.h"
-#include "platform/forms/window/Form.h"
 
 namespace forms::html {
 namespace {

@@ -7,8 +7,6 @@
 
 #include "platform/basic/Error.h"
 #include "platform/forms/window/Display.h"
-#include "platform/forms/window/EventRouter.h"
-#include "platform/forms/window/Form.h"
 #include "platform/forms/window/Style.h"
 
 namespace forms {
@@ -62,7 +60,6 @@ void EnsureApplication() {
         Refuse("The screens cannot be shown: the host runs an application without windows.");
     if (QThread::currentThread() != QCoreApplication::instance()->thread())
         Refuse("The screens can be shown only on the thread that runs the application's windows.");
-    EventRouter::Install();
 }
 
 void SetMousePointer(int pointer) {

@@ -2,6 +2,9 @@
 
 namespace forms {
 
+inline constexpr int vbDefault = 0;  // mouse pointers
+inline constexpr int vbHourglass = 11;
+
 // Whether windows can be shown here: the host runs a window application, or the environment names a display
 // that answers.
 bool DisplayAvailable();

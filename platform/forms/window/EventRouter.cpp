@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "platform/forms/controls/Control.h"
-#include "platform/forms/window/Form.h"
 #include "platform/forms/window/FormWindow.h"
 
 namespace forms {
@@ -91,7 +90,7 @@ bool EventRouter::eventFilter(QObject* object, QEvent* event) {
         case QEvent::EnabledChange:
             if (Control* active = window->Active();
                 active && active->Widget() == &widget && !widget.isEnabled())
-                window->LeaveDisabled();
+                window->Focus().LeaveDisabled();
             return false;
         default:
             return OnPress(*window, widget);
@@ -146,7 +145,7 @@ void EventRouter::OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason
     const bool betweenWindows = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
                                 reason == Qt::MenuBarFocusReason;
     Control* const control = Control::Of(&widget);
-    if (control && !betweenWindows) window.Adopt(*control);
+    if (control && !betweenWindows) window.Focus().Adopt(*control);
 }
 
 }  // namespace forms

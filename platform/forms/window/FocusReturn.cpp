@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "platform/forms/window/Form.h"
+#include "platform/forms/window/FormWindow.h"
 
 namespace forms {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 QWidget* WindowInFront() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
     if (QWidget* active = QApplication::activeWindow()) return active;
-    return Form::Topmost();
+    return FormWindow::Topmost();
 }
 
 }  // namespace

@@ -10,11 +10,12 @@
 
 #include "platform/basic/Error.h"
 #include "platform/forms/controls/Accessibility.h"
+#include "platform/forms/controls/EventScope.h"
 #include "platform/forms/controls/Text.h"
+#include "platform/forms/controls/TextMeasure.h"
 #include "platform/forms/controls/UserControl.h"
-#include "platform/forms/grid/TextMeasure.h"
-#include "platform/forms/window/Application.h"
-#include "platform/forms/window/EventScope.h"
+#include "platform/forms/window/EventRouter.h"
+#include "platform/forms/window/MessageBox.h"
 #include "platform/forms/window/Script.h"
 #include "platform/forms/window/Style.h"
 
@@ -24,12 +25,6 @@ namespace {
 constexpr QMargins FrameAllowance(4, 32, 4,
                                   4);  // pixels for the system's title and border, unknown before it shows
 constexpr std::int32_t PathAccess = 75, ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
-
-// The forms that are shown, the topmost last.
-std::vector<Form*>& Shown() {
-    static std::vector<Form*> shown;
-    return shown;
-}
 
 QRect RoomOn(const QScreen& screen) {
     return screen.availableGeometry() - FrameAllowance;
@@ -82,14 +77,15 @@ void KeepOnScreen(QWidget& window) {
 
 Form::~Form() {
     if (!window_) return;
-    std::erase(Shown(), this);
-    window_->form_ = nullptr;
+    window_->LetGoOfForm();
     delete window_;
 }
 
 void Form::EnsureLoaded() {
     if (window_) return;
     EnsureApplication();
+    EventRouter::Install();
+    ShowUntrappedBy(ShowUntrappedError);
     window_ = new FormWindow(*this);
     {
         const EventScope scope(window_);
@@ -112,9 +108,10 @@ void Form::Show(ShowMode mode) {
     EnsureLoaded();
     if (mode == vbModal && Visible())
         throw basic::Error(AlreadyDisplayed, "Form already displayed; can't show modally", "forms.Form");
-    Form* const below = Shown().empty() || Shown().back() == this ? nullptr : Shown().back();
+    FormWindow* const top = FormWindow::Topmost();
+    Form* const below = top && top != window_ ? static_cast<Form*>(top->Owner()) : nullptr;
     if (!Visible()) {
-        Shown().push_back(this);
+        FormWindow::Shown().push_back(window_);
         window_->setWindowModality(mode == vbModal ? Qt::ApplicationModal : Qt::NonModal);
         CentreOn(*window_, below ? below->window_ : nullptr);
         window_->winId();
@@ -130,7 +127,7 @@ void Form::Show(ShowMode mode) {
 // gave it to none.
 void Form::Activate() {
     const QPointer<FormWindow> window = window_;
-    window->activating_ = true;
+    window->Focus().SetShowing(true);
     window->show();
     window->raise();
     window->activateWindow();
@@ -139,15 +136,15 @@ void Form::Activate() {
     if (QGuiApplication::focusWindow() == window->windowHandle()) QApplication::setActiveWindow(window);
     RunEvent(window, [this] { Form_Activate(); });
     if (!window || window != window_) return;
-    window->activating_ = false;
-    if (window->isVisible()) window->FocusFirst();
+    window->Focus().SetShowing(false);
+    if (window->isVisible()) window->Focus().First();
 }
 
 void Form::RunModal() {
     const QPointer<FormWindow> window = window_;
     QEventLoop loop;
     window->modalLoop_ = &loop;
-    if (!Script::TakeModal(*this)) loop.exec(QEventLoop::DialogExec);
+    if (!Script::TakeModal(*this, Name())) loop.exec(QEventLoop::DialogExec);
     if (!window) return;
     window->modalLoop_ = nullptr;
     if (window->Owner() && window->isVisible()) Unload();  // the program is ending
@@ -157,7 +154,7 @@ void Form::RunModal() {
 void Form::Hide() {
     if (!window_) return;
     window_->hide();
-    std::erase(Shown(), this);
+    std::erase(FormWindow::Shown(), window_);
     if (window_->modalLoop_) window_->modalLoop_->quit();
 }
 
@@ -176,9 +173,8 @@ void Form::Unload() {
 void Form::Discard() {
     FormWindow* const window = window_;
     window_ = nullptr;
-    window->form_ = nullptr;
+    window->LetGoOfForm();
     DropWindow();
-    std::erase(Shown(), this);
     window->hide();
     if (window->modalLoop_) {
         window->modalLoop_->quit();  // RunModal deletes the window
@@ -209,10 +205,6 @@ void Form::SetCaption(const std::string& caption) {
 void Form::SetMousePointer(int pointer) {
     EnsureLoaded();
     pointer == vbHourglass ? window_->setCursor(Qt::WaitCursor) : window_->unsetCursor();
-}
-
-FormWindow* Form::Topmost() {
-    return Shown().empty() ? nullptr : Shown().back()->window_;
 }
 
 void Form::Minimize() {

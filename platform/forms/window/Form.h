@@ -9,19 +9,17 @@
 
 #include "platform/basic/Control.h"
 #include "platform/forms/controls/Control.h"
+#include "platform/forms/window/Application.h"
 #include "platform/forms/window/FormWindow.h"
 
 namespace forms {
-
-inline constexpr int vbDefault = 0;  // mouse pointers
-inline constexpr int vbHourglass = 11;
 
 enum ShowMode { vbModeless = 0, vbModal = 1 };
 
 // A screen. The object is not its window: loading builds the window and runs Form_Load, unloading runs
 // Form_Unload and destroys the window, and the object's own members live on from one showing to the next.
 // Screens derive from FormOf.
-class Form : public basic::ControlHost {
+class Form : public basic::ControlHost, public WindowOwner {
   public:
     Form() = default;
     ~Form() override;
@@ -39,7 +37,7 @@ class Form : public basic::ControlHost {
     // Runs Form_Unload and destroys the window; an error in Form_Unload is shown and the window goes all the
     // same. Called inside an event of this form, it waits until that has returned. Nothing happens if the
     // form is not loaded.
-    void Unload();
+    void Unload() override;
     bool Visible() const;
 
     std::string Name();  // the window's objectName; this and the next load the form
@@ -73,7 +71,6 @@ class Form : public basic::ControlHost {
     }
     Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
     FormWindow* Window() const { return window_; }  // null unless loaded
-    static FormWindow* Topmost();  // the window of the form that was shown last; null if none
 
   protected:
     virtual void Wire() {}  // sets the handlers of the controls; runs before Form_Load
@@ -81,23 +78,21 @@ class Form : public basic::ControlHost {
     virtual void Form_Activate() {
     }  // after each showing, and when a form shown modally above has closed; never after a box
     virtual void Form_Unload() {}
-    virtual void Form_Resize() {}  // at each showing, before Form_Activate, and when the size changes
+    void Form_Resize() override {}  // at each showing, before Form_Activate, and when the size changes
     // A capital letter and what it does together with Ctrl, before the control that has the focus gets the
     // key.
     using Command = std::pair<char, std::function<void()>>;
     virtual std::vector<Command> CtrlCommands() { return {}; }
     // Ctrl+letter: runs the letter's command, if any. keyCode is the capital letter's code.
-    virtual void Form_KeyDown(int keyCode, int shift);
-    virtual void Form_Escape() {}  // Esc, where the control that has the focus has no use for it
-    virtual void Form_MouseMove() {}
+    void Form_KeyDown(int keyCode, int shift) override;
+    void Form_Escape() override {}  // Esc, where the control that has the focus has no use for it
+    void Form_MouseMove() override {}
 
     virtual void BuildWindow(FormWindow& window) = 0;
     virtual void DropWindow() = 0;
 
   private:
-    friend class FormWindow;
-    friend class EventRouter;
-    bool HasCommand(int keyCode);  // of the capital letter
+    bool HasCommand(int keyCode) override;
     void Activate();
     void RunModal();
     void Discard();

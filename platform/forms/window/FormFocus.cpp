@@ -1,11 +1,10 @@
+#include "platform/forms/window/FormFocus.h"
+
 #include <QRadioButton>
 
 #include "platform/forms/controls/Button.h"
 #include "platform/forms/controls/UserControl.h"
-#include "platform/forms/window/Form.h"
-#include "platform/forms/window/FormWindow.h"
 
-// How the focus of a form moves: the sketch stands in FormWindow.h.
 namespace forms {
 namespace {
 
@@ -49,14 +48,14 @@ class Flag {
 
 }  // namespace
 
-Control* FormWindow::Active() const {
+Control* FormFocus::Active() const {
     return active_ ? Control::Of(active_) : nullptr;
 }
 
-bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
+bool FormFocus::Move(Control& target, Qt::FocusReason reason) {
     if (!CanHaveFocus(target)) {  // a container hands it on to its first control
         Control* const first = FirstIn(target.Widget());
-        if (first) return MoveFocus(*first, reason);
+        if (first) return Move(*first, reason);
         if (auto* user = dynamic_cast<UserControl*>(&target)) user->EnterFocus.Fire();
         return false;
     }
@@ -66,13 +65,14 @@ bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
     }
     Control* const active = Active();
     if (active == &target) {
-        if (!target.Widget()->isAncestorOf(focusWidget())) target.Widget()->setFocus(Qt::OtherFocusReason);
+        if (!target.Widget()->isAncestorOf(window_.focusWidget()))
+            target.Widget()->setFocus(Qt::OtherFocusReason);
         return true;
     }
     QPointer<QWidget> destination = target.Widget();
-    const QPointer<FormWindow> self = this;
+    const QPointer<QWidget> alive = &window_;
     const bool goes = !active || !CanHaveFocus(*active) || LetGo(*active, destination);
-    if (!self || !form_) return false;
+    if (!alive || ended_) return false;
     if (Control* control = destination ? Control::Of(destination) : nullptr; control && control != Active())
         Transfer(*control, goes ? reason : Qt::OtherFocusReason);
     return goes;
@@ -80,7 +80,7 @@ bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
 
 // Asks the active control whether the focus may leave; `destination` comes back as where it goes now. False
 // if it does not go where it was sent.
-bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
+bool FormFocus::LetGo(Control& active, QPointer<QWidget>& destination) {
     const QPointer<QWidget> sent = destination;
     bool hold = false;
     {
@@ -102,7 +102,7 @@ bool FormWindow::LetGo(Control& active, QPointer<QWidget>& destination) {
     return destination == sent;
 }
 
-void FormWindow::Transfer(Control& target, Qt::FocusReason reason) {
+void FormFocus::Transfer(Control& target, Qt::FocusReason reason) {
     const QPointer<QWidget> before = active_;
     const QPointer<QWidget> after = target.Widget();
     {
@@ -117,26 +117,26 @@ void FormWindow::Transfer(Control& target, Qt::FocusReason reason) {
     if (active_ == after && after) Control::Of(after)->GotFocus.Fire();
 }
 
-void FormWindow::FocusFirst() {
+void FormFocus::First() {
     if (Active()) return;
-    if (Control* first = FirstIn(this)) Transfer(*first, Qt::TabFocusReason);
+    if (Control* first = FirstIn(&window_)) Transfer(*first, Qt::TabFocusReason);
 }
 
-void FormWindow::Adopt(Control& control) {
-    if (validating_ || transferring_ || activating_ || &control == Active() || !control.TakesFocus()) return;
+void FormFocus::Adopt(Control& control) {
+    if (validating_ || transferring_ || showing_ || &control == Active() || !control.TakesFocus()) return;
     Transfer(control, Qt::OtherFocusReason);
 }
 
-void FormWindow::LeaveDisabled() {
+void FormFocus::LeaveDisabled() {
     if (!active_ || validating_) return;
     if (Control* neighbour = Neighbour(true)) Transfer(*neighbour, Qt::OtherFocusReason);
 }
 
-Control* FormWindow::Neighbour(bool next) const {
+Control* FormFocus::Neighbour(bool next) const {
     const auto step = [next](QWidget* widget) {
         return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
     };
-    QWidget* const start = active_ ? active_.data() : const_cast<FormWindow*>(this);
+    QWidget* const start = active_ ? active_.data() : &window_;
     for (QWidget* widget = step(start); widget != start; widget = step(widget)) {
         auto* control = dynamic_cast<Control*>(widget);
         if (control && CanHaveFocus(*control) && IsTabStop(*control)) return control;
@@ -144,16 +144,16 @@ Control* FormWindow::Neighbour(bool next) const {
     return nullptr;
 }
 
-// Tab and Backtab come here, and the toolkit when the widget that has the focus was disabled or hidden.
-bool FormWindow::focusNextPrevChild(bool next) {
+// The toolkit comes here, too, when the widget that has the focus was disabled or hidden.
+bool FormFocus::Step(bool next) {
     Control* const active = Active();
-    if (validating_ || activating_) return true;
+    if (validating_ || showing_) return true;
     if (active && !CanHaveFocus(*active)) {
         LeaveDisabled();
         return true;
     }
     Control* const neighbour = Neighbour(next);
-    if (neighbour) MoveFocus(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
+    if (neighbour) Move(*neighbour, Qt::TabFocusReason);  // back, too: a text or date is entered alike
     return neighbour != nullptr;
 }
 

@@ -5,11 +5,10 @@
 #include <QWindow>
 
 #include "platform/forms/controls/Control.h"
-#include "platform/forms/window/Form.h"
 
 namespace forms {
 
-FormWindow::FormWindow(Form& form) : form_(&form) {
+FormWindow::FormWindow(WindowOwner& form) : form_(&form), focus_(*this) {
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                    Qt::WindowCloseButtonHint);
     setAttribute(Qt::WA_QuitOnClose, false);  // a host's own loop must not end with our windows
@@ -18,6 +17,33 @@ FormWindow::FormWindow(Form& form) : form_(&form) {
 
 FormWindow* FormWindow::Of(QWidget* widget) {
     return widget ? dynamic_cast<FormWindow*>(widget->window()) : nullptr;
+}
+
+std::vector<FormWindow*>& FormWindow::Shown() {
+    static std::vector<FormWindow*> shown;
+    return shown;
+}
+
+FormWindow* FormWindow::Topmost() {
+    return Shown().empty() ? nullptr : Shown().back();
+}
+
+void FormWindow::LetGoOfForm() {
+    form_ = nullptr;
+    focus_.End();
+    std::erase(Shown(), this);
+}
+
+bool FormWindow::MoveFocus(Control& target, Qt::FocusReason reason) {
+    return focus_.Move(target, reason);
+}
+
+bool FormWindow::focusNextPrevChild(bool next) {
+    return focus_.Step(next);
+}
+
+void FormWindow::EventEnded() {
+    if (--runningEvents_ == 0 && unloadWanted_ && form_) form_->Unload();
 }
 
 void FormWindow::reject() {

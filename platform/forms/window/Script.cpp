@@ -1,7 +1,5 @@
 #include "platform/forms/window/Script.h"
 
-#include "platform/forms/window/Form.h"
-
 namespace forms {
 namespace {
 
@@ -58,15 +56,14 @@ int Script::AnswerBox(const std::string& text, int flags, const std::string& tit
     return box.answer;
 }
 
-void Script::VisitModal(Form& form) {
-    if (steps_.empty() || steps_.front().box || steps_.front().formName != form.Name()) {
-        report_("unexpected form " + form.Name() + "; expected: " + Next());
+void Script::VisitModal(Form& form, const std::string& name) {
+    if (steps_.empty() || steps_.front().box || steps_.front().formName != name) {
+        report_("unexpected form " + name + "; expected: " + Next());
     } else {
         const Step step = steps_.front();
         steps_.pop_front();
         if (step.visit) step.visit(form);
     }
-    if (form.Visible()) form.Unload();
 }
 
 std::optional<int> Script::TakeBox(const std::string& text, int flags, const std::string& title) {
@@ -74,9 +71,9 @@ std::optional<int> Script::TakeBox(const std::string& text, int flags, const std
     return current->AnswerBox(text, flags, title);
 }
 
-bool Script::TakeModal(Form& form) {
+bool Script::TakeModal(Form& form, const std::string& name) {
     if (!current) return false;
-    current->VisitModal(form);
+    current->VisitModal(form, name);
     return true;
 }
 

@@ -36,11 +36,11 @@ class Script {
 
     // The two places where the forms would wait for a user. Without a script they answer that they do.
     static std::optional<int> TakeBox(const std::string& text, int flags, const std::string& title);
-    static bool TakeModal(Form& form);
+    static bool TakeModal(Form& form, const std::string& name);
 
   private:
     int AnswerBox(const std::string& text, int flags, const std::string& title);
-    void VisitModal(Form& form);
+    void VisitModal(Form& form, const std::string& name);
 
     struct Step {
         std::optional<ExpectedBox> box;

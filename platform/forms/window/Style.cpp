@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QIcon>
 #include <QPalette>
-#include <QStyle>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -57,11 +56,6 @@ void Style::Apply(QWidget& window) {
     static const QString sheet = Sheet();
     window.setPalette(Colours());
     window.setStyleSheet(sheet);
-}
-
-void Style::Refresh(QWidget& control) {
-    control.style()->unpolish(&control);
-    control.style()->polish(&control);
 }
 
 }  // namespace forms

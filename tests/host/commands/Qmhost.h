@@ -11,11 +11,15 @@ struct Outcome {
     std::string said;
 };
 
-// Runs qmhost as it is called from a shell.
-inline Outcome Qmhost(const std::string& arguments) {
-    FILE* run = popen((QMHOST " " + arguments + " 2>&1").c_str(), "r");
+inline Outcome Shell(const std::string& command) {
+    FILE* run = popen(("{ " + command + "; } 2>&1").c_str(), "r");
     std::string said;
     char part[4096];
     for (std::size_t length; (length = fread(part, 1, sizeof part, run)) > 0;) said.append(part, length);
     return {WEXITSTATUS(pclose(run)), said};
+}
+
+// Runs qmhost as it is called from a shell.
+inline Outcome Qmhost(const std::string& arguments) {
+    return Shell(QMHOST " " + arguments);
 }

@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
@@ -174,18 +173,6 @@ TEST(CreateBooks, FailsWhereTheLastOfTheLogWasNotTakenIn) {
     EXPECT_THAT(test::TextOfError([&] { host::CreateBooks(folder, {}, leave); }),
                 HasSubstr("could not be closed"));
     EXPECT_TRUE(folder.IsEmpty());
-}
-
-TEST(CreateBooks, AreForTheirOwnerAloneWhateverTheMask) {
-    for (const mode_t mask : {0, 0777}) {
-        const TempFolder folder;
-        const mode_t before = umask(mask);
-        host::CreateBooks(folder, {}, [](const fs::path& staging) {
-            EXPECT_EQ(fs::status(staging / host::BooksFile).permissions(), fs::perms(0600));
-        });
-        umask(before);
-        EXPECT_EQ(fs::status(folder / host::BooksFile).permissions(), fs::perms(0600));
-    }
 }
 
 // Whoever holds the password can read the books without this program.

@@ -12,13 +12,18 @@ using ::test::Cells;
 
 class Comparison : public ::testing::Test {
   protected:
+    Comparison() {
+        for (const char* row :
+             {"1, True, 5.0, 'Äbc', '5'", "2, False, 0.0, 'def', 'x'", "3, False, Null, Null, Null"})
+            connection_->Execute(std::string("Insert Into T Values (") + row + ")");
+    }
+
     std::string Ids(const std::string& condition) {
         return ado::test::Rows(connection_, "Select Id From T Where " + condition);
     }
 
     ado::test::TestStore store_{R"(
-        CREATE TABLE T (Id INTEGER, Flag BOOLEAN NOT NULL DEFAULT 0, Qty DOUBLE, Name TEXT, Code TEXT);
-        INSERT INTO T VALUES (1, 1, 5.0, 'Äbc', '5'), (2, 0, 0.0, 'def', 'x'), (3, 0, NULL, NULL, NULL))"};
+        CREATE TABLE T (Id INTEGER, Flag BOOLEAN NOT NULL DEFAULT 0, Qty DOUBLE, Name TEXT, Code TEXT))"};
     ConnectionPtr connection_ = store_.Connect();
 };
 
@@ -34,19 +39,11 @@ TEST_F(Comparison, FitsItsTwoSides) {
 }
 
 TEST_F(Comparison, StoresWhatTheFieldTakes) {
-    const struct {
-        const char *field, *value, *stored;
-    } cases[] = {
-        {"Name", "Flag", "True"},   {"Name", "False", "False"}, {"Name", "3/2", "1.5"},
-        {"Qty", "True", "-1"},      {"Qty", "Flag", "-1"},      {"Qty", "Code", "5"},
-        {"Flag", "Id - 3", "True"}, {"Flag", "Null", "False"},  {"Code", "Iif(Flag, 1.50, 'x')", "1.5"},
-    };
-    for (const auto& [field, value, stored] : cases) {
+    for (const Cells& c : Cases("platform/ado/cases.txt", "Fitted values")) {
         connection_->BeginTrans();
-        connection_->Execute(std::string("Update T Set ") + field + " = " + value + " Where Id = 1");
-        EXPECT_EQ(ado::test::Rows(connection_, std::string("Select ") + field + " From T Where Id = 1"),
-                  stored)
-            << field << " = " << value;
+        connection_->Execute("Update T Set " + c.at(0) + " = " + c.at(1) + " Where Id = 1");
+        EXPECT_EQ(ado::test::Rows(connection_, "Select " + c[0] + " From T Where Id = 1"), c.at(2))
+            << c[0] << " = " << c[1];
         connection_->RollbackTrans();
     }
 }

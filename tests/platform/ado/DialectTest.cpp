@@ -1,5 +1,4 @@
 #include <fstream>
-#include <map>
 
 #include <gtest/gtest.h>
 
@@ -119,12 +118,8 @@ TEST(Dialect, NamesTheOutputs) {
 }
 
 TEST(Dialect, RefusesWhatItDoesNotKnowByName) {
-    const std::map<std::string, std::int32_t> numbers{{"NoSuchTable", error::NoSuchTable},
-                                                      {"UnknownName", error::UnknownName},
-                                                      {"Statement", error::Statement},
-                                                      {"BadValue", error::BadValue}};
     for (const Cells& c : Cases(File, "Refusals"))
-        EXPECT_EQ(Refusal(c.at(0)), numbers.at(c.at(1))) << c.at(0);
+        EXPECT_EQ(ado::test::NameOf(Refusal(c.at(0))), c.at(1)) << c.at(0);
 }
 
 TEST(Dialect, TellsTheWordThatStandsInTheWay) {

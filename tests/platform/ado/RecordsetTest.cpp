@@ -48,9 +48,6 @@ TEST_F(RecordsetTest, WalksToBothEndsAndNoFurther) {
     EXPECT_EQ(set.AbsolutePosition(), 1);
     set.MoveLast();
     EXPECT_EQ(set.AbsolutePosition(), 2);
-    set.SetAbsolutePosition(1);
-    EXPECT_EQ(set["Id"], Value(std::int16_t{1}));
-    EXPECT_EQ(ErrorOf([&] { set.SetAbsolutePosition(3); }), error::NoCurrentRecord);
 }
 
 TEST_F(RecordsetTest, AnEmptySetStandsAtBothEnds) {
@@ -166,7 +163,6 @@ TEST_F(RecordsetTest, OpensAgainOnItsLastSource) {
 TEST_F(RecordsetTest, KnowsItsCursor) {
     set.Open("Small", c);
     EXPECT_EQ(set.CursorType(), adOpenForwardOnly);
-    EXPECT_EQ(set.LockType(), adLockReadOnly);
     EXPECT_EQ(set.CursorLocation(), adUseServer);
     set.Close();
     set.SetCursorLocation(adUseClient);
@@ -174,7 +170,6 @@ TEST_F(RecordsetTest, KnowsItsCursor) {
     EXPECT_EQ(set.CursorType(), adOpenStatic);
     const RecordsetPtr handed = c->Execute("Select * From Small");
     EXPECT_EQ(handed->CursorType(), adOpenForwardOnly);
-    EXPECT_EQ(handed->LockType(), adLockReadOnly);
 }
 
 TEST_F(RecordsetTest, OnlyAForwardOnlySetSeesNewRowsByMovingFirst) {
@@ -242,6 +237,7 @@ TEST_F(RecordsetTest, ANameThatOccursTwiceIsReachedByItsTable) {
 }
 
 TEST_F(RecordsetTest, AValueThatDoesNotFitItsFieldReadsAsItIs) {
+    QM_FILE_ONLY();
     TestStore loose(
         "CREATE TABLE T (N INTEGER, B BOOLEAN, S SMALLINT); INSERT INTO T VALUES (1, 1, 1), (1.5, 7, "
         "70000);INSERT INTO T VALUES ('x', NULL, -2147483648), (3000000000, 0, 2)");

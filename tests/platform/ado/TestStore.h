@@ -1,19 +1,28 @@
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <stdexcept>
 #include <string>
 
+#include <gtest/gtest.h>
 #include <sqlcipher/sqlite3.h>
+#include <unistd.h>
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Recordset.h"
+#include "platform/ado/store/Flight.h"
+#include "platform/ado/store/PostgresFunctions.h"
+#include "platform/ado/store/PostgresSchema.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Value.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/InChild.h"
+#include "tests/support/Server.h"
 #include "tests/support/TempFolder.h"
 
 namespace ado::test {
@@ -33,23 +42,38 @@ inline constexpr const char* tables = R"(
     CREATE TABLE Groups (Group_Id INTEGER PRIMARY KEY AUTOINCREMENT, Head TEXT);
 )";
 
-// A fresh store in a folder of its own, encrypted and in write-ahead mode, as new books are.
+// Whether the stores of this run are on the tests' server: each case runs once on a file and once there.
+inline bool OnServer() {
+    const char* named = std::getenv("QM_TEST_STORE");
+    return named != nullptr && std::string(named) == "server";
+}
+
+#define QM_FILE_ONLY() \
+    if (::ado::test::OnServer()) GTEST_SKIP() << "of the file alone"
+#define QM_SERVER_ONLY() \
+    if (!::ado::test::OnServer()) GTEST_SKIP() << "of the server alone"
+
+// A fresh store, as new books are: an encrypted file in a folder of its own, or a database of its own.
 class TestStore {
   public:
     static constexpr const char* password = "it's a secret";
 
     explicit TestStore(const std::string& definitions = tables) {
-        sqlite3* store = nullptr;
-        sqlite3_open(Path().c_str(), &store);
-        const std::string script =
-            "PRAGMA key = 'it''s a secret'; PRAGMA journal_mode = WAL; BEGIN; " + definitions + "; COMMIT;";
-        const int code = sqlite3_exec(store, script.c_str(), nullptr, nullptr, nullptr);
-        const std::string message = sqlite3_errmsg(store);
-        sqlite3_close(store);
-        if (code != SQLITE_OK) throw std::runtime_error(message);
+        if (OnServer())
+            MakeDatabase(definitions);
+        else
+            Administer("PRAGMA journal_mode = WAL; BEGIN; " + definitions + "; COMMIT;");
     }
+    ~TestStore() {
+        if (!database_.empty()) RunOnServer("DROP DATABASE " + database_ + " WITH (FORCE)", "postgres");
+    }
+    TestStore(const TestStore&) = delete;
+    TestStore& operator=(const TestStore&) = delete;
+
     const std::filesystem::path& Folder() const { return folder_.Path(); }
-    std::string Path() const { return (folder_ / "books.mdb").string(); }
+    std::string Path() const {  // of the file, or the data source that names the database
+        return OnServer() ? ::test::ServerUri() + database_ + "/books.mdb" : (folder_ / "books.mdb").string();
+    }
 
     ConnectionPtr Connect(const std::string& key = password) const {
         auto connection = std::make_shared<Connection>();
@@ -57,6 +81,11 @@ class TestStore {
         connection->Properties("Jet OlEDB:Database Password") = key;
         connection->Open();
         return connection;
+    }
+
+    // A script in the store's own words, by whoever administers it.
+    void Administer(const std::string& script) const {
+        OnServer() ? RunOnServer(script, database_) : RunOnFile(script);
     }
 
     // Changes one byte of the file.
@@ -69,7 +98,37 @@ class TestStore {
     }
 
   private:
+    static void RunOnServer(const std::string& script, const std::string& database) {
+        Flight flight;
+        flight.Connect(ReadServerAddress(::test::ServerUri() + database + "/"));
+        flight.Script(script);
+    }
+
+    void RunOnFile(const std::string& script) const {
+        sqlite3* store = nullptr;
+        sqlite3_open(Path().c_str(), &store);
+        const int code = sqlite3_exec(store, ("PRAGMA key = 'it''s a secret'; " + script).c_str(), nullptr,
+                                      nullptr, nullptr);
+        const std::string message = sqlite3_errmsg(store);
+        sqlite3_close(store);
+        if (code != SQLITE_OK) throw std::runtime_error(message);
+    }
+
+    void MakeDatabase(const std::string& definitions) {
+        if (::test::ServerUri().empty()) {
+            std::puts("[  SKIPPED ] no server");
+            std::exit(0);
+        }
+        static int made = 0;
+        database_ = "store_" + std::to_string(getpid()) + "_" + std::to_string(++made);
+        RunOnServer("CREATE DATABASE " + database_ + " TEMPLATE template0", "postgres");
+        std::string script = ServerFunctions();
+        for (const SchemaTable& table : ReadSchema(definitions)) script += PostgresDefinition(table);
+        Administer(script);
+    }
+
     ::test::TempFolder folder_;
+    std::string database_;
 };
 
 // The rows of a set from its current one, as "a|b a|b"; Null reads "-".
@@ -93,6 +152,23 @@ inline std::int64_t Affected(const ConnectionPtr& connection, const std::string&
     std::int64_t count = -1;
     connection->Execute(statement, &count);
     return count;
+}
+
+// The errors that files of cases name; 0 is "none".
+inline std::string NameOf(std::int32_t number) {
+    static const std::map<std::int32_t, std::string> names{
+        {0, "none"},
+        {error::NoSuchTable, "NoSuchTable"},
+        {error::UnknownName, "UnknownName"},
+        {error::Statement, "Statement"},
+        {error::BadValue, "BadValue"},
+        {error::NoTransaction, "NoTransaction"},
+        {error::ObjectClosed, "ObjectClosed"},
+        {basic::error::Overflow, "Overflow"},
+        {basic::error::DivisionByZero, "DivisionByZero"},
+    };
+    const auto name = names.find(number);
+    return name == names.end() ? std::to_string(number) : name->second;
 }
 
 using ::test::ErrorOf;

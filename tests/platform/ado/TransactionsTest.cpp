@@ -1,4 +1,3 @@
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <thread>
@@ -9,18 +8,7 @@
 
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
-
-namespace {
-int syncsThatFail = 0;
-}
-
-// The store's library waits for the disk by this call; the test's own stands before the system's.
-extern "C" int fdatasync(int file) {
-    if (syncsThatFail == 0) return fsync(file);
-    --syncsThatFail;
-    errno = EIO;
-    return -1;
-}
+#include "tests/support/DiskCalls.h"
 
 namespace ado {
 namespace {
@@ -34,69 +22,6 @@ constexpr const char* names = "Select Remark From Small";
 
 void Add(const ConnectionPtr& connection, const std::string& remark) {
     connection->Execute("Insert Into Small (Remark) Values ('" + remark + "')");
-}
-
-TEST(TransactionsTest, UndoesTheInnermostLevelOnly) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    EXPECT_EQ(c->BeginTrans(), 1);
-    Add(c, "a");
-    EXPECT_EQ(c->BeginTrans(), 2);
-    Add(c, "b");
-    EXPECT_EQ(c->BeginTrans(), 3);
-    Add(c, "c");
-    c->CommitTrans();
-    c->RollbackTrans();
-    EXPECT_EQ(c->TransDepth(), 1);
-    EXPECT_EQ(Rows(c, names), "a");
-    c->CommitTrans();
-    EXPECT_EQ(Rows(c, names), "a");
-}
-
-TEST(TransactionsTest, RefusesToEndWhatWasNotBegun) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    EXPECT_EQ(ErrorOf([&] { c->CommitTrans(); }), error::NoTransaction);
-    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
-    c->BeginTrans();
-    c->CommitTrans();
-    EXPECT_EQ(ErrorOf([&] { c->RollbackTrans(); }), error::NoTransaction);
-}
-
-TEST(TransactionsTest, CloseRollsBackWhatIsOpenAndKeepsTheRest) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    Add(c, "kept");
-    c->BeginTrans();
-    Add(c, "lost");
-    c->Close();
-    EXPECT_EQ(Rows(store.Connect(), names), "kept");
-}
-
-TEST(TransactionsTest, ATableMadeInsideARolledBackLevelIsGone) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    c->BeginTrans();
-    c->Execute("Select * Into Small2002 From Small");
-    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
-    c->RollbackTrans();
-    EXPECT_EQ(ErrorOf(c, "Insert Into Small2002 (Id) Values (1)"), error::NoSuchTable);
-    c->Execute("Select * Into Small2002 From Small");
-    EXPECT_EQ(Affected(c, "Insert Into Small2002 (Id) Values (1)"), 1);
-}
-
-TEST(TransactionsTest, AFailedStatementInsideLeavesTheRestOfTheLevel) {
-    TestStore store;
-    const ConnectionPtr c = store.Connect();
-    Add(c, "a");
-    Add(c, "b");
-    c->BeginTrans();
-    c->Execute("Update Small Set Id = 1");
-    // The second row stops the statement; the first must not stay changed.
-    c->Execute("Update Small Set Id = 0 Where Remark = 'b'");
-    EXPECT_NE(ErrorOf(c, "Update Small Set Id = 6 / Id"), 0);
-    c->CommitTrans();
-    EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "1|a 0|b");
 }
 
 // Another program that writes, and holds the write lock until it is told to go on.
@@ -189,6 +114,7 @@ std::int32_t FillUntilFull(const ConnectionPtr& c) {
 }
 
 TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
+    QM_FILE_ONLY();
     TestStore store;
     EXPECT_EQ(test::InChild([&] {
                   const ConnectionPtr c = store.Connect();
@@ -205,6 +131,7 @@ TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
 class DiskFullInTransaction : public testing::TestWithParam<int> {};
 
 TEST_P(DiskFullInTransaction, LosesAllLevelsAndNeverReportsSuccess) {
+    QM_FILE_ONLY();
     TestStore store;
     const int depth = GetParam();
     EXPECT_EQ(test::InChild([&] {
@@ -248,6 +175,7 @@ TEST(DurabilityTest, WhatIsCommittedOutlivesAKilledProcess) {
 
 // The disk does not confirm the commit, and perhaps not its undoing either; then the power goes.
 TEST(DurabilityTest, WhatWasToldAsFailedDoesNotComeBackAfterACrash) {
+    QM_FILE_ONLY();
     const std::pair<int, const char*> cases[] = {
         {1, "The disk could not be read or written (Input/output error). The change was undone."},
         {1000,
@@ -255,18 +183,19 @@ TEST(DurabilityTest, WhatWasToldAsFailedDoesNotComeBackAfterACrash) {
          "was undone: close all programs, open the books and look."}};
     for (const auto& [syncs, text] : cases) {
         TestStore store;
-        EXPECT_EQ(test::InChild([&, syncs = syncs, text = text] {
-                      const ConnectionPtr c = store.Connect();
-                      Add(c, "before");
-                      c->BeginTrans();
-                      Add(c, "lost");
-                      syncsThatFail = syncs;
-                      const std::string told = test::TextOfError([&] { c->CommitTrans(); });
-                      syncsThatFail = 0;
-                      kill(getpid(), told == text ? SIGKILL : SIGTERM);
-                      return 0;
-                  }),
-                  255);
+        EXPECT_EQ(
+            test::InChild([&, syncs = syncs, text = text] {
+                const ConnectionPtr c = store.Connect();
+                Add(c, "before");
+                c->BeginTrans();
+                Add(c, "lost");
+                ::test::WatchDisk([left = syncs](const auto&, const auto&) mutable { return --left < 0; });
+                const std::string told = test::TextOfError([&] { c->CommitTrans(); });
+                ::test::WatchDisk({});
+                kill(getpid(), told == text ? SIGKILL : SIGTERM);
+                return 0;
+            }),
+            255);
         EXPECT_EQ(Rows(store.Connect(), names), "before");
     }
 }

@@ -49,7 +49,6 @@ TEST(Text, TrimTakesOnlyBlanks) {
 
 TEST(Text, CaseOfAllScripts) {
     EXPECT_EQ(UCase("Straße \u00E9\u0436\u03C3 1"), "STRAßE \u00C9\u0416\u03A3 1");
-    EXPECT_EQ(LCase("\u00C9\u0416\u03A3 AbC"), "\u00E9\u0436\u03C3 abc");
 }
 
 TEST(Text, ComparesWithoutCase) {

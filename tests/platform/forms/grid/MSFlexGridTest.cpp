@@ -25,10 +25,8 @@ TEST_F(MSFlexGridTest, TheHighlightFollowsTheCellUntilItIsExtended) {
     grid.SetRow(3);
     grid.SetCol(1);
     grid.SetColSel(3);
-    EXPECT_EQ(grid.RowSel(), 3);
     EXPECT_EQ(grid.ColSel(), 3);
     ClickCell(2, 2);
-    EXPECT_EQ(grid.RowSel(), 2);
     EXPECT_EQ(grid.ColSel(), 2);
 }
 

@@ -12,6 +12,7 @@ int KeyCodeOf(const QKeyEvent& key);
 // The character that KeyPress gets: Enter 13, Esc 27, Backspace 8; 0 if the key makes none. Ctrl+letter makes
 // none, AltGr does.
 int KeyAsciiOf(const QKeyEvent& key);
+bool OpensList(const QKeyEvent& key);          // F4, Alt+Down
 int ShiftOf(Qt::KeyboardModifiers modifiers);  // vbShiftMask + vbCtrlMask + vbAltMask
 
 }  // namespace forms

@@ -1,4 +1,4 @@
-#include "platform/forms/grid/TextMeasure.h"
+#include "platform/forms/controls/TextMeasure.h"
 
 #include <algorithm>
 

@@ -9,18 +9,19 @@
 
 namespace test {
 
-// The program poster, started by a test; killed at the end if it still runs.
-class RunningPoster {
+// A program that a test starts, by its path and arguments; killed at the end if it still runs.
+class RunningProgram {
   public:
-    RunningPoster(const std::string& dataPath, int vouchers, bool withList = false);
-    ~RunningPoster();
-    RunningPoster(const RunningPoster&) = delete;
-    RunningPoster& operator=(const RunningPoster&) = delete;
+    explicit RunningProgram(const std::vector<std::string>& command);
+    ~RunningProgram();
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
 
     std::optional<std::string> Line();  // the next one; waits for it; nothing once the program has ended
     std::vector<std::string> Lines();   // all that are left
     void Kill();                        // as nothing can be caught
-    int Wait();                         // its exit code, or the signal that ended it, negative
+    bool Runs() const;
+    int Wait();  // its exit code, or the signal that ended it, negative
 
   private:
     pid_t child_ = -1;

@@ -1,4 +1,4 @@
-#include "platform/forms/grid/GridKeys.h"
+#include "platform/forms/controls/Keys.h"
 
 #include <QKeyEvent>
 #include <utility>
@@ -47,6 +47,10 @@ int KeyAsciiOf(const QKeyEvent& key) {
     if (control != alt || key.text().isEmpty()) return 0;
     const QChar c = key.text().front();
     return c.isPrint() ? c.unicode() : 0;
+}
+
+bool OpensList(const QKeyEvent& key) {
+    return key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
 }
 
 int ShiftOf(Qt::KeyboardModifiers modifiers) {

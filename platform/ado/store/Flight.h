@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/ado/store/Libpq.h"
+#include "platform/ado/store/ServerAddress.h"
+#include "platform/basic/Error.h"
+
+namespace ado {
+
+// A value for a server's statement, in the server's own binary form.
+struct ServerValue {
+    Oid type = 0;  // 0: Null, of whatever type its place has
+    std::string bytes;
+};
+using ServerValues = std::vector<ServerValue>;
+
+// One connection to a server. Statements go out in packets: all of a packet at once, and one answer for all.
+// Outside BEGIN and COMMIT a packet is one transaction. The first failure ends it: what stands behind it does
+// not run.
+class Flight {
+  public:
+    using Row = std::unique_ptr<PGresult, FreeResult>;
+
+    Flight() = default;
+    Flight(const Flight&) = delete;
+    Flight& operator=(const Flight&) = delete;
+    ~Flight() { Disconnect(); }
+
+    void Connect(const ServerAddress& address);  // raises what the server says, or that there is none
+    void Disconnect() noexcept;
+    bool IsUp() const;
+
+    // Puts one more statement into the packet. One of them may be the main one: its rows are handed out.
+    void Add(const std::string& sql, const ServerValues& values = {}, bool main = false);
+    void Send();
+    bool IsOut() const { return out_; }  // a packet whose answer has not been read to its end
+    // The next row of the main statement; null behind the last one, when the packet has come to its end.
+    // Raises the packet's failure.
+    Row Next();
+    void Finish();                                     // reads to the end, dropping rows
+    std::int64_t Matched() const { return matched_; }  // rows that the last main statement matched
+    bool MainAnswered() const { return mainAnswered_; }
+
+    // A packet without a main statement.
+    void Run(const std::vector<std::string>& statements);
+    void Script(
+        const std::string& sql);  // several statements in one text, without parameters; not within a packet
+    bool Notified();              // whether another connection's notification has come; takes all that came
+
+  private:
+    struct Named {
+        std::string key, name;
+    };
+    struct Queued {
+        std::string prepares;  // the key of the statement that is prepared
+        bool main = false;
+    };
+
+    std::string NameOf(const std::string& sql, const ServerValues& values);
+    void Forget(const std::string& key);
+    void DropUnused();
+    void Enter();  // into a new packet
+    void Check(int sent);
+    void Take(const PGresult& result);
+    void Turn();  // to the next statement of the packet
+    void Fail(basic::Error failure);
+    void End();
+    basic::Error Lost() const;
+
+    PGconn* connection_ = nullptr;
+    std::list<Named> names_;  // of prepared statements, the last used one first
+    std::unordered_map<std::string_view, std::list<Named>::iterator> byKey_;
+    std::size_t namedBytes_ = 0;
+    std::int64_t lastName_ = 0;
+    std::vector<std::string> unused_;  // names that the server may forget
+    std::deque<Queued> queue_;
+    bool out_ = false;
+    std::optional<basic::Error> failure_;
+    std::int64_t matched_ = 0;
+    bool mainAnswered_ = false;
+};
+
+}  // namespace ado

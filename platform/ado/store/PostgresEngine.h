@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/ado/store/Engine.h"
+#include "platform/ado/store/Flight.h"
+#include "platform/ado/store/PostgresCatalog.h"
+#include "platform/ado/store/PostgresSql.h"
+#include "platform/ado/store/ServerAddress.h"
+
+namespace ado {
+
+class PostgresStatement;
+
+// Books on a server, a database of their own. They behave as those in a file do:
+// - One program writes at a time. Begin and each loose write take the books' lock, which ends with their
+//   transaction; so nothing dead-locks and no number is drawn twice inside one.
+// - A commit is on the server's disk, and on that of a standby that it waits for, when Commit returns. The
+// lock is
+//   given back before: the commit itself waits for nothing, a second small one behind it does, for both.
+// - A statement that fails inside a transaction leaves nothing behind: each goes out with a savepoint around
+// it, in
+//   one packet.
+class PostgresEngine final : public Engine {
+  public:
+    PostgresEngine() = default;
+    PostgresEngine(const PostgresEngine&) = delete;
+    PostgresEngine& operator=(const PostgresEngine&) = delete;
+
+    void Open(const std::string& source, const std::string& password) override;
+    void Close() override;
+    std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
+    const StoreSql& Sql() const override { return sql_; }
+    std::int64_t Changes() const override { return flight_.Matched(); }
+    std::int64_t LastRow() const override { return lastRow_; }
+    bool UndoesFailedStatements() const override { return true; }
+    std::vector<std::string> Tables() override { return postgres::Tables(*this); }
+    std::unique_ptr<TableInfo> Describe(std::string_view table) override {
+        return postgres::Describe(*this, table);
+    }
+    void CopyTable(const std::string& source, const std::string& target) override;
+    std::vector<std::string> CheckPages() override { return postgres::CheckPages(*this); }
+    bool InTransaction() const override { return inTransaction_; }
+    void Begin() override;
+    void Commit() override;
+    void Rollback() override;
+    void Savepoint(int level) override;
+    void Release(int level) override;
+    void RollbackTo(int level) override;
+    void BeginRead() override;
+    void EndRead() override;
+    void CopyTo(const std::string& file, const std::string& password) override;
+    void WriteLoosely(const std::function<void()>& write) override;
+    std::string Notice() const override { return ""; }
+    void Flush() override;
+
+    // For the statements: sends one and gives its first row, then the others; null behind the last one.
+    Flight::Row FirstRow(PostgresStatement& statement);
+    Flight::Row NextRow();
+
+  private:
+    void Configure();
+    void RequireBooks();
+    void MakeRoom();
+    void Launch(const PostgresStatement& statement);
+    void Run(const std::vector<std::string>& statements);
+    void Undo();
+    std::string Ask(const std::string& sql, int column = 0);
+
+    ServerAddress address_;
+    Flight flight_;
+    PostgresSql sql_;
+    PostgresStatement* reading_ = nullptr;  // whose rows are on their way
+    std::string flush_;                     // the statement whose own commit waits for the disk
+    bool inTransaction_ = false;
+    bool loosely_ = false;       // within WriteLoosely
+    bool wrote_ = false;         // the transaction, so far
+    bool looseWritten_ = false;  // commits may still be on their way to the disk
+    std::int64_t lastRow_ = 0;
+};
+
+}  // namespace ado

@@ -1,0 +1,148 @@
+#include "platform/ado/store/PostgresStatement.h"
+
+#include <bit>
+#include <cstddef>
+#include <utility>
+
+#include "platform/ado/Errors.h"
+#include "platform/ado/store/PostgresEngine.h"
+#include "platform/basic/Text.h"
+
+namespace ado {
+namespace {
+
+// The server's types by their fixed numbers.
+constexpr Oid Bool = 16, Int8 = 20, Int2 = 21, Int4 = 23, TextType = 25, Float8 = 701;
+
+std::string BigEndian(std::uint64_t bits) {
+    std::string bytes(sizeof bits, '\0');
+    for (std::size_t at = bytes.size(); at-- > 0; bits >>= 8) bytes[at] = static_cast<char>(bits & 0xff);
+    return bytes;
+}
+
+std::uint64_t Bits(const char* bytes, int length) {
+    std::uint64_t bits = 0;
+    for (int at = 0; at < length; ++at) bits = bits << 8 | static_cast<unsigned char>(bytes[at]);
+    return bits;
+}
+
+}  // namespace
+
+PostgresStatement::PostgresStatement(PostgresEngine& engine, std::string sql)
+    : engine_(engine), sql_(std::move(sql)), reads_(sql_.starts_with("SELECT")) {}
+
+ServerValue& PostgresStatement::At(int index) {
+    const auto place = static_cast<std::size_t>(index);
+    if (values_.size() < place) values_.resize(place);
+    return values_[place - 1];
+}
+
+void PostgresStatement::BindNull(int index) {
+    At(index) = {};
+}
+
+void PostgresStatement::BindInteger(int index, std::int64_t value) {
+    At(index) = {Int8, BigEndian(static_cast<std::uint64_t>(value))};
+}
+
+void PostgresStatement::BindReal(int index, double value) {
+    At(index) = {Float8, BigEndian(std::bit_cast<std::uint64_t>(value))};
+}
+
+void PostgresStatement::BindBoolean(int index, bool value) {
+    At(index) = {Bool, std::string(1, value ? '\1' : '\0')};
+}
+
+void PostgresStatement::BindText(int index, std::string_view text) {
+    if (text.find('\0') != std::string_view::npos || !basic::IsUtf8(text))
+        throw basic::Error(error::BadValue,
+                           "A text holds a zero byte or is not UTF-8: books on a server keep neither.",
+                           "ado.Engine");
+    At(index) = {TextType, std::string(text)};
+}
+
+bool PostgresStatement::Step() {
+    if (state_ == State::Ready) {
+        state_ = State::Reading;
+        try {
+            row_ = engine_.FirstRow(*this);
+        } catch (...) {
+            state_ = State::Kept;
+            throw;
+        }
+        if (!row_) state_ = State::Kept;
+    } else if (state_ == State::Reading) {
+        row_ = engine_.NextRow();
+        if (!row_) state_ = State::Kept;
+    } else {
+        row_.reset();
+        if (!rest_.empty()) {
+            row_ = std::move(rest_.front());
+            rest_.pop_front();
+        } else if (failure_) {
+            throw *std::exchange(failure_, std::nullopt);
+        }
+    }
+    return row_ != nullptr;
+}
+
+void PostgresStatement::KeepRest() noexcept {
+    state_ = State::Kept;
+    try {
+        while (Flight::Row row = engine_.NextRow()) rest_.push_back(std::move(row));
+    } catch (const basic::Error& failure) {
+        failure_ = failure;
+    }
+}
+
+void PostgresStatement::Reset() {
+    if (state_ == State::Reading) KeepRest();
+    state_ = State::Ready;
+    row_.reset();
+    rest_.clear();
+    failure_.reset();
+}
+
+int PostgresStatement::ColumnCount() const {
+    return row_ ? Libpq::Get().PQnfields(row_.get()) : 0;
+}
+
+CellKind PostgresStatement::Kind(int column) const {
+    const Libpq& pq = Libpq::Get();
+    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return CellKind::Null;
+    switch (pq.PQftype(row_.get(), column)) {
+        case Bool:
+        case Int2:
+        case Int4:
+        case Int8:
+            return CellKind::Integer;
+        case Float8:
+            return CellKind::Real;
+        default:
+            return CellKind::Text;
+    }
+}
+
+std::int64_t PostgresStatement::Integer(int column) const {
+    const Libpq& pq = Libpq::Get();
+    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return 0;
+    const int length = pq.PQgetlength(row_.get(), 0, column);
+    const std::uint64_t bits = Bits(pq.PQgetvalue(row_.get(), 0, column), length);
+    if (length == 2) return static_cast<std::int16_t>(bits);
+    return length == 4 ? static_cast<std::int32_t>(bits) : static_cast<std::int64_t>(bits);
+}
+
+double PostgresStatement::Real(int column) const {
+    if (Kind(column) == CellKind::Integer) return static_cast<double>(Integer(column));
+    const Libpq& pq = Libpq::Get();
+    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return 0;
+    return std::bit_cast<double>(Bits(pq.PQgetvalue(row_.get(), 0, column), 8));
+}
+
+std::string_view PostgresStatement::Text(int column) const {
+    const Libpq& pq = Libpq::Get();
+    return {pq.PQgetvalue(row_.get(), 0, column),
+            static_cast<std::size_t>(pq.PQgetlength(row_.get(), 0, column))};
+}
+
+}  // namespace ado
