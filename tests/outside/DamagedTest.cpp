@@ -1,6 +1,5 @@
 #include <csignal>
 #include <fstream>
-#include <sstream>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -9,6 +8,7 @@
 #include "core/modGeneral.h"
 #include "tests/outside/PostedBooks.h"
 #include "tests/support/InChild.h"
+#include "tests/support/TempFolder.h"
 
 // What a host sees when the books' file or its disk are not as they should be; more in tests/platform/ado.
 namespace test {
@@ -31,9 +31,7 @@ PostedRows Rows(const PostedBooks& books, std::initializer_list<int> vouchers) {
 // A page that holds the rest of a table's definition is read when the books open.
 TEST(Damaged, APageThatTellsOfTheTablesIsNamedAsThat) {
     const PostedBooks books;
-    std::ostringstream bytes;
-    bytes << std::ifstream(books.File(), std::ios::binary).rdbuf();
-    const std::string whole = bytes.str();
+    const std::string whole = Bytes(books.File());
     std::string told;
     for (std::size_t page = 1; told.find("tells what its tables are") == std::string::npos; ++page) {
         ASSERT_LT(page * 1024, whole.size());

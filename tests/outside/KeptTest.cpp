@@ -1,11 +1,12 @@
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 
 #include <gmock/gmock.h>
+
+#include "tests/support/TempFolder.h"
 
 // The page of what is kept on purpose, the comments that cite it and the tests that it names tell the same.
 namespace {
@@ -14,18 +15,13 @@ namespace fs = std::filesystem;
 using Numbers = std::set<int>;
 using Names = std::set<std::string>;
 
-std::string Read(const fs::path& file) {
-    std::ifstream in(file);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 // The texts of a folder's sources, each run of comment lines as one.
 std::string SourcesBelow(const fs::path& folder) {
     static const std::regex continued(R"(\n[ ]*// ?)");
     std::string text;
     for (const auto& entry : fs::recursive_directory_iterator(folder))
         if (const fs::path extension = entry.path().extension(); extension == ".h" || extension == ".cpp")
-            text += std::regex_replace(Read(entry.path()), continued, " ");
+            text += std::regex_replace(test::Bytes(entry.path()), continued, " ");
     return text;
 }
 
@@ -76,7 +72,7 @@ Names Tests() {
     ForEachMatch(SourcesBelow(fs::path(SOURCE_FOLDER) / "tests"), form,
                  [&](const std::smatch& match) { tests.insert(match.str(2) + "." + match.str(3)); });
     static const std::regex session(R"(\n\[(\w+\.\w+)\])");
-    ForEachMatch(Read(fs::path(SOURCE_FOLDER) / "tests/core/calls.txt"), session,
+    ForEachMatch(test::Bytes(fs::path(SOURCE_FOLDER) / "tests/core/calls.txt"), session,
                  [&](const std::smatch& match) { tests.insert(match[1]); });
     return tests;
 }

@@ -1,7 +1,6 @@
 #include <csignal>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -15,6 +14,7 @@
 
 namespace {
 
+using test::Bytes;
 using test::TempFolder;
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
@@ -32,12 +32,6 @@ Texts Names(const fs::path& folder) {
     Texts names;
     for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
     return names;
-}
-
-std::string Bytes(const fs::path& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
 }
 
 const std::string YearTables =

@@ -4,22 +4,18 @@
 #include "platform/ado/Maintenance.h"
 #include "platform/ado/store/CrashLog.h"
 #include "tests/platform/ado/TestStore.h"
+#include "tests/support/TempFolder.h"
 
 namespace ado {
 namespace {
 
+using ::test::Bytes;
 using test::ErrorOf;
 using test::InChild;
 using test::Rows;
 using test::TestStore;
 using testing::HasSubstr;
 namespace fs = std::filesystem;
-
-std::string Bytes(const std::string& file) {
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
-}
 
 void Write(const ConnectionPtr& connection, int from, int rows) {
     for (int i = from; i < from + rows; ++i) {
