@@ -5,6 +5,7 @@
 #include "core/modGeneral.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Recordset.h"
+#include "platform/ado/SetNumbers.h"
 #include "platform/basic/Number.h"
 
 namespace qm {
@@ -13,8 +14,9 @@ namespace {
 ado::RecordsetPtr OpenSums(const std::string& sums, std::optional<std::int32_t> upto) {
     const std::string where = upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
     auto rows = std::make_shared<ado::Recordset>();
-    rows->Open("Select ledgercode," + sums + "  from " + YearTable("tb_Ledger") + where + " group by ledgercode",
-               shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
+    rows->Open(
+        "Select ledgercode," + sums + "  from " + YearTable("tb_Ledger") + where + " group by ledgercode",
+        shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
     return rows;
 }
 
@@ -64,12 +66,13 @@ void WriteAtOnce(ado::Recordset& sums, BeforeRebuild before) {
     totals.columns = {"ledDetDrTxnTot", "ledDetCrTxnTot"};
     if (before == BeforeRebuild::ZeroTotals) totals.others = 0;
     for (; !sums.Eof(); sums.MoveNext())
-        totals.lines[basic::ToLong(sums["ledgercode"])] = {AsWritten(sums["DrTot"]), AsWritten(sums["CrTot"])};
-    Conn().SetNumbers(totals);
+        totals.lines[basic::ToLong(sums["ledgercode"])] = {AsWritten(sums["DrTot"]),
+                                                           AsWritten(sums["CrTot"])};
+    ado::SetNumbers(Conn(), totals);
 }
 
-// False where nothing of it could be done: a statement would fail, which then shows one by one. In a transaction
-// a failure may take more with it than its statement, so there nothing is tried.
+// False where nothing of it could be done: a statement would fail, which then shows one by one. In a
+// transaction a failure may take more with it than its statement, so there nothing is tried.
 bool WrittenAtOnce(ado::Recordset& sums, BeforeRebuild before) {
     if (Conn().TransDepth() > 0) return false;
     try {

@@ -14,6 +14,7 @@
 #include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
 #include "platform/ado/Maintenance.h"
+#include "platform/ado/store/ServerAddress.h"
 
 namespace host {
 namespace {
@@ -44,6 +45,18 @@ void NarrowRights(const fs::path& copy, const fs::path& books) {
     fs::permissions(copy, fs::status(books).permissions() & own);
 }
 
+// Others may go on writing: the sums and the copy are of one moment.
+void CopyFile(const fs::path& copy) {
+    std::string sums;
+    {
+        const ado::Snapshot moment(qm::Conn());
+        sums = Sums(qm::Conn());
+        ado::BackUp(qm::Conn(), copy);
+    }
+    Compare(copy, sums);
+    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+}
+
 }  // namespace
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
@@ -53,15 +66,10 @@ void BackUpBooks(const std::string& folder, const std::string& file) {
     const ReadOnlyBooks books(folder);
     BooksFolder place(target, fs::path(file).filename());
     const fs::path copy = place.Staging() / fs::path(file).filename();
-    std::string sums;
-    {
-        // Others may go on writing: the sums and the copy are of one moment.
-        const ado::Snapshot moment(qm::Conn());
-        sums = Sums(qm::Conn());
-        ado::BackUp(qm::Conn(), copy);
-    }
-    Compare(copy, sums);
-    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+    if (ado::IsServerAddress(folder))
+        ado::CopyBooks(qm::Conn(), copy);  // each row compared
+    else
+        CopyFile(copy);
     place.Publish();
 }
 
@@ -71,12 +79,13 @@ void AddBackup(CLI::App& app, Command& chosen) {
     };
     const auto options = std::make_shared<Options>();
     auto* command = app.add_subcommand("backup", "Copy the books into a file while others may work");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
+    command->add_option("DIR", options->folder, "Folder of the books, or their server's URI")->required();
     command->add_option("FILE", options->file, "New file; never overwritten")->required();
     command->footer(
         "The copy bears the same password. It is opened, its pages are checked and the sums of its tables "
-        "compared;\n"
-        "then it gets its name, and is on the disk before anything is said. To go back to it: qmhost "
+        "compared, those\n"
+        "of a server row by row; then it gets its name, and is on the disk before anything is said. To go "
+        "back to it: qmhost "
         "restore.\n"
         "Example: qmhost backup books books-2025-04-01.mdb");
     command->callback([options, &chosen] {

@@ -19,6 +19,7 @@ void AddYears(CLI::App& app, Command& chosen);
 void AddYearSwitch(CLI::App& app, Command& chosen);
 void AddAddYear(CLI::App& app, Command& chosen);
 void AddCheck(CLI::App& app, Command& chosen);
+void AddCopy(CLI::App& app, Command& chosen);
 void AddBackup(CLI::App& app, Command& chosen);
 void AddRestore(CLI::App& app, Command& chosen);
 void AddMenu(CLI::App& app, Command& chosen);

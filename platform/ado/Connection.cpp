@@ -68,10 +68,6 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     return result;
 }
 
-void Connection::SetNumbers(const KeyedNumbers& numbers) {
-    Opened()->SetNumbers(numbers);
-}
-
 int Connection::BeginTrans() {
     return Opened()->BeginTrans();
 }

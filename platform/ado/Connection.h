@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ado/store/KeyedNumbers.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -56,9 +55,6 @@ class Connection {
     // Close.
     RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
                          int options = -1);
-
-    // Sets numbers in the rows of a table, many at once and as one statement: all of it is done or nothing.
-    void SetNumbers(const KeyedNumbers& numbers);
 
     int BeginTrans();  // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another
                        // program

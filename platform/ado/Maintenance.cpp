@@ -5,6 +5,7 @@
 #include "platform/ado/Errors.h"
 #include "platform/ado/dialect/Scope.h"
 #include "platform/ado/store/NewStore.h"
+#include "platform/ado/store/ServerAddress.h"
 #include "platform/ado/store/Session.h"
 #include "platform/ado/store/StoreCopy.h"
 #include "platform/basic/Number.h"
@@ -95,8 +96,8 @@ void BackUp(Connection& connection, const std::string& file) {
 
 void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles) {
     const std::unique_ptr<NewStore> made =
-        IsServer(target) ? NewOnServer(target, roles == CopyRoles::Make)
-                         : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password"));
+        IsServerAddress(target) ? NewOnServer(target, roles == CopyRoles::Make)
+                                : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password"));
     const Snapshot moment(connection);
     CopyStore(connection.Opened()->engine(), *made);
     made->Finish();

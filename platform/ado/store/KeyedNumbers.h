@@ -16,7 +16,7 @@ struct KeyedNumbers {
     std::int32_t is = 0;
     std::vector<std::string> columns;                   // that are set, of the type Double
     std::map<std::int64_t, std::vector<double>> lines;  // by the key: a number for each column
-    std::optional<double> others;                       // for all columns of the rows without a line; else they stay
+    std::optional<double> others;  // for all columns of the rows without a line; else they stay
 };
 
 }  // namespace ado

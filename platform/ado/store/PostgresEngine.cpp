@@ -31,11 +31,20 @@ std::string Level(int level) {
 }  // namespace
 
 void PostgresEngine::Open(const std::string& source, const std::string&) {
-    address_ = ReadServerAddress(source);
+    Connect(ReadServerAddress(source));
+    try {
+        RequireBooks();
+    } catch (...) {
+        flight_.Disconnect();
+        throw;
+    }
+}
+
+void PostgresEngine::Connect(const ServerAddress& address) {
+    address_ = address;
     try {
         flight_.Connect(address_);
         Configure();
-        RequireBooks();
     } catch (...) {
         flight_.Disconnect();
         throw;
@@ -146,10 +155,12 @@ void PostgresEngine::Run(const std::vector<std::string>& statements) {
 }
 
 void PostgresEngine::CopyTable(const std::string& source, const std::string& target) {
-    for (const std::string& script : postgres::CopyOf(*this, source, target)) {
-        MakeRoom();
-        flight_.Script(script);
-    }
+    for (const std::string& script : postgres::CopyOf(*this, source, target)) Script(script);
+}
+
+void PostgresEngine::Script(const std::string& sql) {
+    MakeRoom();
+    flight_.Script(sql);
     wrote_ = true;
 }
 

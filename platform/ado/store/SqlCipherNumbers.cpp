@@ -20,7 +20,8 @@ void Line(sqlite3_context* context, int, sqlite3_value** values) {
 }  // namespace
 
 void InstallNumbers(SqlHandle& store, const KeyedNumbers*& numbers) {
-    sqlite3_create_function_v2(store.Get(), "qm_line", 2, SQLITE_UTF8, &numbers, Line, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(store.Get(), "qm_line", 2, SQLITE_UTF8, &numbers, Line, nullptr, nullptr,
+                               nullptr);
 }
 
 void SetNumbers(SqlHandle& store, const KeyedNumbers*& current, const KeyedNumbers& numbers) {
