@@ -22,30 +22,19 @@ std::string GroupIdOf(const std::string& name) {
     return std::to_string(basic::ToInteger((*rows)["Group_Id"]));
 }
 
-// The boxes and the fields are out of step, here and again in the update, on purpose: the details of a new
-// party come back in other boxes than the ones they were typed in. Kept 22.
 std::string InsertStatement(const std::string& ledgerId, const std::string& parentId,
                             const LedgerEntry& entry) {
-    std::string sql =
-        "insert into Ledger_Master(ledger_id,Name,Group_Id,primaryGrp,  "
-        "Company_name,contact_person,Designation, Address1,Address2,City,  Tel1, Tel2, Pincode, Pager, "
-        "Mobile, Email, Notes)  values(" +
-        ledgerId + " ,'" + entry.Name + "', " + parentId + ",'" + shared().PrimaryGroupName + "'";
-    for (std::size_t box = 1; box < entry.Details.size(); ++box)
-        sql += (box == 1 ? ",' " : ", ' ") + entry.Details[box] + "'";
-    return sql + ")";
+    return "insert into Ledger_Master(ledger_id,Name,Group_Id,primaryGrp,  "
+           "Company_name,contact_person,Designation, Address1,Address2,City,  Tel1, Tel2, Pincode, Pager, "
+           "Mobile, Email, Notes)  values(" +
+           ledgerId + " ,'" + entry.Name + "', " + parentId + ",'" + shared().PrimaryGroupName + "'" +
+           InsertedPartyValues(entry.Details) + ")";
 }
 
-// Box 5, the third line of the address, is not written. Kept 22.
 std::string UpdateStatement(const std::string& ledgerId, const std::string& parentId,
                             const LedgerEntry& entry) {
-    const auto& box = entry.Details;
     return "Update Ledger_Master Set Name= '" + entry.Name + "' ,Group_Id = " + parentId + ",primaryGrp = '" +
-           entry.GroupName + "', contact_person = '" + box[1] + "', Designation = '" + box[2] +
-           "', Address1 ='" + box[3] + "' ,Address2='" + box[4] + "',City ='" + box[6] + "', Tel1 ='" +
-           box[7] + "' , Tel2='" + box[8] + "' , Pincode='" + box[9] + "' ,Pager='" + box[10] +
-           "' , Mobile='" + box[11] + "' , Email='" + box[12] + "' , Notes ='" + box[13] +
-           "' Where Ledger_id = " + ledgerId;
+           entry.GroupName + "'" + UpdatedPartyFields(entry.Details) + " Where Ledger_id = " + ledgerId;
 }
 
 }  // namespace
@@ -64,7 +53,7 @@ void InsertLedger(const LedgerEntry& entry) {
     Conn().Execute(
         "insert into Ledger_Details(Ledger_Id,fnncl_Yr,Opening_Bal,Closing_Bal,Bal_Type) values('" +
         ledgerId + "', " + shared().FinYear + "," + entry.OpeningBal + "," + entry.OpeningBal + ",'" +
-        entry.BalType + "')");
+        LetterOf(entry.BalType) + "')");
 }
 
 void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
@@ -77,11 +66,11 @@ void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
                      "' and Group_Id=" + parentId);
     Conn().Execute("update Ledger_Details set Ledger_Id = " + ledgerId + ",fnncl_Yr = " + shared().FinYear +
                    ",Opening_Bal = " + entry.OpeningBal + ",Closing_Bal= " + entry.OpeningBal +
-                   ",Bal_Type=  '" + entry.BalType + "' Where ledger_id = " + ledgerId);
+                   ",Bal_Type=  '" + LetterOf(entry.BalType) + "' Where ledger_id = " + ledgerId);
 }
 
 bool LedgerHasVouchers(const std::string& ledgerId) {
-    return HasRow("Select * From " + YearTable("tb_Ledger") + " Where LedgerCode = " + ledgerId);
+    return HasRow("Select * From tb_Ledger" + shared().FinYear + " Where LedgerCode = " + ledgerId);
 }
 
 void DeleteLedgerRows(const std::string& ledgerId, const std::string& leafCondition) {

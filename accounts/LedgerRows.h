@@ -1,7 +1,9 @@
 #pragma once
 
-#include <array>
 #include <string>
+
+#include "accounts/PartyBoxes.h"
+#include "core/LedgerSide.h"
 
 namespace qm {
 
@@ -9,10 +11,10 @@ namespace qm {
 // them breaks the statement.
 struct LedgerEntry {
     std::string Name;
-    std::string GroupName;                // its group's name, of the first level
-    std::string OpeningBal;               // as typed
-    std::string BalType;                  // "C" or "D"
-    std::array<std::string, 14> Details;  // of a party, by the number of the box Text1; 0 is free
+    std::string GroupName;   // its group's name, of the first level
+    std::string OpeningBal;  // as typed
+    LedgerSide BalType = LedgerSide::Debit;
+    PartyDetails Details;  // of a party
 };
 
 // A ledger lives in three tables: a leaf of Group_Head_Master, the row of Ledger_Master under that leaf's

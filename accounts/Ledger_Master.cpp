@@ -4,6 +4,7 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
+#include "core/LedgerSide.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -16,14 +17,6 @@ namespace {
 
 constexpr int PartyHeight = 6975, PartyTop = 1395, LowestTop = 2895;
 constexpr int HeightAbovePanel = 2600;
-
-// What the boxes show. Add and Update write some of them to other fields; box 5 is not read. Kept 22.
-constexpr struct {
-    int Box;
-    const char* Field;
-} Shown[] = {{1, "Contact_person"}, {2, "Designation"}, {3, "Address1"}, {4, "Address2"},
-             {6, "City"},           {7, "PinCode"},     {8, "Tel1"},     {9, "Tel2"},
-             {10, "Pager"},         {11, "Mobile"},     {12, "Email"},   {13, "Notes"}};
 
 bool IsParty(const std::string& group) {
     return group == "Debtors" || group == "Suppliers";
@@ -81,17 +74,17 @@ ado::RecordsetPtr Ledger_Master::GetResultSet(const std::string& sql) {
 
 void Ledger_Master::Wire() {
     ucAddPanel& panel = *ui().ucAddPanel1;
-    panel.AddRec = [this] { AddRec(); };
-    panel.UpdRec = [this] { UpdRec(); };
-    panel.DelRec = [this] { DeleteLedger(); };
-    panel.FindRec = [this] { FindRec(); };
-    panel.CloseRec = [this] { Unload(); };
-    panel.NextRec = [this] { NextRec(); };
-    panel.PrevRec = [this] { PrevRec(); };
+    panel.AddRec = [this] { ucAddPanel1_AddRec(); };
+    panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
+    panel.DelRec = [this] { ucAddPanel1_DelRec(); };
+    panel.FindRec = [this] { ucAddPanel1_FindRec(); };
+    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
+    panel.NextRec = [this] { ucAddPanel1_NextRec(); };
+    panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
     ui().Combo1->Click = [this] { Combo1_Click(); };
     ui().Combo1->Validate = [this](bool&) { Combo1_Validate(); };
     ui().Text2->Validate = [this](bool&) { Text2_Validate(); };
-    ui().txtLedgerId->Change = [this] { ShowStockButton(); };
+    ui().txtLedgerId->Change = [this] { txtLedgerId_Change(); };
     ui().cmdStkClBal->Click = [this] { cmdStkClBal_Click(); };
 }
 
@@ -101,7 +94,7 @@ void Ledger_Master::Form_Unload() {
 }
 
 // The group stays as it was chosen, and the layout with it.
-void Ledger_Master::AddRec() {
+void Ledger_Master::ucAddPanel1_AddRec() {
     for (forms::TextBox* box : ControlsOf<forms::TextBox>()) box->SetText("");
     for (forms::OptionButton* option : ControlsOf<forms::OptionButton>()) option->SetValue(0);
     EnableControls();
@@ -111,7 +104,7 @@ void Ledger_Master::AddRec() {
 }
 
 // A ledger that a test refused is no longer a new one: the next Update takes it for one that stands. Kept 24.
-void Ledger_Master::UpdRec() {
+void Ledger_Master::ucAddPanel1_UpdRec() {
     EnableControls();
     IsNewLedger ? AddLedger() : UpdateLedger();
     IsNewLedger = false;
@@ -127,7 +120,7 @@ void Ledger_Master::EnableControls() {
 
 // Deleted ledgers are found like others. A look-up that is closed without a choice leaves the number of the
 // one before. Kept 28.
-void Ledger_Master::FindRec() {
+void Ledger_Master::ucAddPanel1_FindRec() {
     frmSearchAndLookUp& lookUp = forms::Default<frmSearchAndLookUp>();
     lookUp.BaseQuery = "select ledger_ID as [Ledger Id],Name from Ledger_Master";
     SearchLikePrefix = "select ledger_ID as [Ledger Id],Name from Ledger_Master where Name like ";
@@ -143,15 +136,16 @@ void Ledger_Master::FindRec() {
     ShowLedgerRecord(*found);  // a ledger without a row in this year raises here
     const basic::Value opening = (*found)["Opening_Bal"], side = (*found)["Bal_Type"];
     if (!opening.IsNull()) ui().Text2->SetText(basic::ToText(opening));
-    if (!side.IsNull()) (basic::ToText(side) == "C" ? ui().Option1 : ui().Option2)->SetValue(1);
+    const bool credit = SideOfLetter(basic::TextOrEmpty(side)) == LedgerSide::Credit;
+    if (!side.IsNull()) (credit ? ui().Option1 : ui().Option2)->SetValue(1);
 }
 
-void Ledger_Master::NextRec() {
+void Ledger_Master::ucAddPanel1_NextRec() {
     Page(&ado::Recordset::MoveNext, &ado::Recordset::Eof, "End of File Reached",
          &ado::Recordset::MovePrevious);
 }
 
-void Ledger_Master::PrevRec() {
+void Ledger_Master::ucAddPanel1_PrevRec() {
     Page(&ado::Recordset::MovePrevious, &ado::Recordset::Bof, "Begining of File Reached",
          &ado::Recordset::MoveNext);
 }
@@ -172,16 +166,15 @@ void Ledger_Master::Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*
 void Ledger_Master::ShowLedgerRecord(ado::Recordset& record) {
     ui().txtLedgerId->SetText(basic::TextOrEmpty(record["Ledger_ID"]));
     ui().txtLedName->SetText(basic::TextOrEmpty(record["Name"]));
-    for (const auto& [box, field] : Shown) Text1(box).SetText(basic::TextOrEmpty(record[field]));
+    for (const auto& [box, field] : ShownPartyFields()) Text1(box).SetText(basic::TextOrEmpty(record[field]));
     ui().Combo1->SetText(basic::TextOrEmpty(record["PrimaryGrp"]));
     ShowBalance(record);
 }
 
 // Choosing one option lets go of the other.
 void Ledger_Master::ShowBalance(ado::Recordset& record) {
-    const std::string side = basic::TextOrEmpty(record["Bal_Type"]);
-    if (side == "C") ui().Option1->SetValue(1);
-    if (side == "D") ui().Option2->SetValue(1);
+    const auto side = SideOfLetter(basic::TextOrEmpty(record["Bal_Type"]));
+    if (side) (side == LedgerSide::Credit ? ui().Option1 : ui().Option2)->SetValue(1);
     ui().Text2->SetText(basic::TextOrEmpty(record["Opening_Bal"]));
 }
 
@@ -239,7 +232,7 @@ LedgerEntry Ledger_Master::Entry() {
     LedgerEntry entry{ui().txtLedName->Text(),
                       ui().Combo1->Text(),
                       ui().Text2->Text(),
-                      ui().Option1->Value() ? "C" : "D",
+                      ui().Option1->Value() ? LedgerSide::Credit : LedgerSide::Debit,
                       {}};
     for (std::size_t box = 1; box < entry.Details.size(); ++box)
         entry.Details[box] = Text1(static_cast<int>(box)).Text();

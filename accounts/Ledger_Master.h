@@ -33,11 +33,14 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     void Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*beyond)() const, const char* atEnd,
               void (ado::Recordset::*back)());
 
-    void AddRec();
-    void UpdRec();
-    void FindRec();
-    void NextRec();
-    void PrevRec();
+    void ucAddPanel1_AddRec();
+    void ucAddPanel1_UpdRec();
+    void ucAddPanel1_DelRec() { DeleteLedger(); }
+    void ucAddPanel1_FindRec();
+    void ucAddPanel1_CloseRec() { Unload(); }
+    void ucAddPanel1_NextRec();
+    void ucAddPanel1_PrevRec();
+    void txtLedgerId_Change() { ShowStockButton(); }
     void Combo1_Click() { ApplyGroupLayout(); }
     void Combo1_Validate();
     void Text2_Validate();

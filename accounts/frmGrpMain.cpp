@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "accounts/LedgerRows.h"
+#include "accounts/LedgerVoucherLines.h"
 #include "accounts/Ledger_Master.h"
-#include "accounts/VoucherLines.h"
 #include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
@@ -55,7 +55,9 @@ void frmGrpMain::Wire() {
     ui().cmdAdd->Click = [this] { cmdAdd_Click(); };
     ui().cmdDelete->Click = [this] { cmdDelete_Click(); };
     ui().cmdExit->Click = [this] { cmdExit_Click(); };
-    WireSplitter();
+    ui().imgSplitter->MouseDown = [this](int, int, int) { imgSplitter_MouseDown(); };
+    ui().imgSplitter->MouseMove = [this](int, int x, int) { imgSplitter_MouseMove(x); };
+    ui().imgSplitter->MouseUp = [this](int, int, int) { imgSplitter_MouseUp(); };
 }
 
 void frmGrpMain::Form_Load() {
@@ -167,9 +169,9 @@ void frmGrpMain::ShowLedgers(std::int16_t groupId) {
 
 void frmGrpMain::ShowVouchers(std::int16_t ledgerId) {
     SetHeads(VoucherHeads);
-    const ado::RecordsetPtr rows = ExecuteRecordset("Select * from " + YearTable("tb_ledger") +
+    const ado::RecordsetPtr rows = ExecuteRecordset("Select * from tb_ledger" + shared().FinYear +
                                                     " Where ledgercode =" + std::to_string(ledgerId));
-    ui().lvListView->SetRowSource(std::make_shared<VoucherLines>(*rows));
+    ui().lvListView->SetRowSource(std::make_shared<LedgerVoucherLines>(*rows));
     rows->Close();
 }
 
@@ -225,7 +227,7 @@ void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newT
     const forms::Node* const node = ui().tvTreeView->SelectedItem();
     if (!node) return;
     if (node->FullPath().find('\\') != std::string::npos)
-        Conn().Execute("Update group_Head_master set group_Head_Name = '" + newText +
+        Conn().Execute("Update group_Head_master Set group_Head_Name = '" + newText +
                        "' Where group_id = " + node->Key().substr(1));
     else
         Tell("Can Not Edit Primary Group");
@@ -233,25 +235,25 @@ void frmGrpMain::tvTreeView_AfterLabelEdit(bool& cancel, const std::string& newT
     BuildTree();
 }
 
-void frmGrpMain::WireSplitter() {
-    forms::Image& handle = *ui().imgSplitter;
-    forms::PictureBox& bar = *ui().picSplitter;
-    handle.MouseDown = [&, this](int, int, int) {
-        bar.Move(handle.Left(), 0, Gap, handle.Height());
-        bar.SetVisible(true);
-        dragging_ = true;
-    };
-    handle.MouseMove = [&, this](int, int x, int) {
-        if (!dragging_) return;
-        const int furthest = std::max(SplitLimit, ui().picPanes->Width() - SplitLimit);
-        bar.Move(std::clamp(handle.Left() + x, SplitLimit, furthest), 0, Gap, bar.Height());
-    };
-    handle.MouseUp = [&, this](int, int, int) {
-        if (!dragging_) return;
-        dragging_ = false;
-        bar.SetVisible(false);
-        SizeControls(bar.Left());
-    };
+void frmGrpMain::imgSplitter_MouseDown() {
+    const forms::Image& handle = *ui().imgSplitter;
+    ui().picSplitter->Move(handle.Left(), 0, Gap, handle.Height());
+    ui().picSplitter->SetVisible(true);
+    dragging_ = true;
+}
+
+void frmGrpMain::imgSplitter_MouseMove(int x) {
+    if (!dragging_) return;
+    const int furthest = std::max(SplitLimit, ui().picPanes->Width() - SplitLimit);
+    ui().picSplitter->Move(std::clamp(ui().imgSplitter->Left() + x, SplitLimit, furthest), 0, Gap,
+                           ui().picSplitter->Height());
+}
+
+void frmGrpMain::imgSplitter_MouseUp() {
+    if (!dragging_) return;
+    dragging_ = false;
+    ui().picSplitter->SetVisible(false);
+    SizeControls(ui().picSplitter->Left());
 }
 
 void frmGrpMain::Form_Resize() {

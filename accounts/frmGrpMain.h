@@ -43,7 +43,9 @@ class frmGrpMain : public forms::FormOf<Ui::frmGrpMain> {
     void cmdAdd_Click();
     void cmdDelete_Click();
     void cmdExit_Click() { Unload(); }
-    void WireSplitter();
+    void imgSplitter_MouseDown();
+    void imgSplitter_MouseMove(int x);
+    void imgSplitter_MouseUp();
 
     // Both live as long as the form. Ledgers that are marked as deleted are left out.
     ado::RecordsetPtr primaryGroups_, ledgers_;

@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "core/DBCode.h"
+
 namespace bench {
 namespace {
 
@@ -56,9 +58,9 @@ std::int64_t ReadTexts(BareStatement& rows) {
 }
 
 Bare::Bare(const std::filesystem::path& folder, bool durable) {
-    const std::string file = (folder / "QmAccount.mdb").string();
+    const std::string file = (folder / qm::BooksFile).string();
     Check(db_, sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr));
-    Run("PRAGMA key = 'quintel'");
+    Run(std::string("PRAGMA key = '") + qm::BooksPassword + "'");
     Run("PRAGMA cache_size = -65536");
     Run(durable ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
 }

@@ -1,14 +1,14 @@
 #include "core/Balance.h"
 
+#include "core/LedgerSide.h"
 #include "platform/basic/Number.h"
 
 namespace qm {
 
 std::optional<double> SignedOpening(ado::Recordset& details) {
-    const std::string side = basic::TextOrEmpty(details["Bal_Type"]);
-    if (side == "C") return basic::ToDouble(details["Opening_Bal"]) * -1;
-    if (side == "D") return basic::ToDouble(details["Opening_Bal"]);
-    return std::nullopt;
+    const auto side = SideOfLetter(basic::TextOrEmpty(details["Bal_Type"]));
+    if (!side) return std::nullopt;
+    return basic::ToDouble(details["Opening_Bal"]) * (side == LedgerSide::Credit ? -1 : 1);
 }
 
 std::string BalanceText(double balance, const std::function<std::string(double)>& figure) {

@@ -14,8 +14,6 @@
 namespace qm {
 namespace {
 
-const char* const BooksPassword = "quintel";
-
 // How a value of the record helpers stands in a statement. Numbers and booleans go in as they stand, blanks
 // included.
 std::string SqlValue(const std::string& value, const std::string& type) {
@@ -61,8 +59,7 @@ void OpenConnection(const std::string& fileName) {
     connection.Properties("Data Source") = shared().DataPath + fileName;
     connection.Properties("Jet OlEDB:Database Password") = BooksPassword;
     connection.Open("", "", "", -1);
-    if (const std::string notice = connection.Notice(); !notice.empty())
-        MsgBox(notice, vbInformation, AppTitle);
+    if (const std::string notice = connection.Notice(); !notice.empty()) Tell(notice);
 }
 
 void LoadCurrentYear() {

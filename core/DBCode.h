@@ -8,8 +8,9 @@
 
 namespace qm {
 
-// The file that holds the books, in the folder dataPath.
+// The file that holds the books, in the folder dataPath, and its password.
 inline constexpr const char* BooksFile = "QmAccount.mdb";
+inline constexpr const char* BooksPassword = "quintel";
 
 // Opens the shared connection on dataPath followed directly by the file name. Does nothing while it is open.
 // A failure is raised unchanged.

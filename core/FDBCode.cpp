@@ -3,9 +3,10 @@
 #include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/LedgerSide.h"
 #include "core/Quoting.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
-#include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
 
 namespace qm {
@@ -13,25 +14,15 @@ namespace {
 
 // Any other code leaves the statement short of a value, and it fails. Kept 3.
 std::string TypeWord(std::int32_t typeCode) {
-    switch (typeCode) {
-        case Journal:
-            return "\"Journal\", ";
-        case Payment:
-            return "\"Payment\", ";
-        case Receipt:
-            return "\"Receipt\", ";
-        case Contra:
-            return "\"Contra\", ";
-        default:
-            return "";
-    }
+    const auto type = TypeOfCode(typeCode);
+    return type ? Quoted(WordOf(*type)) + ", " : "";
 }
 
 std::string Amounts(std::int32_t sideCode, double amount) {
-    switch (sideCode) {
-        case Debit:
+    switch (LedgerSide{sideCode}) {
+        case LedgerSide::Debit:
             return basic::NumberText(amount) + ", 0";
-        case Credit:
+        case LedgerSide::Credit:
             return "0, " + basic::NumberText(amount);
         default:
             return "";
@@ -44,7 +35,7 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
                             std::int32_t sideCode, const std::string& narration, double amount,
                             std::int32_t ledgerCode, const std::string& ledgerName) {
     try {
-        const std::string sql = "Insert Into " + YearTable("tb_Ledger") +
+        const std::string sql = "Insert Into tb_Ledger" + shared().FinYear +
                                 " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, "
                                 "LedgerTrnType, LedgerDrAmt, "
                                 "LedgerCrAmt   ) Values (" +
@@ -61,30 +52,6 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
         LogError("Module-FDBCode", error);
         return 0;
     }
-}
-
-void ReverseVoucher(const std::int32_t& voucherNo, ado::Connection& connection) {
-    const std::string ofVoucher =
-        YearTable("tb_Ledger") + " Where LedgerTrnNo = " + basic::NumberText(voucherNo);
-    const ado::RecordsetPtr rows = connection.Execute("Select * from " + ofVoucher);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const std::string ledgerCode = basic::TextOrEmpty((*rows)["ledgerCode"]);
-        const basic::Value debit = (*rows)["LedgerDrAmt"], credit = (*rows)["LedgerCrAmt"];
-        // "Not Null, or not 0": a Null makes the whole test Null and is passed over, a 0 runs as "- 0".
-        // Kept 4.
-        if (!debit.IsNull())
-            connection.Execute(
-                "Update Ledger_Details Set LedDetDrTxnTot = ( IIf( IsNull(LedDetDrTxnTot), 0, "
-                "LedDetDrTxnTot) - " +
-                basic::ToText(debit) + ") Where Ledger_Id = " + ledgerCode);
-        if (!credit.IsNull())
-            connection.Execute(
-                "Update Ledger_Details Set LedDetCrTxnTot = (IIf(IsNull(LedDetCrTxnTot), 0, "
-                "LedDetCrTxnTot) - " +
-                basic::ToText(credit) + ") Where Ledger_Id = " + ledgerCode);
-    }
-    rows->Close();
-    connection.Execute("Delete * from " + ofVoucher);
 }
 
 }  // namespace qm

@@ -41,11 +41,6 @@ bool IsDateInFinYear(basic::Date date, std::int16_t year) {
     return day >= first && day <= last;
 }
 
-std::string FinYearRangeText(int year) {
-    return "Please select the date in Financial Year range \r\n\r\n'01-Apr-" + std::to_string(year) +
-           "' to '31-Mar-" + std::to_string(year + 1) + "'";
-}
-
 void FillComboFromQuery(basic::ListControl& combo, const std::string& sql, bool emptyLine) {
     combo.Clear();
     if (emptyLine) combo.AddItem("");

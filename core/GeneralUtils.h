@@ -12,10 +12,6 @@ namespace qm {
 // Whether the day lies from 01-Apr-year to 31-Mar-year+1, both included. Raises 6 "Overflow" for year 32767.
 bool IsDateInFinYear(basic::Date date, std::int16_t year);
 
-// What the screens say of a date outside the year, with the years that they name: those of `year`, or, on the
-// screens that name the range one year early, those of the year before. Kept 1.
-std::string FinYearRangeText(int year);
-
 // Clears the box; with `emptyLine` adds an empty line first; then adds each value of the select's first
 // column in order.
 void FillComboFromQuery(basic::ListControl& combo, const std::string& sql, bool emptyLine);

@@ -88,7 +88,7 @@ ado::RecordsetPtr clQm::GetCreditLedgers() {
 }
 
 basic::Value clQm::GetVchrNoFromTxnNo(std::int32_t lTxnNo) {
-    const auto numbers = FetchFirstColumn("Select ledgerVchrNo from " + YearTable("tb_Ledger") +
+    const auto numbers = FetchFirstColumn("Select ledgerVchrNo from tb_Ledger" + shared().FinYear +
                                           " Where ledgerTrnNo = " + std::to_string(lTxnNo));
     if (numbers.empty()) basic::Raise(basic::error::Subscript, "clQm");
     return numbers.front();

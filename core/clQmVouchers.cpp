@@ -1,13 +1,16 @@
 // The voucher calls of the class: one row, one transaction each, with no check that the sides balance.
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "core/Balance.h"
 #include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
+#include "core/VoucherType.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
@@ -25,8 +28,9 @@ bool FailVoucher(const basic::Error& error) {
     return false;
 }
 
-std::string OfVoucher(std::int32_t lTrnID) {
-    return " From " + YearTable("tb_Ledger") + " Where LedgerTrnNo = " + basic::NumberText(lTrnID);
+void DeleteRows(std::int32_t lTrnID) {
+    ExecuteCounted("Delete From tb_Ledger" + shared().FinYear +
+                   " Where LedgerTrnNo = " + basic::NumberText(lTrnID));
 }
 
 std::string OfLedger(const std::string& ledgerCode) {
@@ -42,12 +46,8 @@ std::string AmountText(double amount) {
 
 // Any other letter appends nothing, which leaves the insert a value short, so it fails. Kept 3.
 std::string TypeWord(const std::string& category) {
-    const std::string letter = basic::UCase(category);
-    if (letter == "J") return "\"Journal\", ";
-    if (letter == "P") return "\"Payment\", ";
-    if (letter == "R") return "\"Receipt\", ";
-    if (letter == "C") return "\"Contra\", ";
-    return "";
+    const auto type = TypeOfLetter(basic::UCase(category));
+    return type ? Quoted(WordOf(*type)) + ", " : "";
 }
 
 // 0 without a row for the year; an opening on neither side counts as 0.
@@ -83,13 +83,13 @@ void ReverseTotals(ado::Recordset& row) {
 // A row of the voucher, written again on its own side. The result of InsertVoucher is not looked at; a row
 // with both amounts is not written again: both kept 8.
 void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt, ado::Recordset& row) {
-    const char* side = nullptr;
+    std::optional<LedgerSide> side;
     if (IsNullOrZero(row["LedgerDrAmt"]))
-        side = "C";
+        side = LedgerSide::Credit;
     else if (IsNullOrZero(row["LedgerCrAmt"]))
-        side = "D";
-    if (side == nullptr) return;
-    host.InsertVoucher(lTrnID, dtTrnDT, basic::Left(basic::ToText(row["LedgerTrnType"]), 1), side,
+        side = LedgerSide::Debit;
+    if (!side) return;
+    host.InsertVoucher(lTrnID, dtTrnDT, basic::Left(basic::ToText(row["LedgerTrnType"]), 1), LetterOf(*side),
                        basic::ToText(row["LedgerNarration"]), dAmt, basic::ToLong(row["LedgerCode"]),
                        basic::ToText(row["LedgerName"]));
 }
@@ -98,12 +98,12 @@ void WriteAgain(clQm& host, std::int32_t lTrnID, std::int32_t dtTrnDT, double dA
 
 std::int32_t clQm::GetNextTrnID() {
     LoadCurrentYear();
-    return NextNumber("Select Max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
+    return NextNumber("Select Max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
 }
 
 basic::Value clQm::VchrTrnNo() {
     ado::Recordset rows;
-    rows.Open("Select Max(ledgerTrnNo) as high from " + YearTable("tb_ledger"), shared().Connection);
+    rows.Open("Select Max(ledgerTrnNo) as high from tb_ledger" + shared().FinYear, shared().Connection);
     const double next = NumberAfter(rows.Fields(0).Value());
     if (next > std::numeric_limits<std::int32_t>::max())
         return next;  // a variant widens, where a 32-bit number would not
@@ -115,18 +115,18 @@ bool clQm::InsertVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, const std::s
                          std::int32_t lLedCode, const std::string& sLedName) {
     try {
         const std::string ledgerCode = basic::NumberText(lLedCode), amount = AmountText(dAmt);
-        const std::string side = basic::UCase(sTrnType);
+        const auto side = SideOfLetter(basic::UCase(sTrnType));
         std::string insert =
-            "Insert Into " + YearTable("tb_Ledger") +
+            "Insert Into tb_Ledger" + shared().FinYear +
             " (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerNarration, LedgerTrnType, "
             "LedgerDrAmt, LedgerCrAmt, LedgerLedBal, LedgerMcGenerated) Values (" +
             basic::NumberText(lTrnID) + ", " + ledgerCode + ", " + Quoted(sLedName) + ", " +
             basic::NumberText(dtTrnDT) + ", " + Quoted(sTrnNarration) + ", " + TypeWord(sTrnCate);
         std::string update = "Update Ledger_Details Set ";
-        if (side == "D") {
+        if (side == LedgerSide::Debit) {
             insert += amount + ", 0";
             update += "LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) + " + amount;
-        } else if (side == "C") {
+        } else if (side == LedgerSide::Credit) {
             insert += "0, " + amount;
             update += "LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) + " + amount;
         }
@@ -149,13 +149,15 @@ bool clQm::UpdateVoucher(std::int32_t lTrnID, std::int32_t dtTrnDT, double dAmt)
         LoadCurrentYear();
         ado::Recordset rows;  // a client-side copy: it survives the delete
         rows.SetCursorLocation(ado::adUseClient);
-        rows.Open("Select LedgerCode, LedgerNarration, LedgerTrnType, LedgerName, LedgerCrAmt, LedgerDrAmt" +
-                      OfVoucher(lTrnID),
-                  shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
+        rows.Open(
+            "Select LedgerCode, LedgerNarration, LedgerTrnType, LedgerName, LedgerCrAmt, LedgerDrAmt From "
+            "tb_Ledger" +
+                shared().FinYear + " Where LedgerTrnNo = " + basic::NumberText(lTrnID),
+            shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
         // The delete is committed before the rows are written again, and a failure there leaves the voucher
         // partly rewritten: the order is kept 7.
         Conn().BeginTrans();
-        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        DeleteRows(lTrnID);
         Conn().CommitTrans();
         for (; !rows.Eof(); rows.MoveNext()) {
             Conn().BeginTrans();
@@ -175,8 +177,9 @@ bool clQm::DeleteVoucher(std::int32_t lTrnID) {
     try {
         LoadCurrentYear();
         ado::Recordset rows;
-        rows.Open("Select LedgerCode, LedgerCrAmt, LedgerDrAmt" + OfVoucher(lTrnID), shared().Connection,
-                  ado::adOpenForwardOnly, ado::adLockReadOnly);
+        rows.Open("Select LedgerCode, LedgerCrAmt, LedgerDrAmt From tb_Ledger" + shared().FinYear +
+                      " Where LedgerTrnNo = " + basic::NumberText(lTrnID),
+                  shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
         if (rows.Eof()) return true;  // a voucher that is not there is as good as deleted
         for (; !rows.Eof(); rows.MoveNext()) {
             Conn().BeginTrans();
@@ -185,7 +188,7 @@ bool clQm::DeleteVoucher(std::int32_t lTrnID) {
         }
         // Later vouchers keep their numbers: the gap stays. Kept 10.
         Conn().BeginTrans();
-        ExecuteCounted("Delete" + OfVoucher(lTrnID));
+        DeleteRows(lTrnID);
         Conn().CommitTrans();
         rows.Close();
         return true;

@@ -14,10 +14,6 @@ ado::Connection& Conn() {
     return *shared().Connection;
 }
 
-std::string YearTable(const std::string& stem) {
-    return stem + shared().FinYear;
-}
-
 void RollbackOpen() {
     if (shared().Connection && shared().Connection->TransDepth() > 0) shared().Connection->RollbackTrans();
 }

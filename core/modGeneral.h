@@ -13,7 +13,9 @@ struct Shared {
     std::string
         DataPath;  // the folder as the host gave it, a plain prefix: ends in "/" or the names run together
     ado::ConnectionPtr Connection;  // the one connection; null until OpenConnection
-    std::string FinYear;  // short form of the current year, such as "2001"; set only by LoadCurrentYear
+    // Short form of the current year, such as "2001"; the per-year tables end in it. Set only by
+    // LoadCurrentYear.
+    std::string FinYear;
     std::string PrimaryGroupName;  // results of GetPrimaryGroup
     std::int16_t PrimaryGroupId = 0;
 };
@@ -30,8 +32,5 @@ void RollbackOpen();
 // Every posting statement's count is a test: fewer than 1 record raises an error with number 0 and no
 // description, which the routine's own failure step takes.
 void RequireRecords(std::int64_t recordsAffected);
-
-// "tb_Ledger" gives "tb_Ledger2001": the name of a per-year table of the current year.
-std::string YearTable(const std::string& stem);
 
 }  // namespace qm

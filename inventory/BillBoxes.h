@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "core/BillFigures.h"
+#include "inventory/LandingCost.h"
 #include "inventory/StockPosting.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/Controls.h"

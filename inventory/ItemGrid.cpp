@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "core/MsgBox.h"
+#include "core/Boxes.h"
 #include "inventory/PickedItems.h"
 #include "platform/basic/Number.h"
 #include "shell/EntryChecks.h"
@@ -41,7 +41,7 @@ void ItemGrid::LimitLength(int col) const {
 }
 
 bool ItemGrid::Refuse(int row, int col, const std::string& message) const {
-    MsgBox(message, vbInformation, AppTitle);
+    Tell(message);
     grid_->Select(row, col);
     grid_->SetFocus();
     return false;
@@ -54,8 +54,7 @@ void ItemGrid::AddPicked(const std::string& present, Landing landing) const {
     for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
         if (const auto there = rows.find(id); there != rows.end()) {
-            if (!grid_->RowHidden(there->second))
-                MsgBox("Item '" + item.Name + "'" + present, vbInformation, AppTitle);
+            if (!grid_->RowHidden(there->second)) Tell("Item '" + item.Name + "'" + present);
             continue;
         }
         if (landing == Landing::FreeRow && HasItem(EntryRow())) grid_->AddItem("", EntryRow() + 1);

@@ -25,7 +25,7 @@ std::vector<std::string> WithoutKey(const std::vector<std::string>& all) {
 }
 
 std::string SelectItem(const std::string& id) {
-    return "SELECT  *  FROM " + YearTable("ItemMaster") + " WHERE  Item_ID=" + id;
+    return "SELECT  *  FROM ItemMaster" + shared().FinYear + " WHERE  Item_ID=" + id;
 }
 
 // A file of old that the screen's routines still ask for: with the shared connection open it does nothing.
@@ -41,7 +41,7 @@ void ItemMaster::Wire() {
     panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
     panel.DelRec = [this] { ucAddPanel1_DelRec(); };
     panel.FindRec = [this] { ucAddPanel1_FindRec(); };
-    panel.CloseRec = [this] { Unload(); };
+    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
     panel.NextRec = [this] { ucAddPanel1_NextRec(); };
     panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
 }
@@ -52,7 +52,7 @@ void ItemMaster::Form_Load() {
     SetHeight(5640);
     items_ = std::make_shared<ado::Recordset>();
     SkipOnError([this] {
-        items_->Open("Select * From " + YearTable("ItemMaster"), shared().Connection, ado::adOpenStatic,
+        items_->Open("Select * From ItemMaster" + shared().FinYear, shared().Connection, ado::adOpenStatic,
                      ado::adLockReadOnly);
     });
 }
@@ -74,7 +74,7 @@ void ItemMaster::ShowNextNumber() {
     double number = 1;
     SkipOnError([&] {
         const ado::RecordsetPtr rows =
-            ExecuteRecordset("SELECT  max(Item_ID)  FROM " + YearTable("ItemMaster"));
+            ExecuteRecordset("SELECT  max(Item_ID)  FROM ItemMaster" + shared().FinYear);
         number = NumberAfter(rows->Fields(0).Value());
     });
     ui().txtItemID->SetText(basic::NumberText(number));
@@ -122,15 +122,15 @@ void ItemMaster::ucAddPanel1_UpdRec() {
 }
 
 void ItemMaster::InsertItem() {
-    SkipOnError([this] { InsertRecord(YearTable("ItemMaster"), Fields, Values(), Types); });
+    SkipOnError([this] { InsertRecord("ItemMaster" + shared().FinYear, Fields, Values(), Types); });
     SkipOnError([this] { items_->Requery(); });
     new_ = false;
 }
 
 void ItemMaster::UpdateItem() {
     SkipOnError([this] {
-        UpdateRecords(YearTable("ItemMaster"), WithoutKey(Fields), WithoutKey(Values()), WithoutKey(Types),
-                      "Item_ID =" + ui().txtItemID->Text());
+        UpdateRecords("ItemMaster" + shared().FinYear, WithoutKey(Fields), WithoutKey(Values()),
+                      WithoutKey(Types), "Item_ID =" + ui().txtItemID->Text());
     });
     SkipOnError([this] { items_->Requery(); });
 }
@@ -144,7 +144,7 @@ void ItemMaster::ucAddPanel1_DelRec() {
         return;
     }
     SkipOnError([this] {
-        ExecuteNoRecords("Delete  FROM " + YearTable("ItemMaster") +
+        ExecuteNoRecords("Delete  FROM ItemMaster" + shared().FinYear +
                          "WHERE  Item_ID=" + ui().txtItemID->Text());
     });
     ClearControls(*this, "");
@@ -157,7 +157,8 @@ void ItemMaster::ucAddPanel1_FindRec() {
     OpenProject();
     SkipOnError([] {
         frmSearchAndLookUp& lookUp = forms::Default<frmSearchAndLookUp>();
-        lookUp.BaseQuery = "select Item_ID as [Item Id],Item_Name as [Name]  from " + YearTable("ItemMaster");
+        lookUp.BaseQuery =
+            "select Item_ID as [Item Id],Item_Name as [Name]  from ItemMaster" + shared().FinYear;
         SearchLikePrefix = lookUp.BaseQuery + " where Item_Name like ";
         lookUp.ui().mylbl->SetCaption(" Enter Item Name   ");
         lookUp.Show(forms::vbModal);

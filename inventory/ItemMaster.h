@@ -27,6 +27,7 @@ class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
     void ucAddPanel1_UpdRec();
     void ucAddPanel1_DelRec();
     void ucAddPanel1_FindRec();
+    void ucAddPanel1_CloseRec() { Unload(); }
     void ucAddPanel1_NextRec();
     void ucAddPanel1_PrevRec();
 

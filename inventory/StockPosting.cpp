@@ -3,36 +3,19 @@
 #include "core/CountedExecution.h"
 #include "core/DBCode.h"
 #include "core/FDBCode.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
-#include "platform/basic/Text.h"
 
 namespace qm {
-namespace {
-
-std::optional<double> Rate(const std::string& percent) {
-    if (basic::Trim(percent).empty()) return std::nullopt;
-    return basic::PrefixValue(percent) / 100;
-}
-
-}  // namespace
-
-LandingCost::LandingCost(const std::string& discount, const std::string& taxRate)
-    : discount_(Rate(discount)), taxRate_(Rate(taxRate)) {}
-
-double LandingCost::Next(double unitPrice) {
-    if (discount_) cost_ = *discount_;
-    if (taxRate_) cost_ += *taxRate_;
-    cost_ *= unitPrice;
-    return cost_;
-}
 
 void InsertMovement(const Movement& row) {
     using basic::NumberText;
     ExecuteCounted(
-        "Insert Into " + YearTable("tblItemLed") +
+        "Insert Into tblItemLed" + shared().FinYear +
         "(ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemId, ItemLedPONo, "
         "ItemLedItemDesc, " +
         (row.Issued ? "ItemLedTrnIssQty, " : "") +
@@ -45,29 +28,35 @@ void InsertMovement(const Movement& row) {
 }
 
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark) {
-    ExecuteCounted("Update " + YearTable("tblItemLed") + " Set ItemLedNote = " + Quoted(remark) +
+    ExecuteCounted("Update tblItemLed" + shared().FinYear + " Set ItemLedNote = " + Quoted(remark) +
                    " Where ItemLedTrnNo =  " + basic::NumberText(txnNo) + " And ItemLedItemId = " +
                    basic::NumberText(itemId) + " And ItemLedTrnType = '" + type + "'");
 }
 
-void AddToItem(const std::string& counter, double itemId, double qty) {
-    ExecuteCounted("Update " + YearTable("ItemMaster") + " Set " + counter + " = Iif(IsNull(" + counter +
-                   "), 0, " + counter + ") + " + basic::NumberText(qty) +
+void AddReceived(double itemId, double qty) {
+    ExecuteCounted("Update ItemMaster" + shared().FinYear +
+                   " Set ReceivedQty = Iif(IsNull(ReceivedQty), 0, ReceivedQty) + " + basic::NumberText(qty) +
+                   " Where Item_ID = " + basic::NumberText(itemId));
+}
+
+void AddIssued(double itemId, double qty) {
+    ExecuteCounted("Update ItemMaster" + shared().FinYear +
+                   " Set IssuedQty = Iif(IsNull(IssuedQty), 0, IssuedQty) + " + basic::NumberText(qty) +
                    " Where Item_ID = " + basic::NumberText(itemId));
 }
 
 void PostBill(const Bill& bill) {
     using basic::NumberText;
     Conn().BeginTrans();
-    std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from " + YearTable("tb_Ledger"));
-    const auto post = [&](SideCode side, const EntrySide& ledger) {
-        voucherNo = PostVoucherRow(voucherNo, bill.Date, Journal, side, bill.Narration, bill.Amount,
-                                   ledger.LedgerId, ledger.LedgerName);
+    std::int32_t voucherNo = NextNumber("Select max(LedgerTrnNo) As High from tb_Ledger" + shared().FinYear);
+    const auto post = [&](LedgerSide side, const EntrySide& ledger) {
+        voucherNo = PostVoucherRow(voucherNo, bill.Date, CodeOf(VoucherType::Journal), CodeOf(side),
+                                   bill.Narration, bill.Amount, ledger.LedgerId, ledger.LedgerName);
         RequireRecords(voucherNo != 0);
     };
-    post(Credit, bill.Credit);
-    post(Debit, bill.Debit);
-    ExecuteCounted("Insert into " + YearTable("tblBills") +
+    post(LedgerSide::Credit, bill.Credit);
+    post(LedgerSide::Debit, bill.Debit);
+    ExecuteCounted("Insert into tblBills" + shared().FinYear +
                    "(BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID, BillDiscount, BillTaxRate, "
                    "BillOtherCharges) Values (" +
                    Quoted(bill.BillNo) + ", " + NumberText(bill.TxnNo) + ", " + NumberText(voucherNo) + ", " +

@@ -12,18 +12,6 @@ namespace qm {
 // its statement fail. A statement that affects no record raises error 0, which the screen's failure step
 // takes. The transactions are the screens', but for PostBill.
 
-// The figure that a receipt keeps with each new row, in their order: the unit price times the sum of the two
-// rates. Kept 51: without a discount, a tax rate is added to the figure of the row before.
-class LandingCost {
-  public:
-    LandingCost(const std::string& discount, const std::string& taxRate);  // percents; blank: none
-    double Next(double unitPrice);
-
-  private:
-    std::optional<double> discount_, taxRate_;
-    double cost_ = 0;
-};
-
 // A row of tblItemLed<FinYear>.
 struct Movement {
     std::int32_t TxnNo = 0;
@@ -44,8 +32,9 @@ void InsertMovement(const Movement& row);
 // Of a row that is saved, only the remark is ever written again.
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark);
 
-// Adds to "ReceivedQty" or "IssuedQty" of the item. Its Balance is left as it stands. Kept 50.
-void AddToItem(const std::string& counter, double itemId, double qty);
+// Each adds to a counter of the item, ReceivedQty or IssuedQty. Its Balance is left as it stands. Kept 50.
+void AddReceived(double itemId, double qty);
+void AddIssued(double itemId, double qty);
 
 // A ledger as an entry's row bears it.
 struct EntrySide {

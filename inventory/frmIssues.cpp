@@ -30,7 +30,7 @@ void frmIssues::Wire() {
     grid.AfterEdit = [this](int row, int) { vsIssue_AfterEdit(row); };
     grid.KeyDown = [this](int& keyCode, int) { vsIssue_KeyDown(keyCode); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmIssues::Load(std::int32_t trnNo) {
@@ -44,7 +44,7 @@ void frmIssues::Load(std::int32_t trnNo) {
 std::vector<forms::Form::Command> frmIssues::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 
@@ -52,7 +52,7 @@ void frmIssues::FillIssueNumbers() {
     ui().cmbTxnNo->Clear();
     ado::Recordset rows;
     rows.Open(
-        "Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") + " Where ItemLedTrnType = 'Issue'",
+        "Select Distinct ItemLedTrnNo From tblItemLed" + shared().FinYear + " Where ItemLedTrnType = 'Issue'",
         shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
     for (; !rows.Eof(); rows.MoveNext()) ui().cmbTxnNo->AddItem(basic::TextOrEmpty(rows["ItemLedTrnNo"]));
     rows.Close();
@@ -62,9 +62,9 @@ void frmIssues::FillIssueNumbers() {
 // The numbers are shared by all kinds of movement, so that of a receipt shows its rows here. Kept 60.
 void frmIssues::FillIssueGrid() {
     Grid().Setup(QtyWidth);
-    const auto date = Grid().Fill(
-        "Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo),
-        "itemledtrnIssqty");
+    const auto date = Grid().Fill("Select * From tblItemLed" + shared().FinYear +
+                                      " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo),
+                                  "itemledtrnIssqty");
     if (date) ui().dtpDate->SetValue(*date);
 }
 
@@ -99,7 +99,7 @@ bool frmIssues::ValidateIssue() {
         if (!DateIsInYear(*ui().dtpDate)) return false;
         ado::Recordset stock;
         stock.Open(
-            "Select Item_ID, (Open_Stock-IssuedQty+ReceivedQty) As NetQty From " + YearTable("ItemMaster"),
+            "Select Item_ID, (Open_Stock-IssuedQty+ReceivedQty) As NetQty From ItemMaster" + shared().FinYear,
             shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
         if (Grid().EntryRow() == 1) return false;
         for (int row = 1; row < Grid().EntryRow(); ++row)
@@ -159,7 +159,7 @@ void frmIssues::cmdSave_Click() {
 // Any other text than "<New>" is the number, whether such an issue is there or not. Kept 60.
 std::int32_t frmIssues::IssueNumber() {
     if (ui().cmbTxnNo->Text() == NewNumber)
-        return NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
+        return NextNumber("Select Max(ItemLedTrnNo) As High from tblItemLed" + shared().FinYear);
     return basic::ToLong(NumberIn(*ui().cmbTxnNo));
 }
 
@@ -177,7 +177,7 @@ void frmIssues::SaveRow(int row) {
                         .Issued = qty,
                         .Note = note,
                         .UnitPrice = Grid().Number(row, StockGrid::PriceCol)});
-        AddToItem("IssuedQty", item, qty);
+        AddIssued(item, qty);
     } else if (Grid().IsMarked(row)) {
         UpdateRemark(NumberIn(*ui().cmbTxnNo), item, "Issue", note);
     }

@@ -38,6 +38,7 @@ class frmIssues : public forms::FormOf<Ui::frmIssues> {
     bool StockSuffices(int row, ado::Recordset& stock);
 
     void cmdSave_Click();
+    void cmdExit_Click() { Unload(); }
     std::int32_t IssueNumber();
     void SaveRow(int row);
 

@@ -15,9 +15,9 @@ enum { TickCol, CodeCol, NameCol, RateCol, Columns };
 }  // namespace
 
 void frmItemList::Wire() {
-    ui().cmbSearchList->Click = [this] { FillGrid(); };
+    ui().cmbSearchList->Click = [this] { cmbSearchList_Click(); };
     ui().txtSearchText->Change = [this] { txtSearchText_Change(); };
-    ui().vsItems->BeforeEdit = [](int, int col, bool& cancel) { cancel = col != TickCol; };
+    ui().vsItems->BeforeEdit = [](int, int col, bool& cancel) { vsItems_BeforeEdit(col, cancel); };
     ui().vsItems->MouseMove = [this](int, int, int, int) { vsItems_MouseMove(); };
     ui().cmdOK->Click = [this] { cmdOK_Click(); };
 }
@@ -58,7 +58,8 @@ void frmItemList::FillGrid() {
     forms::VSFlexGrid& grid = *ui().vsItems;
     grid.SetRows(1);
     grid.SetExplorerSort(true);
-    std::string sql = "Select CStr(Item_ID) As ItemID, Item_Name, Unit_Price From " + YearTable("ItemMaster");
+    std::string sql =
+        "Select CStr(Item_ID) As ItemID, Item_Name, Unit_Price From ItemMaster" + shared().FinYear;
     const std::string wanted = ui().txtSearchText->Text();
     if (ui().cmbSearchList->Text() == "Item ID")
         sql += " Where CStr(Item_ID) Like '" + wanted + "%'";
@@ -79,9 +80,17 @@ void frmItemList::FillGrid() {
     for (const int col : {TickCol, CodeCol, RateCol}) grid.AutoSize(col, col);
 }
 
+void frmItemList::cmbSearchList_Click() {
+    FillGrid();
+}
+
 // On the empty line of the list, the typed text narrows nothing.
 void frmItemList::txtSearchText_Change() {
     if (!ui().cmbSearchList->Text().empty()) FillGrid();
+}
+
+void frmItemList::vsItems_BeforeEdit(int col, bool& cancel) {
+    cancel = col != TickCol;
 }
 
 void frmItemList::vsItems_MouseMove() {

@@ -29,7 +29,9 @@ class frmItemList : public forms::FormOf<Ui::frmItemList> {
   private:
     void PrepareGrid();
     void FillGrid();
+    void cmbSearchList_Click();
     void txtSearchText_Change();
+    static void vsItems_BeforeEdit(int col, bool& cancel);
     void vsItems_MouseMove();
     void cmdOK_Click();
 

@@ -6,6 +6,7 @@
 #include "core/NextNumber.h"
 #include "core/modGeneral.h"
 #include "inventory/BillFooter.h"
+#include "inventory/LandingCost.h"
 #include "inventory/LedgerBox.h"
 #include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"
@@ -67,7 +68,7 @@ void frmReceipt::FillReceiptNumbers() {
     forms::ComboBox& box = *ui().cmbReceipt;
     box.Clear();
     for (const basic::Value& number :
-         FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
+         FetchFirstColumn("Select Distinct ItemLedTrnNo From tblItemLed" + shared().FinYear +
                           " Where ItemLedTrnType = 'Receipt' And ItemLedPoNo = 0"))
         box.AddItem(basic::TextOrEmpty(number));
     box.AddItem(NewNumber);
@@ -101,9 +102,13 @@ void frmReceipt::LoadReceipt() {
     Boxes().SetSaved(ShowsSaved(*ui().cmbReceipt), {ui().cmbSupplier, ui().cmbItemLedgers});
 }
 
-void frmReceipt::FillReceiptGrid() {
+void frmReceipt::SetupReceiptGrid() {
     Grid().Setup(QtyWidth);
-    const auto date = Grid().Fill("Select * From " + YearTable("tblItemLed") + " Where ItemLedTrnNo = " +
+}
+
+void frmReceipt::FillReceiptGrid() {
+    SetupReceiptGrid();
+    const auto date = Grid().Fill("Select * From tblItemLed" + shared().FinYear + " Where ItemLedTrnNo = " +
                                       NumberTextIn(*ui().cmbReceipt) + " And ItemLedTrnType = 'Receipt'",
                                   "ItemLedTrnRptQty");
     if (date) ui().dtpDate->SetValue(*date);
@@ -122,8 +127,8 @@ void frmReceipt::FillBillFields() {
     ado::Recordset rows;
     rows.Open(
         "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerNarration, BillID, BillDiscount, "
-        "BillTaxRate, BillOtherCharges From " +
-            YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
+        "BillTaxRate, BillOtherCharges From tb_Ledger" +
+            shared().FinYear + ", tblBills" + shared().FinYear +
             " Where BillVchrNo = LedgerTrnNo And IsPOBill  = False And BillTxnID = " +
             NumberTextIn(*ui().cmbReceipt),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
@@ -225,7 +230,7 @@ void frmReceipt::SaveRows() {
                             .Note = remark,
                             .UnitPrice = price,
                             .LandingCost = landingCost.Next(price)});
-            AddToItem("ReceivedQty", itemId, qty);
+            AddReceived(itemId, qty);
         }
         Conn().CommitTrans();
     }
@@ -244,7 +249,7 @@ void frmReceipt::cmdSave_Click() {
     try {
         if (!ValidateReceipt()) return;
         trnNo_ = ui().cmbReceipt->Text() == NewNumber
-                     ? NextNumber("Select Max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"))
+                     ? NextNumber("Select Max(ItemLedTrnNo) As High from tblItemLed" + shared().FinYear)
                      : basic::ToLong(NumberIn(*ui().cmbReceipt));
         SaveRows();
         SaveBill();
@@ -257,10 +262,6 @@ void frmReceipt::cmdSave_Click() {
         Tell("Cannot save Receipt Details");
         LogError(Name(), error);
     }
-}
-
-void frmReceipt::cmdExit_Click() {
-    Unload();
 }
 
 }  // namespace qm

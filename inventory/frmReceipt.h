@@ -32,6 +32,7 @@ class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
     static void FillLedgers(forms::ComboBox& box, const std::string& groups, const std::string& more);
 
     void LoadReceipt();
+    void SetupReceiptGrid();
     void FillReceiptGrid();
     void FillBillFields();
     void RecalcGridTotal();
@@ -49,7 +50,7 @@ class frmReceipt : public forms::FormOf<Ui::frmReceipt> {
     void SaveRows();
     void SaveBill();
     void cmdSave_Click();
-    void cmdExit_Click();
+    void cmdExit_Click() { Unload(); }
 
     std::int32_t trnNo_ = 0;  // of the receipt that was opened or saved last
 };

@@ -1,13 +1,12 @@
 #include "purchasing/OrderGrid.h"
 
-#include "core/Boxes.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
 
 namespace qm {
 
-void OrderGrid::Setup() const {
+void OrderGrid::SetupPOGrid() const {
     grid_->SetCols(Columns);
     const ItemHeading headings[] = {{.Text = "", .Hidden = true},
                                     {.Text = "", .Hidden = true},
@@ -25,7 +24,7 @@ void OrderGrid::Setup() const {
 
 void OrderGrid::Fill(std::int32_t orderNo) const {
     ado::Recordset lines;
-    lines.Open("Select * From " + YearTable("tblPODet") + " Where PoDetPoNo = " + std::to_string(orderNo),
+    lines.Open("Select * From tblPODet" + shared().FinYear + " Where PoDetPoNo = " + std::to_string(orderNo),
                shared().Connection);
     for (; !lines.Eof(); lines.MoveNext()) {
         const int row = grid_->Rows() - 1;
@@ -33,8 +32,8 @@ void OrderGrid::Fill(std::int32_t orderNo) const {
         grid_->SetTextMatrix(row, OrderCol, basic::TextOrEmpty(lines["PoDetPoNo"]));
         grid_->SetTextMatrix(row, ItemCol, item);
         grid_->SetTextMatrix(row, NameCol, basic::TextOrEmpty(lines["PoDetItemDesc"]));
-        const ado::RecordsetPtr rate =
-            Conn().Execute("Select Unit_Price From " + YearTable("ItemMaster") + " Where Item_ID = " + item);
+        const ado::RecordsetPtr rate = Conn().Execute("Select Unit_Price From ItemMaster" + shared().FinYear +
+                                                      " Where Item_ID = " + item);
         if (!rate->Eof()) grid_->SetTextMatrix(row, RateCol, basic::TextOrEmpty((*rate)["Unit_Price"]));
         grid_->SetTextMatrix(row, QtyCol, basic::TextOrEmpty(lines["PoDetQtyOrder"]));
         grid_->SetRows(row + 2);

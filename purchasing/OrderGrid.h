@@ -16,7 +16,7 @@ class OrderGrid : public ItemGrid {
     explicit OrderGrid(forms::VSFlexGrid& grid)
         : ItemGrid(grid, {MarkCol, ItemCol, NameCol, RateCol, QtyCol}) {}
 
-    void Setup() const;
+    void SetupPOGrid() const;
     // Adds the lines of an order above the entry row, with the items' rates of today.
     void Fill(std::int32_t orderNo) const;
 

@@ -1,6 +1,6 @@
 #include "purchasing/OrderReceiptGrid.h"
 
-#include "core/MsgBox.h"
+#include "core/Boxes.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "shell/EntryChecks.h"
@@ -45,8 +45,7 @@ void OrderReceiptGrid::ValidateEdit(int row, int col, bool& cancel) const {
     if (!IsQuantity(text, "Please enter valid numeric quantity")) {
         cancel = true;
     } else if (Outstanding(row) < basic::PrefixValue(text)) {
-        MsgBox("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'",
-               vbInformation, AppTitle);
+        Tell("Quantity received cannot be more than '" + basic::NumberText(Outstanding(row)) + "'");
         cancel = true;
     }
 }

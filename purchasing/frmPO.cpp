@@ -31,27 +31,23 @@ void frmPO::Wire() {
     ui().cmbSuppliers->Change = [this] { FillPOTree(); };
     ui().cmbSuppliers->Click = [this] { FillPOTree(); };
     ui().tvPO->NodeClick = [this](forms::Node&) { tvPO_NodeClick(); };
-    ui().tvPO->Click = [this] { tvPO_NodeClick(); };
+    ui().tvPO->Click = [this] { tvPO_Click(); };
     ui().tvPO->SetLabelEdit(false);
     ui().vsPODet->SetCellButtonPicture(ui().picButton->Picture());
     ui().vsPODet->Click = [this] { vsPODet_Click(); };
     ui().vsPODet->KeyDown = [this](int& keyCode, int) { vsPODet_KeyDown(keyCode); };
-    ui().vsPODet->KeyPress = [this](int& keyAscii) {
-        if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
-    };
-    ui().vsPODet->KeyPressEdit = [this](int, int col, int& keyAscii) { Lines().FilterKey(col, keyAscii); };
+    ui().vsPODet->KeyPress = [this](int& keyAscii) { vsPODet_KeyPress(keyAscii); };
+    ui().vsPODet->KeyPressEdit = [this](int, int col, int& keyAscii) { vsPODet_KeyPressEdit(col, keyAscii); };
     ui().vsPODet->BeforeEdit = [this](int row, int col, bool& cancel) {
-        cancel = OrderIsTouched() || Lines().IsFixed(row, col);
+        vsPODet_BeforeEdit(row, col, cancel);
     };
-    ui().vsPODet->AfterEdit = [this](int row, int) {
-        if (OrderIsSelected() && Lines().IsSaved(row)) Lines().Mark(row);
-    };
-    ui().vsPODet->CellButtonClick = [this](int, int) { Lines().AddPicked(); };
+    ui().vsPODet->AfterEdit = [this](int row, int) { vsPODet_AfterEdit(row); };
+    ui().vsPODet->CellButtonClick = [this](int, int) { vsPODet_CellButtonClick(); };
     ui().cmdCancelPO->Click = [this] { cmdCancelPO_Click(); };
     ui().cmdDeletePO->Click = [this] { cmdDeletePO_Click(); };
     ui().cmdRecieved->Click = [this] { cmdRecieved_Click(); };
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 void frmPO::Form_Load() {
@@ -69,13 +65,13 @@ void frmPO::Form_Unload() {
 std::vector<forms::Form::Command> frmPO::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 
 void frmPO::ResetPurchaseOrders() {
     terms_.clear();
-    Lines().Setup();
+    Lines().SetupPOGrid();
     FillPOSuppliers();
     ui().cmbSuppliers->SetListIndex(-1);
     ui().tvPO->Clear();
@@ -96,7 +92,7 @@ void frmPO::FillPOSuppliers() {
 void frmPO::FillPOTree() {
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     ado::Recordset orders;
-    orders.Open("Select * From " + YearTable("tblPO") +
+    orders.Open("Select * From tblPO" + shared().FinYear +
                     " Where poSupplierID = " + std::to_string(suppliers.ItemData(suppliers.ListIndex())) +
                     " And poSupplierName = '" + suppliers.Text() + "' And  Not poCancelled",
                 shared().Connection);
@@ -117,7 +113,7 @@ void frmPO::FillPOTree() {
 
 bool frmPO::POUntouched(const std::string& poNumber) {
     ado::Recordset lines;
-    lines.Open("Select PoDetQtyRecd From " + YearTable("tblPoDet") + " Where PoDetPoNo = " + poNumber,
+    lines.Open("Select PoDetQtyRecd From tblPoDet" + shared().FinYear + " Where PoDetPoNo = " + poNumber,
                shared().Connection);
     for (; !lines.Eof(); lines.MoveNext())
         if (basic::NumberOrZero(lines["PoDetQtyRecd"]) > 0) return false;
@@ -170,6 +166,26 @@ void frmPO::vsPODet_KeyDown(int& keyCode) {
     }
     const int row = ui().vsPODet->Row();
     if (keyCode == forms::vbKeyDelete && ui().tvPO->SelectedItem() && row >= 1) Lines().Remove(row);
+}
+
+void frmPO::vsPODet_KeyPress(int& keyAscii) {
+    if (ui().vsPODet->Col() == OrderGrid::NameCol) keyAscii = 0;
+}
+
+void frmPO::vsPODet_KeyPressEdit(int col, int& keyAscii) {
+    Lines().FilterKey(col, keyAscii);
+}
+
+void frmPO::vsPODet_BeforeEdit(int row, int col, bool& cancel) {
+    cancel = OrderIsTouched() || Lines().IsFixed(row, col);
+}
+
+void frmPO::vsPODet_AfterEdit(int row) {
+    if (OrderIsSelected() && Lines().IsSaved(row)) Lines().Mark(row);
+}
+
+void frmPO::vsPODet_CellButtonClick() {
+    Lines().AddPicked();
 }
 
 bool frmPO::ValidatePO() {
@@ -232,13 +248,13 @@ void frmPO::SaveNew() {
         highest_->Requery();
     } else {
         highest_ = std::make_shared<ado::Recordset>();
-        highest_->Open("Select max(poNumber) as  High from " + YearTable("tblPo"), shared().Connection,
+        highest_->Open("Select max(poNumber) as  High from tblPo" + shared().FinYear, shared().Connection,
                        ado::adOpenStatic, ado::adLockReadOnly);
     }
     const std::string number = basic::NumberText(NumberAfter((*highest_)["High"]));
     forms::ComboBox& suppliers = *ui().cmbSuppliers;
     Conn().BeginTrans();
-    ExecuteCounted("Insert Into " + YearTable("tblPO") +
+    ExecuteCounted("Insert Into tblPO" + shared().FinYear +
                    " (poNumber, posupplierid, Podate, posupplierName,podlvterm) Values (" + number + ", " +
                    std::to_string(suppliers.ItemData(suppliers.ListIndex())) + ", " + DayOf(*ui().dtpDate) +
                    "," + Quoted(suppliers.Text()) + "," + Quoted(ui().txtDelTerm->Text()) + ")");
@@ -251,7 +267,7 @@ void frmPO::SaveNew() {
 void frmPO::SaveExisting() {
     const std::string number = SelectedNumber();
     Conn().BeginTrans();
-    ExecuteCounted("Update " + YearTable("tblPO") + " Set PoDate = " + DayOf(*ui().dtpDate) +
+    ExecuteCounted("Update tblPO" + shared().FinYear + " Set PoDate = " + DayOf(*ui().dtpDate) +
                    ", PoDlvTerm = " + Quoted(ui().txtDelTerm->Text()) + " Where PoNumber = " + number);
     for (int row = 1; row <= Lines().LastLine(); ++row) SaveLine(row, number);
     Conn().CommitTrans();
@@ -261,10 +277,10 @@ void frmPO::SaveExisting() {
 void frmPO::SaveLine(int row, const std::string& number) {
     const std::string item = Lines().Figure(row, OrderGrid::ItemCol);
     if (Lines().IsRemoved(row))
-        ExecuteCounted("Delete * From " + YearTable("tblPoDet") + " Where PoDetPoNo = " +
+        ExecuteCounted("Delete * From tblPoDet" + shared().FinYear + " Where PoDetPoNo = " +
                        Lines().Figure(row, OrderGrid::OrderCol) + " And PoDetItemID = " + item);
     else if (Lines().IsMarked(row))
-        ExecuteCounted("Update " + YearTable("tblPoDet") +
+        ExecuteCounted("Update tblPoDet" + shared().FinYear +
                        " Set PoDetQtyOrder = " + Lines().Figure(row, OrderGrid::QtyCol) +
                        " Where PoDetPoNo = " + number + " And PoDetItemID = " + item);
     else if (!Lines().IsSaved(row))
@@ -272,7 +288,7 @@ void frmPO::SaveLine(int row, const std::string& number) {
 }
 
 void frmPO::InsertLine(int row, const std::string& number) {
-    ExecuteCounted("Insert Into " + YearTable("tblPODet") +
+    ExecuteCounted("Insert Into tblPODet" + shared().FinYear +
                    " ( PoDetPoNo, PoDetItemID, PoDetItemDesc, PoDetQtyOrder) Values (" + number + ", " +
                    Lines().Figure(row, OrderGrid::ItemCol) + ", '" + Lines().Text(row, OrderGrid::NameCol) +
                    "', " + Lines().Figure(row, OrderGrid::QtyCol) + ")");
@@ -285,7 +301,8 @@ void frmPO::cmdCancelPO_Click() {
     if (!POUntouched(number))
         return Tell("One or more items have been received for Purchase Order No." + number +
                     "\r\n\r\nCannot Cancel !!!");
-    if (Affected("Update " + YearTable("tblPO") + " Set poCancelled = True Where poNumber = " + number) < 1)
+    if (Affected("Update tblPO" + shared().FinYear + " Set poCancelled = True Where poNumber = " + number) <
+        1)
         return;
     Tell("Cancelled Purchase Order No. '" + number + "'");
     ResetPurchaseOrders();
@@ -298,8 +315,8 @@ void frmPO::cmdDeletePO_Click() {
         if (!POUntouched(number))
             Tell("One or more items have been received for Purchase Order No." + number +
                  "\r\n\r\nCannot Delete !!!");
-        else if (Affected("Delete From " + YearTable("tblPODet") + " Where PoDetPoNo = " + number) >= 1 &&
-                 Affected("Delete From " + YearTable("tblPO") + " Where poNumber = " + number) >= 1)
+        else if (Affected("Delete From tblPODet" + shared().FinYear + " Where PoDetPoNo = " + number) >= 1 &&
+                 Affected("Delete From tblPO" + shared().FinYear + " Where poNumber = " + number) >= 1)
             Tell("Deleted Purchase Order No. '" + number + "'");
     }
     ResetPurchaseOrders();

@@ -40,8 +40,14 @@ class frmPO : public forms::FormOf<Ui::frmPO> {
     bool OrderIsTouched();
 
     void tvPO_NodeClick();
+    void tvPO_Click() { tvPO_NodeClick(); }
     void vsPODet_Click();
     void vsPODet_KeyDown(int& keyCode);
+    void vsPODet_KeyPress(int& keyAscii);
+    void vsPODet_KeyPressEdit(int col, int& keyAscii);
+    void vsPODet_BeforeEdit(int row, int col, bool& cancel);
+    void vsPODet_AfterEdit(int row);
+    void vsPODet_CellButtonClick();
 
     bool ValidatePO();
     bool SupplierStands();
@@ -54,6 +60,7 @@ class frmPO : public forms::FormOf<Ui::frmPO> {
     void cmdCancelPO_Click();
     void cmdDeletePO_Click();
     void cmdRecieved_Click();
+    void cmdExit_Click() { Unload(); }
 
     std::map<std::string, std::string> terms_;  // of delivery, by the number of the order
     ado::RecordsetPtr highest_;                 // where new numbers are drawn from, kept open between saves

@@ -8,6 +8,7 @@
 #include "core/NextNumber.h"
 #include "core/Quoting.h"
 #include "core/modGeneral.h"
+#include "inventory/LandingCost.h"
 #include "inventory/LedgerBox.h"
 #include "inventory/NumberBox.h"
 #include "inventory/StockPosting.h"
@@ -44,16 +45,16 @@ void frmPOReceipt::Wire() {
     grid.KeyPressEdit = [this](int, int col, int& keyAscii) { vsItems_KeyPressEdit(col, keyAscii); };
     grid.ValidateEdit = [this](int row, int col, bool& cancel) { vsItems_ValidateEdit(row, col, cancel); };
     grid.AfterEdit = [this](int row, int col) { vsItems_AfterEdit(row, col); };
-    Boxes().Wire([this] { Boxes().Recalc(OrderBill); });
+    Boxes().Wire([this] { RecalcPOBill(); });
     ui().cmdSave->Click = [this] { cmdSave_Click(); };
-    ui().cmdExit->Click = [this] { Unload(); };
+    ui().cmdExit->Click = [this] { cmdExit_Click(); };
 }
 
 // The calls are direct: Ctrl+S saves while cmdSave is disabled, too. Kept 56.
 std::vector<forms::Form::Command> frmPOReceipt::CtrlCommands() {
     return {
         {'S', [this] { cmdSave_Click(); }},
-        {'X', [this] { Unload(); }},
+        {'X', [this] { cmdExit_Click(); }},
     };
 }
 
@@ -68,7 +69,7 @@ void frmPOReceipt::FillPOReceiptNumbers() {
     box.Clear();
     box.AddItem(NewNumber);
     for (const basic::Value& number :
-         FetchFirstColumn("Select Distinct ItemLedTrnNo From " + YearTable("tblItemLed") +
+         FetchFirstColumn("Select Distinct ItemLedTrnNo From tblItemLed" + shared().FinYear +
                           " Where ItemLedPONo = " + ui().txtPoNo->Text()))
         box.AddItem(basic::TextOrEmpty(number));
     box.SetText(NewNumber);
@@ -83,7 +84,7 @@ void frmPOReceipt::LoadReceipt() {
 void frmPOReceipt::LoadPOReceiptGrid() {
     Lines().Setup(ui().cmbTxnNo->Text() == NewNumber);
     ado::Recordset lines;
-    lines.Open("Select * From " + YearTable("tblPo") + ", " + YearTable("tblPoDet") +
+    lines.Open("Select * From tblPo" + shared().FinYear + ", tblPoDet" + shared().FinYear +
                    " Where PoNumber = PoDetPoNo And PoNumber = " + std::to_string(poNumber_),
                shared().Connection);
     ui().txtPoNo->SetText(basic::TextOrEmpty(lines["PoNumber"]));
@@ -107,11 +108,11 @@ void frmPOReceipt::ShowLine(const std::string& itemId, int row, ado::Recordset& 
     show(NameCol, line["PoDetItemDesc"]);
     show(OrderedCol, line["PoDetQtyOrder"]);
     const ado::RecordsetPtr item =
-        Conn().Execute("Select Unit_Price From " + YearTable("ItemMaster") + " Where Item_ID = " + itemId);
+        Conn().Execute("Select Unit_Price From ItemMaster" + shared().FinYear + " Where Item_ID = " + itemId);
     if (!item->Eof()) show(RateCol, (*item)["Unit_Price"]);
     if (ui().cmbTxnNo->Text() == NewNumber) return show(PreviousCol, line["PoDetQtyRecd"]);
     const ado::RecordsetPtr movement = Conn().Execute(
-        "Select ItemLedTrnRptQty, ItemLedNote From " + YearTable("tblItemLed") +
+        "Select ItemLedTrnRptQty, ItemLedNote From tblItemLed" + shared().FinYear +
         " Where ItemLedTrnNo = " + NumberTextIn(*ui().cmbTxnNo) + " And ItemLedItemID = " + itemId);
     if (movement->Eof()) return;
     show(QtyCol, (*movement)["ItemLedTrnRptQty"]);
@@ -129,8 +130,8 @@ void frmPOReceipt::FillPOReceiptBill() {
     ado::Recordset bill;
     bill.Open(
         "Select LedgerName, LedgerTxnDate, LedgerDrAmt, LedgerNarration, BillID, BillDiscount, BillTaxRate, "
-        "BillOtherCharges From " +
-            YearTable("tb_Ledger") + ", " + YearTable("tblBills") +
+        "BillOtherCharges From tb_Ledger" +
+            shared().FinYear + ", tblBills" + shared().FinYear +
             " Where BillVchrNo = LedgerTrnNo And IsPOBill And BillTxnID = " + NumberTextIn(*ui().cmbTxnNo),
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (bill.Eof()) return;
@@ -140,6 +141,10 @@ void frmPOReceipt::FillPOReceiptBill() {
 
 void frmPOReceipt::RecalcGridTotal() {
     Boxes().ShowBillTotal(ShowGridTotal(*ui().vsItems, QtyCol, RateCol));
+    RecalcPOBill();
+}
+
+void frmPOReceipt::RecalcPOBill() {
     Boxes().Recalc(OrderBill);
 }
 
@@ -187,8 +192,8 @@ void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
     const OrderReceiptGrid grid = Lines();
     const double item = grid.Number(row, ItemCol), qty = grid.Received(row);
     Conn().BeginTrans();
-    AddToItem("ReceivedQty", item, qty);
-    ExecuteCounted("Update " + YearTable("tblPoDet") +
+    AddReceived(item, qty);
+    ExecuteCounted("Update tblPoDet" + shared().FinYear +
                    " Set PoDetQtyRecd = Iif(IsNull(PoDetQtyRecd), 0, PoDetQtyRecd) + " +
                    basic::NumberText(qty) + " Where PoDetPoNo = " + std::to_string(poNumber_) +
                    " And PoDetItemID = " + basic::NumberText(item));
@@ -224,7 +229,7 @@ void frmPOReceipt::cmdSave_Click() {
     try {
         if (!ValidatePOReceipt()) return;
         const std::int32_t txnNo =
-            NextNumber("Select max(ItemLedTrnNo) As High from " + YearTable("tblItemLed"));
+            NextNumber("Select max(ItemLedTrnNo) As High from tblItemLed" + shared().FinYear);
         LandingCost landingCost = Boxes().Rates();
         for (int row = 1; row <= ui().vsItems->Rows() - FooterRows; ++row)
             if (Lines().IsMarked(row)) SaveRow(row, txnNo, landingCost.Next(Lines().Number(row, RateCol)));

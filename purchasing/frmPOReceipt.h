@@ -33,6 +33,7 @@ class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
     void ShowLine(const std::string& itemId, int row, ado::Recordset& line);
     void FillPOReceiptBill();
     void RecalcGridTotal();
+    void RecalcPOBill();
 
     void vsItems_BeforeRowColChange(int row, bool& cancel);
     void vsItems_BeforeEdit(int row, int col, bool& cancel);
@@ -45,6 +46,7 @@ class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
     void SaveRow(int row, std::int32_t txnNo, double landingCost);
     void SaveBill(std::int32_t txnNo);
     void cmdSave_Click();
+    void cmdExit_Click() { Unload(); }
 
     std::int32_t poNumber_ = 0;
 };

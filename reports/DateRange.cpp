@@ -2,8 +2,6 @@
 
 #include "core/Boxes.h"
 #include "core/DBCode.h"
-#include "core/GeneralUtils.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"

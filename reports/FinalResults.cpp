@@ -137,10 +137,8 @@ std::string Foot(char section, const Totals& totals) {
     }
 }
 
-ado::Recordset& Open(ado::Recordset& lines, char section) {
-    lines.Open(std::string("Select * from tblsysTpl where Type ='") + section + "'", shared().Connection,
-               ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
-    return lines;
+void Open(ado::Recordset& lines, const char* sql) {
+    lines.Open(sql, shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
 }
 
 std::string HeadCell(const char* tag, const char* caption) {
@@ -170,7 +168,7 @@ void AddTemplateRows(ado::Recordset& ledgers) {
 
 }  // namespace
 
-void FinalResults::Build() {
+void FinalResults::BuildResults() {
     ado::Recordset groups;
     groups.Open("Select * from group_head_master  Where Parent_id =0", shared().Connection,
                 ado::adOpenDynamic, ado::adLockOptimistic, -1);
@@ -205,11 +203,11 @@ std::string FinalResults::PrintSection(char section, ado::Recordset& lines) {
 
 // Without a line of trading or of profit and loss the page is the Balance Sheet alone, and no document is
 // begun.
-std::string FinalResults::Print() const {
+std::string FinalResults::PrintResults() const {
     ado::Recordset trading, profit, balance;
-    Open(trading, 'T');
-    Open(profit, 'P');
-    Open(balance, 'B');
+    Open(trading, "Select * from tblsysTpl where Type ='T'");
+    Open(profit, "Select * from tblsysTpl where Type ='P'");
+    Open(balance, "Select * from tblsysTpl where Type ='B'");
     std::string page;
     if (!trading.Eof() || !profit.Eof()) {
         page =

@@ -18,10 +18,10 @@ class FinalResults {
 
     // One line of the work table for each ledger whose closing balance is not 0, under the statement that the
     // type of its primary group names.
-    static void Build();
+    static void BuildResults();
     // The page over the lines in the work table, to which it adds the gross and the net result. Its tags are
     // not balanced, and users' printouts depend on each of them. Raises what a statement raises. Kept 72.
-    std::string Print() const;
+    std::string PrintResults() const;
 
   private:
     std::string Period() const;

@@ -2,6 +2,7 @@
 #include "reports/LedgerStatement.h"
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -10,7 +11,7 @@ namespace qm {
 namespace {
 
 std::string Money(const basic::Value& amount) {
-    return basic::Format(amount, "standard");
+    return basic::Format(amount, ReportMask);
 }
 
 // The magnitude; nought is never below.
@@ -65,7 +66,7 @@ std::string LedgerStatement(const std::string& name, basic::Date from, double& o
             "</b></td></tr><tr><td width='100%' colspan = '6'><hr></td></tr>";
     text += "<tr>";
     text += StatementHeads;
-    text += OpeningRow(basic::Format(from, "dd-MMM-yyyy"), opening);
+    text += OpeningRow(basic::Format(from, DateMask), opening);
     for (; !rs.Eof(); rs.MoveNext()) {
         const std::string narration = basic::TextOrEmpty(rs["LedgerNarration"]);
         const basic::Value debit = rs["LedgerDrAmt"], credit = rs["LedgerCrAmt"];
@@ -75,7 +76,7 @@ std::string LedgerStatement(const std::string& name, basic::Date from, double& o
             balance -= basic::ToDouble(credit);
         debits += basic::NumberOrZero(debit);
         credits += basic::NumberOrZero(credit);
-        text += "<tr><td>" + basic::Format(DateNumber(rs["LedgerTxnDate"]), "dd-MMM-yyyy") + "</td><td>" +
+        text += "<tr><td>" + basic::Format(DateNumber(rs["LedgerTxnDate"]), DateMask) + "</td><td>" +
                 basic::Left(narration, 35) + "</td><td>" + basic::TextOrEmpty(rs["ledgertrntype"]) +
                 "</td><td align = 'right'>" + Money(debit) + "</td><td align = 'right'>" + Money(credit) +
                 "</td>" + BalanceCell(balance) + "</tr>" + Continuation(narration);

@@ -11,28 +11,35 @@
 namespace qm {
 namespace {
 
-ado::RecordsetPtr OpenSums(const std::string& sums, std::optional<std::int32_t> upto) {
-    const std::string where = upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
-    auto rows = std::make_shared<ado::Recordset>();
-    rows->Open(
-        "Select ledgercode," + sums + "  from " + YearTable("tb_Ledger") + where + " group by ledgercode",
-        shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
-    return rows;
-}
+// The statements of a side, each up to the value that follows.
+struct SideStatements {
+    const char *Sums, *Zero, *Write;
+    const char* Total;  // the field of the sums
+};
+constexpr SideStatements Debits{"Select ledgercode,Sum(ledgerDrAmt) as drTot  from tb_Ledger",
+                                "Update Ledger_details Set ledDetDrTxnTot = 0 Where fnncl_yr = ",
+                                "Update Ledger_Details Set  ledDetDrTxnTot = ", "drTot"};
+constexpr SideStatements Credits{"Select ledgercode,Sum(ledgerCrAmt) as CrTot  from tb_Ledger",
+                                 "Update Ledger_details Set ledDetcrTxnTot = 0 Where fnncl_yr = ",
+                                 "Update Ledger_Details Set  ledDetCrTxnTot = ", "CrTot"};
 
-ado::RecordsetPtr OpenSide(const std::string& side, std::optional<std::int32_t> upto) {
-    return OpenSums("Sum(ledger" + side + "Amt) as " + side + "Tot", upto);
+constexpr const char* BothSums =
+    "Select ledgercode,Sum(ledgerDrAmt) as drTot,Sum(ledgerCrAmt) as CrTot  from tb_Ledger";
+
+ado::RecordsetPtr OpenSums(const char* select, std::optional<std::int32_t> upto) {
+    const std::string where = upto ? " where ledgerTxnDate <= " + std::to_string(*upto) : "";
+    auto sums = std::make_shared<ado::Recordset>();
+    sums->Open(select + shared().FinYear + where + " group by ledgercode", shared().Connection,
+               ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
+    return sums;
 }
 
 // A sum over Null amounts alone is Null and counts as 0; the digits are those of the classic text.
-void WriteTotals(const std::string& side, ado::Recordset& sums, BeforeRebuild before,
+void WriteTotals(const SideStatements& side, ado::Recordset& sums, BeforeRebuild before,
                  const std::function<void()>& written) {
-    if (before == BeforeRebuild::ZeroTotals)
-        Conn().Execute("Update Ledger_details Set ledDet" + side +
-                       "TxnTot = 0 Where fnncl_yr = " + shared().FinYear);
+    if (before == BeforeRebuild::ZeroTotals) Conn().Execute(side.Zero + shared().FinYear);
     for (; !sums.Eof(); sums.MoveNext()) {
-        Conn().Execute("Update Ledger_Details Set  ledDet" + side +
-                       "TxnTot = " + basic::NumberText(basic::NumberOrZero(sums[side + "Tot"])) +
+        Conn().Execute(side.Write + basic::NumberText(basic::NumberOrZero(sums[side.Total])) +
                        " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
                        " And fnncl_yr = " + shared().FinYear);
         written();
@@ -66,8 +73,8 @@ void WriteAtOnce(ado::Recordset& sums, BeforeRebuild before) {
     totals.columns = {"ledDetDrTxnTot", "ledDetCrTxnTot"};
     if (before == BeforeRebuild::ZeroTotals) totals.others = 0;
     for (; !sums.Eof(); sums.MoveNext())
-        totals.lines[basic::ToLong(sums["ledgercode"])] = {AsWritten(sums["DrTot"]),
-                                                           AsWritten(sums["CrTot"])};
+        totals.lines[basic::ToLong(sums["ledgercode"])] = {AsWritten(sums[Debits.Total]),
+                                                           AsWritten(sums[Credits.Total])};
     ado::SetNumbers(Conn(), totals);
 }
 
@@ -89,7 +96,7 @@ bool WrittenAtOnce(ado::Recordset& sums, BeforeRebuild before) {
 // The totals are written at once where nobody can tell it from one by one: where all of the statements pass.
 void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before,
                          const std::function<void(int done, int steps)>& progress) {
-    const ado::RecordsetPtr sums = OpenSums("Sum(ledgerDrAmt) as DrTot,Sum(ledgerCrAmt) as CrTot", upto);
+    const ado::RecordsetPtr sums = OpenSums(BothSums, upto);
     int done = 0;
     const auto tell = [&, steps = static_cast<int>(sums->RecordCount() * 2)] {
         if (progress && done <= steps) progress(done, steps);
@@ -99,9 +106,9 @@ void RebuildLedgerTotals(std::optional<std::int32_t> upto, BeforeRebuild before,
     if (WrittenAtOnce(*sums, before)) {
         while (tell()) continue;
     } else {
-        const ado::RecordsetPtr debits = OpenSide("Dr", upto), credits = OpenSide("Cr", upto);
-        WriteTotals("Dr", *debits, before, tell);
-        WriteTotals("Cr", *credits, before, tell);
+        const ado::RecordsetPtr debits = OpenSums(Debits.Sums, upto), credits = OpenSums(Credits.Sums, upto);
+        WriteTotals(Debits, *debits, before, tell);
+        WriteTotals(Credits, *credits, before, tell);
     }
     WriteClosingBalances();
 }

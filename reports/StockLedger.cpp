@@ -2,6 +2,7 @@
 #include "reports/StockLedger.h"
 
 #include "core/DBCode.h"
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -10,7 +11,7 @@ namespace qm {
 namespace {
 
 std::string Quantity(const basic::Value& quantity) {
-    return basic::Format(quantity, "standard");
+    return basic::Format(quantity, ReportMask);
 }
 
 constexpr const char* Heads =
@@ -45,7 +46,7 @@ std::string StockLedger(std::int16_t itemId, const std::string& name, basic::Dat
             basic::TextOrEmpty(rs["ItemLedUnitPrice"]) +
             "</b></td></tr><tr><td width='100%' colspan = '8'><hr></td></tr>";
     text += Heads;
-    text += "<tr><td>" + basic::Format(from, "dd-MMM-yyyy") +
+    text += "<tr><td>" + basic::Format(from, DateMask) +
             "</td><td>Opening Balance</td><td></td><td></td><td align = 'right'>" + Quantity(opening) +
             "</td><td></td></tr>";
     for (; !rs.Eof(); rs.MoveNext()) {
@@ -58,7 +59,7 @@ std::string StockLedger(std::int16_t itemId, const std::string& name, basic::Dat
             balance += basic::ToDouble(in);
         received += basic::NumberOrZero(in);
         issued += basic::NumberOrZero(out);
-        text += "<tr><td>" + basic::Format(DateNumber(rs["ItemLedTrnDate"]), "dd-MMM-yyyy") + "</td><td>" +
+        text += "<tr><td>" + basic::Format(DateNumber(rs["ItemLedTrnDate"]), DateMask) + "</td><td>" +
                 basic::Left(note, 45) + "</td><td>" + type + "</td><td align = 'right'>" +
                 (type == "Receipt" ? basic::TextOrEmpty(rs["ItemLandingCost"]) : "") +
                 "</td><td align = 'right'>" + Quantity(in) + "</td><td align = 'right'>" + Quantity(out) +

@@ -1,6 +1,7 @@
 // Texts are compared and printed letter for letter, tags that do not match included. Kept 72.
 #include "reports/TrialBalance.h"
 
+#include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 
@@ -8,7 +9,7 @@ namespace qm {
 namespace {
 
 std::string Money(const basic::Value& amount) {
-    return basic::Format(amount, "standard");
+    return basic::Format(amount, ReportMask);
 }
 
 constexpr const char* TrialHeads =

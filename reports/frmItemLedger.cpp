@@ -10,8 +10,8 @@
 namespace qm {
 
 void frmItemLedger::Wire() {
-    ui().ucItemLedger->OkClick = [this] { OkClick(); };
-    ui().ucItemLedger->CancelClick = [this] { Unload(); };
+    ui().ucItemLedger->OkClick = [this] { ucItemLedger_OkClick(); };
+    ui().ucItemLedger->CancelClick = [this] { ucItemLedger_CancelClick(); };
     range_.emplace(*ui().dtpDateFrom, *ui().dtpDateUpTo, DateRange::LastOfYear);
 }
 
@@ -21,8 +21,8 @@ void frmItemLedger::Form_Load() {
         items_->Requery();
     } else {
         items_ = std::make_shared<ado::Recordset>();
-        items_->Open("Select * from " + YearTable("itemMaster") + " Order by Item_Name", shared().Connection,
-                     ado::adOpenDynamic);
+        items_->Open("Select * from itemMaster" + shared().FinYear + " Order by Item_Name",
+                     shared().Connection, ado::adOpenDynamic);
     }
     ui().ucItemLedger->SetADORecordset(items_);
     ui().ucItemLedger->SetSelFldName("Item_Name");
@@ -37,7 +37,7 @@ void frmItemLedger::Form_Activate() {
 }
 
 // optSumm is "Short Supply", which has no report.
-void frmItemLedger::OkClick() {
+void frmItemLedger::ucItemLedger_OkClick() {
     if (!ui().optSumm->Value()) PrintStockLedger();
 }
 
@@ -50,10 +50,10 @@ void frmItemLedger::PrintStockLedger() {
     double opening = 0;
     PrintSelected("Stock Ledger", ui().ucItemLedger->itemSel(), [&](const std::string& itemId) {
         OpeningOf(itemId, from, opening);
-        const ado::RecordsetPtr item =
-            Conn().Execute("Select Item_name from " + YearTable("ItemMaster") + " Where item_id = " + itemId);
+        const ado::RecordsetPtr item = Conn().Execute("Select Item_name from ItemMaster" + shared().FinYear +
+                                                      " Where item_id = " + itemId);
         ado::Recordset rows;
-        rows.Open(" SELECT  *  From " + YearTable("tblitemLed") + " WHERE itemledItemid = " + itemId +
+        rows.Open(" SELECT  *  From tblitemLed" + shared().FinYear + " WHERE itemledItemid = " + itemId +
                       " And itemledtrnDate >= " + std::to_string(from) + " And itemledtrnDate <= " +
                       std::to_string(upto) + " Order by  itemledtrndate, itemledTrnType Desc",
                   shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
@@ -65,14 +65,13 @@ void frmItemLedger::PrintStockLedger() {
 
 void frmItemLedger::OpeningOf(const std::string& itemId, std::int32_t from, double& opening) {
     const ado::RecordsetPtr stored =
-        Conn().Execute("Select open_Stock from " + YearTable("ItemMaster") + " WHERE Item_Id =" + itemId);
-    const auto earlier = [&](const char* sum) {
-        return Conn().Execute("SELECT SUM(" + std::string(sum) + " From  " + YearTable("tblitemled") +
-                              " WHERE itemledtrndate < " + std::to_string(from) +
-                              " AND itemledItemid = " + itemId);
-    };
-    const ado::RecordsetPtr received = earlier("itemledTrnRptqty) As drVal");
-    const ado::RecordsetPtr issued = earlier("itemledTrnissqty) As crVal");
+        Conn().Execute("Select open_Stock from ItemMaster" + shared().FinYear + " WHERE Item_Id =" + itemId);
+    const std::string earlier = shared().FinYear + " WHERE itemledtrndate < " + std::to_string(from) +
+                                " AND itemledItemid = " + itemId;
+    const ado::RecordsetPtr received =
+        Conn().Execute("SELECT SUM(itemledTrnRptqty) As drVal From  tblitemled" + earlier);
+    const ado::RecordsetPtr issued =
+        Conn().Execute("SELECT SUM(itemledTrnissqty) As crVal From  tblitemled" + earlier);
     const basic::Value stock = (*stored)["open_Stock"];
     if (!stock.IsNull()) opening = basic::ToDouble(stock);
     opening = opening + basic::NumberOrZero((*received)["drVal"]) - basic::NumberOrZero((*issued)["crVal"]);

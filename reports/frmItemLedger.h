@@ -18,7 +18,8 @@ class frmItemLedger : public forms::FormOf<Ui::frmItemLedger> {
     void Form_Activate() override;
 
   private:
-    void OkClick();
+    void ucItemLedger_OkClick();
+    void ucItemLedger_CancelClick() { Unload(); }
     void PrintStockLedger();
     static void OpeningOf(const std::string& itemId, std::int32_t from, double& opening);
 

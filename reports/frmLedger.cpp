@@ -25,12 +25,12 @@ constexpr Heading Headings[] = {{"Stock Ledger", "7", DateMask},
 }  // namespace
 
 void frmLedger::Wire() {
-    ui().cmdPrint->Click = [this] { ui().ucHTMLBox->PrintReport(true); };
-    ui().cmdClose->Click = [this] { Unload(); };
+    ui().cmdPrint->Click = [this] { cmdPrint_Click(); };
+    ui().cmdClose->Click = [this] { cmdClose_Click(); };
 }
 
 std::vector<forms::Form::Command> frmLedger::CtrlCommands() {
-    return {{'P', [this] { ui().cmdPrint->Click.Fire(); }}};
+    return {{'P', [this] { cmdPrint_Click(); }}};
 }
 
 void frmLedger::Form_Resize() {
@@ -87,6 +87,10 @@ void frmLedger::PartyTrial(basic::Date) {
 void frmLedger::ItemPrnLed(double& opening, ado::Recordset& rs, const std::string& name,
                            std::int16_t itemId) {
     Append(StockLedger(itemId, name, fromDate_, opening, rs));
+}
+
+void frmLedger::cmdPrint_Click() {
+    ui().ucHTMLBox->PrintReport(true);
 }
 
 // The report is read-only in the end: showing it sets the switch that Editable let go of.

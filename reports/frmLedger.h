@@ -41,6 +41,9 @@ class frmLedger : public forms::FormOf<Ui::frmLedger> {
     std::vector<Command> CtrlCommands() override;
 
   private:
+    void cmdPrint_Click();
+    void cmdClose_Click() { Unload(); }
+
     void Append(const std::string& html) { report_ += html; }
     void AppendHeading(const std::string& title, const std::string& span, const char* toDateMask);
 

@@ -1,6 +1,7 @@
 #include "reports/frmPartyLedger.h"
 
 #include "core/DBCode.h"
+#include "core/LedgerSide.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
@@ -15,8 +16,8 @@ namespace qm {
 void frmPartyLedger::Wire() {
     ui().optDetail->Click = [this] { optDetail_Click(); };
     ui().optSumm->Click = [this] { optSumm_Click(); };
-    ui().ucPartyLedger->OkClick = [this] { OkClick(); };
-    ui().ucPartyLedger->CancelClick = [this] { Unload(); };
+    ui().ucPartyLedger->OkClick = [this] { ucPartyLedger_OkClick(); };
+    ui().ucPartyLedger->CancelClick = [this] { ucPartyLedger_CancelClick(); };
     range_.emplace(*ui().dtpDateFrom, *ui().dtpDateUpTo, basic::Clock::Today);
 }
 
@@ -55,7 +56,7 @@ void frmPartyLedger::optSumm_Click() {
 }
 
 // Neither option is set at first: that is the trial balance too. Kept 80.
-void frmPartyLedger::OkClick() {
+void frmPartyLedger::ucPartyLedger_OkClick() {
     if (ui().optDetail->Value())
         PrintLedger();
     else
@@ -74,7 +75,7 @@ void frmPartyLedger::PrintLedger() {
         const ado::RecordsetPtr ledger =
             Conn().Execute("Select Name from ledger_master  Where ledger_id = " + ledgerId);
         ado::Recordset rows;
-        rows.Open(" SELECT  *  From " + YearTable("tb_Ledger") + " WHERE ledgercode = " + ledgerId +
+        rows.Open(" SELECT  *  From tb_Ledger" + shared().FinYear + " WHERE ledgercode = " + ledgerId +
                       " And ledgertxnDate >= " + std::to_string(from) + " And ledgertxnDate <= " +
                       std::to_string(upto) + " Order by  ledgertxnDate, ledgertrntype Desc ",
                   shared().Connection, ado::adOpenDynamic, ado::adLockOptimistic, -1);
@@ -90,16 +91,15 @@ void frmPartyLedger::OpeningOf(const std::string& ledgerId, std::int32_t from, d
     const ado::RecordsetPtr stored =
         Conn().Execute("Select opening_Bal,Bal_type from Ledger_details  WHERE ledger_Id =" + ledgerId +
                        " And Ledger_details.Fnncl_Yr = " + shared().FinYear);
-    const auto earlier = [&](const char* sum) {
-        return Conn().Execute("SELECT SUM(" + std::string(sum) + " From  " + YearTable("tb_ledger") +
-                              " WHERE ledgertxndate < " + std::to_string(from) +
-                              " AND ledgerCode = " + ledgerId);
-    };
-    const ado::RecordsetPtr debits = earlier("ledgerdrAmt) As drVal");
-    const ado::RecordsetPtr credits = earlier("ledgercrAmt) As crVal");
+    const std::string earlier =
+        shared().FinYear + " WHERE ledgertxndate < " + std::to_string(from) + " AND ledgerCode = " + ledgerId;
+    const ado::RecordsetPtr debits =
+        Conn().Execute("SELECT SUM(ledgerdrAmt) As drVal From  tb_ledger" + earlier);
+    const ado::RecordsetPtr credits =
+        Conn().Execute("SELECT SUM(ledgercrAmt) As crVal From tb_ledger" + earlier);
     const basic::Value balance = (*stored)["opening_Bal"];
-    if (!balance.IsNull())
-        opening = basic::ToDouble(balance) * (basic::TextOrEmpty((*stored)["Bal_type"]) == "C" ? -1 : 1);
+    const bool credit = SideOfLetter(basic::TextOrEmpty((*stored)["Bal_type"])) == LedgerSide::Credit;
+    if (!balance.IsNull()) opening = basic::ToDouble(balance) * (credit ? -1 : 1);
     opening = opening + basic::NumberOrZero((*debits)["drVal"]) - basic::NumberOrZero((*credits)["crVal"]);
 }
 

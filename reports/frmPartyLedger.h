@@ -21,7 +21,8 @@ class frmPartyLedger : public forms::FormOf<Ui::frmPartyLedger> {
   private:
     void optDetail_Click();
     void optSumm_Click();
-    void OkClick();
+    void ucPartyLedger_OkClick();
+    void ucPartyLedger_CancelClick() { Unload(); }
 
     void PrintLedger();
     void PrintTrialBalance();

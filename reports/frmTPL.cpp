@@ -12,8 +12,8 @@ namespace qm {
 
 void frmTPL::Wire() {
     ui().cmdView->Click = [this] { cmdView_Click(); };
-    ui().cmdPrint->Click = [this] { ui().ucHTMLBox->PrintReport(true); };
-    ui().cmdClose->Click = [this] { Unload(); };
+    ui().cmdPrint->Click = [this] { cmdPrint_Click(); };
+    ui().cmdClose->Click = [this] { cmdClose_Click(); };
 }
 
 void frmTPL::Form_Load() {
@@ -23,7 +23,7 @@ void frmTPL::Form_Load() {
 
 std::vector<forms::Form::Command> frmTPL::CtrlCommands() {
     const auto print = [this] {
-        if (ui().cmdPrint->isEnabled()) ui().cmdPrint->Click.Fire();
+        if (ui().cmdPrint->isEnabled()) cmdPrint_Click();
     };
     return {{'P', print}};
 }
@@ -33,11 +33,15 @@ void frmTPL::cmdView_Click() {
     const basic::Date upto = ui().dtpDate->Value();
     const forms::WaitPointer wait;
     RebuildWithProgress(basic::ToLong(DateNumber(upto)), BeforeRebuild::ZeroTotals);
-    FinalResults::Build();
-    ui().ucHTMLBox->SetHTMl(FinalResults(upto).Print());
+    FinalResults::BuildResults();
+    ui().ucHTMLBox->SetHTMl(FinalResults(upto).PrintResults());
     ui().ucHTMLBox->ui().dhtEdit->SetPaper(ReportPaper(Caption(), Period(upto)));
     ui().cmdPrint->SetEnabled(true);
     ui().cmdView->SetEnabled(false);
+}
+
+void frmTPL::cmdPrint_Click() {
+    ui().ucHTMLBox->PrintReport(true);
 }
 
 void frmTPL::Form_Unload() {

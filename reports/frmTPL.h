@@ -16,6 +16,8 @@ class frmTPL : public forms::FormOf<Ui::frmTPL> {
 
   private:
     void cmdView_Click();
+    void cmdPrint_Click();
+    void cmdClose_Click() { Unload(); }
 };
 
 }  // namespace qm

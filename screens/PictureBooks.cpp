@@ -26,16 +26,16 @@ void LendOrder() {
         FetchFirstColumn("Select Ledger_ID From Ledger_Master Where PrimaryGrp = 'Suppliers'");
     const std::int32_t lastItem = Highest("Item_ID", "ItemMaster");
     if (Highest("PoNumber", "tblPO") != 0 || suppliers.empty() || lastItem <= 0) return;
-    Conn().Execute("Insert Into " + YearTable("tblPO") +
+    Conn().Execute("Insert Into tblPO" + shared().FinYear +
                    " Select 1 As PoNumber, Ledger_ID As PoSupplierID, Name As PoSupplierName, " +
                    basic::ToText(DateNumber(basic::Clock::Today())) +
                    " As PoDate, 'Within a week' As PoDlvTerm, False As PoCancelled From Ledger_Master Where "
                    "Ledger_ID = " +
                    basic::ToText(suppliers.front()));
-    Conn().Execute("Insert Into " + YearTable("tblPODet") +
+    Conn().Execute("Insert Into tblPODet" + shared().FinYear +
                    " Select 1 As PoDetPoNo, Item_ID As PoDetItemID, Item_Name As PoDetItemDesc, 24 As "
-                   "PoDetQtyOrder From " +
-                   YearTable("ItemMaster") + " Where Item_ID > " + std::to_string(lastItem - 3));
+                   "PoDetQtyOrder From ItemMaster" +
+                   shared().FinYear + " Where Item_ID > " + std::to_string(lastItem - 3));
 }
 
 // By the road of every start. The folder that users see named stays that of the books.
@@ -54,13 +54,15 @@ void OpenCopyIn(const std::string& folder) {
 }  // namespace
 
 std::int32_t Highest(const std::string& field, const std::string& table) {
-    const auto column = FetchFirstColumn("Select Max(" + field + ") As High From " + YearTable(table));
+    const auto column =
+        FetchFirstColumn("Select Max(" + field + ") As High From " + table + shared().FinYear);
     return basic::ToLong(basic::NumberOrZero(column.at(0)));
 }
 
 PictureBooks::Folder::Folder() : path((fs::temp_directory_path() / "qmhost-XXXXXX").string()) {
     if (mkdtemp(path.data()) == nullptr)
-        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be made", "screens");
+        throw basic::Error(PathAccess, "Path/File access error: " + path + " cannot be made",
+                           "screens.PictureBooks");
     path += '/';
 }
 

@@ -11,7 +11,9 @@ namespace qm {
 bool IsInYear(basic::Date date, RangeNamed named) {
     const std::int16_t year = basic::ToInteger(basic::Value(shared().FinYear));
     if (IsDateInFinYear(date, year)) return true;
-    MsgBox(FinYearRangeText(named == RangeNamed::YearBefore ? year - 1 : year), vbInformation, AppTitle);
+    const int first = named == RangeNamed::YearBefore ? year - 1 : year;
+    Tell("Please select the date in Financial Year range \r\n\r\n'01-Apr-" + std::to_string(first) +
+         "' to '31-Mar-" + std::to_string(first + 1) + "'");
     return false;
 }
 
@@ -32,7 +34,7 @@ bool IsChosen(forms::ComboBox& box, const char* message) {
 
 bool IsFilled(forms::TextBox& box, const char* message) {
     if (!basic::Trim(box.Text()).empty()) return true;
-    MsgBox(message, vbInformation, AppTitle);
+    Tell(message);
     box.SetFocus();
     return false;
 }

@@ -89,14 +89,14 @@ void frmNewMenu::Wire() {
     ui().vsOptions->MouseMove = [this](int, int, int, int) { vsOptions_MouseMove(); };
     ui().vsOptions->KeyDown = [this](int& code, int shift) { vsOptions_KeyDown(code, shift); };
     ui().vsOptions->Click = [this] { vsOptions_Click(); };
-    for (forms::VSFlexGrid* grid : {ui().vsFinOptions, ui().vsOptions}) {
-        grid->MouseDown = [this, grid](int, int, int, int) { Press(*grid); };
-        grid->MouseUp = [this, grid](int, int, int, int) { Release(*grid); };
-    }
+    ui().vsFinOptions->MouseDown = [this](int, int, int, int) { vsFinOptions_MouseDown(); };
+    ui().vsFinOptions->MouseUp = [this](int, int, int, int) { vsFinOptions_MouseUp(); };
+    ui().vsOptions->MouseDown = [this](int, int, int, int) { vsOptions_MouseDown(); };
+    ui().vsOptions->MouseUp = [this](int, int, int, int) { vsOptions_MouseUp(); };
     ui().lblMinimize->Click = [this] { lblMinimize_Click(); };
+    ui().lblMinimize->MouseMove = [this] { lblMinimize_MouseMove(); };
     ui().lblClose->Click = [this] { lblClose_Click(); };
-    for (forms::Label* label : {ui().lblMinimize, ui().lblClose})
-        label->MouseMove = [label] { label->SetForeColor(forms::vbRed); };
+    ui().lblClose->MouseMove = [this] { lblClose_MouseMove(); };
 }
 
 void frmNewMenu::Form_Load() {
@@ -285,6 +285,14 @@ void frmNewMenu::vsOptions_KeyDown(int& keyCode, int shift) {
 
 void frmNewMenu::lblMinimize_Click() {
     Minimize();
+}
+
+void frmNewMenu::lblMinimize_MouseMove() {
+    ui().lblMinimize->SetForeColor(forms::vbRed);
+}
+
+void frmNewMenu::lblClose_MouseMove() {
+    ui().lblClose->SetForeColor(forms::vbRed);
 }
 
 void frmNewMenu::cmdExit_Click() {

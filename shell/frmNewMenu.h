@@ -45,13 +45,19 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     bool Letter(int keyCode);
 
     void vsFinOptions_MouseMove();
+    void vsFinOptions_MouseDown() { Press(*ui().vsFinOptions); }
+    void vsFinOptions_MouseUp() { Release(*ui().vsFinOptions); }
     void vsFinOptions_KeyDown(int& keyCode, int shift);
     void vsOptions_MouseMove();
+    void vsOptions_MouseDown() { Press(*ui().vsOptions); }
+    void vsOptions_MouseUp() { Release(*ui().vsOptions); }
     void vsOptions_Click();
     void vsOptions_KeyDown(int& keyCode, int shift);
     void lblMinimize_Click();
+    void lblMinimize_MouseMove();
     void cmdExit_Click();
     void lblClose_Click() { cmdExit_Click(); }
+    void lblClose_MouseMove();
 
     std::span<const ScreenEntry> screens_;
     int pressedRow_ = -1;

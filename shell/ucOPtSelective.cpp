@@ -10,7 +10,7 @@ ucOPtSelective::ucOPtSelective(QWidget* parent) : UserControlOf(parent), OkClick
     ui().optAll->Click = [this] { optAll_Click(); };
     ui().optSel->Click = [this] { optSel_Click(); };
     ui().cmdOk->Click = [this] { cmdOk_Click(); };
-    ui().cmdCancel->Click = [this] { CancelClick.Fire(); };
+    ui().cmdCancel->Click = [this] { cmdCancel_Click(); };
 }
 
 // What fails is passed over: the record set is often open already.

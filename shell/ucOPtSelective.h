@@ -31,6 +31,7 @@ class ucOPtSelective : public forms::UserControlOf<Ui::ucOPtSelective> {
   private:
     void UserControl_EnterFocus();
     void optSel_Click();
+    void cmdCancel_Click() { CancelClick.Fire(); }
     void cmdOk_Click();  // raises 6 "Overflow" for a key beyond 16 bits
 
     ado::RecordsetPtr rows_;

@@ -3,6 +3,8 @@
 #include <unordered_map>
 
 #include "core/Balance.h"
+#include "core/LedgerSide.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 
@@ -35,14 +37,13 @@ std::string Statement(LedgerListKind kind) {
 }  // namespace
 
 LedgerListKind LedgerListFor(const std::string& voucherType, const std::string& side) {
-    const bool debit = side == "Dr.", credit = side == "Cr.";
-    if (voucherType == "Contra") return LedgerListKind::Bank;
-    if (voucherType == "Journal") return LedgerListKind::Journal;
-    if (voucherType == "Receipt" && (debit || credit))
-        return debit ? LedgerListKind::Bank : LedgerListKind::All;
-    if (voucherType == "Payment" && (debit || credit))
-        return debit ? LedgerListKind::All : LedgerListKind::Bank;
-    return LedgerListKind::Stays;
+    const auto type = TypeOfWord(voucherType);
+    if (type == VoucherType::Contra) return LedgerListKind::Bank;
+    if (type == VoucherType::Journal) return LedgerListKind::Journal;
+    const auto lineSide = SideOfMark(side);
+    if (!type || !lineSide) return LedgerListKind::Stays;
+    const auto bankSide = type == VoucherType::Receipt ? LedgerSide::Debit : LedgerSide::Credit;
+    return lineSide == bankSide ? LedgerListKind::Bank : LedgerListKind::All;
 }
 
 // A ledger with two detail rows shows the balance of the first of them twice. Kept 43.
@@ -62,7 +63,7 @@ std::string LedgerList::Fill(LedgerListKind kind) {
     return list;
 }
 
-std::string LedgerList::BalanceText(const std::string& ledgerId) {
+std::string LedgerList::LedgerBalanceText(const std::string& ledgerId) {
     ledgers_->MoveFirst();
     ledgers_->Find("Ledger_ID = " + ledgerId);
     return CurrentBalanceText();
@@ -70,12 +71,12 @@ std::string LedgerList::BalanceText(const std::string& ledgerId) {
 
 std::string LedgerList::CurrentBalanceText() {
     ado::Recordset& ledger = *ledgers_;
-    const double opening =
-        basic::NumberOrZero(ledger["Opening_Bal"]) * (basic::TextOrEmpty(ledger["Bal_Type"]) == "D" ? 1 : -1);
+    const bool debit = SideOfLetter(basic::TextOrEmpty(ledger["Bal_Type"])) == LedgerSide::Debit;
+    const double opening = basic::NumberOrZero(ledger["Opening_Bal"]) * (debit ? 1 : -1);
     const basic::Value debits = ledger["leddetDrtxntot"];
     if (debits.IsNull()) return "Dr";
     const double balance = opening + basic::ToDouble(debits) - basic::NumberOrZero(ledger["leddetCrtxntot"]);
-    return qm::BalanceText(balance, [](double rupees) { return basic::StrText(basic::Round(rupees, 2)); });
+    return BalanceText(balance, [](double rupees) { return basic::StrText(basic::Round(rupees, 2)); });
 }
 
 void LedgerList::Close() {

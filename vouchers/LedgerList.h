@@ -23,7 +23,7 @@ class LedgerList {
     // conversion, then "Dr" or "Cr". Any side but "D" counts as credit here, unlike in posting. A ledger
     // whose debit total is Null has no figure: "Dr". Raises 3021 for a ledger that the list does not hold.
     // Kept 43.
-    std::string BalanceText(const std::string& ledgerId);
+    std::string LedgerBalanceText(const std::string& ledgerId);
     void Close();
 
   private:

@@ -17,9 +17,17 @@ bool IsNought(const basic::Value& amount) {
     return basic::NumberOrZero(amount) == 0;
 }
 
+int AmountColumn(LedgerSide side) {
+    return side == LedgerSide::Debit ? DrAmount : CrAmount;
+}
+
 }  // namespace
 
-void VoucherGrid::SetUp() {
+std::optional<LedgerSide> VoucherGrid::SideOf(int row) const {
+    return SideOfMark(grid_.TextMatrix(row, Side));
+}
+
+void VoucherGrid::SetupVoucherGrid() {
     grid_.SetRows(2);
     grid_.SetCols(Columns);
     const struct {
@@ -36,7 +44,7 @@ void VoucherGrid::SetUp() {
     grid_.SetColHidden(Changed, true);
     grid_.SetColHidden(Number, true);
     grid_.SetColBoolean(Changed, true);
-    grid_.SetColComboList(Side, "Dr.|Cr.");
+    grid_.SetColComboList(Side, std::string(MarkOf(LedgerSide::Debit)) + "|" + MarkOf(LedgerSide::Credit));
     grid_.SetColComboList(Ledger, "Dummy");  // for its button: the list itself is another grid's
     for (const int column : {Balance, DrAmount, CrAmount}) {
         grid_.SetColFormat(column, AmountMask);
@@ -63,9 +71,10 @@ void VoucherGrid::AddLoaded(ado::Recordset& row) {
     grid_.SetCellData(line, Ledger, row["LedgerCode"]);
     grid_.SetTextMatrix(line, Balance, basic::TextOrEmpty(row["LedgerLedBal"]));
     const basic::Value debit = row["LedgerDrAmt"], credit = row["LedgerCrAmt"];
-    grid_.SetTextMatrix(line, Side, IsNought(debit) ? "Cr." : "Dr.");
+    const auto setSide = [&](LedgerSide side) { grid_.SetTextMatrix(line, Side, MarkOf(side)); };
+    setSide(IsNought(debit) ? LedgerSide::Credit : LedgerSide::Debit);
     if (!IsNought(debit)) grid_.SetTextMatrix(line, DrAmount, basic::ToText(debit));
-    grid_.SetTextMatrix(line, Side, IsNought(credit) ? "Dr." : "Cr.");
+    setSide(IsNought(credit) ? LedgerSide::Debit : LedgerSide::Credit);
     if (!IsNought(credit)) grid_.SetTextMatrix(line, CrAmount, basic::ToText(credit));
     grid_.SetRows(grid_.Rows() + 1);
 }
@@ -87,7 +96,7 @@ VoucherLine VoucherGrid::Line(int row) const {
     return {.Removed = grid_.RowHidden(row),
             .Changed = grid_.CellChecked(row, Changed),
             .SavedNo = grid_.TextMatrix(row, Number),
-            .Side = grid_.TextMatrix(row, Side),
+            .Side = SideOf(row),
             .OldLedgerId = basic::TextOrEmpty(grid_.CellData(row, Changed)),
             .LedgerId = basic::TextOrEmpty(grid_.CellData(row, Ledger)),
             .LedgerName = grid_.TextMatrix(row, Ledger),
@@ -108,20 +117,19 @@ std::string VoucherGrid::OpenDifference(int row) const {
 }
 
 void VoucherGrid::PutDifference(int line) {
-    const bool debit = grid_.TextMatrix(line, Side) == "Dr.";
-    grid_.SetTextMatrix(line, debit ? DrAmount : CrAmount, OpenDifference(line));
-    grid_.SetTextMatrix(line, debit ? CrAmount : DrAmount, "");
+    const LedgerSide side = SideOf(line).value_or(LedgerSide::Credit);
+    grid_.SetTextMatrix(line, AmountColumn(side), OpenDifference(line));
+    grid_.SetTextMatrix(line, AmountColumn(Other(side)), "");
 }
 
 void VoucherGrid::SetBalancingLine() {
-    const std::string& side = grid_.TextMatrix(LastLine(), Side);
-    if (side == "Dr." || side == "Cr.") PutDifference(LastLine());
+    if (SideOf(LastLine())) PutDifference(LastLine());
 }
 
 void VoucherGrid::MoveAmountToItsSide(int row) {
-    const std::string& side = grid_.TextMatrix(row, Side);
-    if (side != "Dr." && side != "Cr.") return;
-    const int right = side == "Dr." ? DrAmount : CrAmount, wrong = side == "Dr." ? CrAmount : DrAmount;
+    const auto side = SideOf(row);
+    if (!side) return;
+    const int right = AmountColumn(*side), wrong = AmountColumn(Other(*side));
     if (basic::Trim(grid_.TextMatrix(row, wrong)).empty()) return;
     grid_.SetTextMatrix(row, right, grid_.TextMatrix(row, wrong));
     grid_.SetTextMatrix(row, wrong, "");
@@ -132,16 +140,15 @@ void VoucherGrid::MoveAmountToItsSide(int row) {
 void VoucherGrid::OpenLine(int after) {
     grid_.AddItem("", LastRow() - 3);
     const int line = LastLine();
-    const std::string& side = grid_.TextMatrix(after, Side);
-    if (!side.empty()) {
-        grid_.SetTextMatrix(line, Side, side == "Cr." ? "Dr." : "Cr.");
+    if (const auto side = SideOf(after)) {
+        grid_.SetTextMatrix(line, Side, MarkOf(Other(*side)));
         PutDifference(line);
     }
     grid_.SetTextMatrix(line, Particulars, grid_.TextMatrix(after, Particulars));
     grid_.Select(line, Side);
 }
 
-void VoucherGrid::ShowTotals() {
+void VoucherGrid::ShowVoucherTotals() {
     for (const int column : {DrAmount, CrAmount}) {
         const double sum = Sum(column, LastRow() - 3);
         grid_.SetTextMatrix(LastRow(), column, sum > 0 ? "Rs." + basic::Format(sum, AmountMask) : "");

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "core/LedgerSide.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "vouchers/VoucherPosting.h"
@@ -18,7 +20,7 @@ class VoucherGrid {
   public:
     explicit VoucherGrid(forms::VSFlexGrid& grid) : grid_(grid) {}
 
-    void SetUp();                         // two rows, eight columns, the heading
+    void SetupVoucherGrid();              // two rows, eight columns, the heading
     void AddLoaded(ado::Recordset& row);  // fills the last row from a row of tb_Ledger and adds one
     void AddFoot();                       // the four rows below the lines
     void Empty();                         // back to the heading and one row
@@ -27,6 +29,7 @@ class VoucherGrid {
     int LastLine() const { return LastRow() - 4; }
     bool IsLine(int row) const { return row < LastRow() - 3; }
     VoucherLine Line(int row) const;
+    std::optional<LedgerSide> SideOf(int row) const;
 
     // What the lines above a row lack for their sides to be equal, as a plain number.
     std::string OpenDifference(int row) const;
@@ -34,7 +37,7 @@ class VoucherGrid {
     void MoveAmountToItsSide(int row);  // after the side changed; balances if there was one
     // Opens the next line on the other side with what is missing, even if nothing is. Kept 42.
     void OpenLine(int after);
-    void ShowTotals();
+    void ShowVoucherTotals();
     double ShownTotal(int column) const;  // as displayed, to 2 places; blank is 0
 
     void MarkChanged(int row);  // of a saved line; nothing on a new one

@@ -13,7 +13,7 @@ namespace qm {
 namespace {
 
 bool IsDebit(const VoucherLine& line) {
-    return line.Side == "Dr.";
+    return line.Side == LedgerSide::Debit;
 }
 
 std::string LedgerOfYear(const std::string& ledgerId) {
@@ -36,7 +36,7 @@ void VoucherPosting::Post(const VoucherLine& line) {
 
 // The row's balance is the one after this posting: the totals have it already. Kept 12.
 void VoucherPosting::Add(const VoucherLine& line) {
-    if (line.Side.empty()) return;
+    if (!line.Side) return;
     RaiseTotals(line);
     ReadBalance(line, true);
     InsertRow(line);
@@ -47,9 +47,12 @@ void VoucherPosting::Add(const VoucherLine& line) {
 // for on the date that the screen shows now. The row's balance is opening plus this one line. All kept 37.
 void VoucherPosting::Replace(const VoucherLine& line) {
     if (!line.Changed) return;
-    const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
-    ExecuteCounted("Update Ledger_Details Set " + total + " = Iif(IsNull(" + total + "), 0, " + total +
-                   ") - " + basic::NumberText(IsDebit(line) ? line.DrAmount : line.CrAmount) +
+    ExecuteCounted((IsDebit(line) ? "Update Ledger_Details Set LedDetDRTxnTot = Iif(IsNull(LedDetDRTxnTot), "
+                                    "0, LedDetDRTxnTot) - " +
+                                        basic::NumberText(line.DrAmount)
+                                  : "Update Ledger_Details Set LedDetCRTxnTot = Iif(IsNull(LedDetCRTxnTot), "
+                                    "0, LedDetCRTxnTot) - " +
+                                        basic::NumberText(line.CrAmount)) +
                    LedgerOfYear(line.OldLedgerId));
     DeleteRow(line, line.OldLedgerId);
     RaiseTotals(line);
@@ -61,10 +64,11 @@ void VoucherPosting::Replace(const VoucherLine& line) {
 // The ledger is found by the name on the line: two ledgers of that name fail it, and so does a line that was
 // moved to another ledger before. A Null total stays Null. Kept 38.
 void VoucherPosting::Remove(const VoucherLine& line) const {
-    const std::string total = IsDebit(line) ? "LedDetDRTxnTot" : "LedDetCRTxnTot";
     ExecuteCounted(
-        "Update Ledger_Details Set " + total + " = " + total + " - " +
-        basic::NumberText(IsDebit(line) ? line.DrAmount : line.CrAmount) +
+        (IsDebit(line) ? "Update Ledger_Details Set LedDetDRTxnTot = LedDetDRTxnTot - " +
+                             basic::NumberText(line.DrAmount)
+                       : "Update Ledger_Details Set LedDetCRTxnTot = LedDetCRTxnTot - " +
+                             basic::NumberText(line.CrAmount)) +
         LedgerOfYear("(Select Ledger_ID From Ledger_Master Where Name =  " + Quoted(line.LedgerName) + ")"));
     DeleteRow(line, "(Select Ledger_ID From Ledger_Master Where Name = " + Quoted(line.LedgerName) + ")");
 }
@@ -92,7 +96,7 @@ void VoucherPosting::ReadBalance(const VoucherLine& line, bool withTotals) {
 }
 
 void VoucherPosting::InsertRow(const VoucherLine& line) const {
-    ExecuteCounted("Insert Into " + YearTable("tb_Ledger") +
+    ExecuteCounted("Insert Into tb_Ledger" + shared().FinYear +
                    "(LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerDrAmt, LedgerNarration, LedgerTrnType, "
                    "LedgerCrAmt, LedgerName, LedgerLedBal, LedgerMcGenerated) Values (" +
                    std::to_string(trnNo_) + ", " + line.LedgerId + ", " + std::to_string(dayNumber_) + ", " +
@@ -102,7 +106,7 @@ void VoucherPosting::InsertRow(const VoucherLine& line) const {
 }
 
 void VoucherPosting::DeleteRow(const VoucherLine& line, const std::string& ledgerId) const {
-    ExecuteCounted("Delete From " + YearTable("tb_Ledger") +
+    ExecuteCounted("Delete From tb_Ledger" + shared().FinYear +
                    " Where LedgerTrnNo = " + basic::NumberText(basic::PrefixValue(line.SavedNo)) +
                    " And LedgerCode = " + ledgerId + " And LedgerTxnDate = " + std::to_string(dayNumber_) +
                    " And LedgerTrnType = " + Quoted(voucherType_));

@@ -1,17 +1,20 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "core/LedgerSide.h"
 
 namespace qm {
 
 // One line of the voucher on screen, as Save reads it. Amounts are rupees, magnitudes, 0 if blank.
 struct VoucherLine {
-    bool Removed = false;     // a saved line that the user deleted
-    bool Changed = false;     // a saved line that was edited
-    std::string SavedNo;      // the number that the line was loaded with; "" for one typed now
-    std::string Side;         // "Dr." or "Cr."; "" for the spare line
-    std::string OldLedgerId;  // of the ledger as it was loaded
+    bool Removed = false;            // a saved line that the user deleted
+    bool Changed = false;            // a saved line that was edited
+    std::string SavedNo;             // the number that the line was loaded with; "" for one typed now
+    std::optional<LedgerSide> Side;  // none for the spare line
+    std::string OldLedgerId;         // of the ledger as it was loaded
     std::string LedgerId, LedgerName;
     double DrAmount = 0, CrAmount = 0;
     std::string Narration;

@@ -4,8 +4,9 @@
 
 #include "core/Boxes.h"
 #include "core/DBCode.h"
-#include "core/FDBCode.h"
 #include "core/GeneralUtils.h"
+#include "core/VoucherReversal.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Dates.h"
@@ -42,8 +43,8 @@ std::string DayNumber(basic::Date date) {
 
 std::string DistinctRows() {
     return "Select Distinct LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerCode, "
-           "LedgerName, LedgerMcGenerated From " +
-           YearTable("tb_Ledger");
+           "LedgerName, LedgerMcGenerated From tb_Ledger" +
+           shared().FinYear;
 }
 
 }  // namespace
@@ -72,8 +73,8 @@ void frmDayBook::Form_Load() {
     FillComboFromArray(*ui().cboFilterFld, {"Date Range", "Date", "Type", "Amount", "Ledger"});
     OpenDayBook(
         "Select LedgerTrnNo, LedgerTrnType, LedgerTxnDate, LedgerDrAmt,LedgerCrAmt, LedgerCode,LedgerName, "
-        "LedgerMcGenerated From " +
-        YearTable("tb_Ledger") + " Order By LedgerTxnDate");
+        "LedgerMcGenerated From tb_Ledger" +
+        shared().FinYear + " Order By LedgerTxnDate");
     ShowToday();
     ui().dtpDateFrom->SetValue(basic::Clock::Today());
     ui().dtpDateUpTo->SetValue(basic::Clock::Today());
@@ -199,8 +200,7 @@ void frmDayBook::cboFilterFld_Click() {
     ui().txtDtUpto->SetVisible(false);
     ui().lblComp->SetCaption(amount ? ">=" : "=");
     if (value) ui().cboFilterValue->Clear();
-    if (field == "Type")
-        FillComboFromArray(*ui().cboFilterValue, {"Receipt", "Payment", "Contra", "Journal"});
+    if (field == "Type") FillComboFromArray(*ui().cboFilterValue, VoucherTypeWords());
     if (field == "Ledger") FillLedgerNames();
 }
 

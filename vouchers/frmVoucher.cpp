@@ -6,7 +6,9 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
+#include "core/LedgerSide.h"
 #include "core/NextNumber.h"
+#include "core/VoucherType.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Clock.h"
 #include "platform/basic/Number.h"
@@ -27,7 +29,7 @@ void frmVoucher::Load(std::int32_t trnNo) {
 }
 
 void frmVoucher::SetCallingForm(forms::Form& form, std::function<void()> refresh) {
-    CallingForm = &form;
+    CallingForm = form.Reference();
     refreshCaller_ = std::move(refresh);
 }
 
@@ -42,7 +44,7 @@ void frmVoucher::Wire() {
 }
 
 void frmVoucher::Form_Load() {
-    FillComboFromArray(*ui().cmbVoucherType, {"Receipt", "Payment", "Contra", "Journal"});
+    FillComboFromArray(*ui().cmbVoucherType, VoucherTypeWords());
 }
 
 std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
@@ -55,7 +57,8 @@ std::vector<forms::Form::Command> frmVoucher::CtrlCommands() {
 }
 
 void frmVoucher::Form_Unload() {
-    if (CallingForm && CallingForm->Loaded()) refreshCaller_();
+    const auto caller = CallingForm.lock();
+    if (caller && caller->Loaded()) refreshCaller_();
     ledgers_.Close();
 }
 
@@ -64,9 +67,9 @@ void frmVoucher::Form_Unload() {
 void frmVoucher::LoadVoucher(std::int32_t trnNo) {
     ui().txtVoucherNo->SetText(trnNo < 1 ? NewVoucher : std::to_string(trnNo));
     CurrentTrnNo = trnNo;
-    lines_->SetUp();
+    lines_->SetupVoucherGrid();
     ado::Recordset rows;
-    rows.Open("Select * From " + YearTable("tb_Ledger") + " Where LedgerTrnNo = " + std::to_string(trnNo),
+    rows.Open("Select * From tb_Ledger" + shared().FinYear + " Where LedgerTrnNo = " + std::to_string(trnNo),
               shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
     if (!rows.Eof()) {
         ui().dtpDate->SetValue(basic::ToDate(DateNumber(rows["LedgerTxnDate"])));
@@ -74,7 +77,7 @@ void frmVoucher::LoadVoucher(std::int32_t trnNo) {
     }
     for (; !rows.Eof(); rows.MoveNext()) lines_->AddLoaded(rows);
     lines_->AddFoot();
-    lines_->ShowTotals();
+    lines_->ShowVoucherTotals();
 }
 
 void frmVoucher::cmbVoucherType_Validate() {
@@ -103,7 +106,7 @@ void frmVoucher::cmdSave_Click() {
     try {
         if (!ValidateVoucher()) return;
         if (ui().txtVoucherNo->Text() == NewVoucher)
-            CurrentTrnNo = NextNumber("Select Max(LedgerTrnNo) As High From " + YearTable("tb_Ledger"));
+            CurrentTrnNo = NextNumber("Select Max(LedgerTrnNo) As High From tb_Ledger" + shared().FinYear);
         VoucherPosting posting(CurrentTrnNo, basic::ToLong(DateNumber(ui().dtpDate->Value())),
                                ui().cmbVoucherType->Text());
         for (int row = 1; row <= lines_->LastLine(); ++row) {
@@ -151,9 +154,9 @@ bool frmVoucher::ValidateVoucher() {
 
 bool frmVoucher::ValidateLine(int row) {
     forms::VSFlexGrid& grid = *ui().vsVoucher;
-    const std::string side = grid.TextMatrix(row, Side);
-    if (side != "Dr." && side != "Cr.") return true;
-    const bool debit = side == "Dr.";
+    const auto side = lines_->SideOf(row);
+    if (!side) return true;
+    const bool debit = side == LedgerSide::Debit;
     if (grid.TextMatrix(row, Ledger).empty()) {
         Refuse(debit ? "Please select a ledger to be debited" : "Please select a ledger to be credited");
         grid.SetFocus();

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -67,7 +68,7 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     LedgerList ledgers_;                // behind vsCombo
     std::string typed_;                 // the letter that was typed on a cell of the grid, "" if none
     std::int32_t CurrentTrnNo = 0;      // the voucher on screen, 0 for a new one
-    forms::Form* CallingForm = nullptr;
+    std::weak_ptr<forms::Form> CallingForm;
     std::function<void()> refreshCaller_;
 };
 

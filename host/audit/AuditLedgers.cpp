@@ -1,5 +1,6 @@
 // A ledger is a leaf of the group tree, a row of Ledger_Master and a detail row for each year: they are held
 // against each other.
+#include "core/LedgerSide.h"
 #include "host/audit/Audit.h"
 #include "platform/basic/Text.h"
 
@@ -72,7 +73,7 @@ void CheckDetails(Audit& audit, const Chart& chart) {
         const Id id = IdOf(row, "Ledger_ID"), year = IdOf(row, "Fnncl_Yr");
         const std::string side = basic::TextOrEmpty(row["Bal_Type"]);
         ++rowsOf[{id, year}];
-        if (side != "D" && side != "C")
+        if (!qm::SideOfLetter(side))
             audit.Error("details of ledger " + std::to_string(id) + " in " + std::to_string(year) +
                         ": the balance type is '" + side + "', neither D nor C");
         CheckFigures(audit, row);

@@ -3,6 +3,7 @@
 
 #include "host/audit/Audit.h"
 #include "host/audit/YearList.h"
+#include "host/make/YearTables.h"
 
 namespace host {
 namespace {
@@ -29,14 +30,18 @@ std::vector<std::string> CheckRegister(Audit& audit) {
 
 // A year that the class adds has none of the stock tables; one that the screen adds has them all.
 void CheckTables(Audit& audit, const std::string& year) {
-    if (!audit.HasTable("tb_Ledger" + year))
-        audit.Error("year " + year + ": the table tb_Ledger" + year + " is missing");
     std::vector<std::string> missing;
-    const auto stems = {"tblItemLed", "tblPO", "tblPODet", "tblBills", "ItemMaster"};
-    for (const char* stem : stems)
-        if (!audit.HasTable(stem + year)) missing.push_back(stem + year);
+    std::size_t stockTables = 0;
+    for (const YearTable& table : YearTables()) {
+        stockTables += table.Stock() ? 1 : 0;
+        if (audit.HasTable(table.Stem + year)) continue;
+        if (table.Stock())
+            missing.push_back(table.Stem + year);
+        else
+            audit.Error("year " + year + ": the table " + table.Stem + year + " is missing");
+    }
     for (const std::string& table : missing)
-        if (missing.size() == stems.size())
+        if (missing.size() == stockTables)
             audit.Note("year " + year + ": has no table " + table + "; its stock screens will not work");
         else
             audit.Error("year " + year + ": has no table " + table + NotFinished);

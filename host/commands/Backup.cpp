@@ -4,11 +4,9 @@
 #include <iostream>
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
 #include "core/modGeneral.h"
 #include "host/commands/BooksCopy.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/ReadOnlyBooks.h"
 #include "host/make/BooksFolder.h"
@@ -73,28 +71,27 @@ void BackUpBooks(const std::string& folder, const std::string& file) {
     place.Publish();
 }
 
-void AddBackup(CLI::App& app, Command& chosen) {
+void AddBackup(CommandLine& line) {
     struct Options {
         std::string folder, file;
     };
     const auto options = std::make_shared<Options>();
-    auto* command = app.add_subcommand("backup", "Copy the books into a file while others may work");
-    command->add_option("DIR", options->folder, "Folder of the books, or their server's URI")->required();
-    command->add_option("FILE", options->file, "New file; never overwritten")->required();
-    command->footer(
-        "The copy bears the same password. It is opened, its pages are checked and the sums of its tables "
-        "compared, those\n"
-        "of a server row by row; then it gets its name, and is on the disk before anything is said. To go "
-        "back to it: qmhost "
-        "restore.\n"
-        "Example: qmhost backup books books-2025-04-01.mdb");
-    command->callback([options, &chosen] {
-        chosen = [options] {
+    line.Add("backup", "Copy the books into a file while others may work")
+        .Needs("DIR", options->folder, "Folder of the books, or their server's URI")
+        .Needs("FILE", options->file, "New file; never overwritten")
+        .Footer(
+            "The copy bears the same password. It is opened, its pages are checked and the sums of its "
+            "tables "
+            "compared, those\n"
+            "of a server row by row; then it gets its name, and is on the disk before anything is said. To "
+            "go back to it: qmhost "
+            "restore.\n"
+            "Example: qmhost backup books books-2025-04-01.mdb")
+        .Does([options] {
             BackUpBooks(options->folder, options->file);
             std::cout << options->file << ": backed up and compared\n";
             return ExitOk;
-        };
-    });
+        });
 }
 
 }  // namespace host

@@ -4,12 +4,10 @@
 #include <memory>
 #include <thread>
 
-#include <CLI/CLI.hpp>
-
 #include "core/DBCode.h"
 #include "core/modGeneral.h"
 #include "host/audit/Audit.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Counted.h"
 #include "host/commands/Exit.h"
 #include "host/commands/ReadOnlyBooks.h"
@@ -55,17 +53,18 @@ int Check(const std::string& folder) {
 
 }  // namespace
 
-void AddCheck(CLI::App& app, Command& chosen) {
+void AddCheck(CommandLine& line) {
     const auto folder = std::make_shared<std::string>();
-    auto* command = app.add_subcommand("check", "Audit the books and change nothing");
-    command->add_option("DIR", *folder, "Folder of the books")->required();
-    command->footer(
-        "Errors are what should not be. Notes are what the system's own roads leave: what the next rebuild "
-        "of the\n"
-        "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
-        "Others may go on posting: what is read is of one moment.\n"
-        "Example: qmhost check books");
-    command->callback([folder, &chosen] { chosen = [folder] { return Check(*folder); }; });
+    line.Add("check", "Audit the books and change nothing")
+        .Needs("DIR", *folder, "Folder of the books")
+        .Footer(
+            "Errors are what should not be. Notes are what the system's own roads leave: what the next "
+            "rebuild "
+            "of the\n"
+            "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
+            "Others may go on posting: what is read is of one moment.\n"
+            "Example: qmhost check books")
+        .Does([folder] { return Check(*folder); });
 }
 
 }  // namespace host

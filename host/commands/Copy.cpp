@@ -5,10 +5,8 @@
 #include <iostream>
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
 #include "host/commands/BooksCopy.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/make/Books.h"
 #include "host/make/BooksFolder.h"
@@ -47,29 +45,25 @@ void CopyTo(ado::Connection& source, const std::string& to, bool roles) {
     place.Publish();
 }
 
-void AddCopy(CLI::App& app, Command& chosen) {
+void AddCopy(CommandLine& line) {
     struct Options {
         std::string from, to;
         bool roles = false;
     };
     const auto options = std::make_shared<Options>();
-    auto* command = app.add_subcommand("copy", "Copy the books to another place, a server among them");
-    command->add_option("FROM", options->from, "Folder of the books, their server's URI, or a backup's file")
-        ->required();
-    command->add_option("TO", options->to, "Folder or URI where no books stand; made where it is missing")
-        ->required();
-    command->add_flag(
-        "--roles", options->roles,
-        "On a server: make the roles of those who write, NAME_books, and of those who only read, NAME_read");
-    command->footer(
-        "Each row is compared with the one that it was copied from. Nothing is left behind where it fails, "
-        "and\n"
-        "books that stand are never touched. Others may go on working on FROM: what is copied is of one "
-        "moment.\n"
-        "Example: qmhost copy books postgresql://host/firm/");
-    command->callback([options, &chosen] {
-        chosen = [options] { return Copy(options->from, options->to, options->roles); };
-    });
+    line.Add("copy", "Copy the books to another place, a server among them")
+        .Needs("FROM", options->from, "Folder of the books, their server's URI, or a backup's file")
+        .Needs("TO", options->to, "Folder or URI where no books stand; made where it is missing")
+        .Takes("--roles", options->roles,
+               "On a server: make the roles of those who write, NAME_books, and of those who only read, "
+               "NAME_read")
+        .Footer(
+            "Each row is compared with the one that it was copied from. Nothing is left behind where it "
+            "fails, and\n"
+            "books that stand are never touched. Others may go on working on FROM: what is copied is of one "
+            "moment.\n"
+            "Example: qmhost copy books postgresql://host/firm/")
+        .Does([options] { return Copy(options->from, options->to, options->roles); });
 }
 
 }  // namespace host

@@ -2,10 +2,8 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
 #include "host/commands/BooksCopy.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Copy.h"
 #include "host/commands/Exit.h"
 #include "host/commands/Sample.h"
@@ -55,32 +53,26 @@ int Create(CreateOptions options) {
 
 }  // namespace
 
-void AddCreate(CLI::App& app, Command& chosen) {
+void AddCreate(CommandLine& line) {
     const auto options = std::make_shared<CreateOptions>();
-    auto* command = app.add_subcommand("create", "Lay down new books in a folder or on a server");
-    command
-        ->add_option("DIR", options->folder,
-                     "Folder of the books, made where it is missing, or the URI of a server's database, made "
-                     "where it is "
-                     "missing, too: postgresql://host/firm/")
-        ->required();
-    command
-        ->add_option("--year", options->year,
-                     "First year of the financial year to lay down as the current one; without it the first "
-                     "start of the books begins 2001-2002")
-        ->type_name("Y")
-        ->check(CLI::Range(LowestYear, HighestYear));
-    command->add_flag(
-        "--sample", options->sample,
-        "Fill them with a small trading firm: ledgers, items and 60 vouchers (without --year in "
-        "today's financial year)");
-    command->add_flag(
-        "--roles", options->roles,
-        "On a server: make the roles of those who write, NAME_books, and of those who only read, NAME_read");
-    command->footer(
-        "Nothing is left behind where it fails, and books that stand are never touched.\n"
-        "Example: qmhost create books --year 2025 --sample");
-    command->callback([options, &chosen] { chosen = [options] { return Create(*options); }; });
+    line.Add("create", "Lay down new books in a folder or on a server")
+        .Needs("DIR", options->folder,
+               "Folder of the books, made where it is missing, or the URI of a server's database, made where "
+               "it is "
+               "missing, too: postgresql://host/firm/")
+        .Takes("--year", options->year, LowestYear, HighestYear,
+               "First year of the financial year to lay down as the current one; without it the first "
+               "start of the books begins 2001-2002")
+        .Takes("--sample", options->sample,
+               "Fill them with a small trading firm: ledgers, items and 60 vouchers (without --year in "
+               "today's financial year)")
+        .Takes("--roles", options->roles,
+               "On a server: make the roles of those who write, NAME_books, and of those who only read, "
+               "NAME_read")
+        .Footer(
+            "Nothing is left behind where it fails, and books that stand are never touched.\n"
+            "Example: qmhost create books --year 2025 --sample")
+        .Does([options] { return Create(*options); });
 }
 
 }  // namespace host

@@ -3,10 +3,8 @@
 #include <iostream>
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
 #include "host/audit/YearList.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
 
@@ -37,23 +35,22 @@ int ListYears(const ListOptions& options) {
 
 }  // namespace
 
-void AddLedgers(CLI::App& app, Command& chosen) {
+void AddLedgers(CommandLine& line) {
     const auto options = std::make_shared<ListOptions>();
-    auto* command = app.add_subcommand("ledgers", "List ledgers by number and name");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option(
-        "--where", options->where,
-        "Only those of the current year that meet a condition on Ledger_Master and Ledger_Details");
-    command->footer("Example: qmhost ledgers books --where \"PrimaryGrp = 'Suppliers'\"");
-    command->callback([options, &chosen] { chosen = [options] { return ListLedgers(*options); }; });
+    line.Add("ledgers", "List ledgers by number and name")
+        .Needs("DIR", options->folder, "Folder of the books")
+        .Takes("--where", options->where,
+               "Only those of the current year that meet a condition on Ledger_Master and Ledger_Details")
+        .Footer("Example: qmhost ledgers books --where \"PrimaryGrp = 'Suppliers'\"")
+        .Does([options] { return ListLedgers(*options); });
 }
 
-void AddYears(CLI::App& app, Command& chosen) {
+void AddYears(CommandLine& line) {
     const auto options = std::make_shared<ListOptions>();
-    auto* command = app.add_subcommand("years", "List the years and say which one is current");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->footer("Example: qmhost years books");
-    command->callback([options, &chosen] { chosen = [options] { return ListYears(*options); }; });
+    line.Add("years", "List the years and say which one is current")
+        .Needs("DIR", options->folder, "Folder of the books")
+        .Footer("Example: qmhost years books")
+        .Does([options] { return ListYears(*options); });
 }
 
 }  // namespace host

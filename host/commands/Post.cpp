@@ -6,12 +6,11 @@
 #include <memory>
 #include <utility>
 
-#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Counted.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
@@ -170,30 +169,29 @@ int Post(const PostOptions& options) {
 
 }  // namespace
 
-void AddPost(CLI::App& app, Command& chosen) {
+void AddPost(CommandLine& line) {
     const auto options = std::make_shared<PostOptions>();
-    auto* command = app.add_subcommand("post", "Post a file of vouchers into the current year");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command
-        ->add_option("FILE", options->file,
-                     "UTF-8, comma-separated: voucher,date,type,side,ledger,amount,narration")
-        ->required();
-    command->add_option("--year", options->year, "Post only if this is the current year (2001)");
-    command->add_flag("--dry-run", options->dryRun, "Check the file and stop before posting");
-    command->add_flag("--again", options->again, "Post although all its vouchers stand in the books already");
-    command->add_flag("--fast", options->fast,
-                      "Post the whole file in one transaction: all of it or nothing");
-    command->add_flag("--month-first", options->monthFirst,
-                      "Read all dates in figures as month/day/year instead of day/month/year");
-    command->footer(
-        "The whole file is checked first; with a fault in it nothing is posted. Then each row is on the "
-        "disk\n"
-        "before the next is written, which takes the disk's time for each (several milliseconds). A voucher\n"
-        "whose row fails is taken back, and the run stops there. With --fast the disk is waited for once, "
-        "and\n"
-        "nobody else can write until the file is posted.\n"
-        "Example: qmhost post books april.csv --dry-run");
-    command->callback([options, &chosen] { chosen = [options] { return Post(*options); }; });
+    line.Add("post", "Post a file of vouchers into the current year")
+        .Needs("DIR", options->folder, "Folder of the books")
+        .Needs("FILE", options->file,
+               "UTF-8, comma-separated: voucher,date,type,side,ledger,amount,narration")
+        .Takes("--year", options->year, "Post only if this is the current year (2001)")
+        .Takes("--dry-run", options->dryRun, "Check the file and stop before posting")
+        .Takes("--again", options->again, "Post although all its vouchers stand in the books already")
+        .Takes("--fast", options->fast, "Post the whole file in one transaction: all of it or nothing")
+        .Takes("--month-first", options->monthFirst,
+               "Read all dates in figures as month/day/year instead of day/month/year")
+        .Footer(
+            "The whole file is checked first; with a fault in it nothing is posted. Then each row is on the "
+            "disk\n"
+            "before the next is written, which takes the disk's time for each (several milliseconds). A "
+            "voucher\n"
+            "whose row fails is taken back, and the run stops there. With --fast the disk is waited for "
+            "once, "
+            "and\n"
+            "nobody else can write until the file is posted.\n"
+            "Example: qmhost post books april.csv --dry-run")
+        .Does([options] { return Post(*options); });
 }
 
 }  // namespace host

@@ -5,10 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
 #include "host/commands/BooksCopy.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/make/Books.h"
 #include "host/make/BooksFolder.h"
@@ -93,21 +91,21 @@ std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& f
     return place.SetAside();
 }
 
-void AddRestore(CLI::App& app, Command& chosen) {
+void AddRestore(CommandLine& line) {
     struct Options {
         std::string file, folder;
     };
     const auto options = std::make_shared<Options>();
-    auto* command = app.add_subcommand("restore", "Put a backup in the place of the books");
-    command->add_option("FILE", options->file, "The backup; it is only read")->required();
-    command->add_option("DIR", options->folder, "Folder of the books, made where it is missing")->required();
-    command->footer(
-        "The backup is checked first. The books that stand there are set aside under a name with the date, "
-        "with\n"
-        "the log of a crash if there is one: nothing is lost. No program may have them open.\n"
-        "Example: qmhost restore books-2025-04-01.mdb books");
-    command->callback(
-        [options, &chosen] { chosen = [options] { return Restore(options->file, options->folder); }; });
+    line.Add("restore", "Put a backup in the place of the books")
+        .Needs("FILE", options->file, "The backup; it is only read")
+        .Needs("DIR", options->folder, "Folder of the books, made where it is missing")
+        .Footer(
+            "The backup is checked first. The books that stand there are set aside under a name with the "
+            "date, "
+            "with\n"
+            "the log of a crash if there is one: nothing is lost. No program may have them open.\n"
+            "Example: qmhost restore books-2025-04-01.mdb books")
+        .Does([options] { return Restore(options->file, options->folder); });
 }
 
 }  // namespace host

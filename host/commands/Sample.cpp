@@ -93,7 +93,7 @@ void FillWithSample(const std::filesystem::path& folder, int year) {
         AddLedger(ledgers[0].fields, ledgers[i].fields, std::to_string(year));
     const auto items = ParseCsv(Embedded("sample/items.csv"));
     for (std::size_t i = 1; i < items.size(); ++i)
-        AddRow(qm::YearTable("ItemMaster"), items[0].fields, items[i].fields, true);
+        AddRow("ItemMaster" + qm::shared().FinYear, items[0].fields, items[i].fields, true);
     PostSampleVouchers(books, year);
     qm::Conn().CommitTrans();
     qm::Conn().Close();

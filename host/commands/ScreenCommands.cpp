@@ -3,12 +3,11 @@
 #include <functional>
 #include <memory>
 
-#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 #include "core/MsgBox.h"
 #include "core/Screens.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
 #include "host/commands/UserBooks.h"
@@ -73,20 +72,17 @@ std::string ScreenList() {
 
 constexpr const char* OwnFolder = "Folder of the books; without it the user's own, made at the first start";
 
-void AddFiles(CLI::App& app, Command& chosen, const char* name, const char* what, const char* example,
+void AddFiles(CommandLine& line, const char* name, const char* what, const char* example,
               void (*write)(const std::string& folder)) {
     const auto to = std::make_shared<std::string>();
     const auto options = std::make_shared<ScreenOptions>();
-    auto* command = app.add_subcommand(name, what);
-    command->add_option("FOLDER", *to, "Where the files are written; it is made if it is not there")
-        ->required();
-    command->add_option("DIR", options->folder, OwnFolder);
-    command->footer(example);
-    command->callback([to, options, write, &chosen] {
-        chosen = [to, options, write] {
+    line.Add(name, what)
+        .Needs("FOLDER", *to, "Where the files are written; it is made if it is not there")
+        .Takes("DIR", options->folder, OwnFolder)
+        .Footer(example)
+        .Does([to, options, write] {
             return OnBooks(*options, OpenBooks::Boxes::OnTerminal, [&to, write](OpenBooks&) { write(*to); });
-        };
-    });
+        });
 }
 
 }  // namespace
@@ -95,30 +91,30 @@ int ShowMenu() {
     return ShowMenuOf({});
 }
 
-void AddMenu(CLI::App& app, Command& chosen) {
+void AddMenu(CommandLine& line) {
     const auto options = std::make_shared<ScreenOptions>();
-    auto* command = app.add_subcommand("menu", "Open the main menu and wait until it is closed");
-    command->add_option("DIR", options->folder, OwnFolder);
-    command->footer("Example: qmhost menu books");
-    command->callback([options, &chosen] { chosen = [options] { return ShowMenuOf(*options); }; });
+    line.Add("menu", "Open the main menu and wait until it is closed")
+        .Takes("DIR", options->folder, OwnFolder)
+        .Footer("Example: qmhost menu books")
+        .Does([options] { return ShowMenuOf(*options); });
 }
 
-void AddOpen(CLI::App& app, Command& chosen) {
+void AddOpen(CommandLine& line) {
     const auto options = std::make_shared<ScreenOptions>();
-    auto* command = app.add_subcommand("open", "Open one screen and wait until it is closed");
-    command->add_option("SCREEN", options->screen, "Name of its form")->required();
-    command->add_option("DIR", options->folder, OwnFolder);
-    command->footer(ScreenList);
-    command->callback([options, &chosen] { chosen = [options] { return OpenOne(*options); }; });
+    line.Add("open", "Open one screen and wait until it is closed")
+        .Needs("SCREEN", options->screen, "Name of its form")
+        .Takes("DIR", options->folder, OwnFolder)
+        .Footer(ScreenList)
+        .Does([options] { return OpenOne(*options); });
 }
 
-void AddPictures(CLI::App& app, Command& chosen) {
-    AddFiles(app, chosen, "pictures", "Write a picture of each screen; needs no display",
+void AddPictures(CommandLine& line) {
+    AddFiles(line, "pictures", "Write a picture of each screen; needs no display",
              "Example: qmhost pictures out books", qm::WritePictures);
 }
 
-void AddReports(CLI::App& app, Command& chosen) {
-    AddFiles(app, chosen, "reports", "Write each report as PDF and as text; needs no display",
+void AddReports(CommandLine& line) {
+    AddFiles(line, "reports", "Write each report as PDF and as text; needs no display",
              "Example: qmhost reports out books", qm::WriteReports);
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/DBCode.h"
+#include "core/LedgerSide.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -49,7 +50,7 @@ std::vector<std::int32_t> StandingVouchers(const VoucherFile& file, std::int16_t
     Likeness likeness;
     for (std::size_t i = 0; i < file.vouchers.size(); ++i) {
         for (const VoucherRow& row : file.vouchers[i].rows) {
-            const bool debit = row.side == "D";
+            const bool debit = row.side == qm::LetterOf(qm::LedgerSide::Debit);
             likeness.Add(row.day, row.category, row.ledger, debit ? row.amount.rupees : 0,
                          debit ? 0 : row.amount.rupees);
             first = std::min(first, row.day);

@@ -8,6 +8,8 @@
 #include <string_view>
 
 #include "core/DBCode.h"
+#include "core/LedgerSide.h"
+#include "core/VoucherType.h"
 #include "host/commands/Counted.h"
 #include "host/commands/LedgerBook.h"
 #include "platform/basic/Dates.h"
@@ -27,9 +29,9 @@ constexpr std::size_t MostFaults = 1000;
 constexpr std::size_t MostOfKey = 40;  // characters: messages bear it
 
 // The letter that one of the accepted words stands for, "" for any other text.
-std::string LetterOf(const std::string& text, std::initializer_list<const char*> words) {
+std::string LetterOf(const std::string& text, const std::vector<std::string>& words) {
     const std::string folded = basic::FoldCase(basic::Trim(text));
-    for (const char* word : words)
+    for (const std::string& word : words)
         if (basic::FoldCase(word) == folded || basic::FoldCase(basic::Left(word, 1)) == folded)
             return basic::UCase(basic::Left(word, 1));
     return {};
@@ -79,7 +81,7 @@ class Checker {
         });
         Cell(row, Date, [&](const std::string& cell, std::string& reason) { read.day = Day(cell, reason); });
         Cell(row, Type, [&](const std::string& cell, std::string& reason) {
-            read.category = LetterOf(cell, {"Receipt", "Payment", "Contra", "Journal"});
+            read.category = LetterOf(cell, qm::VoucherTypeWords());
             if (read.category.empty()) reason = Shown(cell) + " is no voucher type";
         });
         Cell(row, Side, [&](const std::string& cell, std::string& reason) {
@@ -165,7 +167,7 @@ class Checker {
         std::vector<int> lines;
         for (const VoucherRow& row : voucher.rows) {
             if (row.amount.paise == 0 || row.side.empty()) return;
-            std::int64_t& sum = row.side == "D" ? debit : credit;
+            std::int64_t& sum = row.side == qm::LetterOf(qm::LedgerSide::Debit) ? debit : credit;
             if (__builtin_add_overflow(sum, row.amount.paise, &sum)) {
                 KeepFault(file_, row.line, Columns[AmountColumn],
                           "the sum of voucher " + voucher.key + " has more than 15 digits");

@@ -2,16 +2,13 @@
 #include <algorithm>
 #include <iostream>
 #include <memory>
-#include <regex>
-
-#include <CLI/CLI.hpp>
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/commands/AllOrNothing.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
 #include "host/make/Fail.h"
@@ -25,9 +22,9 @@ struct YearOptions {
 };
 
 bool IsLongForm(const std::string& text) {
-    static const std::regex form("([0-9]{4})-([0-9]{4})");
-    std::smatch parts;
-    return std::regex_match(text, parts, form) && std::stoi(parts[2]) == std::stoi(parts[1]) + 1;
+    const std::string first = text.substr(0, 4);
+    return text.size() == 9 && first.find_first_not_of("0123456789") == std::string::npos &&
+           text == first + "-" + std::to_string(std::stoi(first) + 1);
 }
 
 void TellYear(OpenBooks& books, const std::string& current) {
@@ -126,28 +123,28 @@ int AddYear(const YearOptions& options) {
 
 }  // namespace
 
-void AddYearSwitch(CLI::App& app, Command& chosen) {
+void AddYearSwitch(CommandLine& line) {
     const auto options = std::make_shared<YearOptions>();
-    auto* command = app.add_subcommand("year", "Make a known year the current one");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option("YEAR", options->year, "The year, such as 2002 or 2002-2003")->required();
-    command->footer("Example: qmhost year books 2002");
-    command->callback([options, &chosen] { chosen = [options] { return SetYear(*options); }; });
+    line.Add("year", "Make a known year the current one")
+        .Needs("DIR", options->folder, "Folder of the books")
+        .Needs("YEAR", options->year, "The year, such as 2002 or 2002-2003")
+        .Footer("Example: qmhost year books 2002")
+        .Does([options] { return SetYear(*options); });
 }
 
-void AddAddYear(CLI::App& app, Command& chosen) {
+void AddAddYear(CommandLine& line) {
     const auto options = std::make_shared<YearOptions>();
-    auto* command =
-        app.add_subcommand("add-year", "Set up a new year by the class and make it the current one");
-    command->add_option("DIR", options->folder, "Folder of the books")->required();
-    command->add_option("YEAR", options->year, "Both years, such as 2002-2003")->required();
-    command->add_flag("--yes", options->yes, "Do not ask");
-    command->footer(
-        "The old year's openings are rewritten and cannot be brought back: make a backup first. The year has "
-        "no stock\n"
-        "tables; a year made on the screen has.\n"
-        "Example: qmhost add-year books 2002-2003");
-    command->callback([options, &chosen] { chosen = [options] { return AddYear(*options); }; });
+    line.Add("add-year", "Set up a new year by the class and make it the current one")
+        .Needs("DIR", options->folder, "Folder of the books")
+        .Needs("YEAR", options->year, "Both years, such as 2002-2003")
+        .Takes("--yes", options->yes, "Do not ask")
+        .Footer(
+            "The old year's openings are rewritten and cannot be brought back: make a backup first. The year "
+            "has "
+            "no stock\n"
+            "tables; a year made on the screen has.\n"
+            "Example: qmhost add-year books 2002-2003")
+        .Does([options] { return AddYear(*options); });
 }
 
 }  // namespace host

@@ -1,9 +1,8 @@
 #include <exception>
 #include <iostream>
 
-#include <CLI/CLI.hpp>
-
 #include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "platform/basic/Error.h"
 
@@ -15,24 +14,17 @@ int Complain(const std::string& text, int code) {
 }
 
 int Run(int argc, char** argv) {
-    CLI::App app("Drives the accounts module: lays down, fills, lists and looks after its books.", "qmhost");
-    app.set_version_flag("--version", "qmhost " QM_VERSION, "Print the version and exit");
-    app.require_subcommand(0, 1);  // none is told below, so that an unknown one is named first
-    app.footer(
+    host::CommandLine line(
+        "qmhost", "Drives the accounts module: lays down, fills, lists and looks after its books.",
+        "qmhost " QM_VERSION,
         "Without a command it opens the main menu on the user's own books.\n"
         "Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
-    host::Command chosen;
     for (const auto add :
          {host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports, host::AddCreate, host::AddPost,
           host::AddLedgers, host::AddYears, host::AddYearSwitch, host::AddAddYear, host::AddCheck,
           host::AddCopy, host::AddBackup, host::AddRestore})
-        add(app, chosen);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return app.exit(error);
-        return Complain(std::string(error.what()) + " (see qmhost --help)", host::ExitUsage);
-    }
+        add(line);
+    const host::Command chosen = line.Read(argc, argv);
     return chosen ? chosen() : host::ShowMenu();
 }
 

@@ -1,13 +1,13 @@
 #include "host/make/Books.h"
 
 #include <string>
-#include <tuple>
 
 #include "host/make/BooksFolder.h"
 #include "host/make/BooksStore.h"
 #include "host/make/CsvFile.h"
 #include "host/make/Embedded.h"
 #include "host/make/Fail.h"
+#include "host/make/YearTables.h"
 #include "platform/basic/Files.h"
 
 namespace host {
@@ -29,9 +29,8 @@ void SeedRegister(BooksStore& store, const std::string& year) {
 
 // A year's table is its template under another name, checks and indexes included.
 void MakeTables(BooksStore& store, const std::string& year, bool all) {
-    for (const auto& row : EmbeddedRows("yeartables.csv")) {
-        const auto& [source, table, delivered] = std::tie(row.fields[0], row.fields[1], row.fields[2]);
-        if (!all && delivered != "yes") continue;
+    for (const auto& [source, table, delivered] : YearTables()) {
+        if (!all && !delivered) continue;
         for (const auto& definition :
              store.Run("SELECT replace(sql, ?1, ?2) FROM sqlite_master WHERE tbl_name = ?1 ORDER BY rowid",
                        {source, table + year}))

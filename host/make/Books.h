@@ -5,11 +5,12 @@
 #include <optional>
 #include <vector>
 
+#include "core/DBCode.h"
+
 namespace host {
 
-// The file that holds the books, in a folder of its own, and its password.
-inline constexpr const char* BooksFile = "QmAccount.mdb";
-inline constexpr const char* BooksPassword = "quintel";
+using qm::BooksFile;
+using qm::BooksPassword;
 
 // The first year of a financial year that books can be laid down for.
 inline constexpr int LowestYear = 1900;

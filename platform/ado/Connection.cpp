@@ -84,6 +84,10 @@ int Connection::TransDepth() const {
     return session_ ? session_->TransDepth() : 0;
 }
 
+bool Connection::ChangedByOthers() {
+    return Opened()->engine().ChangedByOthers();
+}
+
 const std::shared_ptr<Session>& Connection::Opened() {
     if (!session_)
         throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.",

@@ -62,6 +62,9 @@ class Connection {
     void RollbackTrans();    // undoes the innermost only; raises NoTransaction
     int TransDepth() const;  // how many are open, levels that the store lost by itself included
 
+    // Whether another program has written since Open, or since this was last asked. Raises ObjectClosed.
+    bool ChangedByOthers();
+
     const std::shared_ptr<Session>& Opened();  // for this layer: the open store; raises ObjectClosed
 
   private:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/FDBCode.h"
+#include "core/VoucherReversal.h"
 #include "core/modGeneral.h"
 #include "tests/support/BoxScript.h"
 #include "tests/support/FreshBooks.h"
@@ -62,19 +63,19 @@ TEST_F(VoucherCalls, ReverseNamesNoYearAndTestsThreeValued) {
 }
 
 TEST_F(VoucherCalls, PostVoucherRowWritesTheRowOnly) {
-    const basic::Value date = std::string("01-Apr-2001");
-    EXPECT_EQ(qm::PostVoucherRow(5, date, qm::Receipt, qm::Credit, "goods", 12.5, cash, "Cash Box"), 5);
+    const basic::Value date = std::string("01-Apr-2001");  // then the codes: a receipt on the credit side
+    EXPECT_EQ(qm::PostVoucherRow(5, date, 2, 1, "goods", 12.5, cash, "Cash Box"), 5);
     EXPECT_EQ(books.Rows("Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerDrAmt, LedgerCrAmt, "
                          "LedgerLedBal, LedgerMcGenerated From tb_Ledger2001"),
               Lines{"5|36980|Receipt|0|12.5|Null|False"});
     EXPECT_EQ(Totals(cash), "Null|Null");
     boxes.ExpectLog("Module-FDBCode", "");
-    EXPECT_EQ(qm::PostVoucherRow(6, date, 4, qm::Debit, "goods", 12.5, cash, "Cash Box"), 0);
+    EXPECT_EQ(qm::PostVoucherRow(6, date, 4, 0, "goods", 12.5, cash, "Cash Box"), 0);
     // Inside the caller's transaction it undoes its own part only.
     qm::Conn().BeginTrans();
-    EXPECT_EQ(qm::PostVoucherRow(7, date, qm::Contra, qm::Debit, "goods", 1, cash, "Cash Box"), 7);
+    EXPECT_EQ(qm::PostVoucherRow(7, date, 3, 0, "goods", 1, cash, "Cash Box"), 7);
     boxes.ExpectLog("Module-FDBCode", "");
-    EXPECT_EQ(qm::PostVoucherRow(7, date, qm::Contra, 2, "goods", 1, cash, "Cash Box"), 0);
+    EXPECT_EQ(qm::PostVoucherRow(7, date, 3, 2, "goods", 1, cash, "Cash Box"), 0);
     EXPECT_EQ(qm::Conn().TransDepth(), 1);
     qm::Conn().CommitTrans();
     EXPECT_EQ(Ledger().size(), 2U);

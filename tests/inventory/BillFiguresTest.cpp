@@ -1,5 +1,5 @@
 #include "core/BillFigures.h"
-#include "inventory/StockPosting.h"
+#include "inventory/LandingCost.h"
 #include "platform/basic/Number.h"
 #include "tests/support/Cases.h"
 

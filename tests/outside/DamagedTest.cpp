@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "core/DBCode.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
 #include "tests/outside/PostedBooks.h"
@@ -40,7 +41,7 @@ TEST(Damaged, APageThatTellsOfTheTablesIsNamedAsThat) {
         std::ofstream(books.File(), std::ios::binary) << damaged;
         ado::Connection connection;
         connection.Properties("Data Source") = books.File();
-        connection.Properties("Jet OlEDB:Database Password") = "quintel";
+        connection.Properties("Jet OlEDB:Database Password") = qm::BooksPassword;
         told = TextOfError([&] { connection.Open(), connection.Execute("Select Name From Ledger_Master"); });
         EXPECT_TRUE(told.empty() || told.starts_with("The books file is damaged: ")) << told;
     }

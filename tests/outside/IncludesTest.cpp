@@ -48,7 +48,7 @@ const std::vector<Layer>& Layers() {
         {"platform/forms/html", {"platform/basic", "platform/forms/controls", "platform/forms/window"}},
         {"platform/forms", {"platform/basic"}},
         {"core", Platform},
-        {"host/make", {"platform/basic"}},
+        {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core"}},
         {"shell", BelowShell},

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "core/DBCode.h"
 #include "tests/support/FreshBooks.h"
 
 namespace test {
@@ -18,7 +19,7 @@ class PostedBooks {
 
     FreshBooks& Fresh() { return books_; }
     std::string DataPath() const { return books_.DataPath(); }
-    std::string File() const { return DataPath() + "QmAccount.mdb"; }
+    std::string File() const { return DataPath() + qm::BooksFile; }
 
     // The rows that stand. Fails the test unless the ledgers' totals are exactly their sums, and the audit
     // finds every voucher of one side and nothing else.

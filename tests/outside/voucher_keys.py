@@ -12,6 +12,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../examples"))
@@ -31,13 +32,16 @@ class Desk:
         os.close(writing)
         with os.fdopen(reading) as number:
             self.environment = dict(os.environ, DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")
-        self.manager = self.start("openbox", "--sm-disable")
+        self.folder = tempfile.TemporaryDirectory()
+        self.started = os.path.join(self.folder.name, "started")
+        self.manager = self.start("openbox", "--sm-disable", "--startup", "touch " + self.started)
         return self
 
     def __exit__(self, *_):
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
+        self.folder.cleanup()
 
     def start(self, *command):
         return subprocess.Popen(command, env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -56,9 +60,11 @@ class Desk:
     def focus(self):
         return self.ask("getwindowfocus", "getwindowname")
 
+    def windows(self, name):
+        return self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", name)
+
     def shown(self):
-        windows = self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", "")
-        return sorted(name for window in windows for name in self.ask("getwindowname", window))
+        return sorted(name for window in self.windows("") for name in self.ask("getwindowname", window))
 
     def press(self, *keys):
         self.ask("key", *keys)
@@ -69,7 +75,8 @@ class Desk:
 
 class VoucherKeys(Desk):
     def open(self, qmhost, folder):
-        self.wait_for("the window manager", lambda: self.ask("get_desktop"))
+        # While it is still starting it gives a new window no focus, or takes that away again.
+        self.wait_for("the window manager", lambda: os.path.exists(self.started))
         self.program = self.start(qmhost, "open", "frmVoucher", folder)
         self.wait_for("the screen", lambda: self.focus() == [SCREEN])
 
@@ -86,32 +93,27 @@ class VoucherKeys(Desk):
         self.press("Return")
         self.wait_for("the list", lambda: len(self.shown()) == 2 and BOX not in self.shown())
         # A window manager may be slow: the screen gets the system's focus back when the list is there already.
-        screen = self.ask("search", "--all", "--onlyvisible", "--pid", str(self.program.pid), "--name", f"^{SCREEN}$")
-        self.ask("windowfocus", *self.ask("search", "--maxdepth", "0", ".*"), "windowfocus", *screen)
+        root = self.ask("search", "--maxdepth", "0", ".*")
+        self.ask("windowfocus", *root, "windowfocus", *self.windows(f"^{SCREEN}$"))
         self.wait_for("the screen's focus", lambda: self.focus() == [SCREEN])
 
     def leave_list(self, key):
         self.press(key)
         self.wait_for("the list's end", lambda: self.shown() == [SCREEN])
 
-    def choose_receipt(self):
-        """In the list of types, by its letter. Enter leaves the list open while no line is chosen: then once more."""
-        self.press("F4")
-        self.wait_for("the list of types", lambda: len(self.shown()) == 2)
-        end = time.monotonic() + PATIENCE
-        while self.shown() != [SCREEN]:
-            if time.monotonic() > end:
-                raise SystemExit("the list of types did not take the receipt")
-            self.press("r", "Return")
-            looked = time.monotonic()
-            while self.shown() != [SCREEN] and time.monotonic() < looked + 2:
-                time.sleep(0.01)
+    def choose_receipt(self, while_the_list_stands):
+        """By its letter, right behind the refusal: in the list, or in the box when F4 has closed the list."""
+        if while_the_list_stands:
+            self.press("r")
+            self.leave_list("Return")
+        else:
+            self.leave_list("F4")
+            self.press("r")
 
-    def begin(self):
+    def begin(self, choose_while_the_list_stands):
         """What the screen refuses at first; the cursor ends on the side of the first line."""
         self.save()
-        self.leave_list("F4")
-        self.choose_receipt()
+        self.choose_receipt(choose_while_the_list_stands)
         self.press("alt+d")
         self.type("15041999")
         self.save()
@@ -133,8 +135,8 @@ class VoucherKeys(Desk):
         self.save()
         self.leave_list("Return")
 
-    def session(self, vouchers):
-        self.begin()
+    def session(self, number, vouchers):
+        self.begin(number % 2 == 1)
         for number in range(vouchers):
             if number > 0:
                 self.press(*["Tab"] * 5)
@@ -155,9 +157,9 @@ def main(sessions, vouchers, qmhost, library, folder):
         return 77
     first = next_number(library, folder)
     with VoucherKeys() as keys:
-        for _ in range(sessions):
+        for number in range(sessions):
             keys.open(qmhost, folder)
-            keys.session(vouchers)
+            keys.session(number, vouchers)
             keys.close()
     posted = next_number(library, folder) - first
     print(f"{posted} vouchers posted in {sessions} sessions")

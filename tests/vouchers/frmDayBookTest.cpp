@@ -277,8 +277,8 @@ TEST_F(DayBookDeleteTest, TakesAStockVoucherOutOfTheTotalsOfEveryYear) {
     Run("Insert Into Ledger_Details Select Ledger_ID as Ledger_ID, 2002 as Fnncl_Yr, 7 as LedDetDRTxnTot "
         "From Ledger_Details");
     const auto date = basic::Clock::Today();
-    ASSERT_EQ(qm::PostVoucherRow(5, date, qm::Journal, qm::Debit, "", 40, ledger, "Goods"), 5);
-    ASSERT_EQ(qm::PostVoucherRow(5, date, qm::Journal, qm::Credit, "", 40, ledger, "Goods"), 5);
+    ASSERT_EQ(qm::PostVoucherRow(5, date, 0, 0, "", 40, ledger, "Goods"), 5);
+    ASSERT_EQ(qm::PostVoucherRow(5, date, 0, 1, "", 40, ledger, "Goods"), 5);
     Row(6, Today, "1, 0");
     Show(form);
     EXPECT_EQ(Shown(), (Lines{"5:40.00:", "5::40.00", "6:1.00:"}));

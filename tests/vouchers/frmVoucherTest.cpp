@@ -1,5 +1,6 @@
 // Entering vouchers as a bookkeeper does: the grid, its list of ledgers, its tests.
 #include <QClipboard>
+#include <memory>
 
 #include <gmock/gmock.h>
 
@@ -52,7 +53,7 @@ TEST_F(VoucherTest, BalancesOfTheListAreRoundedAndDoubledRowsEnd) {
                   std::to_string(cash) + ";" + std::to_string(cash) + "\tCash\t .12Dr|#" +
                   std::to_string(rent) + ";" + std::to_string(rent) + "\tRent\t .88Cr|#" +
                   std::to_string(sales) + ";" + std::to_string(sales) + "\tSales\t 499.88Cr");
-    EXPECT_EQ(list.BalanceText(std::to_string(sales)), " 499.88Cr");
+    EXPECT_EQ(list.LedgerBalanceText(std::to_string(sales)), " 499.88Cr");
 }
 
 // The new side is the opposite of the one just left, not the one that is short.
@@ -400,17 +401,17 @@ TEST_F(VoucherTest, OddRowsAreShownAsTheyStand) {
 
 // The caller hears of the end only while it is loaded.
 TEST_F(VoucherTest, TheCallingFormIsRefreshedWhileItIsLoaded) {
-    class Caller : public qm::frmVoucher {
-    } caller;
+    auto caller = std::make_unique<qm::frmVoucher>();
     int refreshed = 0;
-    screen.SetCallingForm(caller, [&] { ++refreshed; });
+    screen.SetCallingForm(*caller, [&] { ++refreshed; });
     OnScreen(0, [] {});
     EXPECT_EQ(refreshed, 0);
-    caller.EnsureLoaded();
+    caller->EnsureLoaded();
     OnScreen(0, [] {});
     EXPECT_EQ(refreshed, 1);
-    caller.Unload();
-    screen.SetCallingForm(screen, [] {});
+    caller.reset();
+    OnScreen(0, [] {});
+    EXPECT_EQ(refreshed, 1) << "nor when it is no more";
 }
 
 }  // namespace

@@ -70,7 +70,9 @@ class Engine {
     // Runs a write outside transactions: whole or not at all, and not at once on the disk.
     virtual void WriteLoosely(const std::function<void()>& write) = 0;
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
-    virtual void Flush() = 0;                // loose writes are on the disk when it returns; in none, nothing
+    // Whether another program has written since Open, or since this was last asked.
+    virtual bool ChangedByOthers() = 0;
+    virtual void Flush() = 0;  // loose writes are on the disk when it returns; in none, nothing
 };
 
 // By the form of the source: a file path gives the embedded store, "postgresql://" a server's; any other

@@ -121,6 +121,13 @@ bool Flight::IsUp() const {
     return connection_ != nullptr && Pq().PQstatus(connection_) == CONNECTION_OK;
 }
 
+// The first look may find the server's last words, the second that nothing follows.
+bool Flight::IsStillUp() {
+    for (int look = 0; look < 2; ++look)
+        if (!IsUp() || Pq().PQconsumeInput(connection_) == 0) return false;
+    return IsUp();
+}
+
 basic::Error Flight::Lost() const {
     return PostgresFailure({}, connection_ == nullptr ? "" : Pq().PQerrorMessage(connection_));
 }

@@ -13,16 +13,10 @@
 
 #include "platform/ado/store/Libpq.h"
 #include "platform/ado/store/ServerAddress.h"
+#include "platform/ado/store/ServerValue.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
-
-// A value for a server's statement, in the server's own binary form.
-struct ServerValue {
-    Oid type = 0;  // 0: Null, of whatever type its place has
-    std::string bytes;
-};
-using ServerValues = std::vector<ServerValue>;
 
 // One connection to a server. Statements go out in packets: all of a packet at once, and one answer for all.
 // Outside BEGIN and COMMIT a packet is one transaction. The first failure ends it: what stands behind it does
@@ -39,6 +33,7 @@ class Flight {
     void Connect(const ServerAddress& address);  // raises what the server says, or that there is none
     void Disconnect() noexcept;
     bool IsUp() const;
+    bool IsStillUp();  // the same, having looked whether the server hung up meanwhile
 
     // Puts one more statement into the packet. One of them may be the main one: its rows are handed out.
     void Add(const std::string& sql, const ServerValues& values = {}, bool main = false);

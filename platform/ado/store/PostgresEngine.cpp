@@ -1,6 +1,8 @@
 #include "platform/ado/store/PostgresEngine.h"
 
-#include <charconv>
+#include <chrono>
+#include <random>
+#include <thread>
 #include <utility>
 
 #include "platform/ado/Errors.h"
@@ -20,6 +22,13 @@ constexpr const char* Undone = "ROLLBACK TO qm_statement";
 // The books' lock: a database holds one set of books.
 constexpr const char* Lock = "SELECT pg_advisory_xact_lock(29037)";
 
+constexpr const char* MarkSql =
+    "WITH mark AS (INSERT INTO qm_host VALUES ($1, $2, now()) ON CONFLICT (host) DO UPDATE SET last = $2, at "
+    "= now()) "
+    "SELECT pg_notify('qm_books', '')::text";
+constexpr const char* ForgetMarks = "DELETE FROM qm_host WHERE at < now() - interval '1 day'";
+constexpr const char* ForgetMark = "DELETE FROM qm_host WHERE host = $1";
+
 std::string Level(int level) {
     return "qm_level_" + std::to_string(level);
 }
@@ -31,9 +40,11 @@ std::string Level(int level) {
 }  // namespace
 
 void PostgresEngine::Open(const std::string& source, const std::string&) {
-    Connect(ReadServerAddress(source));
+    address_ = ReadServerAddress(source);
+    std::random_device random;
+    host_ = std::to_string(random()) + "." + std::to_string(random());
     try {
-        RequireBooks();
+        Start();
     } catch (...) {
         flight_.Disconnect();
         throw;
@@ -42,17 +53,44 @@ void PostgresEngine::Open(const std::string& source, const std::string&) {
 
 void PostgresEngine::Connect(const ServerAddress& address) {
     address_ = address;
-    try {
-        flight_.Connect(address_);
-        Configure();
-    } catch (...) {
-        flight_.Disconnect();
-        throw;
+    flight_.Connect(address_);
+    Configure();
+}
+
+void PostgresEngine::Start() {
+    started_ = false;
+    Connect(address_);
+    RequireBooks();
+    started_ = true;
+}
+
+// A server that is just being replaced by its standby, or started again, needs a moment.
+void PostgresEngine::Reconnect() {
+    reading_ = nullptr;
+    inTransaction_ = false;
+    missed_ = true;
+    constexpr std::chrono::milliseconds pause{100};
+    for (auto left = LockWait() / pause;; --left) {
+        try {
+            return Start();
+        } catch (const basic::Error& failure) {
+            flight_.Disconnect();
+            const bool mayPass =
+                failure.Number == error::FileNotFound || failure.Number == error::ConnectionLost;
+            if (!mayPass || left <= 0) throw;
+        }
+        std::this_thread::sleep_for(pause);
     }
+}
+
+// Before anything goes out that a server may have hung up on since.
+void PostgresEngine::RequireConnection() {
+    if (!inTransaction_ && !flight_.IsOut() && !flight_.IsStillUp()) Reconnect();
 }
 
 // What the server was told to wait for at a commit is what ours wait for: at the least its own disk.
 void PostgresEngine::Configure() {
+    flight_.Run({"LISTEN qm_books"});
     const std::string waits =
         Ask("SELECT current_setting('synchronous_commit'), set_config('synchronous_commit', 'off', FALSE), "
             "set_config('lock_timeout', '" +
@@ -82,6 +120,11 @@ std::string PostgresEngine::Ask(const std::string& sql, int column) {
 void PostgresEngine::Close() {
     try {
         Flush();
+        if (mark_ > 0 && flight_.IsStillUp()) {
+            flight_.Add(ForgetMark, {TextValue(host_)});
+            flight_.Send();
+            flight_.Finish();
+        }
     } catch (...) {
         flight_.Disconnect();
         throw;
@@ -103,14 +146,24 @@ void PostgresEngine::Launch(const PostgresStatement& statement) {
     if (loosely_) flight_.Add(Lock);
     flight_.Add(statement.Sql(), statement.Values(), true);
     if (inTransaction_) flight_.Add(Unguard);
+    if (loosely_) AddMark();
     flight_.Send();
 }
 
 Flight::Row PostgresEngine::FirstRow(PostgresStatement& statement) {
     MakeRoom();
-    Launch(statement);
-    reading_ = &statement;
-    Flight::Row row = NextRow();
+    const bool alone = !inTransaction_;
+    Flight::Row row;
+    try {
+        Launch(statement);
+        reading_ = &statement;
+        row = NextRow();
+    } catch (const basic::Error& failure) {
+        reading_ = nullptr;
+        if (!flight_.IsUp()) inTransaction_ = false;
+        if (failure.Number != error::ConnectionLost || !alone || !started_) throw;
+        row = Repeat(statement, failure);
+    }
     if (statement.Reads()) return row;
     // An insert may tell the row that it made; no other statement that writes gives any.
     wrote_ = true;
@@ -121,6 +174,36 @@ Flight::Row PostgresEngine::FirstRow(PostgresStatement& statement) {
     }
     while (row) row = NextRow();
     return row;
+}
+
+// A question is asked again. A write is not: it might be on its way still.
+Flight::Row PostgresEngine::Repeat(PostgresStatement& statement, const basic::Error& lost) {
+    Reconnect();
+    if (!statement.Reads()) {
+        if (loosely_ && MarkStands())
+            throw basic::Error(lost.Number, "The connection to the server was lost, but the change stands.",
+                               lost.Source);
+        throw basic::Error(lost);
+    }
+    Launch(statement);
+    reading_ = &statement;
+    return NextRow();
+}
+
+void PostgresEngine::AddMark() {
+    if (++mark_ == 1) flight_.Add(ForgetMarks);
+    flight_.Add(MarkSql, {TextValue(host_), WholeValue(mark_)});
+}
+
+// Under the lock: what was on its way has come to its end then. And on the disk, before it is told.
+bool PostgresEngine::MarkStands() {
+    PostgresStatement last(*this, "SELECT last FROM qm_host WHERE host = $1");
+    last.BindText(1, host_);
+    flight_.Run({Lock});
+    const bool stands = last.Step() && last.Integer(0) == mark_;
+    last.Reset();
+    if (stands) Run({flush_});
+    return stands;
 }
 
 Flight::Row PostgresEngine::NextRow() {
@@ -165,6 +248,7 @@ void PostgresEngine::Script(const std::string& sql) {
 }
 
 void PostgresEngine::Begin() {
+    RequireConnection();
     inTransaction_ = true;
     wrote_ = false;
     try {
@@ -175,17 +259,28 @@ void PostgresEngine::Begin() {
     }
 }
 
+// Whatever comes of it, the transaction is over on the server.
 void PostgresEngine::Commit() {
-    const bool waits = wrote_ || looseWritten_;
-    std::vector<std::string> statements{"COMMIT"};
-    if (waits) statements.push_back(flush_);
-    Run(statements);
-    inTransaction_ = looseWritten_ = false;
+    MakeRoom();
+    inTransaction_ = false;
+    try {
+        if (wrote_) AddMark();
+        flight_.Add("COMMIT");
+        if (wrote_ || looseWritten_) flight_.Add(flush_);
+        flight_.Send();
+        flight_.Finish();
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ConnectionLost || !wrote_) throw;
+        Reconnect();
+        if (!MarkStands()) throw;
+    }
+    looseWritten_ = false;
 }
 
 void PostgresEngine::Rollback() {
+    MakeRoom();
     inTransaction_ = false;
-    Run({"ROLLBACK"});
+    if (flight_.IsUp()) flight_.Run({"ROLLBACK"});  // what is lost is undone already
 }
 
 void PostgresEngine::Savepoint(int level) {
@@ -218,6 +313,7 @@ void PostgresEngine::CopyTo(const std::string&, const std::string&) {
 }
 
 void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
+    RequireConnection();
     loosely_ = looseWritten_ = true;
     try {
         write();
@@ -228,8 +324,16 @@ void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
     loosely_ = false;
 }
 
+bool PostgresEngine::ChangedByOthers() {
+    RequireConnection();
+    Run({"SELECT 1"});  // what was notified before comes with the answer
+    const bool changed = flight_.Notified();
+    return std::exchange(missed_, false) || changed;
+}
+
 void PostgresEngine::Flush() {
     if (!looseWritten_ || inTransaction_) return;
+    RequireConnection();
     Run({flush_});
     looseWritten_ = false;
 }

@@ -24,6 +24,10 @@ class PostgresStatement;
 // - A commit is on the server's disk, and on that of a standby that it waits for, when Commit returns. The
 // lock is
 //   given back before: the commit itself waits for nothing, a second small one behind it does, for both.
+// - A connection that is lost is made anew where no transaction is open. Each write leaves a mark of its
+// host, so
+//   what became of a commit whose answer never came can be told; a server's own numbers of transactions lie
+//   after another one has taken over.
 // - A statement that fails inside a transaction leaves nothing behind: each goes out with a savepoint around
 // it, in
 //   one packet.
@@ -61,6 +65,7 @@ class PostgresEngine final : public Engine {
     void WriteLoosely(const std::function<void()>& write) override;
     std::string Notice() const override { return ""; }
     void Flush() override;
+    bool ChangedByOthers() override;
 
     // Open without the books: for those that are being made.
     void Connect(const ServerAddress& address);
@@ -73,6 +78,12 @@ class PostgresEngine final : public Engine {
 
   private:
     void Configure();
+    void Start();
+    void Reconnect();
+    void RequireConnection();
+    void AddMark();
+    bool MarkStands();
+    Flight::Row Repeat(PostgresStatement& statement, const basic::Error& lost);
     void RequireBooks();
     void MakeRoom();
     void Launch(const PostgresStatement& statement);
@@ -90,6 +101,10 @@ class PostgresEngine final : public Engine {
     bool wrote_ = false;         // the transaction, so far
     bool looseWritten_ = false;  // commits may still be on their way to the disk
     std::int64_t lastRow_ = 0;
+    std::string host_;       // by which the server knows this connection's marks
+    std::int64_t mark_ = 0;  // of the last write
+    bool started_ = false;   // a connection stands that has seen the books
+    bool missed_ = false;    // what others wrote while there was no connection
 };
 
 }  // namespace ado

@@ -6,19 +6,14 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/PostgresEngine.h"
+#include "platform/ado/store/ServerValue.h"
 #include "platform/basic/Text.h"
 
 namespace ado {
 namespace {
 
-// The server's types by their fixed numbers.
-constexpr Oid Bool = 16, Int8 = 20, Int2 = 21, Int4 = 23, TextType = 25, Float8 = 701;
-
-std::string BigEndian(std::uint64_t bits) {
-    std::string bytes(sizeof bits, '\0');
-    for (std::size_t at = bytes.size(); at-- > 0; bits >>= 8) bytes[at] = static_cast<char>(bits & 0xff);
-    return bytes;
-}
+// Beside those that are bound.
+constexpr Oid Int2 = 21, Int4 = 23;
 
 std::uint64_t Bits(const char* bytes, int length) {
     std::uint64_t bits = 0;
@@ -42,15 +37,15 @@ void PostgresStatement::BindNull(int index) {
 }
 
 void PostgresStatement::BindInteger(int index, std::int64_t value) {
-    At(index) = {Int8, BigEndian(static_cast<std::uint64_t>(value))};
+    At(index) = WholeValue(value);
 }
 
 void PostgresStatement::BindReal(int index, double value) {
-    At(index) = {Float8, BigEndian(std::bit_cast<std::uint64_t>(value))};
+    At(index) = RealValue(value);
 }
 
 void PostgresStatement::BindBoolean(int index, bool value) {
-    At(index) = {Bool, std::string(1, value ? '\1' : '\0')};
+    At(index) = TruthValue(value);
 }
 
 void PostgresStatement::BindText(int index, std::string_view text) {
@@ -58,7 +53,7 @@ void PostgresStatement::BindText(int index, std::string_view text) {
         throw basic::Error(error::BadValue,
                            "A text holds a zero byte or is not UTF-8: books on a server keep neither.",
                            "ado.Engine");
-    At(index) = {TextType, std::string(text)};
+    At(index) = TextValue(text);
 }
 
 bool PostgresStatement::Step() {
@@ -111,12 +106,12 @@ CellKind PostgresStatement::Kind(int column) const {
     const Libpq& pq = Libpq::Get();
     if (pq.PQgetisnull(row_.get(), 0, column) != 0) return CellKind::Null;
     switch (pq.PQftype(row_.get(), column)) {
-        case Bool:
+        case ServerValue::Bool:
         case Int2:
         case Int4:
-        case Int8:
+        case ServerValue::Int8:
             return CellKind::Integer;
-        case Float8:
+        case ServerValue::Float8:
             return CellKind::Real;
         default:
             return CellKind::Text;

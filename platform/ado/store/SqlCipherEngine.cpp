@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include <sqlcipher/sqlite3.h>
 
@@ -104,6 +105,7 @@ void SqlCipherEngine::Configure() {
     store_.Run("PRAGMA cache_size = " + std::to_string(-PagesOfReader));
     store_.Run("PRAGMA foreign_keys = OFF");
     store_.Run("PRAGMA temp_store = MEMORY");
+    ChangedByOthers();
 }
 
 void SqlCipherEngine::Close() {
@@ -235,6 +237,11 @@ void SqlCipherEngine::Flush() {
     if (!looseWritten_ || InTransaction()) return;
     SyncLog();
     looseWritten_ = false;
+}
+
+bool SqlCipherEngine::ChangedByOthers() {
+    const std::string version = store_.Ask("PRAGMA data_version");
+    return std::exchange(version_, version) != version;
 }
 
 // A checkpoint would not do: beside a reader of an older moment it may sync nothing.

@@ -52,6 +52,7 @@ class SqlCipherEngine final : public Engine {
     void CopyTo(const std::string& file, const std::string& password) override;
     void WriteLoosely(const std::function<void()>& write) override;
     std::string Notice() const override { return notice_; }
+    bool ChangedByOthers() override;
     void Flush() override;
 
   private:
@@ -73,6 +74,7 @@ class SqlCipherEngine final : public Engine {
     bool waits_ = false;         // a commit waits until it is on disk
     bool looseWritten_ = false;  // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;
+    std::string version_;  // of the file's data, which another program's commit raises
     bool undone_ = false;  // a level inside the transaction was rolled back
 };
 

@@ -128,3 +128,7 @@ CREATE OR REPLACE AGGREGATE qm_max(text) (SFUNC = qm_later, STYPE = text);
 -- The counters of tables: a number that was given is never given again, but by an insert that was rolled back. A row that
 -- brings its number moves the counter behind it. PostgresSchema gives each such table a trigger with its counting field.
 CREATE TABLE IF NOT EXISTS qm_counter (name text PRIMARY KEY, last bigint NOT NULL);
+
+-- The last write of each host that stands: what a host asks for when the answer to its commit never came. Writes of hosts
+-- that went away are forgotten after a day.
+CREATE TABLE IF NOT EXISTS qm_host (host text PRIMARY KEY, last bigint NOT NULL, at timestamptz NOT NULL DEFAULT now());

@@ -19,6 +19,13 @@ namespace {
 
 constexpr std::int32_t InvalidValue = 380, InvalidArrayIndex = 381;
 
+// The toolkit's combo, unlike its lists, would search for the character of Ctrl+S or Backspace, and for what
+// is typed next behind it.
+bool IsLetter(const QKeyEvent& key) {
+    return !key.text().isEmpty() && key.text().front().isPrint() &&
+           !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
 }  // namespace
 
 ComboBox::ComboBox(QWidget* parent)
@@ -112,6 +119,12 @@ void ComboBox::OpenList() {
     if (isEnabled() && isVisible() && !locked_) showPopup();
 }
 
+// The toolkit chooses a line for the keys now and then only.
+void ComboBox::showPopup() {
+    QComboBox::showPopup();
+    if (text_.isEmpty()) view()->setCurrentIndex(model()->index(0, modelColumn()));
+}
+
 // The designer's `editable` is known only when the form is complete.
 void ComboBox::showEvent(QShowEvent* event) {
     PrepareTyping();
@@ -149,7 +162,10 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
     const bool moves = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (locked_ && !isEditable() && !moves) return event->ignore();
     if (event->key() == Qt::Key_Space && IsTypingName()) return SearchOn(event->text());
-    if (!event->text().isEmpty()) sinceLetter_.start();
+    if (IsLetter(*event))
+        sinceLetter_.start();
+    else if (!isEditable() && !event->text().isEmpty())
+        return event->ignore();
     QComboBox::keyPressEvent(event);
 }
 

@@ -35,7 +35,8 @@ class ComboBox : public QComboBox, public Control, public basic::ListControl {
     void SetListIndex(int index) override;  // raises 380 "Invalid property value" beyond the list
     bool Locked() const { return locked_; }
     void SetLocked(bool locked) override;
-    void OpenList();  // as the key F4 does; nothing where it is disabled or locked
+    void OpenList();            // as the key F4 does; nothing where it is disabled or locked
+    void showPopup() override;  // on the first line where the text is empty
 
     Event<> Change;
     Event<> Click;

@@ -1,5 +1,6 @@
 #include "platform/forms/controls/ListBox.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -88,6 +89,12 @@ void ListBox::SelectEach(bool selected) {
     if (!selected || count() == 0) return;
     const QItemSelection all(indexFromItem(item(0)), indexFromItem(item(count() - 1)));
     selectionModel()->select(all, QItemSelectionModel::Select);
+}
+
+// The toolkit would mark all lines by Ctrl+A.
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    if (Multi() && event->matches(QKeySequence::SelectAll)) return event->ignore();
+    QListWidget::keyPressEvent(event);
 }
 
 // The blank of Space is no letter.

@@ -36,6 +36,7 @@ class ListBox : public QListWidget, public Control, public basic::ListControl {
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void keyboardSearch(const QString& typed) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;

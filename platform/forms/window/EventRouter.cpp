@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QWindow>
 #include <string_view>
 #include <utility>
 
@@ -50,20 +51,35 @@ void EventRouter::Install() {
 // and press the default button as well.
 bool EventRouter::HasClosedAList(const QEvent& event) {
     if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress) return false;
+    const quint64 time = static_cast<const QKeyEvent&>(event).timestamp();
     if (event.type() == QEvent::KeyPress) {
         const QPointer<QWidget> list = std::exchange(asked_, nullptr);
-        return list && !list->isVisible() && FormWindow::Of(list->parentWidget());
+        return list && !list->isVisible() && time == askedAt_ && FormWindow::Of(list->parentWidget());
     }
     // Who does not use the question passes it on to its parent, when the list may be closed already.
-    const quint64 time = static_cast<const QKeyEvent&>(event).timestamp();
     QWidget* const list = QApplication::activePopupWidget();
     if (list || time != askedAt_) asked_ = list;
     askedAt_ = time;
     return false;
 }
 
+// What is typed right behind such a key still comes to the window of the list, until the system has given the
+// keyboard back: it belongs to the form.
+bool EventRouter::IsForAClosedList(QObject& object, QEvent& event) {
+    const auto type = event.type();
+    const bool isKey =
+        type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease;
+    if (!isKey || !object.isWindowType()) return false;
+    const QWidget* const list = QWidget::find(static_cast<QWindow&>(object).winId());
+    if (!list || list->isVisible() || list->windowType() != Qt::Popup) return false;
+    const FormWindow* const form = FormWindow::Of(list->parentWidget());
+    if (!form) return false;
+    QCoreApplication::sendEvent(form->windowHandle(), &event);
+    return true;
+}
+
 bool EventRouter::eventFilter(QObject* object, QEvent* event) {
-    if (HasClosedAList(*event)) return true;
+    if (HasClosedAList(*event) || IsForAClosedList(*object, *event)) return true;
     switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::MouseButtonPress:
@@ -106,17 +122,17 @@ bool EventRouter::OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& ke
     if (active && active->Editing() && !window.Owner()->HasCommand(LetterOf(key))) return false;
     const QPointer<FormWindow> form = &window;
     const QPointer<QWidget> target = &widget;
-    if (!Yielded(window)) return true;
+    if (!EditEnded(window, &Control::YieldEdit)) return true;
     const int shift = vbCtrlMask + (key.modifiers() & Qt::ShiftModifier ? vbShiftMask : 0);
     RunEvent(form, [&] { form->Owner()->Form_KeyDown(LetterOf(key), shift); });
     return !form || !form->Owner() || !target || form->focusWidget() != target;
 }
 
-// False if an edit that is open stops the command, or took the form with it.
-bool EventRouter::Yielded(FormWindow& window) {
+// False if an edit that is open stops what was asked for, or took the form with it.
+bool EventRouter::EditEnded(FormWindow& window, bool (Control::*by)()) {
     const QPointer<FormWindow> form = &window;
     bool goesOn = true;
-    if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = active->YieldEdit(); });
+    if (Control* active = window.Active()) RunEvent(&window, [&] { goesOn = (active->*by)(); });
     return goesOn && form && form->Owner();
 }
 
@@ -126,11 +142,12 @@ bool EventRouter::OnPress(FormWindow& window, QWidget& widget) {
     return !window.MoveFocus(*control, Qt::MouseFocusReason);
 }
 
-// A letter that two controls share only moves the focus, from one to the other.
+// It leaves an edit that is open, as a click elsewhere does. A letter that two controls share only moves the
+// focus, from one to the other.
 bool EventRouter::OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous) {
     auto* const control = dynamic_cast<Control*>(&widget);
     if (!control) return false;
-    if (!Yielded(window)) return true;
+    if (!EditEnded(window, &Control::FinishEdit)) return true;
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
         if (window.MoveFocus(*control, Qt::ShortcutFocusReason) && !ambiguous) button->click();
         return true;

@@ -9,6 +9,7 @@ class QWidget;
 
 namespace forms {
 
+class Control;
 class FormWindow;
 
 // Watches the events of all forms' windows and carries out what the toolkit does otherwise: a mouse press or
@@ -23,8 +24,9 @@ class EventRouter : public QObject {
 
   private:
     bool HasClosedAList(const QEvent& event);
+    static bool IsForAClosedList(QObject& object, QEvent& event);
     static bool OnKey(FormWindow& window, QWidget& widget, const QKeyEvent& key);
-    static bool Yielded(FormWindow& window);
+    static bool EditEnded(FormWindow& window, bool (Control::*by)());
     static bool OnPress(FormWindow& window, QWidget& widget);
     static bool OnMnemonic(FormWindow& window, QWidget& widget, bool ambiguous);
     static void OnFocusIn(FormWindow& window, QWidget& widget, Qt::FocusReason reason);

@@ -71,6 +71,8 @@ class Form : public basic::ControlHost, public WindowOwner {
     }
     Control* ActiveControl() const;                 // the one that has the focus; null if none or not loaded
     FormWindow* Window() const { return window_; }  // null unless loaded
+    // For another form to keep: it expires with this one.
+    std::weak_ptr<Form> Reference() const { return self_; }
 
   protected:
     virtual void Wire() {}  // sets the handlers of the controls; runs before Form_Load
@@ -97,6 +99,7 @@ class Form : public basic::ControlHost, public WindowOwner {
     void RunModal();
     void Discard();
 
+    const std::shared_ptr<Form> self_{this, [](Form*) {}};
     FormWindow* window_ = nullptr;
     bool unloading_ = false;
 };

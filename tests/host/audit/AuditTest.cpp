@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "core/FDBCode.h"
+#include "core/LedgerSide.h"
+#include "core/VoucherReversal.h"
 #include "core/modGeneral.h"
 #include "host/audit/Audit.h"
 #include "platform/basic/Dates.h"
@@ -50,13 +52,13 @@ TEST_F(AuditOfBooks, TakesTheVouchersOfReceiptsAsTheyAre) {
     const int supplier = books.AddLedger("Acme", "Suppliers");
     for (const double amount : {70.25, 0.0}) {
         const std::int32_t voucher = books.Host().GetNextTrnID();
-        const auto post = [&](qm::SideCode side, int ledger, const char* name) {
-            EXPECT_EQ(qm::PostVoucherRow(voucher, basic::MakeDate(2001, 4, 30), qm::Journal, side, "n",
+        const auto post = [&](qm::LedgerSide side, int ledger, const char* name) {
+            EXPECT_EQ(qm::PostVoucherRow(voucher, basic::MakeDate(2001, 4, 30), 0, qm::CodeOf(side), "n",
                                          amount, ledger, name),
                       voucher);
         };
-        post(qm::Credit, supplier, "Acme");
-        post(qm::Debit, cash, "Cash Box");
+        post(qm::LedgerSide::Credit, supplier, "Acme");
+        post(qm::LedgerSide::Debit, cash, "Cash Box");
         books.Run("Insert Into tblBills2001 (BillID, BillTxnID, BillVchrNo) Values ('A/1', 1, " +
                   std::to_string(voucher) + ")");
     }

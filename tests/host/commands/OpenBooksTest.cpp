@@ -1,12 +1,13 @@
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <string>
+#include <vector>
 
-#include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 
 #include "core/DBCode.h"
-#include "host/commands/Command.h"
+#include "host/commands/CommandLine.h"
 #include "host/commands/OpenBooks.h"
 #include "host/make/Books.h"
 #include "tests/support/DiskCalls.h"
@@ -37,13 +38,12 @@ TEST(OpenBooks, WhatCannotBeClosedWasNotDone) {
     }
 }
 
-// Runs a command on the books of a folder and gives what it told on the standard output stream.
-std::string Told(const std::string& line, const std::string& folder, bool& failed) {
-    CLI::App app;
-    host::Command chosen;
+// Runs a command and gives what it told on the standard output stream.
+std::string Told(const std::vector<const char*>& words, bool& failed) {
+    host::CommandLine commands("qmhost", "", "", "");
     for (const auto add : {host::AddPost, host::AddYears, host::AddYearSwitch, host::AddAddYear})
-        add(app, chosen);
-    app.parse(std::string(line).replace(line.find("DIR"), 3, folder));
+        add(commands);
+    const host::Command chosen = commands.Read(static_cast<int>(words.size()), words.data());
     std::ostringstream told;
     auto* const before = std::cout.rdbuf(told.rdbuf());
     failed = test::ErrorOf([&] { chosen(); }) != 0;
@@ -54,23 +54,29 @@ std::string Told(const std::string& line, const std::string& folder, bool& faile
 // Delivered books are begun by the start, and the disk takes that at the end.
 TEST(OpenBooks, ACommandTellsItsSuccessWhenTheBooksAreClosed) {
     const test::TempFolder folder;
-    std::ofstream(folder / "no-vouchers.csv") << "voucher,date,type,side,ledger,amount,narration\n";
     const std::string file = folder / "no-vouchers.csv";
-    for (const std::string& line :
-         {std::string("years DIR"), std::string("year DIR 2001"), "post DIR " + file,
-          "post --dry-run DIR " + file, std::string("add-year --yes DIR 2002-2003")}) {
+    std::ofstream(file) << "voucher,date,type,side,ledger,amount,narration\n";
+    for (const std::vector<const char*>& words : {std::vector<const char*>{"years"},
+                                                  {"year", "2001"},
+                                                  {"post", file.c_str()},
+                                                  {"post", file.c_str(), "--dry-run"},
+                                                  {"add-year", "2002-2003", "--yes"}}) {
+        SCOPED_TRACE(testing::PrintToString(words));
         bool failed = true;
         int call = 0;
         for (; failed && call < 30; ++call) {
             const test::TempFolder books;
             host::CreateBooks(books);
             FailFrom(call);
-            const std::string told = Told(line, books.Path(), failed);
+            std::vector<const char*> line = words;
+            line.insert(line.begin(), "qmhost");
+            line.insert(line.begin() + 2, books.Path().c_str());
+            const std::string told = Told(line, failed);
             test::WatchDisk({});
-            EXPECT_EQ(told.empty(), failed) << line << ", call " << call << ": " << told;
+            EXPECT_EQ(told.empty(), failed) << "call " << call << ": " << told;
         }
-        EXPECT_GT(call, 1) << line;
-        EXPECT_FALSE(failed) << line;
+        EXPECT_GT(call, 1);
+        EXPECT_FALSE(failed);
     }
 }
 

@@ -1,10 +1,11 @@
-#include <map>
+#include <memory>
 #include <sstream>
 
 #include <gmock/gmock.h>
 
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
+#include "host/make/YearTables.h"
 #include "platform/basic/Error.h"
 #include "tests/support/Cases.h"
 #include "tests/support/TempFolder.h"
@@ -50,20 +51,15 @@ class Schema : public ::testing::Test {
     std::unique_ptr<host::BooksStore> store_;
 };
 
-const std::map<std::string, std::string> Templates{
-    {"tb_Ledger2007", "tblsysLedgerstr"},   {"tblBills2007", "tblSysBills"},
-    {"tblItemLed2007", "tblsysItemLedstr"}, {"tblPO2007", "tblsysPOstr"},
-    {"tblPODet2007", "tblsysPODetstr"},     {"ItemMaster2007", "ItemMasterstr"},
-};
-
 TEST_F(Schema, HoldsEveryFieldWithItsType) {
     for (const test::Cells& table : tables) EXPECT_EQ(Fields(table.at(0)), table.at(1)) << table[0];
     EXPECT_THAT(Run("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name <> 'sqlite_sequence'"),
-                ElementsAre(std::to_string(tables.size() + Templates.size())));
+                ElementsAre(std::to_string(tables.size() + host::YearTables().size())));
 }
 
 TEST_F(Schema, GivesAYearItsTemplatesTablesWithChecksAndIndexes) {
-    for (const auto& [table, source] : Templates) {
+    for (const auto& [source, stem, delivered] : host::YearTables()) {
+        const std::string table = stem + "2007";
         EXPECT_EQ(Run("SELECT replace(sql, '" + table + "', '" + source +
                       "') FROM sqlite_master WHERE tbl_name = '" + table + "' ORDER BY name"),
                   Run("SELECT sql FROM sqlite_master WHERE tbl_name = '" + source + "' ORDER BY name"))

@@ -81,6 +81,25 @@ TEST(TransactionsTest, GivesUpWithAClearErrorWhenItLastsTooLong) {
     SetLockWait(std::chrono::seconds(5));
 }
 
+TEST(TransactionsTest, TellsWhetherAnotherProgramHasWritten) {
+    TestStore store;
+    const ConnectionPtr a = store.Connect(), b = store.Connect();
+    const auto changed = [&](const auto& change) {
+        change();
+        return a->ChangedByOthers();
+    };
+    EXPECT_FALSE(changed([&] { Rows(b, names); }));
+    EXPECT_TRUE(changed([&] { Add(b, "b"); }));
+    EXPECT_FALSE(a->ChangedByOthers()) << "told once";
+    EXPECT_FALSE(changed([&] { Add(a, "a"); })) << "its own";
+    b->BeginTrans();
+    Add(b, "undone");
+    EXPECT_FALSE(changed([&] { b->RollbackTrans(); }));
+    b->BeginTrans();
+    EXPECT_FALSE(changed([&] { Add(b, "c"); })) << "not yet";
+    EXPECT_TRUE(changed([&] { b->CommitTrans(); }));
+}
+
 TEST(TransactionsTest, AReadInsideDoesNotMakeTheWriteFailWhenAnotherWrote) {
     TestStore store;
     const ConnectionPtr a = store.Connect(), b = store.Connect();

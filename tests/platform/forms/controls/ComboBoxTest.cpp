@@ -104,11 +104,33 @@ TEST_F(ComboBoxTest, AKeyThatClosesTheListDoesNothingElse) {
     }
     SystemKey(Qt::Key_Up);
     EXPECT_THAT(Logged(), ElementsAre("Click 0")) << "the next key is the form's again";
+    QWindow* const list = combo->view()->window()->windowHandle();
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+        qt_handleKeyEvent(list, type, Qt::Key_Down, {});
+    EXPECT_THAT(Logged(), ElementsAre("Click 1")) << "and where the system still sends it to the list";
+}
+
+TEST_F(ComboBoxTest, AListWithoutAChoiceDropsOnItsFirstLine) {
+    combo->SetFocus();
+    for (const Qt::Key before : {Qt::Key_F4, Qt::Key_Backspace}) {
+        Key(before);
+        combo->SetListIndex(-1);
+        combo->OpenList();
+        Logged();
+        SystemKey(Qt::Key_Return);
+        EXPECT_THAT(Logged(), ElementsAre("Click 0"));
+    }
+    combo->SetText("Old one");
+    combo->OpenList();
+    EXPECT_FALSE(combo->view()->currentIndex().isValid());
+    combo->hidePopup();
 }
 
 TEST_F(ComboBoxTest, TypedLettersFindTheLineWithTheBlankInItsName) {
     for (const char* group : {"Current Liabilities", "Current Asset", "Asset"}) combo->AddItem(group);
     combo->SetFocus();
+    Key(Qt::Key_S, Qt::ControlModifier);
+    Key(Qt::Key_Backspace);
     QTest::keyClicks(combo, "current asset");
     EXPECT_EQ(combo->Text(), "Current Asset");
     EXPECT_FALSE(combo->view()->isVisible());

@@ -72,6 +72,7 @@ TEST_F(ListBoxTest, InAMultipleListLettersMoveAndOnlySpaceMarks) {
     EXPECT_EQ(list->SelectedLines().size(), 6u);
     Key(Qt::Key_Space);
     EXPECT_EQ(list->ListIndex(), 4) << "the blank is no letter";
+    Key(Qt::Key_A, Qt::ControlModifier);
     EXPECT_THAT(list->SelectedLines(), ElementsAre(0, 1, 2, 3, 5));
 }
 

@@ -1,5 +1,6 @@
 #include <QLineEdit>
 
+#include "platform/forms/controls/Button.h"
 #include "platform/forms/controls/TreeView.h"
 #include "tests/platform/forms/grid/GridFixture.h"
 #include "tests/support/ErrorOf.h"
@@ -157,6 +158,15 @@ TEST_F(LabelEditTest, LeavingCompletesItACommandDropsItAndOtherLettersAreItsOwn)
     form.ui().txtAfter->SetFocus();
     EXPECT_THAT(Logged(), ElementsAre("Suppliers\\sharma -> Gupta"));
     EXPECT_EQ(Active(), "txtAfter");
+    CommandButton go(form.Window());
+    go.setText("&Go");
+    go.show();
+    go.Click = [this] { log.push_back("Go"); };
+    control().SetFocus();
+    Key(Qt::Key_F2);
+    Type("Shah");
+    Key(Qt::Key_G, Qt::AltModifier);
+    EXPECT_THAT(Logged(), ElementsAre("Suppliers\\Gupta -> Shah", "Go"));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "core/Boxes.h"
+#include "core/LedgerSide.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "shell/EntryChecks.h"
@@ -112,8 +113,9 @@ void frmVoucher::RefuseEdit(int row, int col, bool& cancel) {
         return AskForType();
     }
     if (col == Side) return;
-    const std::string& side = ui().vsVoucher->TextMatrix(row, Side);
-    cancel = side.empty() || (col == DrAmount && side == "Cr.") || (col == CrAmount && side == "Dr.");
+    const auto side = lines_->SideOf(row);
+    cancel = !side || (col == DrAmount && side == LedgerSide::Credit) ||
+             (col == CrAmount && side == LedgerSide::Debit);
     if (IsAmount(col)) ui().vsVoucher->SetEditMaxLength(AmountLength);
     if (col == Particulars) ui().vsVoucher->SetEditMaxLength(NarrationLength);
 }
@@ -154,7 +156,7 @@ void frmVoucher::vsVoucher_AfterEdit(int row, int col) {
     if (col == Side) {
         RefreshLedgerList();
         lines_->MoveAmountToItsSide(row);
-        lines_->ShowTotals();
+        lines_->ShowVoucherTotals();
     }
     if (!IsAmount(col)) return;
     // The last line is finished: a new one opens, also when the voucher is in balance. Kept 42.
@@ -164,7 +166,7 @@ void frmVoucher::vsVoucher_AfterEdit(int row, int col) {
     } else {
         lines_->SetBalancingLine();
     }
-    lines_->ShowTotals();
+    lines_->ShowVoucherTotals();
 }
 
 void frmVoucher::vsVoucher_KeyDown(int& keyCode, int shift) {
@@ -181,11 +183,11 @@ void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
     forms::VSFlexGrid& grid = *ui().vsVoucher;
     switch (std::exchange(keyCode, 0), col) {
         case Side:
-            if (grid.TextMatrix(row, Side).empty()) return;
+            if (!lines_->SideOf(row)) return;
             if (Ask("This will delete the entire entry !!!\r\n\r\nAre you sure ?")) {
                 lines_->DeleteLine(row);
                 grid.Select(1, Side);
-                lines_->ShowTotals();
+                lines_->ShowVoucherTotals();
             }
             return;
         case Ledger:
@@ -195,7 +197,7 @@ void frmVoucher::DeleteByColumn(int row, int col, int& keyCode) {
         case CrAmount:
         case Particulars:
             lines_->Clear(row, col);
-            return lines_->ShowTotals();
+            return lines_->ShowVoucherTotals();
         default:
             return;
     }
@@ -217,7 +219,7 @@ void frmVoucher::vsCombo_AfterEdit() {
     forms::VSFlexGrid& grid = *ui().vsVoucher;
     const int row = grid.Row();
     if (const std::string id = ui().vsCombo->ComboData(); !id.empty()) {
-        grid.SetTextMatrix(row, Balance, ledgers_.BalanceText(id));
+        grid.SetTextMatrix(row, Balance, ledgers_.LedgerBalanceText(id));
         grid.SetTextMatrix(row, Ledger, ui().vsCombo->ComboItem());
         grid.SetCellData(row, Ledger, id);
     }

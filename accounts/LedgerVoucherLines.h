@@ -14,9 +14,9 @@ std::string ListAmount(const basic::Value& value);
 
 // A ledger's voucher rows as the group screen lists them: date, narration, the two amounts, the balance text;
 // each built when it is drawn. The key is "V" and the voucher's number: rows of one voucher share it.
-class VoucherLines : public forms::RowSource {
+class LedgerVoucherLines : public forms::RowSource {
   public:
-    explicit VoucherLines(ado::Recordset& rows);  // rows of tb_Ledger<FinYear>, all fields
+    explicit LedgerVoucherLines(ado::Recordset& rows);  // rows of tb_Ledger<FinYear>, all fields
 
     int Count() const override { return static_cast<int>(rows_.Count()); }
     std::string Text(int row, int column) const override;

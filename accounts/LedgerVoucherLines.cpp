@@ -1,4 +1,4 @@
-#include "accounts/VoucherLines.h"
+#include "accounts/LedgerVoucherLines.h"
 
 #include "core/DBCode.h"
 #include "core/Masks.h"
@@ -25,11 +25,11 @@ std::string ListAmount(const basic::Value& value) {
     return basic::Format(value, GroupAmountMask);
 }
 
-VoucherLines::VoucherLines(ado::Recordset& rows) : rows_(rows.Keep()) {
+LedgerVoucherLines::LedgerVoucherLines(ado::Recordset& rows) : rows_(rows.Keep()) {
     for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i] = PlaceOf(rows, FieldNames[i]);
 }
 
-std::string VoucherLines::Text(int row, int column) const {
+std::string LedgerVoucherLines::Text(int row, int column) const {
     const basic::Value value = rows_.ValueAt(row, fields_[static_cast<std::size_t>(column)]);
     switch (column) {
         case Date:
@@ -41,7 +41,7 @@ std::string VoucherLines::Text(int row, int column) const {
     }
 }
 
-std::string VoucherLines::Key(int row) const {
+std::string LedgerVoucherLines::Key(int row) const {
     return "V" + basic::TextOrEmpty(rows_.ValueAt(row, fields_[Number]));
 }
 

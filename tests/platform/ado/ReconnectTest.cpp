@@ -1,0 +1,93 @@
+// The connection to a server is lost, between the calls of a transaction and inside each of them.
+#include <gtest/gtest.h>
+
+#include "tests/platform/ado/CutWire.h"
+#include "tests/platform/ado/TestStore.h"
+
+namespace ado {
+namespace {
+
+using test::CutWire;
+using test::ErrorOf;
+using test::Rows;
+using test::TestStore;
+
+constexpr const char* remarks = "Select Remark From Small";
+
+void Add(const ConnectionPtr& connection, const std::string& remark) {
+    connection->Execute("Insert Into Small (Remark) Values ('" + remark + "')");
+}
+
+struct ReconnectTest : testing::Test {
+    void SetUp() override { QM_SERVER_ONLY(); }
+
+    void HangUp() const {
+        store.Administer(
+            "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity "
+            "WHERE datname = current_database() AND pid <> pg_backend_pid()");
+    }
+    TestStore store;
+};
+
+TEST_F(ReconnectTest, WithoutATransactionNobodyNotices) {
+    const ConnectionPtr c = store.Connect();
+    Add(c, "a");
+    HangUp();
+    EXPECT_EQ(Rows(c, remarks), "a");
+    HangUp();
+    Add(c, "b");
+    HangUp();
+    c->BeginTrans();
+    Add(c, "c");
+    c->CommitTrans();
+    HangUp();
+    EXPECT_EQ(Rows(c, remarks), "a b c");
+    HangUp();
+    EXPECT_NO_THROW(c->Close());
+}
+
+TEST_F(ReconnectTest, ATransactionIsLostAndItsLevelsEndQuietly) {
+    const ConnectionPtr c = store.Connect();
+    c->BeginTrans();
+    c->BeginTrans();
+    Add(c, "lost");
+    HangUp();
+    EXPECT_EQ(ErrorOf([&] { Add(c, "lost too"); }), error::ConnectionLost);
+    EXPECT_NE(ErrorOf([&] { Add(c, "stray"); }), 0);
+    EXPECT_NE(ErrorOf([&] { c->CommitTrans(); }), 0);
+    c->RollbackTrans();
+    c->RollbackTrans();
+    EXPECT_EQ(Rows(c, remarks), "");
+    Add(c, "kept");
+    EXPECT_EQ(Rows(store.Connect(), remarks), "kept");
+}
+
+// In each packet of a transaction, before the server has it and after: what was told is what stands.
+TEST_F(ReconnectTest, WhatIsToldOfAnUnansweredCommitIsTrue) {
+    const CutWire wire;
+    int stood = 0;
+    for (const CutWire::Cut cut : {CutWire::Before, CutWire::After})
+        for (int packets = 0; packets < 5; ++packets) {
+            Connection c;
+            c.Properties("Data Source") = wire.Path(store.Path());
+            c.Open();
+            c.Execute("Delete From Small");
+            wire.CutNext(cut, packets);
+            std::int32_t failure = ErrorOf([&] { c.BeginTrans(); });
+            const auto step = [&](const auto& call) {
+                if (failure == 0) failure = ErrorOf(call);
+            };
+            step([&] { c.Execute("Insert Into Small (Remark) Values ('a')"); });
+            step([&] { c.Execute("Update Small Set Id = 5"); });
+            step([&] { c.CommitTrans(); });
+            EXPECT_TRUE(failure == 0 || failure == error::ConnectionLost) << failure;
+            while (c.TransDepth() > 0) c.RollbackTrans();
+            EXPECT_EQ(Rows(store.Connect(), "Select Id, Remark From Small"), failure == 0 ? "5|a" : "")
+                << static_cast<char>(cut) << packets;
+            stood += failure == 0 ? 1 : 0;
+        }
+    EXPECT_EQ(stood, 3);  // cut behind its end, or in a commit that the server has
+}
+
+}  // namespace
+}  // namespace ado
