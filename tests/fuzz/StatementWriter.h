@@ -1,9 +1,11 @@
 #pragma once
 
-#include <cstddef>
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "tests/fuzz/Check.h"
 
@@ -22,108 +24,59 @@ class StatementWriter {
     StatementWriter(Input choices, std::string_view number, std::string_view text)
         : choices_(choices), number_(number), text_(text) {}
 
-    std::string Statement() {
-        switch (Choice(8)) {
-            case 0:
-                return "Insert Into Ledger (ID, Name, Deleted) Values (" + Value() + ", " + Value() + ", " +
-                       Value() + ")";
-            case 1:
-                return "Insert Into Details Select " + Value() + " As Bal, " + Value() + " As Side" + Rest();
-            case 2:
-                return "Update Ledger Set Name = " + Value() + ", Deleted = " + Condition() + Where();
-            case 3:
-                return "Delete * From Details" + Where();
-            default:
-                return Select();
-        }
-    }
+    std::string Statement() { return Written("S"); }
 
   private:
-    std::size_t Choice(std::size_t count) { return choices_.Take<std::uint8_t>() % count; }
+    // What may stand for a capital letter between bars, by its choices; # is the number, $ the text.
+    static constexpr std::pair<char, std::string_view> Grammar[] = {
+        {'S',
+         "Insert Into Ledger (ID, Name, Deleted) Values (|V|, |V|, |V|)~Insert Into Details Select |V| As "
+         "Bal, |V| As Side|R|~Update Ledger Set Name = |V|, Deleted = |C||W|~Delete * From "
+         "Details|W|~|Q|~|Q|~"
+         "|Q|~|Q|"},
+        {'Q', "Select |D||L||R||G|~Select |D||L|, |L||R||G|~Select |D||L|, |L|, |L||R||G|"},
+        {'D', "~Distinct "},
+        {'L', "*~A.*~|F|~|V|~|C| As x~Max(|V|)~Sum(|V|) As x"},
+        {'G', "~~ Group By |F|, Name~ Order By x Desc, Yr~ Order By |F| Desc"},
+        {'R', " From Ledger|W|~ From Details|W|~ From Ledger As A, Details As B|W|"},
+        {'W', "~ Where |C|~ Where |C|"},
+        {'F', "ID~Name~Head~Deleted~Yr~Bal~Side~A.ID~B.ID~Nobody"},
+        {'V',
+         "|#|~|#|~|$|~|$|~|V||O||V|~|P||V|~(|V|)~Iif(|C|, |V|, |V|)~UCase(|V|)~CStr(|V|)~Left(|V|, |#|)~"
+         "(Select |F||R|)~(Select |V||R|)~(Select Max(|F|)|R|)~True~False~Null~|F|~|F|~|F|~|F|"},
+        {'O', " + ~ - ~ * ~ / ~ --"},
+        {'P', "-~+"},
+        {'C',
+         "|C| And |C|~|C| Or |C|~Not |C|~(|C|)~|V| Is Null~|V| Is Not Null~IsNull(|V|)~|V| In (|V|, |V|)~"
+         "|V| Not In (|V|, |V|)~|V| Like |V|~|V| Not Like |V|~|F|~|V| = |V|~|V| <> |V|~|V| < |V|~|V| >= |V|"},
+    };
 
-    std::string Select() {
-        std::string list = Pick("", "Distinct ");
-        for (std::size_t more = Choice(3) + 1; more > 0; --more)
-            list += Pick("*", "A.*", Field(), Value(), Condition() + " As x", "Max(" + Value() + ")",
-                         "Sum(" + Value() + ") As x") +
-                    (more > 1 ? ", " : "");
-        return "Select " + list + Rest() +
-               Pick("", "", " Group By " + Field() + ", Name", " Order By x Desc, Yr",
-                    " Order By " + Field() + " Desc");
+    std::string Written(std::string_view rule) {
+        const char name = rule.front();
+        if (name == '#') return number_;
+        if (name == '$') return text_;
+        const bool deep = (name == 'V' || name == 'C') && ++depth_ > MostDepth;
+        if (deep) return name == 'V' ? number_ : "Deleted";
+        const auto* const found = std::find_if(std::begin(Grammar), std::end(Grammar),
+                                               [&](const auto& entry) { return entry.first == name; });
+        const std::vector<std::string_view> ways = Parted(found->second, '~');
+        const std::vector<std::string_view> parts =
+            Parted(ways[choices_.Take<std::uint8_t>() % ways.size()], '|');
+        std::string text;
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            text += i % 2 == 0 ? std::string(parts[i]) : Written(parts[i]);
+        return text;
     }
-
-    std::string Rest() {
-        return Pick(" From Ledger", " From Details", " From Ledger As A, Details As B") + Where();
-    }
-
-    std::string Where() { return Choice(3) == 0 ? "" : " Where " + Condition(); }
-
-    std::string Field() {
-        return Pick("ID", "Name", "Head", "Deleted", "Yr", "Bal", "Side", "A.ID", "B.ID", "Nobody");
-    }
-
-    std::string Value() {
-        if (++depth_ > MostDepth) return number_;
-        switch (Choice(16)) {
-            case 0:
-            case 1:
-                return number_;
-            case 2:
-            case 3:
-                return text_;
-            case 4:
-                return Value() + Pick(" + ", " - ", " * ", " / ", " --") + Value();
-            case 5:
-                return Pick("-", "+") + Value();
-            case 6:
-                return "(" + Value() + ")";
-            case 7:
-                return "Iif(" + Condition() + ", " + Value() + ", " + Value() + ")";
-            case 8:
-                return Pick("UCase(", "CStr(") + Value() + ")";
-            case 9:
-                return "Left(" + Value() + ", " + number_ + ")";
-            case 10:
-                return "(Select " + Pick(Field(), Value(), "Max(" + Field() + ")") + Rest() + ")";
-            case 11:
-                return Pick("True", "False", "Null");
-            default:
-                return Field();
+    static std::vector<std::string_view> Parted(std::string_view text, char by) {
+        std::vector<std::string_view> parts;
+        for (std::size_t from = 0, to = 0; to != text.npos; from = to + 1) {
+            to = text.find(by, from);
+            parts.push_back(text.substr(from, to - from));
         }
-    }
-
-    std::string Condition() {
-        if (++depth_ > MostDepth) return "Deleted";
-        switch (Choice(9)) {
-            case 0:
-                return Condition() + Pick(" And ", " Or ") + Condition();
-            case 1:
-                return "Not " + Condition();
-            case 2:
-                return "(" + Condition() + ")";
-            case 3:
-                return Value() + Pick(" Is Null", " Is Not Null");
-            case 4:
-                return "IsNull(" + Value() + ")";
-            case 5:
-                return Value() + Pick(" In (", " Not In (") + Value() + ", " + Value() + ")";
-            case 6:
-                return Value() + Pick(" Like ", " Not Like ") + Value();
-            case 7:
-                return Field();
-            default:
-                return Value() + Pick(" = ", " <> ", " < ", " >= ") + Value();
-        }
-    }
-
-    template <class... Texts>
-    std::string Pick(const Texts&... texts) {
-        const std::string all[] = {texts...};
-        return all[Choice(sizeof...(texts))];
+        return parts;
     }
 
     static constexpr int MostDepth = 60;  // of values and conditions in one statement
-
     Input choices_;
     std::string number_, text_;
     int depth_ = 0;

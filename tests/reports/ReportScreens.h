@@ -6,6 +6,10 @@
 #include "reports/frmLedger.h"
 #include "tests/screens/ScreenFixture.h"
 
+inline constexpr const char* EmptyPage =
+    "<html><head><title></title></head><body><table border = '0' width='100%' style = 'font size = 12' "
+    "cellspacing = '0' cellpadding =0 ></table></body></html>";
+
 // What the tests of the report screens share: 30 April 2001 as today, and the page that comes.
 class ReportScreensTest : public test::ScreenTest {
   protected:

@@ -1,16 +1,12 @@
 #include "core/modGeneral.h"
 #include "platform/basic/Dates.h"
 #include "reports/frmLedger.h"
-#include "tests/screens/ScreenFixture.h"
+#include "tests/reports/ReportScreens.h"
 #include "tests/support/Golden.h"
 
 using namespace testing;
 
 namespace {
-
-constexpr const char* EmptyPage =
-    "<html><head><title></title></head><body><table border = '0' width='100%' style = 'font size = 12' "
-    "cellspacing = '0' cellpadding =0 ></table></body></html>";
 
 class LedgerTest : public test::ScreenTest {
   protected:

@@ -106,6 +106,15 @@ TEST_P(EveryScreen, TabGoesInReadingOrder) {
     });
 }
 
+// Of 1280 x 800 dots at twice the density, less what the system puts around a window.
+TEST_P(EveryScreen, FitsASmallDisplay) {
+    Visit([](QWidget& window) {
+        const QSize room(640 - 8, 400 - 36);
+        const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
+        EXPECT_EQ(least.boundedTo(room), least) << least.width() << " x " << least.height();
+    });
+}
+
 // Letters that captions of a screen share as they were given: they only move the focus between their
 // controls.
 const std::multimap<std::string, std::string> SharedLetters = {

@@ -1,32 +1,11 @@
 #include <QImage>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
-#include "accounts/Ledger_Master.h"
-#include "accounts/frmGrpMain.h"
-#include "inventory/ItemMaster.h"
-#include "inventory/frmIssues.h"
-#include "inventory/frmItemList.h"
-#include "inventory/frmReceipt.h"
 #include "platform/forms/window/Application.h"
-#include "purchasing/frmPO.h"
-#include "purchasing/frmPOReceipt.h"
-#include "reports/frmItemLedger.h"
-#include "reports/frmLedger.h"
-#include "reports/frmPartyLedger.h"
-#include "reports/frmTPL.h"
 #include "screens/Pictures.h"
 #include "screens/ReportFiles.h"
 #include "screens/ScreenTable.h"
-#include "shell/frmNewMenu.h"
-#include "shell/frmSearchAndLookUp.h"
 #include "tests/screens/ScreenFixture.h"
-#include "vouchers/frmDayBook.h"
-#include "vouchers/frmVoucher.h"
-#include "years/frmClosingBal.h"
-#include "years/frmFinYear.h"
-#include "years/frmNewFinYear.h"
 
 using namespace testing;
 
@@ -45,33 +24,8 @@ class PicturesTest : public Test {
     }
     ~PicturesTest() override { qm::SetMsgBoxPort({}); }
 
-    static std::vector<forms::Form*> AllForms() {
-        return {&forms::Default<qm::frmNewMenu>(),
-                &forms::Default<qm::frmFinYear>(),
-                &forms::Default<qm::frmNewFinYear>(),
-                &forms::Default<qm::frmClosingBal>(),
-                &forms::Default<qm::frmGrpMain>(),
-                &forms::Default<qm::Ledger_Master>(),
-                &forms::Default<qm::frmVoucher>(),
-                &forms::Default<qm::frmDayBook>(),
-                &forms::Default<qm::frmTPL>(),
-                &forms::Default<qm::frmPartyLedger>(),
-                &forms::Default<qm::frmItemLedger>(),
-                &forms::Default<qm::frmLedger>(),
-                &forms::Default<qm::ItemMaster>(),
-                &forms::Default<qm::frmItemList>(),
-                &forms::Default<qm::frmReceipt>(),
-                &forms::Default<qm::frmIssues>(),
-                &forms::Default<qm::frmPO>(),
-                &forms::Default<qm::frmPOReceipt>(),
-                &forms::Default<qm::frmSearchAndLookUp>()};
-    }
     fs::path out() { return folder.Path() / "out"; }
-    std::string Content(const char* name) {
-        std::ostringstream text;
-        text << std::ifstream(out() / name).rdbuf();
-        return text.str();
-    }
+    std::string Content(const char* name) { return test::Bytes(out() / name); }
 
     test::FreshBooks books;
     test::TempFolder folder;
@@ -92,22 +46,6 @@ TEST_F(PicturesTest, EachScreenIsDrawn) {
     }
     EXPECT_EQ(books.One("Select Max(PoNumber) As High From tblPO2001"), "Null") << "the order is the copy's";
     EXPECT_EQ(std::distance(fs::directory_iterator(out()), {}), static_cast<std::ptrdiff_t>(forms.size()));
-}
-
-// Of 1280 x 800 dots at twice the density, less what the system puts around a window.
-TEST_F(PicturesTest, EachScreenFitsASmallDisplay) {
-    const QSize room(640 - 8, 400 - 36);
-    const auto fits = [&](forms::Form& form) {
-        const QWidget& window = *form.Window();
-        const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());
-        EXPECT_EQ(least.boundedTo(room), least)
-            << form.Name() << ' ' << least.width() << " x " << least.height();
-    };
-    for (forms::Form* form : AllForms()) {
-        form->EnsureLoaded();
-        fits(*form);
-        form->Unload();
-    }
 }
 
 // By the one name the desktop finds the entry, the icon and the windows of the program.

@@ -30,17 +30,28 @@ QRect RoomOn(const QScreen& screen) {
     return screen.availableGeometry() - FrameAllowance;
 }
 
-// What a screen is too low for stands closer together.
-void Tighten(QWidget& window, int height) {
-    if (!window.layout() || window.minimumSizeHint().height() <= height) return;
+bool IsTooHigh(const QWidget& window, const QRect& room) {
+    return window.minimumSizeHint().height() > room.height();
+}
+
+// What a screen is too small for stands closer together, so that grids and boxes keep the room that there is.
+void Tighten(QWidget& window, Qt::Orientations ways) {
+    if (!window.layout() || !ways) return;
     for (QLayout* layout : window.findChildren<QLayout*>()) {
-        const QMargins margins = layout->contentsMargins();
-        layout->setContentsMargins(margins.left(), margins.top() / 2, margins.right(), margins.bottom() / 2);
+        QMargins margins = layout->contentsMargins();
         auto* const grid = qobject_cast<QGridLayout*>(layout);
-        if (grid)
-            grid->setVerticalSpacing(2);
-        else if (qobject_cast<QVBoxLayout*>(layout))
-            layout->setSpacing(2);
+        if (ways & Qt::Horizontal) {
+            margins = {margins.left() / 2, margins.top(), margins.right() / 2, margins.bottom()};
+            if (grid) grid->setHorizontalSpacing(4);
+        }
+        if (ways & Qt::Vertical) {
+            margins = {margins.left(), margins.top() / 2, margins.right(), margins.bottom() / 2};
+            if (grid)
+                grid->setVerticalSpacing(2);
+            else if (qobject_cast<QVBoxLayout*>(layout))
+                layout->setSpacing(2);
+        }
+        layout->setContentsMargins(margins);
     }
     window.layout()->activate();  // it held the window to its height
 }
@@ -56,8 +67,12 @@ void PutInto(const QRect& room, QWidget& window, QRect place) {
 
 void CentreOn(QWidget& window, const QWidget* below) {
     const QRect room = RoomOn(*(below ? below : &window)->screen());
-    Tighten(window, room.height());
-    window.resize(window.size().boundedTo(room.size()));
+    const QSize size = window.size().boundedTo(room.size());
+    Qt::Orientations ways;
+    ways.setFlag(Qt::Horizontal, size.width() < window.width());
+    ways.setFlag(Qt::Vertical, size.height() < window.height() || IsTooHigh(window, room));
+    Tighten(window, ways);
+    window.resize(size);
     QRect place(QPoint(), window.size());
     place.moveCenter(below ? below->geometry().center() : room.center());
     PutInto(room, window, place);
@@ -67,7 +82,7 @@ void CentreOn(QWidget& window, const QWidget* below) {
 void KeepOnScreen(QWidget& window) {
     const QRect room = RoomOn(*window.screen());
     if (!window.isVisible() || room.contains(window.geometry())) return;
-    Tighten(window, room.height());
+    if (IsTooHigh(window, room)) Tighten(window, Qt::Vertical);
     QRect place = window.geometry();
     place.setHeight(std::min(place.height(), room.height()));
     PutInto(room, window, place);

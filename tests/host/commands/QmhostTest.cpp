@@ -46,7 +46,7 @@ TEST_P(QmhostCommands, Say) {
               "\" \"$@\"; }\n"
               "sql() { printf \"PRAGMA key = 'quintel';\\n%s;\\n\" \"$1\" | sqlcipher -batch "
               "books/QmAccount.mdb | "
-              "sed '/^ok$/d'; }\n";
+              "sed '1{/^ok$/d}'; }\n";
     const std::string name = "qmhost_" + std::to_string(getpid()), uri = test::ServerUri() + name;
     if (GetParam().name.starts_with("Server")) {
         QM_NEEDS_SERVER();

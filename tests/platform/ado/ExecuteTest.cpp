@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <memory>
+#include <sstream>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,33 +29,91 @@ class ExecuteTest : public testing::Test {
     ConnectionPtr c = store.Connect();
 };
 
+// The connection and a record set, driven by the words of the file of sessions.
 class Statements : public ExecuteTest, public testing::WithParamInterface<::test::Session> {
   protected:
-    // What comes of a statement, as the file of sessions says; "" where nothing is to be said.
+    // What comes of a line; "" where nothing is to be said.
     std::string Say(const std::string& line) {
-        const auto rest = [&](const char* word) { return line.substr(std::string(word).size()); };
-        if (line.starts_with("text ")) return test::TextOfError([&] { Run(rest("text ")); });
+        const std::string word = line.substr(0, line.find(' '));
+        const std::string rest = word.size() < line.size() ? line.substr(word.size() + 1) : "";
+        if (word == "text") return test::TextOfError([&] { Run(rest); });
         std::string said;
         const std::int32_t failure = ErrorOf([&] {
-            if (line == "Begin")
-                c->BeginTrans();
-            else if (line == "Commit")
-                c->CommitTrans();
-            else if (line == "Rollback")
-                c->RollbackTrans();
-            else if (line == "Close")
-                c->Close();
-            else if (line == "Open")
-                c->Open();
-            else if (line == "depth")
-                said = std::to_string(c->TransDepth());
-            else if (line.starts_with("count "))
-                said = std::to_string(Affected(c, rest("count ")));
+            if (const auto call = calls.find(word); call != calls.end())
+                said = call->second(rest);
             else if (const RecordsetPtr rows = c->Execute(line); rows->State() == adStateOpen)
                 said = test::RowsOf(*rows);
         });
         return failure == 0 ? said : test::NameOf(failure);
     }
+
+  private:
+    using Call = std::function<std::string(const std::string& rest)>;
+    template <class Action>
+    static Call Silent(Action action) {
+        return [action](const auto& rest) {
+            action(rest);
+            return "";
+        };
+    }
+    template <class Action>
+    Call Moving(Action action) {
+        return [this, action](const auto& rest) -> std::string {
+            action(rest);
+            if (set.Eof() || set.Bof()) return set.Eof() && set.Bof() ? "empty" : set.Eof() ? "EOF" : "BOF";
+            return std::to_string(set.AbsolutePosition());
+        };
+    }
+    // "dynamic optimistic Select ...": the cursor, the lock if it is not for reading, and the source.
+    void Open(const std::string& told) {
+        static const std::map<std::string, int> words{
+            {"forward", adOpenForwardOnly},   {"keyset", adOpenKeyset},
+            {"dynamic", adOpenDynamic},       {"static", adOpenStatic},
+            {"optimistic", adLockOptimistic}, {"pessimistic", adLockPessimistic}};
+        std::istringstream text(told);
+        std::string cursor, lock, source;
+        text >> cursor >> lock;
+        const bool locks = words.contains(lock);
+        std::getline(text >> std::ws, source);
+        set.Open(locks ? source : told.substr(cursor.size() + 1), c, words.at(cursor),
+                 locks ? words.at(lock) : adLockReadOnly);
+    }
+    void Set(const std::string& told) {
+        const std::string name = told.substr(0, told.find(' ')), value = told.substr(name.size() + 1);
+        set.Fields(name).SetValue(value == "Null" ? basic::Value() : basic::Value(value));
+    }
+    void Find(const std::string& told) {
+        const bool past = told.starts_with("+ ");
+        set.Find(told.substr(past ? 2 : 0), past ? 1 : 0);
+    }
+    static std::string Text(const basic::Value& value) { return value.IsNull() ? "-" : basic::ToText(value); }
+
+    Recordset set;
+    const std::map<std::string, Call> calls{
+        {"Begin", Silent([this](auto&) { c->BeginTrans(); })},
+        {"Commit", Silent([this](auto&) { c->CommitTrans(); })},
+        {"Rollback", Silent([this](auto&) { c->RollbackTrans(); })},
+        {"Close", Silent([this](auto&) { c->Close(); })},
+        {"Open", Silent([this](auto&) { c->Open(); })},
+        {"depth", [this](auto&) { return std::to_string(c->TransDepth()); }},
+        {"count", [this](auto& rest) { return std::to_string(Affected(c, rest)); }},
+        {"open", Moving([this](auto& rest) { Open(rest); })},
+        {"close", Silent([this](auto&) { set.Close(); })},
+        {"requery", Moving([this](auto&) { set.Requery(); })},
+        {"first", Moving([this](auto&) { set.MoveFirst(); })},
+        {"next", Moving([this](auto&) { set.MoveNext(); })},
+        {"previous", Moving([this](auto&) { set.MovePrevious(); })},
+        {"last", Moving([this](auto&) { set.MoveLast(); })},
+        {"at", Moving([](auto&) {})},
+        {"find", Moving([this](auto& rest) { Find(rest); })},
+        {"filter", Moving([this](auto& rest) { set.SetFilter(rest); })},
+        {"rows", [this](auto&) { return test::RowsOf(set); }},
+        {"records", [this](auto&) { return std::to_string(set.RecordCount()); }},
+        {"field", [this](auto& rest) { return Text(set[rest]); }},
+        {"set", Silent([this](auto& rest) { Set(rest); })},
+        {"addnew", Silent([this](auto&) { set.AddNew(); })},
+        {"update", Silent([this](auto&) { set.Update(); })},
+    };
 };
 
 TEST_P(Statements, ComeToWhatIsTold) {

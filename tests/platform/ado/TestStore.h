@@ -164,6 +164,10 @@ inline std::string NameOf(std::int32_t number) {
         {error::BadValue, "BadValue"},
         {error::NoTransaction, "NoTransaction"},
         {error::ObjectClosed, "ObjectClosed"},
+        {error::NoCurrentRecord, "NoCurrentRecord"},
+        {error::BadArgument, "BadArgument"},
+        {error::ItemNotFound, "ItemNotFound"},
+        {error::NotUpdatable, "NotUpdatable"},
         {basic::error::Overflow, "Overflow"},
         {basic::error::DivisionByZero, "DivisionByZero"},
     };

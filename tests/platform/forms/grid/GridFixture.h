@@ -1,11 +1,16 @@
 #pragma once
 
+#include <QKeySequence>
+#include <sstream>
+
+#include "platform/basic/Error.h"
 #include "platform/forms/controls/Text.h"
 #include "platform/forms/controls/TreeView.h"
 #include "platform/forms/grid/ListView.h"
 #include "platform/forms/grid/MSFlexGrid.h"
 #include "platform/forms/grid/VSFlexGrid.h"
 #include "tests/platform/forms/window/Fixture.h"
+#include "tests/support/Cases.h"
 
 // The kind of control under test between two text boxes, laid out as the designer's files do.
 template <class Tested>
@@ -65,3 +70,68 @@ class ControlTest : public WindowTest<TestForm<Tested>> {
 inline std::string At(const std::string& name, int row, int col) {
     return name + ' ' + std::to_string(row) + ',' + std::to_string(col);
 }
+
+// A grid driven by the words of a file of sessions; what is said are the events that it logs and what is
+// asked for.
+template <class Fixture>
+class GridSessions : public Fixture, public testing::WithParamInterface<test::Session> {
+  public:
+    static std::string NameOf(const testing::TestParamInfo<test::Session>& session) {
+        return session.param.name;
+    }
+
+  protected:
+    void RunSession() {
+        this->Logged();
+        for (const test::Block& step : GetParam().steps) {
+            for (const std::string& line : step.given) Do(line);
+            test::ExpectSaid(this->Logged(), step);
+        }
+    }
+
+  private:
+    void Do(const std::string& line) {
+        const std::string word = line.substr(0, line.find(' '));
+        const std::string rest = word.size() < line.size() ? line.substr(word.size() + 1) : "";
+        int row = 0, col = 0;
+        char between = 0;
+        std::istringstream(rest) >> row >> between >> col;
+        const auto say = [this](const std::string& text) { this->log.push_back(text); };
+        auto& grid = this->control();
+        try {
+            if (word == "type") this->Type(rest);
+            if (word == "key") Press(rest);
+            if (word == "click") this->ClickCell(row, col);
+            if (word == "press") this->Click(Named(rest));
+            if (word == "focus") dynamic_cast<Control&>(*Named(rest)).SetFocus();
+            if (word == "select") grid.Select(row, col);
+            if (word == "row") grid.SetRow(row);
+            if (word == "col") grid.SetCol(row);
+            if (word == "rows") grid.SetRows(row);
+            if (word == "add") grid.AddItem(rest);
+            if (word == "remove") grid.RemoveItem(row);
+            if (word == "locked") grid.SetEditable(false);
+            if (rest.starts_with("row ")) grid.SetRowHidden(std::stoi(rest.substr(4)), true);
+            if (rest.starts_with("col ")) grid.SetColHidden(std::stoi(rest.substr(4)), true);
+            if (word == "refuse") this->refusedRow = row;
+            if (word == "text") say(grid.TextMatrix(row, col));
+            if (word == "checked") say(grid.CellChecked(row, col) ? "yes" : "no");
+            if (word == "editing") say(grid.Editing() ? "yes" : "no");
+            if (word == "active") say(this->Active());
+            if (word == "at") say(At("", grid.Row(), grid.Col()).substr(1));
+            if (word == "state")
+                say(this->Active() + ' ' + this->Focused()->objectName().toStdString() +
+                    At("", grid.Row(), grid.Col()) + (grid.Editing() ? " editing " : " ") +
+                    grid.TextMatrix(grid.Row(), grid.Col()));
+        } catch (const basic::Error&) {
+            say("error");
+        }
+    }
+    void Press(const std::string& keys) {
+        const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
+        this->Key(key.key(), key.keyboardModifiers());
+    }
+    QWidget* Named(const std::string& name) {
+        return this->form.Window()->template findChild<QWidget*>(QString::fromStdString(name));
+    }
+};

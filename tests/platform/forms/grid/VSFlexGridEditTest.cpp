@@ -45,89 +45,18 @@ class VSFlexGridEditTest : public ControlTest<VSFlexGrid> {
     void Note(const std::string& what) { log.push_back(what); }
     const std::string& Text(int row, int col) { return control().TextMatrix(row, col); }
     bool refuseStart = false;
+    int refusedRow = -1;
 };
 
-TEST_F(VSFlexGridEditTest, AKeyAndAMoveFireInTheirOrder) {
-    Type("5");
-    EXPECT_THAT(Logged(),
-                ElementsAre("KeyDown 53", "KeyPress", "BeforeEdit 1,1", "StartEdit", "KeyPressEdit"));
-    Type("0");
-    EXPECT_THAT(Logged(), ElementsAre("KeyPressEdit"));
-    Key(Qt::Key_Return);
-    EXPECT_THAT(Logged(), ElementsAre("ValidateEdit 50", "AfterEdit 1,1", "Before 1,2", "After 1,2"));
-    EXPECT_EQ(Text(1, 1), "50");
-    EXPECT_FALSE(control().Editing());
+using VSFlexGridEdits = GridSessions<VSFlexGridEditTest>;
+
+TEST_P(VSFlexGridEdits, FireWhatIsTold) {
+    RunSession();
 }
 
-TEST_F(VSFlexGridEditTest, AfterEditFiresThoughNothingChangedButNotOnEsc) {
-    Key(Qt::Key_F2);
-    Logged();
-    Key(Qt::Key_Tab);
-    EXPECT_THAT(Logged(),
-                ElementsAre("ValidateEdit 10", "AfterEdit 1,1", "KeyDown 9", "Before 1,2", "After 1,2"));
-    Type("x");
-    Logged();
-    Key(Qt::Key_Escape);
-    EXPECT_THAT(Logged(), IsEmpty());
-    EXPECT_EQ(Text(1, 2), "text");
-    EXPECT_FALSE(control().Editing());
-    EXPECT_TRUE(control().hasFocus());
-    Key(Qt::Key_F2);
-    Logged();
-    form.ui().txtAfter->SetFocus();
-    EXPECT_THAT(Logged(), ElementsAre("ValidateEdit text", "AfterEdit 1,2", "LostFocus"));
-}
-
-TEST_F(VSFlexGridEditTest, TheEditorIsAPartOfTheGrid) {
-    Type("7");
-    Key(Qt::Key_Escape);
-    Type("7");
-    Key(Qt::Key_Return);
-    const EventLog events = Logged();
-    EXPECT_THAT(events, testing::Not(testing::Contains("GotFocus")));
-    EXPECT_THAT(events, testing::Not(testing::Contains("LostFocus")));
-    EXPECT_EQ(Active(), "tested");
-}
-
-TEST_F(VSFlexGridEditTest, ARefusedEditHoldsTheFocusTheMoveAndTheCommand) {
-    const struct {
-        const char* what;
-        std::function<void()> act;
-    } ways[] = {
-        {"enter", [this] { Key(Qt::Key_Return); }},
-        {"tab", [this] { Key(Qt::Key_Tab); }},
-        {"arrow", [this] { Key(Qt::Key_Down); }},
-        {"another cell", [this] { ClickCell(3, 2); }},
-        {"another control", [this] { QTest::mouseClick(form.ui().txtAfter, Qt::LeftButton); }},
-        {"code", [this] { form.ui().txtAfter->SetFocus(); }},
-        {"select", [this] { control().Select(2, 2); }},
-        {"ctrl", [this] { Key(Qt::Key_S, Qt::ControlModifier); }},
-    };
-    Type("5x");
-    Logged();
-    for (const auto& way : ways) {
-        SCOPED_TRACE(way.what);
-        way.act();
-        EXPECT_THAT(Logged(), ElementsAre("ValidateEdit 5x"));
-        EXPECT_TRUE(control().Editing());
-        EXPECT_EQ(Active(), "tested");
-        EXPECT_EQ(Focused()->objectName(), "tested.editor");
-        EXPECT_EQ(control().Row(), 1);
-        EXPECT_EQ(control().Col(), 1);
-        EXPECT_EQ(Text(1, 1), "10");
-    }
-    Type("5");  // the refused text is selected: the next key replaces it
-    Key(Qt::Key_Return);
-    EXPECT_EQ(Text(1, 1), "5");
-}
-
-TEST_F(VSFlexGridEditTest, CtrlLetterCompletesTheEditFirst) {
-    Type("5");
-    Logged();
-    Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_THAT(Logged(), ElementsAre("ValidateEdit 5", "AfterEdit 1,1", "Form S"));
-    EXPECT_EQ(Text(1, 1), "5");
-}
+INSTANTIATE_TEST_SUITE_P(All, VSFlexGridEdits,
+                         testing::ValuesIn(test::Sessions("platform/forms/grid/VSFlexGridEdits.txt")),
+                         VSFlexGridEdits::NameOf);
 
 // They neither end the edit nor come to the form, and what is pasted goes the way of what is typed.
 TEST_F(VSFlexGridEditTest, LettersWithoutACommandAreTheOpenEditorsOwn) {
@@ -194,43 +123,6 @@ TEST_F(VSFlexGridEditTest, WhereAfterEditSelectsEnterDoesNotMoveOn) {
     Key(Qt::Key_Return);
     EXPECT_EQ(Active(), "txtBefore");
     EXPECT_EQ(control().Col(), 2);
-}
-
-TEST_F(VSFlexGridEditTest, TheMouseEditsTheCurrentCellOnly) {
-    ClickCell(2, 2);
-    EXPECT_FALSE(control().Editing());
-    ClickCell(2, 2);
-    EXPECT_TRUE(control().Editing());
-    ClickCell(3, 2);
-    EXPECT_FALSE(control().Editing());
-    EXPECT_EQ(control().Row(), 3);
-}
-
-TEST_F(VSFlexGridEditTest, ACheckBoxIsTickedByMouseAndBlank) {
-    control().Select(1, 2);
-    Logged();
-    ClickCell(2, 0);
-    EXPECT_TRUE(control().CellChecked(2, 0));
-    EXPECT_THAT(Logged(), ElementsAre("Before 2,0", "After 2,0", "BeforeEdit 2,0", "StartEdit",
-                                      "ValidateEdit ", "AfterEdit 2,0"));
-    Type(" ");
-    EXPECT_FALSE(control().CellChecked(2, 0));
-    Type("x");
-    EXPECT_FALSE(control().CellChecked(2, 0));
-    EXPECT_FALSE(control().Editing());
-}
-
-TEST_F(VSFlexGridEditTest, RowsThatGoTakeTheOpenEditorWithThem) {
-    control().Select(4, 1);
-    Type("5");
-    Logged();
-    control().SetRows(2);
-    EXPECT_FALSE(control().Editing());
-    EXPECT_THAT(Logged(), IsEmpty());
-    control().SetEditable(false);
-    control().EditCell();
-    Type("5");
-    EXPECT_FALSE(control().Editing());
 }
 
 TEST_F(VSFlexGridEditTest, AFormThatUnloadsInAnEditEventTakesTheGridWithIt) {

@@ -24,94 +24,20 @@ class VSFlexGridTest : public ControlTest<VSFlexGrid> {
     int refusedRow = -1;
 };
 
-TEST_F(VSFlexGridTest, MovesByCodeFireWhatTheUsersMovesFire) {
-    VSFlexGrid& grid = control();
-    const struct {
-        const char* what;
-        std::function<void()> act;
-        const char* to;
-    } moves[] = {
-        {"select", [&] { grid.Select(2, 1); }, "2,1 from 1,0"},
-        {"row", [&] { grid.SetRow(3); }, "3,1 from 2,1"},
-        {"col", [&] { grid.SetCol(2); }, "3,2 from 3,1"},
-        {"down", [&] { Key(Qt::Key_Down); }, "4,2 from 3,2"},
-        {"left", [&] { Key(Qt::Key_Left); }, "4,1 from 4,2"},
-        {"end", [&] { Key(Qt::Key_End); }, "4,3 from 4,1"},
-        {"tab", [&] { Key(Qt::Key_Tab); }, "5,0 from 4,3"},
-        {"back", [&] { Key(Qt::Key_Backtab, Qt::ShiftModifier); }, "4,3 from 5,0"},
-        {"ctrl home", [&] { Key(Qt::Key_Home, Qt::ControlModifier); }, "1,0 from 4,3"},
-        {"mouse", [&] { ClickCell(2, 2); }, "2,2 from 1,0"},
-        {"page", [&] { Key(Qt::Key_PageDown); }, "5,2 from 2,2"},
-    };
-    for (const auto& move : moves) {
-        SCOPED_TRACE(move.what);
-        move.act();
-        const std::string to = std::string(move.to).substr(0, 3);
-        EXPECT_THAT(Logged(), ElementsAre("before " + to, std::string("after ") + move.to));
-    }
-    grid.Select(5, 2);
-    EXPECT_THAT(Logged(), IsEmpty());  // the same cell is no move
-    EXPECT_THROW(grid.Select(9, 0), basic::Error);
+using VSFlexGridMoves = GridSessions<VSFlexGridTest>;
+
+TEST_P(VSFlexGridMoves, FireWhatIsTold) {
+    RunSession();
 }
 
-TEST_F(VSFlexGridTest, ACancelledMoveDoesNotHappen) {
-    refusedRow = 2;
-    ClickCell(2, 1);
-    Key(Qt::Key_Down);
-    control().Select(2, 3);
-    EXPECT_THAT(Logged(), ElementsAre("before 2,1", "before 2,0", "before 2,3"));
-    EXPECT_EQ(control().Row(), 1);
-    EXPECT_EQ(control().Col(), 0);
-    refusedRow = 5;  // a foot: the long ways stop before it
-    for (const auto& [key, col] : {std::pair(Qt::Key_PageDown, 0), {Qt::Key_End, 3}}) {
-        control().Select(1, 0);
-        Key(key, key == Qt::Key_End ? Qt::ControlModifier : Qt::NoModifier);
-        EXPECT_EQ(At("", control().Row(), control().Col()), At("", 4, col));
-    }
-}
+INSTANTIATE_TEST_SUITE_P(All, VSFlexGridMoves,
+                         testing::ValuesIn(test::Sessions("platform/forms/grid/VSFlexGridMoves.txt")),
+                         VSFlexGridMoves::NameOf);
 
-TEST_F(VSFlexGridTest, TabLeavesWhereNoCellFollowsOrTheMoveIsRefused) {
-    control().Select(5, 3);
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(Active(), "txtAfter");
-    control().SetFocus();
-    control().Select(1, 3);
-    refusedRow = 2;
-    Key(Qt::Key_Tab);
-    EXPECT_EQ(Active(), "txtAfter");
-    control().SetFocus();
-    control().Select(1, 0);
-    Key(Qt::Key_Backtab, Qt::ShiftModifier);
-    EXPECT_EQ(Active(), "txtBefore");
-    control().SetFocus();
-    Key(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(Active(), "txtAfter");
-}
-
-TEST_F(VSFlexGridTest, HiddenRowsAndColumnsAreSteppedOver) {
+TEST_F(VSFlexGridTest, AHiddenRowTakesNoRoom) {
     control().SetRowHidden(2, true);
-    control().SetColHidden(1, true);
-    Key(Qt::Key_Down);
-    Key(Qt::Key_Right);
-    EXPECT_EQ(control().Row(), 3);
-    EXPECT_EQ(control().Col(), 2);
     EXPECT_EQ(control().CellRect(2, 0).height(), 0);
     EXPECT_EQ(control().CellRect(3, 0).top(), control().CellRect(1, 0).bottom() + 1);
-    control().Select(2, 1);  // code may stand on a hidden cell
-    EXPECT_EQ(control().Row(), 2);
-}
-
-TEST_F(VSFlexGridTest, TheCurrentCellStaysWhereThereAreCells) {
-    control().Select(5, 3);
-    Logged();
-    control().SetRows(1);
-    control().SetRows(2);
-    EXPECT_EQ(control().Row(), 1);
-    control().AddItem("x");
-    control().RemoveItem(1);
-    EXPECT_EQ(control().Row(), 1);
-    EXPECT_EQ(control().TextMatrix(1, 0), "x");
-    EXPECT_THAT(Logged(), IsEmpty());  // nobody moved
 }
 
 TEST_F(VSFlexGridTest, MouseEventsKnowTheCellUnderTheMouse) {
