@@ -10,8 +10,8 @@ namespace qm {
 // The state that the class and all screens share: one copy for the whole process. It outlives every class
 // instance, but for the connection, which the instance that ends closes.
 struct Shared {
-    std::string
-        DataPath;  // the folder as the host gave it, a plain prefix: ends in "/" or the names run together
+    // The folder as the host gave it, a plain prefix: ends in "/" or the names run together.
+    std::string DataPath;
     ado::ConnectionPtr Connection;  // the one connection; null until OpenConnection
     // Short form of the current year, such as "2001"; the per-year tables end in it. Set only by
     // LoadCurrentYear.

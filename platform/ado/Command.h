@@ -12,8 +12,8 @@ struct Command {
     ConnectionPtr ActiveConnection;
     std::string CommandText;
 
-    RecordsetPtr Execute(
-        std::int64_t* recordsAffected = nullptr) const;  // raises ObjectClosed without a connection
+    // Raises ObjectClosed without a connection.
+    RecordsetPtr Execute(std::int64_t* recordsAffected = nullptr) const;
 };
 
 }  // namespace ado

@@ -46,8 +46,8 @@ class Connection {
     // ObjectClosed.
     void Close();
     int State() const;  // adStateOpen or adStateClosed
-    std::string Notice()
-        const;  // what the user should know of the last Open, such as a log set aside; else ""
+    // What the user should know of the last Open, such as a log set aside; else "".
+    std::string Notice() const;
 
     // Runs one statement. `recordsAffected` takes the rows that an insert, update or delete matched, 0 for
     // all else. A select gives its rows as a forward-only, read-only record set; other statements give a
@@ -56,8 +56,8 @@ class Connection {
     RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
                          int options = -1);
 
-    int BeginTrans();  // gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another
-                       // program
+    // Gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another program.
+    int BeginTrans();
     void CommitTrans();      // the outermost is on disk when it returns; raises NoTransaction
     void RollbackTrans();    // undoes the innermost only; raises NoTransaction
     int TransDepth() const;  // how many are open, levels that the store lost by itself included

@@ -24,8 +24,8 @@ class Field {
     std::string Name() const;
     int Type() const;            // adInteger, adDouble, adBoolean, adVarWChar, ...
     basic::Value Value() const;  // raises NoCurrentRecord; a pending edit shows
-    void SetValue(
-        const basic::Value& value);  // edits the current or the added record; raises NotUpdatable, BadValue
+    // Edits the current or the added record; raises NotUpdatable, BadValue.
+    void SetValue(const basic::Value& value);
 
   private:
     Recordset* owner_;
@@ -79,16 +79,16 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
 
     std::size_t FieldCount() const;
     Field Fields(std::size_t index);  // from 0; raises ItemNotFound
-    Field Fields(
-        std::string_view name);  // a bare name finds the first of that name, "Table.Field" that very one
+    // A bare name finds the first of that name, "Table.Field" that very one.
+    Field Fields(std::string_view name);
     basic::Value operator[](std::string_view name) { return Fields(name).Value(); }
     // The value of a row that passes Filter, 0 the first, without moving: lists draw from it.
     basic::Value ValueAt(std::int64_t row, std::size_t field) const;
     // What ValueAt reads now, of a read-only set: it stands on its own from here on.
     KeptRows Keep() const;
 
-    void
-    AddNew();  // starts a record; only the fields that are set are written, the others take their defaults
+    // Starts a record; only the fields that are set are written, the others take their defaults.
+    void AddNew();
     void Update();  // stores the pending edit or the added record; raises NotUpdatable, BadValue
 
     struct Impl;

@@ -11,8 +11,8 @@ namespace basic {
 class Control {
   public:
     virtual ~Control() = default;
-    virtual std::string TypeName()
-        const = 0;  // "TextBox", "CheckBox", "ComboBox", "RichTextBox", "CommandButton", ...
+    // "TextBox", "CheckBox", "ComboBox", "RichTextBox", "CommandButton", ...
+    virtual std::string TypeName() const = 0;
     virtual std::string Name() const = 0;
     virtual void SetText(const std::string& text);
     virtual void SetValue(int value);

@@ -11,8 +11,8 @@ std::size_t Len(std::string_view text);
 std::string Left(std::string_view text, std::size_t count);
 std::string Right(std::string_view text, std::size_t count);
 std::string Mid(std::string_view text, std::size_t from);  // from position `from` to the end
-std::string Mid(std::string_view text, std::size_t from,
-                std::size_t count);           // beyond the end is cut, never an error
+// Beyond the end is cut, never an error.
+std::string Mid(std::string_view text, std::size_t from, std::size_t count);
 std::string Trim(std::string_view text);      // takes blanks (0x20) off both ends, nothing else
 std::string UCase(std::string_view text);     // full Unicode, not only ASCII
 std::string FoldCase(std::string_view text);  // the form in which texts that differ only in case are equal

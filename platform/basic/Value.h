@@ -62,8 +62,8 @@ double ToDouble(const Value& value);      // texts by the whole reading that kno
 std::int32_t ToLong(const Value& value);  // rounds half to even; raises 6 "Overflow" beyond 32 bits
 std::int16_t ToInteger(const Value& value);  // the same in 16 bits
 bool ToBoolean(const Value& value);          // any number but 0 is True; "True" and "False" are read
-Date ToDate(const Value& value);  // numbers are serials, raises 6 beyond the years 100 to 9999; texts as
-                                  // IsDate takes them
+// Numbers are serials, raises 6 beyond the years 100 to 9999; texts as IsDate takes them.
+Date ToDate(const Value& value);
 
 std::string TextOrEmpty(const Value& value);  // ToText, but Null joined to a text reads ""
 std::string TextOrEmpty(Value&& value);       // the same; a text is taken out, not copied

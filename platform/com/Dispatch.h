@@ -14,8 +14,8 @@ namespace com {
 
 struct Parameter {
     const char* Name;
-    VARTYPE Type;  // what the argument is converted to: VT_I2, I4, R8, DATE, BOOL, BSTR; VT_VARIANT leaves it
-                   // as it is
+    // What the argument is converted to: VT_I2, I4, R8, DATE, BOOL, BSTR; VT_VARIANT leaves it as it is.
+    VARTYPE Type;
     bool Optional = false;  // a missing one is 0, "" or an empty VARIANT
 };
 

@@ -25,8 +25,8 @@ class StoreSql;
 class Catalog {
   public:
     virtual ~Catalog() = default;
-    virtual const TableInfo* Table(
-        std::string_view name) = 0;           // without regard to case; nullptr if there is none
+    // Without regard to case; nullptr if there is none.
+    virtual const TableInfo* Table(std::string_view name) = 0;
     virtual const StoreSql& Sql() const = 0;  // the words that it takes
 };
 

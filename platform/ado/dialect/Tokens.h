@@ -34,8 +34,8 @@ class TokenReader {
 
     const Token& Peek(std::size_t ahead = 0) const;
     Token Take();
-    bool AtWord(std::string_view word,
-                std::size_t ahead = 0) const;  // a bare keyword, without regard to case
+    // A bare keyword, without regard to case.
+    bool AtWord(std::string_view word, std::size_t ahead = 0) const;
     bool AtSymbol(std::string_view symbol, std::size_t ahead = 0) const;
     bool TakeWord(std::string_view word);  // steps over it if it stands there
     bool TakeSymbol(std::string_view symbol);

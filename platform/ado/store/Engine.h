@@ -48,8 +48,8 @@ class Engine {
     // Whether a statement that fails inside a transaction leaves nothing behind, wherever it was stopped.
     virtual bool UndoesFailedStatements() const = 0;
     virtual std::vector<std::string> Tables() = 0;  // in the order of their names
-    virtual std::unique_ptr<TableInfo> Describe(
-        std::string_view table) = 0;  // without regard to case; nullptr if there is none
+    // Without regard to case; nullptr if there is none.
+    virtual std::unique_ptr<TableInfo> Describe(std::string_view table) = 0;
     virtual SchemaTable Definition(const std::string& table) = 0;  // of one that stands
     // Makes the table `target` with the columns, types, defaults and indexes of `source`, and its rows in
     // their order. The caller sees to it that all of it happens or nothing.

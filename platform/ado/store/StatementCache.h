@@ -27,8 +27,8 @@ class PreparedStatement : public std::enable_shared_from_this<PreparedStatement>
     // A copy that runs inside another of the same statement is one of its own; each comes back by itself.
     Copy Take(Engine& engine);
 
-    const std::string
-        key;  // the shape's; a line break, which no shape holds, sets apart what this layer adds
+    // The shape's; a line break, which no shape holds, sets apart what this layer adds.
+    const std::string key;
     const std::shared_ptr<const Plan> plan;
     const std::string sql;
 

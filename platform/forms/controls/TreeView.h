@@ -64,8 +64,8 @@ class TreeView : public QTreeWidget, public Control {
 
     Event<Node&> NodeClick;  // the user chose a node, by the mouse or by the arrow keys
     Event<> Click;           // after it; also where there is no node
-    Event<bool&, const std::string&>
-        AfterLabelEdit;  // Cancel, new text; also if the text is as before; not on Esc
+    // Cancel, new text; also if the text is as before; not on Esc.
+    Event<bool&, const std::string&> AfterLabelEdit;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -27,8 +27,8 @@ class FlexGrid : public GridView, public Control {
     const std::string& TextMatrix(int row, int col) const { return model_.Text(row, col); }
     void SetTextMatrix(int row, int col, std::string text);
     double ValueMatrix(int row, int col) const { return model_.Value(row, col); }  // blank is 0
-    void AddItem(const std::string& text,
-                 int index = -1);  // cells parted by tabs; before row `index`, -1: at the end
+    // Cells parted by tabs; before row `index`, -1: at the end.
+    void AddItem(const std::string& text, int index = -1);
     void RemoveItem(int row);
 
     // Rows and columns
@@ -93,8 +93,8 @@ class FlexGrid : public GridView, public Control {
     }                               // completes what is open on the current cell; False: it stays open
     virtual void CellsRemoved() {}  // drops what is open on the current cell
     virtual void KeyDefault(QKeyEvent& event, int keyAscii);  // what a key does when no handler dropped it
-    virtual void CellPressed(const QPoint& place,
-                             bool wasCurrent);  // after MouseUp and Click, on a cell below the heading
+    // After MouseUp and Click, on a cell below the heading.
+    virtual void CellPressed(const QPoint& place, bool wasCurrent);
     virtual void HeadingClicked(int) {}
     virtual void Selected() {}  // a move has set the current cell
 

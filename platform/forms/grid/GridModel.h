@@ -61,8 +61,8 @@ class GridModel {
     const GridColumn& Column(int col) const { return columns_[Checked(col)]; }
     GridColumn& Column(int col) { return columns_[Checked(col)]; }
 
-    void InsertRow(int at,
-                   const std::string& text);  // cells are parted by tabs; at == Rows() adds at the end
+    // Cells are parted by tabs; at == Rows() adds at the end.
+    void InsertRow(int at, const std::string& text);
     void RemoveRow(int at);
     void Clear();  // all texts and extras; size and columns stay
 

@@ -17,8 +17,8 @@ struct ListLine {
     std::string Text;                   // the first column
     std::vector<std::string> SubItems;  // the others: SubItems[0] stands in the second column
 
-    const std::string& SubItem(
-        int index) const;  // counted from 1, as the columns after the first; "" where there is none
+    // Counted from 1, as the columns after the first; "" where there is none.
+    const std::string& SubItem(int index) const;
 };
 
 // A list with columns and headings, one line of it selected. Lines are added one by one, or drawn from a
@@ -42,8 +42,8 @@ class ListView : public GridView, public Control {
 
     void Clear();
     void AddItem(std::string key, std::string text, std::vector<std::string> subItems = {});
-    void SetRowSource(
-        std::shared_ptr<RowSource> source);  // instead of added lines; call again when its rows changed
+    // Instead of added lines; call again when its rows changed.
+    void SetRowSource(std::shared_ptr<RowSource> source);
     int Count() const { return source_->Count(); }
     ListLine Item(int index) const;  // counted from 1, in the order shown; raises 9
 

@@ -11,8 +11,8 @@ class RowSource {
   public:
     virtual ~RowSource() = default;
     virtual int Count() const = 0;
-    virtual std::string Text(
-        int row, int column) const = 0;  // column 0 is the line's Text, the others are its SubItems
+    // Column 0 is the line's Text, the others are its SubItems.
+    virtual std::string Text(int row, int column) const = 0;
     virtual std::string Key(int row) const = 0;
 };
 

@@ -22,8 +22,8 @@
 namespace forms {
 namespace {
 
-constexpr QMargins FrameAllowance(4, 32, 4,
-                                  4);  // pixels for the system's title and border, unknown before it shows
+// Pixels for the system's title and border, unknown before it shows.
+constexpr QMargins FrameAllowance(4, 32, 4, 4);
 constexpr std::int32_t PathAccess = 75, ObjectWasUnloaded = 364, AlreadyDisplayed = 400;
 
 QRect RoomOn(const QScreen& screen) {

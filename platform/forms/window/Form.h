@@ -59,8 +59,8 @@ class Form : public basic::ControlHost, public WindowOwner {
     int Height();
     void SetHeight(int height);
 
-    std::vector<basic::Control*> Controls()
-        override;  // in the order of their making, without the parts of user controls
+    // In the order of their making, without the parts of user controls.
+    std::vector<basic::Control*> Controls() override;
     // Those of one kind, in the same order: `for (TextBox* box : ControlsOf<TextBox>()) box->SetText("");`
     template <class T>
     std::vector<T*> ControlsOf() {
@@ -77,8 +77,8 @@ class Form : public basic::ControlHost, public WindowOwner {
   protected:
     virtual void Wire() {}  // sets the handlers of the controls; runs before Form_Load
     virtual void Form_Load() {}
-    virtual void Form_Activate() {
-    }  // after each showing, and when a form shown modally above has closed; never after a box
+    // After each showing, and when a form shown modally above has closed; never after a box.
+    virtual void Form_Activate() {}
     virtual void Form_Unload() {}
     void Form_Resize() override {}  // at each showing, before Form_Activate, and when the size changes
     // A capital letter and what it does together with Ctrl, before the control that has the focus gets the
