@@ -18,7 +18,8 @@ namespace {
 constexpr std::int64_t Million = 1000000, PartyRows = 20000, Movements = 100000;
 constexpr const char* Sides[] = {"Dr", "Cr"};
 
-// Two sums by ledger, an update for each, the two closing statements.
+// One by one, where ours reads both sums at once and writes all totals by one statement: two sums by ledger,
+// an update for each, the two closing statements.
 void RebuildBare(Bare& bare) {
     for (const char* side : Sides) {
         BareStatement sums(bare.Db(), "SELECT LedgerCode, sum(Ledger" + std::string(side) +
@@ -50,6 +51,7 @@ qm::frmLedger& Page() {
 void TrialBalanceOurs(benchmark::State& state) {
     AttachScreens();
     Ours ours(BooksWith(Million, Place::Disk, 1));
+    qm::RebuildWithProgress();  // so that the pages are in memory, on both sides
     for (auto _ : state) {
         Page().BeginReport("Trial Balance");
         qm::RebuildWithProgress();
@@ -60,6 +62,7 @@ void TrialBalanceOurs(benchmark::State& state) {
 
 void TrialBalanceBare(benchmark::State& state) {
     Bare bare(BooksWith(Million, Place::Disk, 2), false);
+    RebuildBare(bare);
     for (auto _ : state) {
         RebuildBare(bare);
         ReadLedgersBare(bare);
@@ -167,7 +170,7 @@ const bool registered = [] {
     AddFigure({.name = "trial balance text, 1,000,000 rows, 5,000 ledgers",
                .ours = TrialBalanceOurs,
                .bare = TrialBalanceBare,
-               .goal = 1.5});
+               .goal = 0.5});
     AddFigure({.name = "final results text, 1,000,000 rows, 5,000 ledgers",
                .ours = FinalResultsOurs,
                .bare = FinalResultsBare,

@@ -12,6 +12,7 @@
 #include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
 #include "platform/ado/Maintenance.h"
+#include "platform/ado/store/ServerAddress.h"
 
 namespace host {
 namespace {
@@ -42,6 +43,18 @@ void NarrowRights(const fs::path& copy, const fs::path& books) {
     fs::permissions(copy, fs::status(books).permissions() & own);
 }
 
+// Others may go on writing: the sums and the copy are of one moment.
+void CopyFile(const fs::path& copy) {
+    std::string sums;
+    {
+        const ado::Snapshot moment(qm::Conn());
+        sums = Sums(qm::Conn());
+        ado::BackUp(qm::Conn(), copy);
+    }
+    Compare(copy, sums);
+    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+}
+
 }  // namespace
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
@@ -51,15 +64,10 @@ void BackUpBooks(const std::string& folder, const std::string& file) {
     const ReadOnlyBooks books(folder);
     BooksFolder place(target, fs::path(file).filename());
     const fs::path copy = place.Staging() / fs::path(file).filename();
-    std::string sums;
-    {
-        // Others may go on writing: the sums and the copy are of one moment.
-        const ado::Snapshot moment(qm::Conn());
-        sums = Sums(qm::Conn());
-        ado::BackUp(qm::Conn(), copy);
-    }
-    Compare(copy, sums);
-    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+    if (ado::IsServerAddress(folder))
+        ado::CopyBooks(qm::Conn(), copy);  // each row compared
+    else
+        CopyFile(copy);
     place.Publish();
 }
 
@@ -69,13 +77,14 @@ void AddBackup(CommandLine& line) {
     };
     const auto options = std::make_shared<Options>();
     line.Add("backup", "Copy the books into a file while others may work")
-        .Needs("DIR", options->folder, "Folder of the books")
+        .Needs("DIR", options->folder, "Folder of the books, or their server's URI")
         .Needs("FILE", options->file, "New file; never overwritten")
         .Footer(
             "The copy bears the same password. It is opened, its pages are checked and the sums of its "
             "tables "
-            "compared;\n"
-            "then it gets its name, and is on the disk before anything is said. To go back to it: qmhost "
+            "compared, those\n"
+            "of a server row by row; then it gets its name, and is on the disk before anything is said. To "
+            "go back to it: qmhost "
             "restore.\n"
             "Example: qmhost backup books books-2025-04-01.mdb")
         .Does([options] {

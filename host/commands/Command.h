@@ -17,6 +17,7 @@ void AddYears(CommandLine& line);
 void AddYearSwitch(CommandLine& line);
 void AddAddYear(CommandLine& line);
 void AddCheck(CommandLine& line);
+void AddCopy(CommandLine& line);
 void AddBackup(CommandLine& line);
 void AddRestore(CommandLine& line);
 void AddMenu(CommandLine& line);

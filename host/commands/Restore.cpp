@@ -11,6 +11,7 @@
 #include "host/make/Books.h"
 #include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
+#include "platform/ado/store/ServerAddress.h"
 #include "platform/ado/store/SoleUse.h"
 #include "platform/basic/Files.h"
 #include "platform/basic/Text.h"
@@ -74,6 +75,9 @@ int Restore(const std::string& file, const std::string& folder) {
 }  // namespace
 
 std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& folder) {
+    if (ado::IsServerAddress(folder))
+        Fail("books on a server are never replaced: copy the backup into a new database (qmhost copy " +
+             file + " URI)");
     BooksFolder place(RealFolder(folder), BooksFile, BooksFolder::Taken::SetAside);
     const fs::path copy = place.Staging() / BooksFile, target = RealFolder(folder) / BooksFile;
     CopyBackup(file, copy);

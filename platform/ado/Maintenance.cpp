@@ -4,7 +4,10 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/dialect/Scope.h"
+#include "platform/ado/store/NewStore.h"
+#include "platform/ado/store/ServerAddress.h"
 #include "platform/ado/store/Session.h"
+#include "platform/ado/store/StoreCopy.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
@@ -89,6 +92,15 @@ void BackUp(Connection& connection, const std::string& file) {
         RemoveCopy(file);
         throw;
     }
+}
+
+void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles) {
+    const std::unique_ptr<NewStore> made =
+        IsServerAddress(target) ? NewOnServer(target, roles == CopyRoles::Make)
+                                : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password"));
+    const Snapshot moment(connection);
+    CopyStore(connection.Opened()->engine(), *made);
+    made->Finish();
 }
 
 std::vector<TableSums> SumTables(Connection& connection) {

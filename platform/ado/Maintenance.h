@@ -44,6 +44,15 @@ void Flush(Connection& connection);
 // copy that failed is removed.
 void BackUp(Connection& connection, const std::string& file);
 
+// Who may use the copy on a server beside who makes it: nobody, or those of two roles that are made, too.
+enum class CopyRoles { None, Make };
+
+// Copies the books as of one moment into new ones: a new file under the same password, or a database of a
+// server, which is empty or made ("postgresql://host/name/"). Each row of the copy is compared, value by
+// value. Nothing stands where it fails: raises BadArgument where books stand there already, and what reading
+// and writing raises.
+void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles = CopyRoles::None);
+
 struct TableSums {
     std::string name;
     std::int64_t rows = 0;

@@ -1,6 +1,7 @@
 // The totals rebuild in its forms: up to a day or over the whole year, with the totals zeroed first or not.
 #include <gmock/gmock.h>
 
+#include "platform/ado/Errors.h"
 #include "reports/LedgerTotals.h"
 #include "tests/reports/ReportScreens.h"
 
@@ -93,14 +94,20 @@ TEST_F(LedgerTotalsTest, HoldTheDigitsOfTheText) {
               Lines{"Dimes"});
 }
 
-// In no transaction: a row that bears no ledger makes the first update of the sums fail, and what was done
-// before it stays.
+// In no transaction: what was done before the statement that fails stays. A row that bears no ledger makes
+// the first update of the sums fail; debits beyond a number make that of their ledger fail, behind the one
+// before it.
 TEST_F(LedgerTotalsTest, AFailureLeavesWhatWasDoneBeforeIt) {
-    const int ledger = AddLedger("Early", 100);
-    Post(std::to_string(ledger), 5, "50", "0");
+    const int early = AddLedger("Early", 100), late = AddLedger("Late", 20, "C");
+    Post(std::to_string(early), 5, "50", "1");
+    for (int i = 0; i < 2; ++i) Post(std::to_string(late), 5, "1.7E+308", "2");
+    const auto rebuild = [] { qm::RebuildLedgerTotals({}, qm::BeforeRebuild::ZeroTotals); };
+    EXPECT_EQ(test::ErrorOf(rebuild), basic::error::Overflow);
+    EXPECT_EQ(Totals(), (Lines{"Early|50|90|9", "Late|0|90|9"}));
     Post("Null", 5, "50", "0");
-    EXPECT_NE(test::ErrorOf([] { qm::RebuildLedgerTotals({}, qm::BeforeRebuild::ZeroTotals); }), 0);
-    EXPECT_EQ(Totals(), Lines{"Early|0|90|9"});
+    Run("Update Ledger_Details Set LedDetDRTxnTot = 900");
+    EXPECT_EQ(test::ErrorOf(rebuild), ado::error::Statement);
+    EXPECT_EQ(Totals(), (Lines{"Early|0|90|9", "Late|0|90|9"}));
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "platform/ado/dialect/StoreSql.h"
+#include "platform/ado/store/KeyedNumbers.h"
+#include "platform/ado/store/Schema.h"
 
 // The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
 // with a number of ado::error. The embedded store stands in SqlCipherEngine, a server's in PostgresEngine.
@@ -48,11 +50,13 @@ class Engine {
     virtual std::vector<std::string> Tables() = 0;  // in the order of their names
     // Without regard to case; nullptr if there is none.
     virtual std::unique_ptr<TableInfo> Describe(std::string_view table) = 0;
+    virtual SchemaTable Definition(const std::string& table) = 0;  // of one that stands
     // Makes the table `target` with the columns, types, defaults and indexes of `source`, and its rows in
     // their order. The caller sees to it that all of it happens or nothing.
     virtual void CopyTable(const std::string& source, const std::string& target) = 0;
     // Reads every page and index: a line for each fault.
     virtual std::vector<std::string> CheckPages() = 0;
+    virtual void SetNumbers(const KeyedNumbers& numbers) = 0;  // names as the store spells them
     virtual bool InTransaction() const = 0;  // False also after the store rolled back by itself
     virtual void Begin() = 0;                // takes the write lock at once and makes its commit durable
     virtual void Commit() = 0;

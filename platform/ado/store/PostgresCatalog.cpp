@@ -49,6 +49,11 @@ constexpr const char* IndexesSql =
     "WHERE c.relnamespace = current_schema()::regnamespace AND c.relname = $1 AND NOT x.indisprimary "
     "ORDER BY i.oid, k.place";
 
+// "' '::text" is "' '": the column has its type.
+std::string WithoutCast(std::string_view expression) {
+    return std::string(expression.substr(0, expression.rfind("::")));
+}
+
 }  // namespace
 
 std::vector<std::string> Tables(Engine& server) {
@@ -81,9 +86,14 @@ SchemaTable DefinitionOf(Engine& server, const std::string& name) {
         column.name = columns->Text(1);
         column.type = TypeOf(columns->Text(2));
         column.counter = columns->Integer(3) != 0;
-        if (columns->Kind(4) != CellKind::Null) column.defaultValue = columns->Text(4);
+        if (columns->Kind(4) != CellKind::Null && column.type != ColumnType::Boolean)
+            column.defaultValue = WithoutCast(columns->Text(4));
         table.columns.push_back(std::move(column));
     }
+    const auto counter = server.Prepare("SELECT last FROM qm_counter WHERE name = $1");
+    counter->BindText(1, name);
+    if (counter->Step()) table.counted = counter->Integer(0);
+    counter->Reset();
     const auto fields = server.Prepare(IndexesSql);
     fields->BindText(1, name);
     while (fields->Step()) {

@@ -51,10 +51,15 @@ void PostgresEngine::Open(const std::string& source, const std::string&) {
     }
 }
 
-void PostgresEngine::Start() {
-    started_ = false;
+void PostgresEngine::Connect(const ServerAddress& address) {
+    address_ = address;
     flight_.Connect(address_);
     Configure();
+}
+
+void PostgresEngine::Start() {
+    started_ = false;
+    Connect(address_);
     RequireBooks();
     started_ = true;
 }
@@ -137,6 +142,7 @@ void PostgresEngine::MakeRoom() {
 }
 
 void PostgresEngine::Launch(const PostgresStatement& statement) {
+    flight_.DropUnused();
     if (inTransaction_) flight_.Add(Guard);
     if (loosely_) flight_.Add(Lock);
     flight_.Add(statement.Sql(), statement.Values(), true);
@@ -233,10 +239,12 @@ void PostgresEngine::Run(const std::vector<std::string>& statements) {
 }
 
 void PostgresEngine::CopyTable(const std::string& source, const std::string& target) {
-    for (const std::string& script : postgres::CopyOf(*this, source, target)) {
-        MakeRoom();
-        flight_.Script(script);
-    }
+    for (const std::string& script : postgres::CopyOf(*this, source, target)) Script(script);
+}
+
+void PostgresEngine::Script(const std::string& sql) {
+    MakeRoom();
+    flight_.Script(sql);
     wrote_ = true;
 }
 

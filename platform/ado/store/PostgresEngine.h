@@ -10,6 +10,7 @@
 #include "platform/ado/store/Engine.h"
 #include "platform/ado/store/Flight.h"
 #include "platform/ado/store/PostgresCatalog.h"
+#include "platform/ado/store/PostgresNumbers.h"
 #include "platform/ado/store/PostgresSql.h"
 #include "platform/ado/store/ServerAddress.h"
 
@@ -47,6 +48,8 @@ class PostgresEngine final : public Engine {
     std::unique_ptr<TableInfo> Describe(std::string_view table) override {
         return postgres::Describe(*this, table);
     }
+    SchemaTable Definition(const std::string& table) override { return postgres::DefinitionOf(*this, table); }
+    void SetNumbers(const KeyedNumbers& numbers) override { postgres::SetNumbers(*this, numbers); }
     void CopyTable(const std::string& source, const std::string& target) override;
     std::vector<std::string> CheckPages() override { return postgres::CheckPages(*this); }
     bool InTransaction() const override { return inTransaction_; }
@@ -63,6 +66,11 @@ class PostgresEngine final : public Engine {
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;
+
+    // Open without the books: for those that are being made.
+    void Connect(const ServerAddress& address);
+    // Several statements in one text, without parameters.
+    void Script(const std::string& sql);
 
     // For the statements: sends one and gives its first row, then the others; null behind the last one.
     Flight::Row FirstRow(PostgresStatement& statement);

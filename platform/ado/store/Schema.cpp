@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/ado/dialect/Refusal.h"
+#include "platform/ado/dialect/Scope.h"
 #include "platform/ado/dialect/Tokens.h"
 #include "platform/ado/store/IndexName.h"
 #include "platform/basic/Text.h"
@@ -140,6 +141,25 @@ std::vector<SchemaTable> ReadSchema(std::string_view script) {
         if (!words.Now().empty()) words.Expect(";");
     }
     return tables;
+}
+
+std::string IndexDefinitions(const SchemaTable& table) {
+    std::string statements;
+    for (const SchemaIndex& index : table.indexes) {
+        std::string fields;
+        for (const std::string& field : index.columns)
+            fields += (fields.empty() ? "" : ", ") + QuotedName(field);
+        statements += "CREATE INDEX " + QuotedName(index.name) + " ON " + QuotedName(table.name) + " (" +
+                      fields + ");\n";
+    }
+    return statements;
+}
+
+std::string ColumnList(const SchemaTable& table) {
+    std::string list;
+    for (const SchemaColumn& column : table.columns)
+        list += (list.empty() ? "" : ", ") + QuotedName(column.name);
+    return list;
 }
 
 SchemaTable Renamed(const SchemaTable& table, const std::string& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,7 @@ struct SchemaTable {
     std::string name;
     std::vector<SchemaColumn> columns;
     std::vector<SchemaIndex> indexes;
+    std::int64_t counted = 0;  // the last number that its counter gave
 };
 
 // The type by its word, without regard to case: BOOLEAN, SMALLINT, INTEGER, DOUBLE, TEXT; Any for another.
@@ -34,6 +36,9 @@ ColumnType TypeOfWord(std::string_view word);
 // data/schema.sql. Checks are left out: they follow from the types. Raises error::Statement for anything
 // else.
 std::vector<SchemaTable> ReadSchema(std::string_view script);
+
+std::string IndexDefinitions(const SchemaTable& table);  // the statements, the same for both stores
+std::string ColumnList(const SchemaTable& table);        // "a", "b"
 
 // The same definition under another name, its indexes named after it.
 SchemaTable Renamed(const SchemaTable& table, const std::string& name);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/ado/Errors.h"
+#include "platform/ado/dialect/Scope.h"
 #include "platform/ado/store/Conversion.h"
 #include "platform/basic/Error.h"
 
@@ -100,6 +101,15 @@ std::int64_t Session::Execute(const BoundStatement& statement) {
     const bool whole = !engine_->UndoesFailedStatements() && MayStopHalfway(statement.prepared->sql);
     transactions_.Write(whole, [&] { Start(statement)->Step(); });
     return engine_->Changes();
+}
+
+void Session::SetNumbers(KeyedNumbers numbers) {
+    ReadPostponed();
+    const TableInfo& table = RequireTable(catalog_, numbers.table);
+    numbers.table = table.name;
+    for (std::string* name : {&numbers.key, &numbers.where}) *name = RequireColumn(table, *name).name;
+    for (std::string& name : numbers.columns) name = RequireColumn(table, name).name;
+    transactions_.Write(!engine_->UndoesFailedStatements(), [&] { engine_->SetNumbers(numbers); });
 }
 
 void Session::MakeTable(const Plan& plan) {

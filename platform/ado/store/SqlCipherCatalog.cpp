@@ -1,5 +1,6 @@
 #include "platform/ado/store/SqlCipherCatalog.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -11,30 +12,29 @@
 namespace ado::sqlcipher {
 namespace {
 
-struct Definition {
+struct Part {
     std::string name;
     std::string sql;
 };
 
-std::vector<Definition> DefinitionsOf(SqlHandle& store, std::string_view type, const std::string& table) {
+std::vector<Part> DefinitionsOf(SqlHandle& store, std::string_view type, const std::string& table) {
     const auto rows = store.Prepare(
         "SELECT name, sql FROM sqlite_master WHERE type = ?1 AND tbl_name = ?2 COLLATE NOCASE "
         "AND sql IS NOT NULL ORDER BY rowid");
     rows->BindText(1, type);
     rows->BindText(2, table);
-    std::vector<Definition> definitions;
+    std::vector<Part> definitions;
     while (rows->Step()) definitions.push_back({std::string(rows->Text(0)), std::string(rows->Text(1))});
     return definitions;
 }
 
 // A definition without what it defines: from its first bracket, so the columns and whatever stands behind
 // them.
-std::string Body(const Definition& definition) {
+std::string Body(const Part& definition) {
     return definition.sql.substr(definition.sql.find('('));
 }
 
-void CopyIndex(SqlHandle& store, const Definition& index, const std::string& source,
-               const std::string& target) {
+void CopyIndex(SqlHandle& store, const Part& index, const std::string& source, const std::string& target) {
     store.Run("CREATE INDEX " + QuotedName(IndexNameFor(index.name, source, target)) + " ON " +
               QuotedName(target) + " " + Body(index));
 }
@@ -66,13 +66,26 @@ std::unique_ptr<TableInfo> Describe(SqlHandle& store, std::string_view name) {
     return table;
 }
 
+SchemaTable Definition(SqlHandle& store, const std::string& table) {
+    std::string script;
+    for (const char* type : {"table", "index"})
+        for (const Part& part : DefinitionsOf(store, type, table)) script += part.sql + ";\n";
+    SchemaTable definition = ReadSchema(script).at(0);
+    const bool counts = std::any_of(definition.columns.begin(), definition.columns.end(),
+                                    [](const SchemaColumn& column) { return column.counter; });
+    if (!counts) return definition;
+    const auto last = store.Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
+    last->BindText(1, definition.name);
+    if (last->Step()) definition.counted = last->Integer(0);
+    return definition;
+}
+
 void CopyTable(SqlHandle& store, const std::string& source, const std::string& target) {
-    const Definition table = DefinitionsOf(store, "table", source).at(0);
+    const Part table = DefinitionsOf(store, "table", source).at(0);
     store.Run("CREATE TABLE " + QuotedName(target) + " " + Body(table));
     store.Run("INSERT INTO " + QuotedName(target) + " SELECT * FROM " + QuotedName(source) +
               " ORDER BY rowid");
-    for (const Definition& index : DefinitionsOf(store, "index", source))
-        CopyIndex(store, index, source, target);
+    for (const Part& index : DefinitionsOf(store, "index", source)) CopyIndex(store, index, source, target);
 }
 
 }  // namespace ado::sqlcipher

@@ -98,6 +98,7 @@ void SqlCipherEngine::Configure() {
     if (sqlite3_db_readonly(store_.Get(), "main") == 1)
         Refuse(error::ReadOnly, "The books file or its folder cannot be written to.");
     InstallFunctions(store_.Get(), store_.Raised());
+    sqlcipher::InstallNumbers(store_, numbers_);
     if (store_.Ask("PRAGMA journal_mode") != "wal") store_.Ask("PRAGMA journal_mode = WAL");
     store_.Run("PRAGMA synchronous = NORMAL");
     waits_ = false;

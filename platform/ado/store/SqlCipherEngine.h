@@ -7,6 +7,7 @@
 #include "platform/ado/store/Engine.h"
 #include "platform/ado/store/SoleUse.h"
 #include "platform/ado/store/SqlCipherCatalog.h"
+#include "platform/ado/store/SqlCipherNumbers.h"
 #include "platform/ado/store/SqlCipherSql.h"
 #include "platform/ado/store/SqlHandle.h"
 
@@ -31,10 +32,14 @@ class SqlCipherEngine final : public Engine {
     std::unique_ptr<TableInfo> Describe(std::string_view table) override {
         return sqlcipher::Describe(store_, table);
     }
+    SchemaTable Definition(const std::string& table) override { return sqlcipher::Definition(store_, table); }
     void CopyTable(const std::string& source, const std::string& target) override {
         sqlcipher::CopyTable(store_, source, target);
     }
     std::vector<std::string> CheckPages() override;
+    void SetNumbers(const KeyedNumbers& numbers) override {
+        sqlcipher::SetNumbers(store_, numbers_, numbers);
+    }
     bool InTransaction() const override;
     void Begin() override;
     void Commit() override;
@@ -62,6 +67,7 @@ class SqlCipherEngine final : public Engine {
     void DropPages();
 
     std::optional<OwnUse> use_;
+    const KeyedNumbers* numbers_ = nullptr;  // while SetNumbers runs
     SqlHandle store_;
     SqlCipherSql sql_;
     std::string notice_;

@@ -3,12 +3,14 @@
 #include <sstream>
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include "host/make/Books.h"
 #include "host/make/BooksStore.h"
 #include "platform/basic/Text.h"
 #include "tests/host/commands/Qmhost.h"
 #include "tests/support/Cases.h"
+#include "tests/support/Server.h"
 #include "tests/support/TempFolder.h"
 
 // The commands as they are called from a shell, on the sample books of 2001-2002.
@@ -45,14 +47,21 @@ TEST_P(QmhostCommands, Say) {
               "sql() { printf \"PRAGMA key = 'quintel';\\n%s;\\n\" \"$1\" | sqlcipher -batch "
               "books/QmAccount.mdb | "
               "sed '1{/^ok$/d}'; }\n";
+    const std::string name = "qmhost_" + std::to_string(getpid()), uri = test::ServerUri() + name;
+    if (GetParam().name.starts_with("Server")) {
+        QM_NEEDS_SERVER();
+        script << "name=" << name << " uri='" << uri << "'\nask() { psql -Atqc \"$1\" $uri; }\n"
+               << "trap \"psql -qc 'DROP DATABASE IF EXISTS $name WITH (FORCE)' -c 'DROP ROLE IF EXISTS "
+                  "${name}_books, ${name}_read' ${uri%/*}/postgres 2> gone\" EXIT\n";
+    }
     for (const test::Block& step : GetParam().steps) {
         for (const std::string& line : step.given) script << line << '\n';
         script << "echo \"(exit $?)\"\n";
     }
     script.close();
     const std::string here = folder.Path().string();
-    std::istringstream said(
-        basic::Replace(Shell("cd " + here + " && sh session < /dev/null").said, here + "/", ""));
+    std::istringstream said(basic::Replace(
+        basic::Replace(Shell("cd " + here + " && sh session < /dev/null").said, here + "/", ""), uri, "URI"));
     for (const test::Block& step : GetParam().steps) {
         test::Cells lines;
         for (std::string line; std::getline(said, line) && line != "(exit 0)";) {
@@ -63,9 +72,11 @@ TEST_P(QmhostCommands, Say) {
     }
 }
 
+const auto NameOf = [](const auto& session) { return session.param.name; };
 INSTANTIATE_TEST_SUITE_P(All, QmhostCommands,
-                         testing::ValuesIn(test::Sessions("host/commands/QmhostCommands.txt")),
-                         [](const auto& session) { return session.param.name; });
+                         testing::ValuesIn(test::Sessions("host/commands/QmhostCommands.txt")), NameOf);
+INSTANTIATE_TEST_SUITE_P(Server, QmhostCommands,
+                         testing::ValuesIn(test::Sessions("host/commands/ServerCommands.txt")), NameOf);
 
 TEST_F(QmhostTest, PostNamesEveryFaultByLineAndColumnAndPostsNothing) {
     Ask("UPDATE Ledger_Master SET Name = 'Twin' WHERE Ledger_ID IN (18, 19)");
