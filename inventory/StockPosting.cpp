@@ -14,17 +14,15 @@ namespace qm {
 
 void InsertMovement(const Movement& row) {
     using basic::NumberText;
-    ExecuteCounted(
-        "Insert Into tblItemLed" + shared().FinYear +
-        "(ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemId, ItemLedPONo, "
-        "ItemLedItemDesc, " +
-        (row.Issued ? "ItemLedTrnIssQty, " : "") +
-        "ItemLedTrnRptQty, ItemLedNote, ItemledUnitPrice, ItemLedBillNo, ItemLandingCost) Values(" +
-        NumberText(row.TxnNo) + ", " + basic::TextOrEmpty(DateNumber(row.Date)) + ", '" + row.Type + "', " +
-        NumberText(row.ItemId) + ", " + NumberText(row.PoNo) + ", " + Quoted(row.Description) + ", " +
-        (row.Issued ? NumberText(*row.Issued) + ", " : "") + NumberText(row.Received) + ", " +
-        Quoted(row.Note) + ", " + NumberText(row.UnitPrice) + ", " + row.BillNo + ", " +
-        NumberText(row.LandingCost) + ")");
+    ExecuteCounted("Insert Into tblItemLed" + shared().FinYear +
+                   "(ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemId, ItemLedPONo, "
+                   "ItemLedItemDesc, ItemLedTrnIssQty, ItemLedTrnRptQty, ItemLedNote, ItemledUnitPrice, "
+                   "ItemLedBillNo, ItemLandingCost) Values(" +
+                   NumberText(row.TxnNo) + ", " + basic::TextOrEmpty(DateNumber(row.Date)) + ", '" +
+                   row.Type + "', " + NumberText(row.ItemId) + ", 0, " + Quoted(row.Description) + ", " +
+                   NumberText(row.Issued) + ", " + NumberText(row.Received) + ", " + Quoted(row.Note) + ", " +
+                   NumberText(row.UnitPrice) + ", 0," +
+                   (row.LandingCost ? NumberText(*row.LandingCost) : " 0") + ")");
 }
 
 void UpdateRemark(double txnNo, double itemId, const std::string& type, const std::string& remark) {

@@ -12,20 +12,17 @@ namespace qm {
 // its statement fail. A statement that affects no record raises error 0, which the screen's failure step
 // takes. The transactions are the screens', but for PostBill.
 
-// A row of tblItemLed<FinYear>.
+// A row of tblItemLed<FinYear> that belongs to no order; frmPOReceipt writes the others.
 struct Movement {
     std::int32_t TxnNo = 0;
     basic::Date Date;
     std::string Type;  // "Receipt" or "Issue"
     double ItemId = 0;
-    std::int32_t PoNo = 0;
     std::string Description;
-    std::optional<double> Issued;  // none: the field is not written
-    double Received = 0;
+    double Issued = 0, Received = 0;
     std::string Note;
     double UnitPrice = 0;
-    std::string BillNo = "0";  // as it stands in the statement
-    double LandingCost = 0;
+    std::optional<double> LandingCost;  // of a receipt
 };
 void InsertMovement(const Movement& row);
 

@@ -225,7 +225,6 @@ void frmReceipt::SaveRows() {
                             .Type = "Receipt",
                             .ItemId = itemId,
                             .Description = grid.Text(row, StockGrid::NameCol),
-                            .Issued = 0,
                             .Received = qty,
                             .Note = remark,
                             .UnitPrice = price,

@@ -197,19 +197,22 @@ void frmPOReceipt::SaveRow(int row, std::int32_t txnNo, double landingCost) {
                    " Set PoDetQtyRecd = Iif(IsNull(PoDetQtyRecd), 0, PoDetQtyRecd) + " +
                    basic::NumberText(qty) + " Where PoDetPoNo = " + std::to_string(poNumber_) +
                    " And PoDetItemID = " + basic::NumberText(item));
-    InsertMovement({.TxnNo = txnNo,
-                    .Date = ui().dtpDate->Value(),
-                    .Type = "Receipt",
-                    .ItemId = item,
-                    .PoNo = poNumber_,
-                    .Description = grid.Text(row, NameCol),
-                    .Issued = {},
-                    .Received = qty,
-                    .Note = grid.Text(row, NoteCol),
-                    .UnitPrice = grid.Number(row, RateCol),
-                    .BillNo = Quoted(ui().txtBillNo->Text()),
-                    .LandingCost = landingCost});
+    InsertMovement(row, txnNo, landingCost);
     Conn().CommitTrans();
+}
+
+void frmPOReceipt::InsertMovement(int row, std::int32_t txnNo, double landingCost) {
+    using basic::NumberText;
+    const OrderReceiptGrid grid = Lines();
+    ExecuteCounted("Insert Into tblItemLed" + shared().FinYear +
+                   " (ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedPoNo, "
+                   "ItemLedItemDesc, ItemLedTrnRptQty, ItemLedNote, ItemLedUnitPrice, ItemLedBillNo, "
+                   "ItemLandingCost) Values (" +
+                   NumberText(txnNo) + ", " + basic::TextOrEmpty(DateNumber(ui().dtpDate->Value())) +
+                   ", 'Receipt', " + NumberText(grid.Number(row, ItemCol)) + ", " + NumberText(poNumber_) +
+                   ", " + Quoted(grid.Text(row, NameCol)) + ", " + NumberText(grid.Received(row)) + ", " +
+                   Quoted(grid.Text(row, NoteCol)) + ", " + NumberText(grid.Number(row, RateCol)) + ", " +
+                   Quoted(ui().txtBillNo->Text()) + ", " + NumberText(landingCost) + ")");
 }
 
 void frmPOReceipt::SaveBill(std::int32_t txnNo) {

@@ -44,6 +44,7 @@ class frmPOReceipt : public forms::FormOf<Ui::frmPOReceipt> {
     bool ValidatePOReceipt();
     bool DiscountIsMeant();
     void SaveRow(int row, std::int32_t txnNo, double landingCost);
+    void InsertMovement(int row, std::int32_t txnNo, double landingCost);
     void SaveBill(std::int32_t txnNo);
     void cmdSave_Click();
     void cmdExit_Click() { Unload(); }
