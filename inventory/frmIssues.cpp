@@ -176,7 +176,8 @@ void frmIssues::SaveRow(int row) {
                         .Description = Grid().Text(row, StockGrid::NameCol),
                         .Issued = qty,
                         .Note = note,
-                        .UnitPrice = Grid().Number(row, StockGrid::PriceCol)});
+                        .UnitPrice = Grid().Number(row, StockGrid::PriceCol),
+                        .LandingCost = {}});
         AddIssued(item, qty);
     } else if (Grid().IsMarked(row)) {
         UpdateRemark(NumberIn(*ui().cmbTxnNo), item, "Issue", note);
