@@ -2,7 +2,7 @@
 
 #include "core/Boxes.h"
 #include "core/ErrorModule.h"
-#include "core/OpeningBalance.h"
+#include "core/CarryForward.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
