@@ -22,6 +22,12 @@ void AlignWithBoolean(Expression& boolean, Expression& number, const Draft& draf
         number = Of("qm_truth(" + number.sql + ")", ColumnType::Any, number.depth + 1);
 }
 
+void AlignAsNumbers(Expression& text, Expression& number, const Draft& draft) {
+    if (!number.meetsTexts) CheckNesting(++number.depth);
+    draft.words.FitToNumber(text, number, draft.plan);
+    number.meetsTexts = true;
+}
+
 void AlignTo(Expression& side, Expression& other, const Draft& draft) {
     const bool isNumber = other.type != ColumnType::Text && !other.isNull;
     if (side.type == ColumnType::Boolean) {
@@ -30,7 +36,7 @@ void AlignTo(Expression& side, Expression& other, const Draft& draft) {
         if (HoldsTexts(side) && (other.IsNumberLiteral() || other.type == ColumnType::Boolean))
             other = AsText(std::move(other), draft);
         else
-            draft.words.FitToNumber(side, other, draft.plan);
+            AlignAsNumbers(side, other, draft);
     }
 }
 

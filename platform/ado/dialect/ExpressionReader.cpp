@@ -140,8 +140,13 @@ Expression ExpressionReader::TextOperand() {
 
 // No store's function knows booleans as texts.
 Expression ExpressionReader::ReadAsText(const Expression& value) const {
-    const bool asItIs = value.type != ColumnType::Boolean && draft_.words.FunctionsReadNumbers();
-    return asItIs ? value : AsText(value, draft_);
+    if (value.type == ColumnType::Boolean) return AsText(value, draft_);
+    if (draft_.words.FunctionsReadNumbers()) return value;
+    Expression read = value;
+    read.depth = 0;  // what a store needs beyond the others counts for none
+    read = AsText(read, draft_);
+    read.depth = value.depth;
+    return read;
 }
 
 Expression ExpressionReader::Sum() {

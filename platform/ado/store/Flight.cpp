@@ -12,7 +12,7 @@
 namespace ado {
 namespace {
 
-constexpr std::size_t MostNamedBytes = 200'000;  // of SQL that the server keeps prepared for us
+constexpr std::size_t MostNamedBytes = 50'000;  // of SQL that the server keeps prepared for us
 constexpr std::chrono::seconds MostToConnect{20};
 
 const Libpq& Pq() {
@@ -179,10 +179,7 @@ void Flight::DropUnused() {
 
 void Flight::Add(const std::string& sql, const ServerValues& values, bool main) {
     if (connection_ == nullptr) throw Lost();
-    if (queue_.empty()) {
-        failure_.reset();
-        DropUnused();
-    }
+    if (queue_.empty()) failure_.reset();
     const std::string name = NameOf(sql, values);
     std::vector<const char*> bytes;
     std::vector<int> lengths, formats(values.size(), 1);

@@ -35,6 +35,9 @@ class Flight {
     bool IsUp() const;
     bool IsStillUp();  // the same, having looked whether the server hung up meanwhile
 
+    // Puts in front what lets the server forget statements that went out of use. Not where a transaction has
+    // failed.
+    void DropUnused();
     // Puts one more statement into the packet. One of them may be the main one: its rows are handed out.
     void Add(const std::string& sql, const ServerValues& values = {}, bool main = false);
     void Send();
@@ -63,7 +66,6 @@ class Flight {
 
     std::string NameOf(const std::string& sql, const ServerValues& values);
     void Forget(const std::string& key);
-    void DropUnused();
     void Enter();  // into a new packet
     void Check(int sent);
     void Take(const PGresult& result);

@@ -142,6 +142,7 @@ void PostgresEngine::MakeRoom() {
 }
 
 void PostgresEngine::Launch(const PostgresStatement& statement) {
+    flight_.DropUnused();
     if (inTransaction_) flight_.Add(Guard);
     if (loosely_) flight_.Add(Lock);
     flight_.Add(statement.Sql(), statement.Values(), true);

@@ -1,5 +1,7 @@
 #include "platform/ado/store/PostgresSql.h"
 
+#include <algorithm>
+
 #include "platform/ado/dialect/Expression.h"
 #include "platform/ado/store/Conversion.h"
 #include "platform/basic/Text.h"
@@ -94,20 +96,23 @@ std::string PostgresSql::GroupKey(const Expression& key) const {
     return key.type == ColumnType::Text ? Folded(key.sql) : key.sql;
 }
 
-// Texts of one group may differ in case: the first one stands for all.
+// Texts of one group may differ in case: the last one stands for all, as in the embedded store.
 std::string PostgresSql::OfGroup(const Expression& value, const std::vector<ColumnRef>& keys) const {
     std::string sql = value.sql;
+    std::vector<std::string> met;
     for (const ColumnRef& key : keys) {
-        if (key.column->type != ColumnType::Text) continue;
+        const bool again = std::find(met.begin(), met.end(), key.Sql()) != met.end();
+        if (again || key.column->type != ColumnType::Text) continue;
+        met.push_back(key.Sql());
         const std::string rowid = QuotedName(key.table->alias) + ".rowid";
-        sql = basic::Replace(sql, key.Sql(), "(array_agg(" + key.Sql() + " ORDER BY " + rowid + "))[1]");
+        sql = basic::Replace(sql, key.Sql(), "(array_agg(" + key.Sql() + " ORDER BY " + rowid + " DESC))[1]");
     }
     return sql;
 }
 
-// More than one row are an error of the server's own.
+// More than one row are an error of the server's own. A bare Null would be a text to it.
 std::string PostgresSql::Single(const Expression& value, const std::string&) const {
-    return value.sql;
+    return value.isNull ? Number(value) : value.sql;
 }
 
 std::string PostgresSql::Total(const ColumnInfo& column) const {

@@ -1,7 +1,6 @@
 #include "platform/ado/store/SqlCipherSql.h"
 
 #include "platform/ado/dialect/Expression.h"
-#include "platform/ado/dialect/Limits.h"
 #include "platform/ado/store/Conversion.h"
 
 namespace ado {
@@ -32,10 +31,7 @@ std::string SqlCipherSql::BesideNumber(const Expression& boolean) const {
 
 // A column's own affinity reads the text; anything else has to be given one.
 void SqlCipherSql::FitToNumber(Expression&, Expression& number, Plan&) const {
-    if (number.meetsTexts) return;
-    CheckNesting(++number.depth);
-    number.sql = "CAST(" + number.sql + " AS NUMERIC)";
-    number.meetsTexts = true;
+    if (!number.meetsTexts) number.sql = "CAST(" + number.sql + " AS NUMERIC)";
 }
 
 std::string SqlCipherSql::Like(const Expression& text, const Expression& pattern) const {

@@ -58,8 +58,9 @@ class TestStore {
   public:
     static constexpr const char* password = "it's a secret";
 
-    explicit TestStore(const std::string& definitions = tables) {
-        if (OnServer())
+    explicit TestStore(const std::string& definitions = tables, bool onServer = OnServer())
+        : onServer_(onServer) {
+        if (onServer_)
             MakeDatabase(definitions);
         else
             Administer("PRAGMA journal_mode = WAL; BEGIN; " + definitions + "; COMMIT;");
@@ -72,7 +73,7 @@ class TestStore {
 
     const std::filesystem::path& Folder() const { return folder_.Path(); }
     std::string Path() const {  // of the file, or the data source that names the database
-        return OnServer() ? ::test::ServerUri() + database_ + "/books.mdb" : (folder_ / "books.mdb").string();
+        return onServer_ ? ::test::ServerUri() + database_ + "/books.mdb" : (folder_ / "books.mdb").string();
     }
 
     ConnectionPtr Connect(const std::string& key = password) const {
@@ -85,7 +86,7 @@ class TestStore {
 
     // A script in the store's own words, by whoever administers it.
     void Administer(const std::string& script) const {
-        OnServer() ? RunOnServer(script, database_) : RunOnFile(script);
+        onServer_ ? RunOnServer(script, database_) : RunOnFile(script);
     }
 
     // Changes one byte of the file.
@@ -127,6 +128,7 @@ class TestStore {
         Administer(script);
     }
 
+    const bool onServer_;
     ::test::TempFolder folder_;
     std::string database_;
 };
