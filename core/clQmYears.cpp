@@ -1,7 +1,7 @@
 // The year calls of the class.
+#include "core/CarryForward.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/OpeningBalance.h"
 #include "core/Quoting.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"

@@ -47,14 +47,15 @@ bool ItemGrid::Refuse(int row, int col, const std::string& message) const {
     return false;
 }
 
-void ItemGrid::AddPicked(const std::string& present, Landing landing) const {
+void ItemGrid::AddPicked(Landing landing,
+                         const std::function<void(int row, const std::string& name)>& present) const {
     const std::vector<PickedItem> picked = PickItems();
     std::unordered_map<std::string, int> rows;  // the first of each item
     for (int row = 1; row < grid_->Rows(); ++row) rows.emplace(Text(row, at_.Item), row);
     for (const PickedItem& item : picked) {
         const std::string id = basic::NumberText(item.Id);
         if (const auto there = rows.find(id); there != rows.end()) {
-            if (!grid_->RowHidden(there->second)) Tell("Item '" + item.Name + "'" + present);
+            present(there->second, item.Name);
             continue;
         }
         if (landing == Landing::FreeRow && HasItem(EntryRow())) grid_->AddItem("", EntryRow() + 1);

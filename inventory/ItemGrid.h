@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 
@@ -53,9 +54,9 @@ class ItemGrid {
     // Where a picked item lands if the user has removed the entry row: over the last item, or on a row added
     // for it.
     enum class Landing { LastRow, FreeRow };
-    // Asks for items and lets each land. One that has a row is told of by its name and `present`, unless that
-    // row is hidden.
-    void AddPicked(const std::string& present, Landing landing) const;
+    // Asks for items and lets each land. One that has a row is left to `present`, which gets row and name.
+    void AddPicked(Landing landing,
+                   const std::function<void(int row, const std::string& name)>& present) const;
 
     forms::VSFlexGrid* grid_;
 

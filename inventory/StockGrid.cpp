@@ -60,7 +60,10 @@ void StockGrid::ValidateEdit(int col, bool& cancel) const {
 }
 
 void StockGrid::CellButtonClick(int row) const {
-    if (!HasItem(row)) AddPicked(" is already present in the list\r\n\r\nCannot add", Landing::LastRow);
+    if (HasItem(row)) return;
+    AddPicked(Landing::LastRow, [](int, const std::string& name) {
+        Tell("Item '" + name + "' is already present in the list\r\n\r\nCannot add");
+    });
 }
 
 bool StockGrid::Remove(int row, const std::string& done) const {

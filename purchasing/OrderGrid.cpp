@@ -1,5 +1,6 @@
 #include "purchasing/OrderGrid.h"
 
+#include "core/Boxes.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
@@ -53,6 +54,12 @@ void OrderGrid::Remove(int row) const {
         grid_->SetRowHidden(row, true);
     else
         grid_->RemoveItem(row);
+}
+
+void OrderGrid::AddPicked() const {
+    ItemGrid::AddPicked(Landing::FreeRow, [&](int row, const std::string& name) {
+        if (!IsRemoved(row)) Tell("Item '" + name + "' already added !!!");
+    });
 }
 
 }  // namespace qm

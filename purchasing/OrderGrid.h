@@ -30,7 +30,7 @@ class OrderGrid : public ItemGrid {
     bool IsFixed(int row, int col) const;
     void Remove(int row) const;  // a saved line is hidden, and deleted at the save
     // Asks for items and adds those that are not there. One that waits hidden to be deleted stays so.
-    void AddPicked() const { ItemGrid::AddPicked(" already added !!!", Landing::FreeRow); }
+    void AddPicked() const;
 };
 
 }  // namespace qm

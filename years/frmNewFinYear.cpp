@@ -1,8 +1,8 @@
 #include "years/frmNewFinYear.h"
 
 #include "core/Boxes.h"
+#include "core/CarryForward.h"
 #include "core/ErrorModule.h"
-#include "core/OpeningBalance.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"

@@ -1,6 +1,7 @@
 #include "platform/ado/Maintenance.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/dialect/Scope.h"
@@ -86,6 +87,7 @@ void BackUp(Connection& connection, const std::string& file) {
     if (std::filesystem::exists(file))
         throw basic::Error(error::BadArgument, "The file '" + file + "' exists; a copy never overwrites.",
                            "ado.Maintenance");
+    if (IsServerAddress(connection.Properties.Get("Data Source"))) return CopyBooks(connection, file);
     try {
         connection.Opened()->engine().CopyTo(file, connection.Properties.Get("Jet OLEDB:Database Password"));
     } catch (const basic::Error&) {
@@ -98,8 +100,10 @@ void CopyBooks(Connection& connection, const std::string& target, CopyRoles role
     const std::unique_ptr<NewStore> made =
         IsServerAddress(target) ? NewOnServer(target, roles == CopyRoles::Make)
                                 : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password"));
-    const Snapshot moment(connection);
-    CopyStore(connection.Opened()->engine(), *made);
+    Engine& from = connection.Opened()->engine();
+    std::optional<Snapshot> moment;
+    if (!from.InTransaction()) moment.emplace(connection);
+    CopyStore(from, *made);
     made->Finish();
 }
 

@@ -40,17 +40,17 @@ class Snapshot {
 void Flush(Connection& connection);
 
 // Copies the store into a new file under the same password, while others may go on writing; within a
-// Snapshot, as of its moment. Raises BadArgument where the file exists, and what reading or writing raises; a
-// copy that failed is removed.
+// Snapshot, as of its moment. Books on a server are copied as by CopyBooks. Raises BadArgument where the file
+// exists, and what reading or writing raises; a copy that failed is removed.
 void BackUp(Connection& connection, const std::string& file);
 
 // Who may use the copy on a server beside who makes it: nobody, or those of two roles that are made, too.
 enum class CopyRoles { None, Make };
 
-// Copies the books as of one moment into new ones: a new file under the same password, or a database of a
-// server, which is empty or made ("postgresql://host/name/"). Each row of the copy is compared, value by
-// value. Nothing stands where it fails: raises BadArgument where books stand there already, and what reading
-// and writing raises.
+// Copies the books as of one moment (that of a Snapshot, within one) into new ones: a new file under the same
+// password, or a database of a server, which is empty or made ("postgresql://host/name/"). Each row of the
+// copy is compared, value by value. Nothing stands where it fails: raises BadArgument where books stand there
+// already, and what reading and writing raises.
 void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles = CopyRoles::None);
 
 struct TableSums {

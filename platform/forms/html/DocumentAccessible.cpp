@@ -1,6 +1,7 @@
 #include "platform/forms/html/DocumentAccessible.h"
 
 #include <QAccessibleWidget>
+#include <QWidget>
 
 #include "platform/forms/controls/Text.h"
 

@@ -68,7 +68,8 @@ class BothStores {
   private:
     std::string Insert(const std::string& table, int row) {
         std::string values;
-        for (const ColumnInfo& column : stores_[0]->Opened()->engine().Describe(table)->columns) {
+        const auto described = stores_[0]->Opened()->engine().Describe(table);
+        for (const ColumnInfo& column : described->columns) {
             const char* texts[] = {"'alpha'", "'ALPHA'", "'5'", "Null"};
             const char* numbers[] = {"1", "2", "5", "Null"};
             const char* doubles[] = {"1.5", "-2", "0", "Null"};

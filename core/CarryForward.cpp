@@ -1,4 +1,4 @@
-#include "core/OpeningBalance.h"
+#include "core/CarryForward.h"
 
 #include "core/LedgerSide.h"
 
