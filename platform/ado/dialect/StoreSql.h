@@ -34,8 +34,8 @@ class StoreSql {
 
     virtual std::string Number(const Expression& e) const = 0;      // an operand; a boolean's True is -1
     virtual std::string NumberText(const Expression& e) const = 0;  // its classic text
-    virtual bool FunctionsReadNumbers()
-        const = 0;  // those that take texts make them of numbers by themselves
+    // Functions that take texts make them of numbers by themselves.
+    virtual bool FunctionsReadNumbers() const = 0;
     virtual std::string Quotient(const Expression& a, const Expression& b) const = 0;  // always by doubles
     virtual std::string Max(const Expression& e) const = 0;
     virtual std::string Sum(const Expression& e) const = 0;

@@ -190,7 +190,6 @@ void Flight::Add(const std::string& sql, const ServerValues& values, bool main) 
     Check(Pq().PQsendQueryPrepared(connection_, name.c_str(), static_cast<int>(values.size()), bytes.data(),
                                    lengths.data(), formats.data(), 1));
     queue_.push_back({{}, main});
-    if (main) mainAnswered_ = false;
 }
 
 void Flight::Send() {
@@ -241,7 +240,6 @@ void Flight::Take(const PGresult& result) {
     const std::string_view count = Pq().PQcmdTuples(const_cast<PGresult*>(&result));
     matched_ = 0;
     std::from_chars(count.data(), count.data() + count.size(), matched_);
-    mainAnswered_ = true;
 }
 
 void Flight::Fail(basic::Error failure) {

@@ -47,13 +47,12 @@ class Flight {
     Row Next();
     void Finish();                                     // reads to the end, dropping rows
     std::int64_t Matched() const { return matched_; }  // rows that the last main statement matched
-    bool MainAnswered() const { return mainAnswered_; }
 
     // A packet without a main statement.
     void Run(const std::vector<std::string>& statements);
-    void Script(
-        const std::string& sql);  // several statements in one text, without parameters; not within a packet
-    bool Notified();              // whether another connection's notification has come; takes all that came
+    // Several statements in one text, without parameters; not within a packet.
+    void Script(const std::string& sql);
+    bool Notified();  // whether another connection's notification has come; takes all that came
 
   private:
     struct Named {
@@ -84,7 +83,6 @@ class Flight {
     bool out_ = false;
     std::optional<basic::Error> failure_;
     std::int64_t matched_ = 0;
-    bool mainAnswered_ = false;
 };
 
 }  // namespace ado
