@@ -1,4 +1,5 @@
-// Loaded in front of a server: a disk that takes QM_DISK microseconds for each flush of the log, no less and no more.
+// Loaded in front of a server: a disk that takes QM_DISK microseconds for each flush of the log, no less and
+// no more.
 #include <cstdlib>
 
 #include <unistd.h>
