@@ -28,9 +28,9 @@ struct BillRow {
 };
 
 struct BillFilter {
-    Range days;
-    std::optional<std::int32_t> supplier;
-    std::string words;  // each stands in the bill's number, a ledger's name or the narration
+    Range days{};
+    std::optional<std::int32_t> supplier{};
+    std::string words{};  // each stands in the bill's number, a ledger's name or the narration
 };
 
 // The bills of the year, in the order in which they were booked.

@@ -28,10 +28,10 @@ struct MovementRow {
 };
 
 struct MovementFilter {
-    Range days;
-    std::string type;  // "" for all
-    std::optional<std::int32_t> item;
-    std::string words;  // each stands in the name, the bill's number or the note
+    Range days{};
+    std::string type{};  // "" for all
+    std::optional<std::int32_t> item{};
+    std::string words{};  // each stands in the name, the bill's number or the note
 };
 
 // The movements that a filter leaves, by date, the receipts of a day before its issues. Balances are the item
