@@ -1,7 +1,10 @@
 #include "queries/LedgerSums.h"
 
 #include "core/LedgerSide.h"
+#include "core/Masks.h"
+#include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
+#include "queries/Conditions.h"
 
 namespace queries {
 namespace {
@@ -12,22 +15,28 @@ double AsWritten(const basic::Value& sum) {
 
 }  // namespace
 
-std::string DaysWhere(const Range& range) {
-    std::string where;
-    const auto add = [&](const char* sign, const std::optional<basic::Date>& date) {
-        if (date)
-            where += (where.empty() ? " Where " : " And ") + ("LedgerTxnDate " + std::string(sign)) + " " +
-                     std::to_string(DayOf(*date));
-    };
-    add(">=", range.from);
-    add("<=", range.upto);
-    return where;
+std::vector<std::string> DayConditions(const Range& range) {
+    std::vector<std::string> conditions;
+    if (range.from) conditions.push_back("LedgerTxnDate >= " + std::to_string(DayOf(*range.from)));
+    if (range.upto) conditions.push_back("LedgerTxnDate <= " + std::to_string(DayOf(*range.upto)));
+    return conditions;
+}
+
+std::string TitleOf(const Reading& books, const Range& range) {
+    const auto shown = [](basic::Date date) { return basic::Format(date, qm::DateMask); };
+    return shown(range.from.value_or(books.FirstDay())) + " to " +
+           shown(range.upto.value_or(books.LastDay()));
+}
+
+basic::Value SideValue(double amount) {
+    return amount == 0 ? basic::Value() : basic::Value(amount);
 }
 
 std::map<std::int32_t, Sides> SumsByLedger(Reading& books, const Range& range) {
     std::map<std::int32_t, Sides> sums;
-    const auto rows = books.Select("Select LedgerCode, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
-                                   books.Table("tb_Ledger") + DaysWhere(range) + " Group By LedgerCode");
+    const auto rows =
+        books.Select("Select LedgerCode, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
+                     books.Table("tb_Ledger") + WhereAll(DayConditions(range)) + " Group By LedgerCode");
     for (; !rows->Eof(); rows->MoveNext())
         if (const basic::Value code = (*rows)["LedgerCode"]; !code.IsNull())
             sums[basic::ToLong(code)] = {AsWritten((*rows)["Dr"]), AsWritten((*rows)["Cr"])};

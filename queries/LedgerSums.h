@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "queries/Reading.h"
 
@@ -10,11 +12,16 @@ namespace queries {
 
 // Days that both count; none is open to that side.
 struct Range {
-    std::optional<basic::Date> from, upto;
+    std::optional<basic::Date> from = {}, upto = {};
 };
 
-// " Where LedgerTxnDate >= ... And LedgerTxnDate <= ..." of a select on tb_Ledger<year>, "" for all days.
-std::string DaysWhere(const Range& range);
+// "LedgerTxnDate >= ..." and "LedgerTxnDate <= ...", as far as the range has ends.
+std::vector<std::string> DayConditions(const Range& range);
+// "1-Apr-2001 to 31-Mar-2002": the year's days where the range is open.
+std::string TitleOf(const Reading& books, const Range& range);
+
+// An amount on a side of a table: Null where it is 0.
+basic::Value SideValue(double amount);
 
 struct Sides {
     double debit = 0, credit = 0;

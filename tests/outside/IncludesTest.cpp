@@ -86,6 +86,7 @@ bool MayIncludeLibrary(const std::string& file, const std::string& header) {
         {std::regex("libpq.*"), {"platform/ado/store"}},
         {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms", "desk"}},
         {std::regex("CLI/.*|csv\\.h"), {"host"}},
+        {std::regex("xlsxwriter.*"), {"queries/sheets"}},
     };
     return std::all_of(libraries.begin(), libraries.end(), [&](const Library& library) {
         return !std::regex_match(header, library.header) || UnderAny(file, library.places);

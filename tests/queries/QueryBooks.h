@@ -41,10 +41,12 @@ class QueryBooks : public FreshBooks {
     static void Post(int voucher, int ledger, int day, double amount, const std::string& type = "Journal",
                      const std::string& narration = "") {
         const std::string side = amount > 0 ? "LedgerDrAmt, LedgerCrAmt" : "LedgerCrAmt, LedgerDrAmt";
-        Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerTrnType, "
+        const std::string name =
+            One("Select Name From Ledger_Master Where Ledger_ID = " + std::to_string(ledger));
+        Run("Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerCode, LedgerName, LedgerTxnDate, LedgerTrnType, "
             "LedgerNarration, " +
-            side + ") Values (" + std::to_string(voucher) + ", " + std::to_string(ledger) + ", " +
-            std::to_string(day) + ", '" + type + "', '" + narration + "', " +
+            side + ") Values (" + std::to_string(voucher) + ", " + std::to_string(ledger) + ", '" + name +
+            "', " + std::to_string(day) + ", '" + type + "', '" + narration + "', " +
             basic::NumberText(amount > 0 ? amount : -amount) + ", 0)");
     }
 
