@@ -12,10 +12,13 @@
 #include "queries/Bills.h"
 #include "queries/ErrorLog.h"
 #include "queries/Items.h"
+#include "queries/LedgerLines.h"
 #include "queries/Ledgers.h"
 #include "queries/Movements.h"
 #include "queries/Narrowed.h"
 #include "queries/Orders.h"
+#include "queries/Results.h"
+#include "queries/TrialBalance.h"
 #include "queries/Vouchers.h"
 #include "queries/sheets/Csv.h"
 #include "queries/sheets/Json.h"
@@ -65,6 +68,18 @@ SheetPtr Ledgers(queries::Reading& books, const ListOptions& options) {
     return WithWords(queries::LedgersSheet(books), options);
 }
 
+SheetPtr Statement(queries::Reading& books, const ListOptions& options) {
+    return queries::ListLedger(books, LedgerNamed(options.name, books), DaysOf(options.filters));
+}
+
+SheetPtr TrialBalance(queries::Reading& books, const ListOptions& options) {
+    return WithWords(queries::TrialBalanceSheet(books, DaysOf(options.filters)), options);
+}
+
+SheetPtr Results(queries::Reading& books, const ListOptions& options) {
+    return queries::ResultsSheet(books, DaysOf(options.filters));
+}
+
 SheetPtr Items(queries::Reading& books, const ListOptions& options) {
     return queries::ItemsSheet(books, options.filters.text);
 }
@@ -95,8 +110,15 @@ constexpr ListKind Kinds[] = {
     {"vouchers", "The lines of the year's vouchers, by date",
      "qmhost list vouchers books --from 01-Apr-2001 --upto 30-Apr-2001 --type Payment",
      Days | Type | Ledger | Text, Vouchers},
+    {"ledger", "One ledger's statement with its running balance",
+     "qmhost list ledger Cash books --from 01-Jun-2001 --upto 30-Jun-2001", Days, Statement,
+     "The ledger, by name or number"},
     {"ledgers", "Openings, totals and closing balances, by the rows and as they are posted",
      "qmhost list ledgers books --text debtors --xlsx debtors.xlsx", Text, Ledgers},
+    {"trial-balance", "The trial balance of any range of days",
+     "qmhost list trial-balance books --upto 30-Jun-2001", Days | Text, TrialBalance},
+    {"results", "Trading, profit and loss, and the balance sheet, down to the ledgers",
+     "qmhost list results books --xlsx results.xlsx", Days, Results},
     {"items", "The stock of each item: opening, counters, net stock, worth, what to reorder",
      "qmhost list items books --csv", Text, Items},
     {"movements", "Receipts and issues of stock with the balance behind each",
