@@ -50,6 +50,7 @@ const std::vector<Layer>& Layers() {
         {"core", Platform},
         {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
+        {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core"}},
         {"shell", BelowShell},
         {"years", Subsystem({})},
