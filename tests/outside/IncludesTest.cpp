@@ -48,10 +48,11 @@ const std::vector<Layer>& Layers() {
         {"platform/forms/html", {"platform/basic", "platform/forms/controls", "platform/forms/window"}},
         {"platform/forms", {"platform/basic"}},
         {"core", Platform},
+        {"queries", {"platform/basic", "platform/ado", "core"}},
         {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
-        {"host", {"platform/basic", "platform/ado", "platform/com", "core"}},
+        {"host", {"platform/basic", "platform/ado", "platform/com", "core", "queries"}},
         {"shell", BelowShell},
         {"years", Subsystem({})},
         {"vouchers", Subsystem({})},
@@ -84,6 +85,7 @@ bool MayIncludeLibrary(const std::string& file, const std::string& header) {
         {std::regex("libpq.*"), {"platform/ado/store"}},
         {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms"}},
         {std::regex("CLI/.*|csv\\.h"), {"host"}},
+        {std::regex("xlsxwriter.*"), {"queries/sheets"}},
     };
     return std::all_of(libraries.begin(), libraries.end(), [&](const Library& library) {
         return !std::regex_match(header, library.header) || UnderAny(file, library.places);
