@@ -1,5 +1,6 @@
 #include "bench/BareServer.h"
 
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <set>
@@ -19,7 +20,36 @@ std::string ServerUri() {
     return uri == nullptr ? "" : uri;
 }
 
+std::uint64_t Bits(const char* bytes, int length) {
+    std::uint64_t bits = 0;
+    for (int at = 0; at < length; ++at) bits = bits << 8 | static_cast<unsigned char>(bytes[at]);
+    return bits;
+}
+
+// The values of one column, as they are; Null has none.
+struct PlainColumn {
+    std::vector<std::uint64_t> numbers;
+    std::string texts;
+    std::vector<std::size_t> ends;
+
+    void Add(const PGresult& row, int index) {
+        constexpr Oid text = 25;
+        const char* bytes = PQgetvalue(&row, 0, index);
+        const int length = PQgetlength(&row, 0, index);
+        if (PQftype(&row, index) == text) {
+            texts.append(bytes, static_cast<std::size_t>(length));
+            ends.push_back(texts.size());
+        } else {
+            numbers.push_back(Bits(bytes, length));
+        }
+    }
+};
+
 }  // namespace
+
+double BareServer::Real(const Result& row, int column) {
+    return std::bit_cast<double>(Bits(PQgetvalue(row.get(), 0, column), 8));
+}
 
 BareServer::BareServer(const std::string& uri) : connection_(PQconnectdb(uri.c_str())) {
     if (PQstatus(connection_) != CONNECTION_OK)
@@ -52,14 +82,17 @@ BareServer::Result BareServer::Execute(const char* name, const std::vector<std::
 std::int64_t BareServer::ReadRows(const std::string& sql) {
     PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 1);
     PQsetSingleRowMode(connection_);
+    std::vector<PlainColumn> columns;
     std::int64_t read = 0;
     while (PGresult* result = PQgetResult(connection_)) {
         const Result row = Checked(result);
         if (PQntuples(result) == 0) continue;
         ++read;
-        for (int column = 0; column < PQnfields(result); ++column)
-            benchmark::DoNotOptimize(PQgetvalue(result, 0, column));
+        columns.resize(static_cast<std::size_t>(PQnfields(result)));
+        int index = 0;
+        for (PlainColumn& column : columns) column.Add(*result, index++);
     }
+    benchmark::DoNotOptimize(columns.data());
     return read;
 }
 

@@ -23,7 +23,8 @@ class BareServer {
     void Run(const std::vector<std::string>& statements);
     void Prepare(const char* name, const std::string& sql);
     Result Execute(const char* name, const std::vector<std::string>& values = {});
-    // Row after row, as they come; gives their number.
+    static double Real(const Result& row, int column);
+    // Takes the rows as they come into plain columns; gives their number.
     std::int64_t ReadRows(const std::string& sql);
 
   private:

@@ -1,5 +1,4 @@
 // Books on a server beside the bare library's same statements, and beside the same books in a file.
-#include <bit>
 #include <cstdint>
 #include <string>
 
@@ -27,13 +26,6 @@ void OpenBare(benchmark::State& state) {
     }
 }
 
-double Real(const BareServer::Result& row, int column) {
-    std::uint64_t bits = 0;
-    for (int at = 0; at < 8; ++at)
-        bits = bits << 8 | static_cast<unsigned char>(PQgetvalue(row.get(), 0, column)[at]);
-    return std::bit_cast<double>(bits);
-}
-
 // A trip for each statement, and a commit that waits for the disk.
 void PostBare(benchmark::State& state) {
     BareServer bare(ServerBooksWith(Million, 2));
@@ -56,7 +48,7 @@ void PostBare(benchmark::State& state) {
     PostBatches(state, [&](const Posting& posting) {
         const std::string ledger = std::to_string(posting.ledger);
         const BareServer::Result row = bare.Execute("balance", {ledger});
-        const double before = Real(row, 1) + Real(row, 2) - Real(row, 3);
+        const double before = bare.Real(row, 1) + bare.Real(row, 2) - bare.Real(row, 3);
         bare.Execute("begin");
         bare.Execute(posting.isDebit ? "debit" : "credit", {ledger, amount});
         bare.Execute("insert", {std::to_string(voucher), ledger, "Ledger " + ledger, Posting::Narration,
