@@ -1,6 +1,5 @@
 #include "queries/LedgerSums.h"
 
-#include "core/LedgerSide.h"
 #include "core/Masks.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
@@ -43,9 +42,13 @@ std::map<std::int32_t, Sides> SumsByLedger(Reading& books, const Range& range) {
     return sums;
 }
 
-double SignedOpening(ado::Recordset& details) {
-    const bool credit = qm::SideOfLetter(basic::TextOrEmpty(details["Bal_Type"])) == qm::LedgerSide::Credit;
-    return basic::NumberOrZero(details["Opening_Bal"]) * (credit ? -1 : 1);
+Sides SidesOf(const std::map<std::int32_t, Sides>& sums, std::int32_t ledger) {
+    const auto found = sums.find(ledger);
+    return found == sums.end() ? Sides() : found->second;
+}
+
+bool BeginsTheYear(const Reading& books, const Range& range) {
+    return !range.from || *range.from <= books.FirstDay();
 }
 
 }  // namespace queries

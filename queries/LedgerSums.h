@@ -32,7 +32,9 @@ struct Sides {
 // A ledger without rows there has no entry.
 std::map<std::int32_t, Sides> SumsByLedger(Reading& books, const Range& range = {});
 
-// Opening_Bal with the sign of its side: credit negative; 0 for a Null one.
-double SignedOpening(ado::Recordset& details);
+Sides SidesOf(const std::map<std::int32_t, Sides>& sums, std::int32_t ledger);  // 0 and 0 for no entry
+
+// Whether a range begins with the year or before, so that opening balances belong to it as they were entered.
+bool BeginsTheYear(const Reading& books, const Range& range);
 
 }  // namespace queries

@@ -1,29 +1,26 @@
 #include "queries/Ledgers.h"
 
+#include "core/Quoting.h"
+#include "queries/LedgerDetails.h"
 #include "queries/LedgerSums.h"
 
 namespace queries {
 namespace {
 
-std::optional<double> Figure(const basic::Value& stored) {
-    return stored.IsNull() ? std::nullopt : std::optional(basic::ToDouble(stored));
-}
-
-LedgerRow Row(ado::Recordset& ledger, const std::map<std::int32_t, Sides>& sums) {
+LedgerRow Row(const LedgerDetails& ledger, const std::map<std::int32_t, Sides>& sums) {
     LedgerRow row;
-    row.id = basic::ToLong(ledger["Ledger_ID"]);
-    row.name = basic::TextOrEmpty(ledger["Name"]);
-    row.group = basic::TextOrEmpty(ledger["PrimaryGrp"]);
-    row.deleted = basic::ToBoolean(ledger["Deleted"]);
-    row.opening = SignedOpening(ledger);
-    if (const auto found = sums.find(row.id); found != sums.end()) {
-        row.debit = found->second.debit;
-        row.credit = found->second.credit;
-    }
+    row.id = ledger.id;
+    row.name = ledger.name;
+    row.group = ledger.group;
+    row.deleted = ledger.deleted;
+    row.opening = ledger.Opening();
+    const Sides of = SidesOf(sums, row.id);
+    row.debit = of.debit;
+    row.credit = of.credit;
     row.closing = row.opening + row.debit - row.credit;
-    row.postedDebit = Figure(ledger["LedDetDRTxnTot"]);
-    row.postedCredit = Figure(ledger["LedDetCRTxnTot"]);
-    row.postedClosing = Figure(ledger["Closing_Bal"]);
+    row.postedDebit = ledger.debit;
+    row.postedCredit = ledger.credit;
+    row.postedClosing = ledger.closing;
     return row;
 }
 
@@ -52,14 +49,17 @@ const std::vector<Filled<LedgerRow>>& Columns() {
 std::vector<LedgerRow> Ledgers(Reading& books) {
     const Reading::Moment moment(books);
     const std::map<std::int32_t, Sides> sums = SumsByLedger(books);
-    const auto ledgers = books.Select(
-        "Select Ledger_Master.Ledger_ID, Name, PrimaryGrp, Deleted, Opening_Bal, Bal_Type, LedDetDRTxnTot, "
-        "LedDetCRTxnTot, Closing_Bal From Ledger_Master, Ledger_Details Where Ledger_Master.Ledger_ID = "
-        "Ledger_Details.Ledger_ID And Fnncl_Yr = " +
-        books.Year() + " Order By Name");
     std::vector<LedgerRow> rows;
-    for (; !ledgers->Eof(); ledgers->MoveNext()) rows.push_back(Row(*ledgers, sums));
+    for (const LedgerDetails& ledger : ReadDetails(books, LedgerOrder::ByName))
+        rows.push_back(Row(ledger, sums));
     return rows;
+}
+
+std::optional<std::int32_t> LedgerCalled(Reading& books, const std::string& name) {
+    const auto found =
+        books.Select("Select Ledger_ID From Ledger_Master Where Name = " + qm::QuotedDoubled(name));
+    if (found->Eof()) return std::nullopt;
+    return basic::ToLong((*found)["Ledger_ID"]);
 }
 
 std::unique_ptr<SheetOf<LedgerRow>> LedgersSheet(Reading& books) {

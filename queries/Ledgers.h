@@ -26,6 +26,9 @@ struct LedgerRow {
 
 // Each ledger with figures in the year, by name; one whose figures stand twice comes twice.
 std::vector<LedgerRow> Ledgers(Reading& books);
+// The number of the ledger of a name, without regard to case: the first of that name.
+std::optional<std::int32_t> LedgerCalled(Reading& books, const std::string& name);
+
 std::unique_ptr<SheetOf<LedgerRow>> LedgersSheet(Reading& books);
 
 }  // namespace queries

@@ -30,7 +30,10 @@ std::optional<std::size_t> RowPages::PlaceOf(ado::RowKey key) {
 }
 
 const std::vector<ado::RowKey>& RowPages::Keys() {
-    if (!keys_) keys_ = window_.Keys();
+    if (!keys_) {
+        keys_ = window_.Keys();
+        if (count_) keys_->resize(*count_);  // as long as it was first seen; no row bears the key 0
+    }
     return *keys_;
 }
 

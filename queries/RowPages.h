@@ -78,6 +78,7 @@ class PagedSheet final : public Sheet {
         if (row < first_ || row >= first_ + page_.size()) {
             first_ = row / PageRows * PageRows;
             page_ = pages_.Page(first_, PageRows);
+            page_.resize(PageRows);  // as many as were counted, whatever others have removed since
         }
         return page_.at(row - first_);
     }

@@ -3,16 +3,18 @@
 #include "core/Quoting.h"
 #include "platform/basic/Number.h"
 #include "queries/Conditions.h"
+#include "queries/GroupLedgers.h"
 
 namespace queries {
 namespace {
 
-std::string WhereOf(const VoucherFilter& filter) {
+std::string WhereOf(Reading& books, const VoucherFilter& filter) {
     std::vector<std::string> conditions = DayConditions(filter.days);
     const auto add = [&](const std::string& condition) { conditions.push_back(condition); };
     if (filter.type) add(std::string("LedgerTrnType = '") + qm::WordOf(*filter.type) + "'");
     if (filter.ledger) add("LedgerCode = " + std::to_string(*filter.ledger));
     if (filter.number) add("LedgerTrnNo = " + std::to_string(*filter.number));
+    if (!filter.group.empty()) add(AmongLedgers(LedgersOf(books, filter.group)));
     const auto amount = [&](const char* sign, double bound) {
         const std::string reach = sign + basic::NumberText(bound);
         add("(LedgerDrAmt " + reach + " And LedgerDrAmt <> 0 Or LedgerCrAmt " + reach +
@@ -91,14 +93,14 @@ VoucherLines Vouchers(Reading& books, const VoucherFilter& filter, VoucherOrder 
     return {books,
             "Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, LedgerDrAmt, "
             "LedgerCrAmt, LedgerNarration, LedgerMcGenerated From " +
-                books.Table("tb_Ledger") + WhereOf(filter) + OrderBy(order, descending),
+                books.Table("tb_Ledger") + WhereOf(books, filter) + OrderBy(order, descending),
             Line};
 }
 
 VoucherSums SumVouchers(Reading& books, const VoucherFilter& filter) {
     const auto sums =
         books.Select("Select Sum(1) As Lines, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
-                     books.Table("tb_Ledger") + WhereOf(filter));
+                     books.Table("tb_Ledger") + WhereOf(books, filter));
     return {static_cast<std::size_t>(basic::NumberOrZero((*sums)["Lines"])),
             basic::NumberOrZero((*sums)["Dr"]), basic::NumberOrZero((*sums)["Cr"])};
 }

@@ -29,6 +29,7 @@ struct VoucherFilter {
     Range days = {};
     std::optional<qm::VoucherType> type = {};
     std::optional<std::int32_t> ledger = {}, number = {};
+    std::string group = {};                       // of whose ledgers, "" for all
     std::optional<double> least = {}, most = {};  // of the line's amount, whichever side
     std::string words = {};  // each stands somewhere in the narration, without regard to case
 };

@@ -51,7 +51,10 @@ const std::vector<Layer>& Layers() {
         {"queries", {"platform/basic", "platform/ado", "core"}},
         {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
+        {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core", "queries"}},
+        {"desk",
+         {"platform/basic", "core", "queries", "host/audit", "host/commands", "host/make"}},
         {"shell", BelowShell},
         {"years", Subsystem({})},
         {"vouchers", Subsystem({})},
@@ -82,7 +85,7 @@ bool MayIncludeLibrary(const std::string& file, const std::string& header) {
     static const std::vector<Library> libraries{
         {std::regex("(sqlcipher/)?sqlite3.*"), {"platform/ado/store", "host/make/BooksStore.cpp"}},
         {std::regex("libpq.*"), {"platform/ado/store"}},
-        {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms"}},
+        {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms", "desk"}},
         {std::regex("CLI/.*|csv\\.h"), {"host"}},
         {std::regex("xlsxwriter.*"), {"queries/sheets"}},
     };
