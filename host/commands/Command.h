@@ -12,6 +12,8 @@ using Command = std::function<int()>;
 // Each command adds itself, with its options, its help and what it does.
 void AddCreate(CommandLine& line);
 void AddPost(CommandLine& line);
+void AddImport(CommandLine& line);
+void AddLists(CommandLine& line);
 void AddLedgers(CommandLine& line);
 void AddYears(CommandLine& line);
 void AddYearSwitch(CommandLine& line);

@@ -13,6 +13,12 @@ Subcommand& Subcommand::Needs(const char* name, std::string& place, const char* 
     return *this;
 }
 
+Subcommand& Subcommand::Needs(const char* name, std::string& place, const char* what,
+                              const std::vector<std::string>& words) {
+    app_.add_option(name, place, what)->required()->check(CLI::IsMember(words));
+    return *this;
+}
+
 Subcommand& Subcommand::Takes(const char* name, std::string& place, const char* what) {
     app_.add_option(name, place, what);
     return *this;
@@ -27,6 +33,11 @@ Subcommand& Subcommand::Takes(const char* name, std::optional<int>& place, int l
 Subcommand& Subcommand::Takes(const char* name, bool& place, const char* what) {
     app_.add_flag(name, place, what);
     return *this;
+}
+
+Subcommand Subcommand::Add(const char* name, const char* what) {
+    app_.require_subcommand(1);
+    return {*app_.add_subcommand(name, what), chosen_};
 }
 
 Subcommand& Subcommand::Footer(const std::string& text) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/commands/Command.h"
 
@@ -20,9 +21,15 @@ class Subcommand {
     Subcommand(CLI::App& app, Command& chosen) : app_(app), chosen_(chosen) {}
 
     Subcommand& Needs(const char* name, std::string& place, const char* what);
+    // One of the words.
+    Subcommand& Needs(const char* name, std::string& place, const char* what,
+                      const std::vector<std::string>& words);
     Subcommand& Takes(const char* name, std::string& place, const char* what);
     Subcommand& Takes(const char* name, std::optional<int>& place, int lowest, int highest, const char* what);
     Subcommand& Takes(const char* name, bool& place, const char* what);
+
+    // A command of its own below this one, which then needs one of those.
+    Subcommand Add(const char* name, const char* what);
 
     // The help's last lines; a routine is asked for them when the help is shown.
     Subcommand& Footer(const std::string& text);

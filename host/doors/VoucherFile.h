@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "core/clQm.h"
-#include "host/commands/VoucherCells.h"
+#include "host/doors/CsvTable.h"
+#include "host/doors/Faults.h"
+#include "host/doors/VoucherCells.h"
 #include "host/make/CsvFile.h"
 
 namespace host {
@@ -28,23 +29,13 @@ struct FileVoucher {
     std::vector<VoucherRow> rows;
 };
 
-struct Fault {
-    int line = 0;
-    std::string column;
-    std::string reason;
-};
-
 // A file of vouchers with the columns voucher, date, type, side, ledger, amount, narration, checked as a
 // whole: only a file without faults may be posted.
 struct VoucherFile {
     std::vector<FileVoucher> vouchers;  // in the order of their first rows
-    std::vector<Fault> faults;          // in the order of the lines, the first thousand found
-    std::size_t faultCount = 0;         // of all
+    Faults faults;                      // in the order of the lines
     std::size_t RowCount() const;
 };
-
-// Hears how many of the rows are done.
-using CheckProgress = std::function<void(std::size_t done, std::size_t all)>;
 
 // Checks the rows of such a file, its header the first of them. `year` is the first year of the financial
 // year that the dates must lie in.

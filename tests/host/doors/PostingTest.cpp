@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "host/commands/Posting.h"
+#include "host/doors/Posting.h"
 #include "tests/support/BoxScript.h"
 #include "tests/support/FreshBooks.h"
 

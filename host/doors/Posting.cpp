@@ -1,29 +1,16 @@
-#include "host/commands/Posting.h"
+#include "host/doors/Posting.h"
 
 #include <utility>
 
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
-#include "core/MsgBox.h"
 #include "core/modGeneral.h"
-#include "host/commands/AllOrNothing.h"
+#include "host/doors/AllOrNothing.h"
+#include "host/doors/QuietBoxes.h"
 #include "platform/basic/Error.h"
 
 namespace host {
 namespace {
-
-// Shows none of the boxes of the error log while vouchers are posted.
-class QuietBoxes {
-  public:
-    QuietBoxes()
-        : before_(qm::SetMsgBoxPort([](const std::string&, int, const std::string&) { return qm::vbOK; })) {}
-    ~QuietBoxes() { qm::SetMsgBoxPort(std::move(before_)); }
-    QuietBoxes(const QuietBoxes&) = delete;
-    QuietBoxes& operator=(const QuietBoxes&) = delete;
-
-  private:
-    qm::MsgBoxPort before_;
-};
 
 // Why the last voucher row was refused: a count that failed has no description.
 std::string LastReason() {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/commands/VoucherFile.h"
+#include "host/doors/VoucherFile.h"
 
 namespace host {
 

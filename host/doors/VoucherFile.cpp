@@ -1,17 +1,16 @@
-#include "host/commands/VoucherFile.h"
+#include "host/doors/VoucherFile.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
 #include <optional>
 #include <set>
-#include <string_view>
 
 #include "core/DBCode.h"
 #include "core/LedgerSide.h"
 #include "core/VoucherType.h"
-#include "host/commands/Counted.h"
-#include "host/commands/LedgerBook.h"
+#include "host/doors/Counted.h"
+#include "host/doors/LedgerBook.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
@@ -25,26 +24,11 @@ constexpr std::array<const char*, 7> Columns{"voucher", "date",   "type",     "s
 enum Column : std::size_t { Voucher, Date, Type, Side, Ledger, AmountColumn, Narration };
 
 const std::string HeaderLine = "the first line must be: voucher,date,type,side,ledger,amount,narration";
-constexpr std::size_t MostFaults = 1000;
 constexpr std::size_t MostOfKey = 40;  // characters: messages bear it
-
-// The letter that one of the accepted words stands for, "" for any other text.
-std::string LetterOf(const std::string& text, const std::vector<std::string>& words) {
-    const std::string folded = basic::FoldCase(basic::Trim(text));
-    for (const std::string& word : words)
-        if (basic::FoldCase(word) == folded || basic::FoldCase(basic::Left(word, 1)) == folded)
-            return basic::UCase(basic::Left(word, 1));
-    return {};
-}
 
 std::string Rupees(std::int64_t paise) {
     const std::string cents = std::to_string(paise % 100);
     return std::to_string(paise / 100) + (cents.size() == 1 ? ".0" : ".") + cents;
-}
-
-void KeepFault(VoucherFile& file, int line, const std::string& column, const std::string& reason) {
-    ++file.faultCount;
-    if (file.faults.size() < MostFaults) file.faults.push_back({line, column, reason});
 }
 
 class Checker {
@@ -81,12 +65,11 @@ class Checker {
         });
         Cell(row, Date, [&](const std::string& cell, std::string& reason) { read.day = Day(cell, reason); });
         Cell(row, Type, [&](const std::string& cell, std::string& reason) {
-            read.category = LetterOf(cell, qm::VoucherTypeWords());
+            read.category = LetterOfWord(cell, qm::VoucherTypeWords());
             if (read.category.empty()) reason = Shown(cell) + " is no voucher type";
         });
         Cell(row, Side, [&](const std::string& cell, std::string& reason) {
-            read.side = LetterOf(cell, {"Debit", "Credit"});
-            if (read.side.empty()) read.side = LetterOf(cell, {"Dr", "Cr"});
+            read.side = ReadSide(cell);
             if (read.side.empty()) reason = Shown(cell) + " is neither debit nor credit";
         });
         Cell(row, Ledger,
@@ -107,13 +90,12 @@ class Checker {
             AgreeInHead(voucher);
             if (!broken_.contains(voucher.key)) AgreeInSums(voucher);
         }
-        std::stable_sort(file_.faults.begin(), file_.faults.end(),
-                         [](const Fault& a, const Fault& b) { return a.line < b.line; });
+        file_.faults.SortByLine();
         return std::move(file_);
     }
 
     void Blame(const CsvRow& row, const std::string& column, const std::string& reason) {
-        KeepFault(file_, row.line, column, reason);
+        file_.faults.Add(row.line, column, reason);
     }
 
   private:
@@ -155,9 +137,9 @@ class Checker {
         const VoucherRow& first = voucher.rows.front();
         for (const VoucherRow& row : voucher.rows) {
             if (row.day != 0 && first.day != 0 && row.day != first.day)
-                KeepFault(file_, row.line, Columns[Date], differs);
+                file_.faults.Add(row.line, Columns[Date], differs);
             if (row.category != first.category && !row.category.empty() && !first.category.empty())
-                KeepFault(file_, row.line, Columns[Type], differs);
+                file_.faults.Add(row.line, Columns[Type], differs);
         }
     }
 
@@ -169,17 +151,17 @@ class Checker {
             if (row.amount.paise == 0 || row.side.empty()) return;
             std::int64_t& sum = row.side == qm::LetterOf(qm::LedgerSide::Debit) ? debit : credit;
             if (__builtin_add_overflow(sum, row.amount.paise, &sum)) {
-                KeepFault(file_, row.line, Columns[AmountColumn],
-                          "the sum of voucher " + voucher.key + " has more than 15 digits");
+                file_.faults.Add(row.line, Columns[AmountColumn],
+                                 "the sum of voucher " + voucher.key + " has more than 15 digits");
                 return;
             }
             lines.push_back(row.line);
         }
         if (debit != credit)
-            KeepFault(file_, lines.front(), Columns[AmountColumn],
-                      "the sides of voucher " + voucher.key + " differ: debit " + Rupees(debit) +
-                          ", credit " + Rupees(credit) + " (" + (lines.size() == 1 ? "line " : "lines ") +
-                          Ranges(lines) + ")");
+            file_.faults.Add(lines.front(), Columns[AmountColumn],
+                             "the sides of voucher " + voucher.key + " differ: debit " + Rupees(debit) +
+                                 ", credit " + Rupees(credit) + " (" +
+                                 (lines.size() == 1 ? "line " : "lines ") + Ranges(lines) + ")");
     }
 
     qm::clQm& books_;
@@ -191,28 +173,6 @@ class Checker {
     std::set<std::string> broken_;  // vouchers with a row that did not read
 };
 
-// What a text is that is none of fields between commas, "" where it may be one.
-std::string OtherForm(std::string_view text) {
-    const std::string_view begin = text.substr(0, 2);
-    if (begin == "\xFF\xFE" || begin == "\xFE\xFF" ||
-        (begin.size() == 2 && (begin[0] == 0) != (begin[1] == 0)))
-        return "the file is UTF-16: save it as UTF-8";
-    if (text.starts_with("PK\x03\x04")) return "the file is a spreadsheet: save it as comma-separated text";
-    const std::string_view header = text.substr(0, text.find_first_of("\r\n"));
-    if (header.find(',') != std::string_view::npos) return {};
-    if (header.find(';') != std::string_view::npos)
-        return "a semicolon stands between the fields where a comma belongs";
-    if (header.find('\t') != std::string_view::npos)
-        return "a tab stands between the fields where a comma belongs";
-    return {};
-}
-
-VoucherFile OneFault(int line, std::size_t field, const std::string& reason) {
-    VoucherFile file;
-    KeepFault(file, line, Columns[std::min(field, Columns.size() - 1)], reason);
-    return file;
-}
-
 }  // namespace
 
 std::size_t VoucherFile::RowCount() const {
@@ -223,8 +183,11 @@ std::size_t VoucherFile::RowCount() const {
 
 VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
                           DateOrder order, const CheckProgress& progress) {
-    if (rows.empty()) return OneFault(1, 0, "the file is empty");
     Checker checker(books, year, order);
+    if (rows.empty()) {
+        checker.Blame({1, {}}, Columns[Voucher], "the file is empty");
+        return checker.Finish();
+    }
     if (!checker.Header(rows.front())) return checker.Finish();
     for (std::size_t i = 1; i < rows.size(); ++i) {
         checker.Row(rows[i]);
@@ -235,13 +198,11 @@ VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std:
 
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year,
                             DateOrder order, const CheckProgress& progress) {
-    const std::string text = FileText(file);
-    if (const std::string other = OtherForm(text); !other.empty()) return OneFault(1, 0, other);
-    try {
-        return CheckVouchers(ParseCsv(text), books, year, order, progress);
-    } catch (const CsvError& error) {
-        return OneFault(error.line, error.field, error.reason);
-    }
+    VoucherFile unread;
+    const auto rows = ReadCsvFile(file, unread.faults, [](std::size_t field) {
+        return std::string(Columns[std::min(field, Columns.size() - 1)]);
+    });
+    return rows ? CheckVouchers(*rows, books, year, order, progress) : unread;
 }
 
 }  // namespace host

@@ -1,4 +1,4 @@
-#include "host/commands/StandingVouchers.h"
+#include "host/doors/StandingVouchers.h"
 
 #include <algorithm>
 #include <limits>

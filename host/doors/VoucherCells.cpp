@@ -1,4 +1,4 @@
-#include "host/commands/VoucherCells.h"
+#include "host/doors/VoucherCells.h"
 
 #include <algorithm>
 #include <regex>
@@ -36,6 +36,28 @@ bool GroupsRight(std::string_view rupees) {
     return rupees.size() == 3;
 }
 
+// A number without a sign as it goes into a statement; `what` it should be is named where it is none.
+std::string Figure(const std::string& cell, std::size_t mostDecimals, const std::string& what,
+                   std::string& reason) {
+    const std::string text = basic::Trim(cell);
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::string whole = text.substr(text.starts_with('+') ? 1 : 0, point - text.starts_with('+'));
+    const std::string decimals = text.substr(std::min(point + 1, text.size()));
+    std::string digits = basic::Replace(whole, ",", "");
+    if (!AreDigits(digits) || !AreDigits(decimals) || (digits + decimals).empty())
+        reason = Shown(cell) + " is no " + what;
+    else if (!GroupsRight(whole))
+        reason = "the commas in " + Shown(cell) + " do not group thousands";
+    else if (decimals.size() > mostDecimals)
+        reason = Shown(cell) + " has more than " +
+                 (mostDecimals == 2 ? "two" : std::to_string(mostDecimals)) + " decimals";
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
+    if (reason.empty() && digits.size() + decimals.size() > MostDigits)
+        reason = Shown(cell) + " has more than 15 digits";
+    if (!reason.empty()) return {};
+    return (digits.empty() ? "0" : digits) + (decimals.empty() ? "" : "." + decimals);
+}
+
 }  // namespace
 
 std::string Shown(const std::string& cell) {
@@ -53,25 +75,32 @@ std::string TextFault(const std::string& cell, bool lineEnds) {
     return {};
 }
 
+std::string LetterOfWord(const std::string& cell, const std::vector<std::string>& words) {
+    const std::string folded = basic::FoldCase(basic::Trim(cell));
+    for (const std::string& word : words)
+        if (basic::FoldCase(word) == folded || basic::FoldCase(basic::Left(word, 1)) == folded)
+            return basic::UCase(basic::Left(word, 1));
+    return {};
+}
+
+std::string ReadSide(const std::string& cell) {
+    const std::string letter = LetterOfWord(cell, {"Debit", "Credit"});
+    return letter.empty() ? LetterOfWord(cell, {"Dr", "Cr"}) : letter;
+}
+
+std::string ReadFigure(const std::string& cell, std::size_t mostDecimals, std::string& reason) {
+    return Figure(cell, mostDecimals, "number of 0 or more", reason);
+}
+
 std::optional<Amount> ReadAmount(const std::string& cell, std::string& reason) {
-    const std::string text = basic::Trim(cell);
-    const std::size_t point = std::min(text.find('.'), text.size());
-    const std::string rupees = text.substr(text.starts_with('+') ? 1 : 0, point - text.starts_with('+'));
-    const std::string decimals = text.substr(std::min(point + 1, text.size()));
-    std::string digits = basic::Replace(rupees, ",", "");
-    const bool reads = AreDigits(digits) && AreDigits(decimals);
-    digits.erase(0, digits.find_first_not_of('0'));
-    if (!reads || (digits + decimals).find_first_not_of('0') == std::string::npos)
+    const std::string figure = Figure(cell, Decimals, "amount above 0", reason);
+    if (reason.empty() && figure.find_first_not_of("0.") == std::string::npos)
         reason = Shown(cell) + " is no amount above 0";
-    else if (!GroupsRight(rupees))
-        reason = "the commas in " + Shown(cell) + " do not group thousands";
-    else if (decimals.size() > Decimals)
-        reason = Shown(cell) + " has more than two decimals";
-    else if (digits.size() + decimals.size() > MostDigits)
-        reason = Shown(cell) + " has more than 15 digits";
     if (!reason.empty()) return {};
-    return Amount{basic::WholeNumber("0" + digits + "." + decimals + "0"),
-                  std::stoll(digits + decimals + std::string(Decimals - decimals.size(), '0'))};
+    const std::size_t point = std::min(figure.find('.'), figure.size() - 1);
+    const std::size_t decimals = figure[point] == '.' ? figure.size() - 1 - point : 0;
+    return Amount{basic::WholeNumber(figure),
+                  std::stoll(basic::Replace(figure, ".", "") + std::string(Decimals - decimals, '0'))};
 }
 
 std::optional<basic::Date> ReadDay(const std::string& cell, DateOrder order, std::string& reason) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/basic/Value.h"
 
@@ -16,13 +17,24 @@ std::string Shown(const std::string& cell);
 // "" for a cell that may be stored: UTF-8 without control characters. Line ends may stand in a narration.
 std::string TextFault(const std::string& cell, bool lineEnds);
 
+// The letter that one of the words stands for, written whole or as its first letter in any case; "" for any
+// other text.
+std::string LetterOfWord(const std::string& cell, const std::vector<std::string>& words);
+
+// "D" or "C", for "Debit", "Dr" and the like; "" for any other text.
+std::string ReadSide(const std::string& cell);
+
+// A number of 0 or more as it goes into a statement, with at most 15 digits, so that nothing of it is lost in
+// the books. Commas may group the whole part by three, or by two as in 12,34,567.00. "" with a reason where
+// it does not read.
+std::string ReadFigure(const std::string& cell, std::size_t mostDecimals, std::string& reason);
+
 struct Amount {
     double rupees = 0;       // as it is posted
     std::int64_t paise = 0;  // the same, exactly: sums are compared in these
 };
 
-// Above 0, with at most two decimals and 15 digits, so that nothing of it is lost in the books. Commas may
-// group the rupees by three, or by two as in 12,34,567.00.
+// A figure above 0 with at most two decimals.
 std::optional<Amount> ReadAmount(const std::string& cell, std::string& reason);
 
 enum class DateOrder { DayFirst, MonthFirst };

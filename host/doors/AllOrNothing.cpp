@@ -1,4 +1,4 @@
-#include "host/commands/AllOrNothing.h"
+#include "host/doors/AllOrNothing.h"
 
 #include <algorithm>
 #include <cstddef>

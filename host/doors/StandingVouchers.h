@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "host/commands/VoucherFile.h"
+#include "host/doors/VoucherFile.h"
 
 namespace host {
 

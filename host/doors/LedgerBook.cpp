@@ -1,8 +1,8 @@
-#include "host/commands/LedgerBook.h"
+#include "host/doors/LedgerBook.h"
 
 #include <iterator>
 
-#include "host/commands/VoucherCells.h"
+#include "host/doors/VoucherCells.h"
 #include "platform/basic/Text.h"
 
 namespace host {

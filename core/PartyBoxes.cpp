@@ -1,4 +1,4 @@
-#include "accounts/PartyBoxes.h"
+#include "core/PartyBoxes.h"
 
 namespace qm {
 

@@ -1,4 +1,4 @@
-#include "accounts/LedgerRows.h"
+#include "core/LedgerRows.h"
 
 #include "core/DBCode.h"
 #include "core/Quoting.h"
@@ -39,6 +39,15 @@ std::string UpdateStatement(const std::string& ledgerId, const std::string& pare
 
 }  // namespace
 
+std::optional<LedgerFault> MissingOf(const LedgerEntry& entry) {
+    if (entry.Name.empty()) return LedgerFault{LedgerField::Name, "Please Enter Ledger Name"};
+    if (entry.GroupName.empty())
+        return LedgerFault{LedgerField::Group, "Please select a value for Group name"};
+    if (entry.OpeningBal.empty()) return LedgerFault{LedgerField::OpeningBal, OpeningMissing};
+    if (!entry.BalType) return LedgerFault{LedgerField::BalType, BalanceTypeMissing};
+    return {};
+}
+
 bool LedgerNameTaken(const std::string& name) {
     return HasRow("Select * From Group_Head_Master Where Group_Head_Name = " + Quoted(name));
 }
@@ -53,7 +62,7 @@ void InsertLedger(const LedgerEntry& entry) {
     Conn().Execute(
         "insert into Ledger_Details(Ledger_Id,fnncl_Yr,Opening_Bal,Closing_Bal,Bal_Type) values('" +
         ledgerId + "', " + shared().FinYear + "," + entry.OpeningBal + "," + entry.OpeningBal + ",'" +
-        LetterOf(entry.BalType) + "')");
+        LetterOf(entry.BalType.value()) + "')");
 }
 
 void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
@@ -64,9 +73,13 @@ void UpdateLedgerRows(const std::string& ledgerId, const LedgerEntry& entry) {
     Conn().Execute(UpdateStatement(ledgerId, parentId, entry));
     ExecuteRecordset("select Ledger_Id from Ledger_Master where Name='" + entry.Name +
                      "' and Group_Id=" + parentId);
+    WriteOpeningBalance(ledgerId, entry.OpeningBal, entry.BalType.value());
+}
+
+void WriteOpeningBalance(const std::string& ledgerId, const std::string& openingBal, LedgerSide side) {
     Conn().Execute("update Ledger_Details set Ledger_Id = " + ledgerId + ",fnncl_Yr = " + shared().FinYear +
-                   ",Opening_Bal = " + entry.OpeningBal + ",Closing_Bal= " + entry.OpeningBal +
-                   ",Bal_Type=  '" + LetterOf(entry.BalType) + "' Where ledger_id = " + ledgerId);
+                   ",Opening_Bal = " + openingBal + ",Closing_Bal= " + openingBal + ",Bal_Type=  '" +
+                   LetterOf(side) + "' Where ledger_id = " + ledgerId);
 }
 
 bool LedgerHasVouchers(const std::string& ledgerId) {
