@@ -103,6 +103,15 @@ std::int64_t Session::Execute(const BoundStatement& statement) {
     return engine_->Changes();
 }
 
+void Session::ExecuteAhead(const BoundStatement& statement, const basic::Error* none) {
+    if (engine_->SendsAhead() && statement.plan().kind != StatementKind::SelectInto) {
+        ReadPostponed();
+        transactions_.Ahead(*Start(statement), statement.plan().givesOneRow ? nullptr : none);
+    } else if (Execute(statement) == 0 && none != nullptr) {
+        throw basic::Error(*none);
+    }
+}
+
 void Session::SetNumbers(KeyedNumbers numbers) {
     ReadPostponed();
     const TableInfo& table = RequireTable(catalog_, numbers.table);

@@ -51,6 +51,8 @@ class Session {
     PreparedStatement::Copy Start(const BoundStatement& statement);
     // Runs a statement that gives no rows; the rows that an insert, update or delete matched, else 0.
     std::int64_t Execute(const BoundStatement& statement);
+    // The same where nobody asks for the rows at once: see Connection::ExecuteAhead.
+    void ExecuteAhead(const BoundStatement& statement, const basic::Error* none);
     // Sets numbers in the rows of a table, many at once; names are found without regard to case.
     void SetNumbers(KeyedNumbers numbers);
     // For what this layer writes in the store's own SQL: the values are bound in order.
