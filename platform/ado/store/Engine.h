@@ -76,6 +76,7 @@ class Engine {
     // row. Only of a store that SendsAhead; another runs each statement when it is told.
     virtual void SendAhead(EngineStatement&, const basic::Error* /*none*/) {}
     virtual bool SendsAhead() const { return false; }
+    virtual void TellAhead() {}              // raises what failed of it so far
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
     // Whether another program has written since Open, or since this was last asked.
     virtual bool ChangedByOthers() = 0;

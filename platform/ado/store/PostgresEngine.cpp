@@ -349,7 +349,7 @@ void PostgresEngine::Rollback() {
 
 // What failed before the level is told before it begins.
 void PostgresEngine::Savepoint(int level) {
-    if (outbox_.HoldsGuarded()) Deliver();
+    TellAhead();
     outbox_.Put("SAVEPOINT " + Level(level));
 }
 
@@ -416,7 +416,12 @@ void PostgresEngine::SendAhead(EngineStatement& statement, const basic::Error* n
         looseWritten_ = true;
     }
     wrote_ = true;
-    if (++ahead_ % MostAhead == 0) inTransaction_ ? Deliver() : Settle();
+    if (++ahead_ % MostAhead == 0) TellAhead();
+}
+
+void PostgresEngine::TellAhead() {
+    Settle();
+    if (outbox_.HoldsGuarded()) Deliver();
 }
 
 bool PostgresEngine::ChangedByOthers() {

@@ -69,6 +69,7 @@ class PostgresEngine final : public Engine {
     void WriteLoosely(const std::function<void()>& write) override;
     void SendAhead(EngineStatement& statement, const basic::Error* none) override;
     bool SendsAhead() const override { return true; }
+    void TellAhead() override;
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;

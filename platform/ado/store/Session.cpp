@@ -47,7 +47,22 @@ void Session::Close() {
     engine_->Close();
 }
 
+// A failure of what went ahead stands before that of this step.
+template <class Step>
+auto Session::InOrder(const Step& step) {
+    try {
+        return step();
+    } catch (const basic::Error&) {
+        engine_->TellAhead();
+        throw;
+    }
+}
+
 BoundStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
+    return InOrder([&] { return Translated(statement, options); });
+}
+
+BoundStatement Session::Translated(std::string_view statement, const PlanOptions& options) {
     const Shape shape = ShapeOf(statement);
     std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
     PreparedStatementPtr prepared = cache_.Find(key);
@@ -88,7 +103,9 @@ BoundStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
 PreparedStatement::Copy Session::Start(const BoundStatement& statement) {
     PreparedStatement::Copy running = statement.prepared->Take(*engine_);
     int index = 0;
-    for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
+    InOrder([&] {
+        for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
+    });
     return running;
 }
 
@@ -140,7 +157,12 @@ void Session::CommitTrans() {
 }
 
 void Session::RollbackTrans() {
-    ReadPostponed();
+    try {
+        ReadPostponed();
+    } catch (const basic::Error&) {
+        // What failed ahead is undone by this.
+        ReadPostponed();
+    }
     transactions_.Rollback();
     // What was told of a table that was made inside the transaction is no longer true.
     catalog_.Forget();
@@ -155,7 +177,9 @@ void Session::Forget(PostponedRead& read) {
     std::erase(postponed_, &read);
 }
 
+// Their own failures are told where they are looked at, so none may take that of a write along.
 void Session::ReadPostponed() {
+    if (!postponed_.empty()) engine_->TellAhead();
     while (!postponed_.empty()) {
         PostponedRead* read = postponed_.back();
         postponed_.pop_back();

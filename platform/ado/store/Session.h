@@ -70,6 +70,9 @@ class Session {
 
   private:
     void ReadPostponed();
+    template <class Step>
+    auto InOrder(const Step& step);
+    BoundStatement Translated(std::string_view statement, const PlanOptions& options);
     void MakeTable(const Plan& plan);
 
     std::unique_ptr<Engine> engine_;

@@ -97,6 +97,13 @@ TEST(TransactionsTest, AWriteThatGoesAheadFailsBeforeAnythingIsToldAsDone) {
     const auto commit = [](Connection& c) { c.CommitTrans(); };
     const auto read = [](Connection& c) { c.Execute("Select Id From Small"); };
     const auto count = [](Connection& c) { c.Execute("Delete From Small Where Id = 9"); };
+    const auto wrong = [](Connection& c) { c.Execute("Select Nothing From Nobody"); };
+    ConnectionPtr on;
+    const auto postponed = [&](Connection&) {
+        Recordset list;  // is read with what comes next
+        list.Open("Small", on, adOpenStatic, adLockReadOnly);
+        on->CommitTrans();
+    };
     const auto nothing = [](Connection&) {};
     const auto many = [](Connection& c) {
         for (int i = 0; i < 70; ++i) c.ExecuteAhead("Insert Into Small (Id) Values (3)");
@@ -106,33 +113,34 @@ TEST(TransactionsTest, AWriteThatGoesAheadFailsBeforeAnythingIsToldAsDone) {
         const char* fails;
         std::int32_t error;
     } cases[] = {
-        {begin, commit, noRow, none}, {begin, read, noRow, none},
-        {begin, begin, noRow, none},  {begin, count, noRow, none},
-        {begin, many, noRow, none},   {begin, commit, tooBig, 6},
-        {nothing, read, tooBig, 6},   {nothing, begin, tooBig, 6},
-        {nothing, count, tooBig, 6},  {nothing, many, tooBig, 6},
-        {nothing, read, noRow, none}, {nothing, [](Connection& c) { c.Close(); }, tooBig, 6},
+        {begin, postponed, noRow, none}, {begin, wrong, noRow, none},
+        {begin, commit, noRow, none},    {begin, read, noRow, none},
+        {begin, begin, noRow, none},     {begin, count, noRow, none},
+        {begin, many, noRow, none},      {begin, commit, tooBig, 6},
+        {nothing, read, tooBig, 6},      {nothing, begin, tooBig, 6},
+        {nothing, count, tooBig, 6},     {nothing, many, tooBig, 6},
+        {nothing, read, noRow, none},    {nothing, [](Connection& c) { c.Close(); }, tooBig, 6},
     };
     TestStore store;
     for (const auto& each : cases) {
-        const ConnectionPtr c = store.Connect();
-        c->Execute("Delete From Small");
+        on = store.Connect();
+        on->Execute("Delete From Small");
         const basic::Error ifNone(none, "");
-        each.before(*c);
-        const int depth = c->TransDepth();
+        each.before(*on);
+        const int depth = on->TransDepth();
         EXPECT_EQ(ErrorOf([&] {
-                      c->ExecuteAhead("Insert Into Small (Id) Values (1)", &ifNone);
-                      c->ExecuteAhead(each.fails, &ifNone);
-                      c->ExecuteAhead("Insert Into Small (Id) Values (2)");
-                      each.tells(*c);
+                      on->ExecuteAhead("Insert Into Small (Id) Values (1)", &ifNone);
+                      on->ExecuteAhead(each.fails, &ifNone);
+                      on->ExecuteAhead("Insert Into Small (Id) Values (2)");
+                      each.tells(*on);
                   }),
                   each.error)
             << &each - cases;
-        if (c->State() == adStateClosed) continue;
-        EXPECT_EQ(c->TransDepth(), depth);
-        c->ExecuteAhead("Update Small Set Remark = 'after'", &ifNone);
-        if (depth > 0) c->CommitTrans();
-        EXPECT_EQ(Rows(c, "Select Id, Remark From Small"), "1|after") << &each - cases;
+        if (on->State() == adStateClosed) continue;
+        EXPECT_EQ(on->TransDepth(), depth);
+        on->ExecuteAhead("Update Small Set Remark = 'after'", &ifNone);
+        if (depth > 0) on->CommitTrans();
+        EXPECT_EQ(Rows(on, "Select Id, Remark From Small"), "1|after") << &each - cases;
     }
     EXPECT_EQ(Rows(store.Connect(), "Select Id From Small"), "1");
 }
