@@ -42,8 +42,8 @@ class QmhostCommands : public QmhostTest, public testing::WithParamInterface<tes
 // All steps in one shell; a mark with the exit code parts what they say.
 TEST_P(QmhostCommands, Say) {
     std::ofstream script(folder / "session");
-    script << "qmhost() { \"" QMHOST
-              "\" \"$@\"; }\n"
+    script << "qmhost=\"" QMHOST
+              "\"\nqmhost() { \"$qmhost\" \"$@\"; }\n"
               "sql() { printf \"PRAGMA key = 'quintel';\\n%s;\\n\" \"$1\" | sqlcipher -batch "
               "books/QmAccount.mdb | "
               "sed '1{/^ok$/d}'; }\n";
@@ -75,6 +75,8 @@ TEST_P(QmhostCommands, Say) {
 const auto NameOf = [](const auto& session) { return session.param.name; };
 INSTANTIATE_TEST_SUITE_P(All, QmhostCommands,
                          testing::ValuesIn(test::Sessions("host/commands/QmhostCommands.txt")), NameOf);
+INSTANTIATE_TEST_SUITE_P(Doors, QmhostCommands,
+                         testing::ValuesIn(test::Sessions("host/commands/DoorCommands.txt")), NameOf);
 INSTANTIATE_TEST_SUITE_P(Server, QmhostCommands,
                          testing::ValuesIn(test::Sessions("host/commands/ServerCommands.txt")), NameOf);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <csignal>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -49,6 +50,9 @@ class CutWire {
         const unsigned char order[] = {static_cast<unsigned char>(cut), others};
         if (write(command_[0], order, sizeof order) != sizeof order) throw std::runtime_error("no wire");
     }
+    void TakeAway() const {  // for new connections
+        std::filesystem::remove(folder_ / ".s.PGSQL.5432");
+    }
 
   private:
     template <class Call>
@@ -69,7 +73,7 @@ class CutWire {
     }
 
     // Passes messages on as they come, each a letter and its length; the first of a connection has no letter.
-    // False: it was cut in front of a statement's execution, or behind it.
+    // False: it was cut in front of a statement's execution, or behind it and the end of its packet.
     static bool PassMessages(std::string& from, int to, bool& greeted, unsigned char (&order)[2]) {
         for (;;) {
             const std::size_t letter = greeted ? 1 : 0;
@@ -80,6 +84,7 @@ class CutWire {
             if (from.size() < length) return true;
             const bool executes = greeted && from[0] == 'E' && order[0] != 0;
             const bool cut = executes && order[1]-- == 0;
+            if (cut && order[0] == After && from.size() > length && from[length] == 'S') length += 5;
             if (!cut || order[0] == After)
                 if (write(to, from.data(), length) != static_cast<ssize_t>(length)) return false;
             if (cut) return false;
