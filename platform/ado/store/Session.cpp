@@ -137,9 +137,13 @@ void Session::ExecuteAhead(const BoundStatement& statement, const basic::Error* 
     }
 }
 
+const TableInfo& Session::Table(const std::string& name) {
+    return RequireTable(catalog_, name);
+}
+
 void Session::SetNumbers(KeyedNumbers numbers) {
     ReadPostponed();
-    const TableInfo& table = RequireTable(catalog_, numbers.table);
+    const TableInfo& table = Table(numbers.table);
     numbers.table = table.name;
     for (std::string* name : {&numbers.key, &numbers.where}) *name = RequireColumn(table, *name).name;
     for (std::string& name : numbers.columns) name = RequireColumn(table, name).name;

@@ -57,6 +57,7 @@ class Session {
     std::int64_t Execute(const BoundStatement& statement);
     // The same where nobody asks for the rows at once: see Connection::ExecuteAhead.
     void ExecuteAhead(const BoundStatement& statement, const basic::Error* none);
+    const TableInfo& Table(const std::string& name);  // without regard to case; raises NoSuchTable
     // Sets numbers in the rows of a table, many at once; names are found without regard to case.
     void SetNumbers(KeyedNumbers numbers);
     // For what this layer writes in the store's own SQL: the values are bound in order.
