@@ -20,7 +20,7 @@ namespace ado::test {
 // A wire to the tests' server that can be cut: a socket in a folder of its own, served by a child process.
 class CutWire {
   public:
-    enum Cut : char { Before = 'b', After = 'a' };  // the server runs the statement, or does not
+    enum Cut : char { None = 0, Before = 'b', After = 'a' };  // the server runs the statement, or does not
 
     CutWire() {
         const int door = Socket(folder_.Path().string(), bind);
@@ -45,7 +45,8 @@ class CutWire {
         return "postgresql://postgres@" + basic::Replace(folder_.Path().string(), "/", "%2F") +
                source.substr(::test::ServerUri().size() - 1);
     }
-    // Cuts once, at the statement that goes out after `others`, wherever it stands in its packet.
+    // Cuts once, or None any more, at the statement that goes out after `others`, wherever it stands in its
+    // packet.
     void CutNext(Cut cut, unsigned char others = 0) const {
         const unsigned char order[] = {static_cast<unsigned char>(cut), others};
         if (write(command_[0], order, sizeof order) != sizeof order) throw std::runtime_error("no wire");
