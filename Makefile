@@ -23,7 +23,7 @@ pictures: build
 
 bench: deps
 	cmake --preset release
-	cmake --build --preset release --target qmbench
+	cmake --build --preset release --target qmbench qmhost poster slow_disk
 	tools/bench
 
 # What users wait for where the server is 0.7 and 5.4 ms away.
