@@ -10,6 +10,7 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/Conversion.h"
+#include "platform/ado/store/Pattern.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/basic/Value.h"
@@ -18,7 +19,8 @@ namespace ado {
 namespace {
 
 using basic::Value;
-using Arguments = std::array<Value, 2>;
+constexpr std::size_t MostArguments = 3;
+using Arguments = std::array<Value, MostArguments>;
 
 struct Function {
     const char* name;
@@ -36,12 +38,14 @@ bool AnyNull(const Arguments& a) {
 }
 
 Value Like(const Arguments& a) {
-    const auto* text = a[0].As<std::string>();
-    const auto* pattern = a[1].As<std::string>();
-    if (pattern) CheckPattern(*pattern);
-    if (text && pattern) return basic::LikeText(*text, *pattern);
+    if (const auto* pattern = a[1].As<std::string>()) CheckPattern(*pattern);
     if (AnyNull(a)) return {};
     return basic::LikeText(basic::ToText(a[0]), basic::ToText(a[1]));
+}
+
+Value LikeSets(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return Pattern(basic::ToText(a[1])).Matches(basic::ToText(a[0]));
 }
 
 // A number beside a boolean: True equals 1 and -1.
@@ -59,6 +63,67 @@ Value LeftPart(const Arguments& a) {
     const std::int32_t count = basic::ToLong(a[1]);
     if (count < 0) basic::Raise(basic::error::InvalidCall, "ado.Left");
     return basic::Left(basic::ToText(a[0]), static_cast<std::size_t>(count));
+}
+
+std::size_t CountOf(const Value& count, const char* function) {
+    const std::int32_t number = basic::ToLong(count);
+    if (number < 0) basic::Raise(basic::error::InvalidCall, function);
+    return static_cast<std::size_t>(number);
+}
+
+std::size_t PlaceOf(const Value& place, const char* function) {
+    const std::size_t number = CountOf(place, function);
+    if (number == 0) basic::Raise(basic::error::InvalidCall, function);
+    return number;
+}
+
+Value RightPart(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return basic::Right(basic::ToText(a[0]), CountOf(a[1], "ado.Right"));
+}
+
+Value MidRest(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return basic::Mid(basic::ToText(a[0]), PlaceOf(a[1], "ado.Mid"));
+}
+
+Value MidPart(const Arguments& a) {
+    if (AnyNull(a) || a[2].IsNull()) return {};
+    return basic::Mid(basic::ToText(a[0]), PlaceOf(a[1], "ado.Mid"), CountOf(a[2], "ado.Mid"));
+}
+
+Value Length(const Arguments& a) {
+    if (a[0].IsNull()) return {};
+    return static_cast<std::int32_t>(basic::Len(basic::ToText(a[0])));
+}
+
+Value Trimmed(const Arguments& a) {
+    if (a[0].IsNull()) return {};
+    return basic::Trim(basic::ToText(a[0]));
+}
+
+// Where the third stands in the second, from the first on; 0 where it does not.
+Value PlaceIn(const Arguments& a) {
+    if (AnyNull(a) || a[2].IsNull()) return {};
+    const std::size_t start = PlaceOf(a[0], "ado.InStr");
+    const std::string text = basic::ToText(a[1]), sought = basic::FoldCase(basic::ToText(a[2]));
+    if (start > basic::Len(text)) return 0;
+    const std::string from = basic::FoldCase(basic::Mid(text, start));
+    const std::size_t at = from.find(sought);
+    return at == from.npos ? 0 : static_cast<std::int32_t>(start + basic::Len(from.substr(0, at)));
+}
+
+Value Joined(const Arguments& a) {
+    if (a[0].IsNull() && a[1].IsNull()) return {};
+    return (a[0].IsNull() ? "" : basic::ToText(a[0])) + (a[1].IsNull() ? "" : basic::ToText(a[1]));
+}
+
+// Of the two as whole numbers; it has the sign of the first.
+Value Remainder(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    const std::int64_t number = basic::ToLong(a[0]), by = basic::ToLong(a[1]);
+    if (by == 0) basic::Raise(basic::error::DivisionByZero, "ado.Division");
+    return static_cast<std::int32_t>(number % by);
 }
 
 Value Text(const Arguments& a) {
@@ -80,6 +145,15 @@ constexpr Function functions[] = {
     {"qm_left", 2, LeftPart},
     {"qm_cstr", 1, Text},
     {"qm_div", 2, Divide},
+    {"qm_like_sets", 2, LikeSets},
+    {"qm_right", 2, RightPart},
+    {"qm_mid", 2, MidRest},
+    {"qm_mid", 3, MidPart},
+    {"qm_len", 1, Length},
+    {"qm_trim", 1, Trimmed},
+    {"qm_instr", 3, PlaceIn},
+    {"qm_join", 2, Joined},
+    {"qm_mod", 2, Remainder},
     {"qm_bool", 1, As<ColumnType::Boolean>},
     {"qm_int", 1, As<ColumnType::Integer>},
     {"qm_long", 1, As<ColumnType::Long>},
@@ -143,6 +217,25 @@ void Call(sqlite3_context* context, int count, sqlite3_value** values) {
     }
 }
 
+// Searches look at the narrations of a whole year: two texts are compared where they stand, without copies.
+void CallLike(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) != SQLITE_TEXT || sqlite3_value_type(values[1]) != SQLITE_TEXT) {
+        Call(context, count, values);
+        return;
+    }
+    const auto view = [](sqlite3_value* value) {
+        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        return std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    };
+    try {
+        const std::string_view pattern = view(values[1]);
+        CheckPattern(pattern);
+        sqlite3_result_int(context, basic::LikeText(view(values[0]), pattern) ? 1 : 0);
+    } catch (const basic::Error& error) {
+        Fail(context, error);
+    }
+}
+
 // qm_single(value, rowid): the rowid only ties it to its select. Its state while the rows go by: nothing yet,
 // or the one value.
 Value*& Single(sqlite3_context* context, bool make) {
@@ -182,8 +275,8 @@ void Forget(void* registered) {
 void InstallFunctions(sqlite3* store, std::optional<basic::Error>& raised) {
     constexpr int form = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     for (const Function& f : functions)
-        sqlite3_create_function_v2(store, f.name, f.arity, form, new Registered{&f, &raised}, Call, nullptr,
-                                   nullptr, Forget);
+        sqlite3_create_function_v2(store, f.name, f.arity, form, new Registered{&f, &raised},
+                                   f.run == Like ? CallLike : Call, nullptr, nullptr, Forget);
     sqlite3_create_function_v2(store, "qm_single", 2, form, new Registered{nullptr, &raised}, nullptr,
                                SingleStep, SingleEnd, Forget);
     sqlite3_create_collation(store, "QMTEXT", SQLITE_UTF8, nullptr, Collate);
