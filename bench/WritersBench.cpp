@@ -1,5 +1,5 @@
-// A million voucher lines written as comma-separated text and as a spreadsheet, beside the bare libraries: the
-// same select stepped through once, its fields written as they come.
+// A million voucher lines written as comma-separated text and as a spreadsheet, beside the bare libraries:
+// the same select stepped through once, its fields written as they come.
 #include <cstdio>
 #include <fstream>
 
