@@ -1,5 +1,5 @@
 # The front door. Each goal installs the packages it misses, builds what it needs and runs.
-.PHONY: run test build pictures bench package format format-check asan fuzz clean
+.PHONY: run test build pictures bench package format format-check asan fuzz failover hosts clean
 
 BOOKS ?= books
 
@@ -51,6 +51,20 @@ asan: deps
 FUZZ_SECONDS ?= 30
 fuzz: deps-ci
 	tools/fuzz $(FUZZ_SECONDS)
+
+# The primary of two servers is killed while hosts post, RUNS times.
+RUNS ?= 10
+failover: deps-ci trials
+	tests/outside/failover.py build/tests/poster build/bin/qmhost $(RUNS)
+
+# 20 hosts post at once for SECONDS, and the rates of 1 and 16.
+SECONDS ?= 60
+hosts: deps-ci trials
+	tests/outside/many_hosts.py build/tests/poster build/bin/qmhost build/tests/slow_disk.so $(SECONDS)
+
+.PHONY: trials
+trials: build/build.ninja
+	cmake --build --preset dev --target poster qmhost slow_disk
 
 clean:
 	rm -rf build build-asan build-release build-fuzz build-package

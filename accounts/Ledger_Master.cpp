@@ -201,7 +201,7 @@ void Ledger_Master::ShowStockButton() {
 // Both empty are equal too. Kept 26.
 void Ledger_Master::Combo1_Validate() {
     if (ui().txtLedName->Text() != ui().Combo1->Text()) return;
-    Tell("Ledger Name And Group Name Cannot be Same");
+    Tell(LedgerNameIsGroup);
     ui().txtLedName->SetText("");
     ui().txtLedName->SetFocus();
 }
@@ -215,25 +215,23 @@ void Ledger_Master::cmdStkClBal_Click() {
 }
 
 bool Ledger_Master::EntryComplete() {
-    const auto refuse = [](const char* text, forms::Control& control) {
-        Tell(text);
-        control.SetFocus();
-        return false;
-    };
-    if (ui().txtLedName->Text().empty()) return refuse("Please Enter Ledger Name", *ui().txtLedName);
-    if (ui().Combo1->ListIndex() < 0) return refuse("Please select a value for Group name", *ui().Combo1);
-    if (ui().Text2->Text().empty()) return refuse("Please Enter Opening Balance", *ui().Text2);
-    if (ui().Option1->Value() || ui().Option2->Value()) return true;
-    Tell("Please Select a Balance Type");
+    const std::optional<LedgerFault> fault = MissingOf(Entry());
+    if (!fault) return true;
+    Tell(fault->Text);
+    if (fault->Field == LedgerField::Name) ui().txtLedName->SetFocus();
+    if (fault->Field == LedgerField::Group) ui().Combo1->SetFocus();
+    if (fault->Field == LedgerField::OpeningBal) ui().Text2->SetFocus();
     return false;
 }
 
 LedgerEntry Ledger_Master::Entry() {
     LedgerEntry entry{ui().txtLedName->Text(),
-                      ui().Combo1->Text(),
+                      ui().Combo1->ListIndex() < 0 ? "" : ui().Combo1->Text(),
                       ui().Text2->Text(),
-                      ui().Option1->Value() ? LedgerSide::Credit : LedgerSide::Debit,
+                      {},
                       {}};
+    if (ui().Option2->Value()) entry.BalType = LedgerSide::Debit;
+    if (ui().Option1->Value()) entry.BalType = LedgerSide::Credit;
     for (std::size_t box = 1; box < entry.Details.size(); ++box)
         entry.Details[box] = Text1(static_cast<int>(box)).Text();
     return entry;
@@ -245,7 +243,7 @@ void Ledger_Master::AddLedger() {
     if (!EntryComplete()) return;
     try {
         if (LedgerNameTaken(ui().txtLedName->Text())) {
-            Tell("A ledger with the specified name already exists\r\n\r\nPlease choose another name");
+            Tell(LedgerNameInUse);
             return;
         }
         Conn().BeginTrans();

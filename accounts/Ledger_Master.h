@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "accounts/LedgerRows.h"
+#include "core/LedgerRows.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/Controls.h"
 #include "ui_Ledger_Master.h"

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "accounts/LedgerRows.h"
 #include "accounts/LedgerVoucherLines.h"
 #include "accounts/Ledger_Master.h"
 #include "core/Boxes.h"
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
+#include "core/LedgerRows.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Text.h"
 #include "platform/forms/window/Application.h"

@@ -5,7 +5,7 @@ pkg_check_modules(sqlcipher REQUIRED IMPORTED_TARGET sqlcipher)
 pkg_check_modules(libpq REQUIRED IMPORTED_TARGET libpq)
 find_package(Threads REQUIRED)
 if(QM_SCREENS)
-  find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport Svg)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport Svg Charts)
   # Neither tells pkg-config of itself in each release: found by a header and the library.
   foreach(name litehtml gumbo)
     find_path(${name}_HEADERS ${name}.h PATH_SUFFIXES ${name} REQUIRED)

@@ -1,47 +1,17 @@
 #include "core/Screens.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
 #include <string>
 
-#include <dlfcn.h>
-
-#include "core/modGeneral.h"
+#include "core/SiblingLibrary.h"
 
 namespace qm {
 namespace {
 
-constexpr std::int32_t CannotLoad = 48;  // "Error in loading DLL", the classic number
-
-std::string ScreensPath() {
-    Dl_info self{};
-    if (dladdr(reinterpret_cast<const void*>(&LoadScreens), &self) == 0 || self.dli_fname == nullptr)
-        return {};
-    return (std::filesystem::absolute(self.dli_fname).parent_path() / "libqmscreens.so").string();
-}
-
-// Kept loaded to the end of the process: the toolkit does not survive being unloaded.
-void* Library() {
-    static void* const library = dlopen(ScreensPath().c_str(), RTLD_NOW | RTLD_LOCAL);
+SiblingLibrary& Library() {
+    static SiblingLibrary library("libqmscreens.so", "The screens");
     return library;
-}
-
-template <class Routine>
-Routine* Find(const char* name) {
-    return Library() == nullptr ? nullptr : reinterpret_cast<Routine*>(dlsym(Library(), name));
-}
-
-template <class Routine>
-Routine* Need(const char* name) {
-    auto* routine = Find<Routine>(name);
-    if (routine == nullptr)
-        throw basic::Error(
-            CannotLoad,
-            "The screens cannot be loaded: libqmscreens.so is missing beside libqmcls.so, or a "
-            "package that it needs is not installed",
-            "core.Screens");
-    return routine;
 }
 
 bool Named(const char* variable) {
@@ -56,34 +26,40 @@ bool DisplayIsThere() {
 }
 
 bool LoadScreens() {
-    auto* attach = Find<void()>("qmAttachScreens");
+    auto* attach = Library().Find<void()>("qmAttachScreens");
     if (attach == nullptr) return false;
     attach();
     return true;
 }
 
 void ShowMainMenu() {
-    auto* show = Need<void()>("qmShowMainMenu");
+    auto* show = Library().Need<void()>("qmShowMainMenu");
     LoadScreens();
     show();
 }
 
-void OpenScreen(const std::string& form) {
-    auto* open = Need<void(const char*)>("qmOpenScreen");
+void OpenScreen(const std::string& form, const std::string& record) {
+    auto* open = Library().Need<void(const char*, const char*)>("qmOpenScreen");
     LoadScreens();
-    open(form.c_str());
+    open(form.c_str(), record.c_str());
+}
+
+void CopyVoucher(std::int32_t number) {
+    auto* copy = Library().Need<void(std::int32_t)>("qmCopyVoucher");
+    LoadScreens();
+    copy(number);
 }
 
 void WritePictures(const std::string& folder) {
-    Need<void(const char*)>("qmWritePictures")(folder.c_str());
+    Library().Need<void(const char*)>("qmWritePictures")(folder.c_str());
 }
 
 void WriteReports(const std::string& folder) {
-    Need<void(const char*)>("qmWriteReports")(folder.c_str());
+    Library().Need<void(const char*)>("qmWriteReports")(folder.c_str());
 }
 
 std::vector<std::string> ScreenNames() {
-    auto* names = Find<const char*()>("qmScreenNames");
+    auto* names = Library().Find<const char*()>("qmScreenNames");
     std::vector<std::string> list;
     std::istringstream lines(names == nullptr ? "" : names());
     for (std::string line; std::getline(lines, line);) list.push_back(line);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,13 @@ bool LoadScreens();
 void ShowMainMenu();
 
 // Opens one screen modally by its form's name, such as "frmFinYear", on the books that are open. Raises where
-// there is no such screen and, as above, where none can be shown.
-void OpenScreen(const std::string& form);
+// there is no such screen and, as above, where none can be shown. Where the screen shows one record, `record`
+// names it: the number of a voucher, a receipt or an issue, or a ledger's name; "" as the menu opens it.
+void OpenScreen(const std::string& form, const std::string& record = {});
+
+// Opens the voucher screen on the lines of a voucher as those of a new one, dated today. Nothing is posted
+// until the user saves. Raises as above.
+void CopyVoucher(std::int32_t number);
 
 // Write pictures of all screens, and the reports as PDF and text files, of the books that are open; no
 // display is needed. Raise what opening and writing raise (see screens/Pictures.h, screens/ReportFiles.h).

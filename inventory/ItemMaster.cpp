@@ -4,7 +4,7 @@
 #include "core/DBCode.h"
 #include "core/ErrorModule.h"
 #include "core/GeneralUtils.h"
-#include "core/NextNumber.h"
+#include "core/ItemRows.h"
 #include "core/modGeneral.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -13,20 +13,6 @@
 
 namespace qm {
 namespace {
-
-// The fields in the order of the controls; the first is the key.
-const std::vector<std::string> Fields = {"Item_ID",    "Item_Name",     "Item_Type",      "Unit_Desc",
-                                         "Open_Stock", "Reorder_Level", "Overflow_Level", "Unit_Price",
-                                         "Balance",    "Notes"};
-const std::vector<std::string> Types = {"N", "S", "S", "S", "N", "N", "N", "N", "N", "S"};
-
-std::vector<std::string> WithoutKey(const std::vector<std::string>& all) {
-    return {all.begin() + 1, all.end()};
-}
-
-std::string SelectItem(const std::string& id) {
-    return "SELECT  *  FROM ItemMaster" + shared().FinYear + " WHERE  Item_ID=" + id;
-}
 
 // A file of old that the screen's routines still ask for: with the shared connection open it does nothing.
 void OpenProject() {
@@ -47,7 +33,7 @@ void ItemMaster::Wire() {
 }
 
 void ItemMaster::Form_Load() {
-    FillComboFromArray(*ui().cboItemType, {"Consumable", "Equipment", "Material", "Medicine", "General"});
+    FillComboFromArray(*ui().cboItemType, ItemTypes());
     LockControls(*this);
     SetHeight(5640);
     items_ = std::make_shared<ado::Recordset>();
@@ -72,11 +58,7 @@ void ItemMaster::ModeNew() {
 void ItemMaster::ShowNextNumber() {
     OpenProject();
     double number = 1;
-    SkipOnError([&] {
-        const ado::RecordsetPtr rows =
-            ExecuteRecordset("SELECT  max(Item_ID)  FROM ItemMaster" + shared().FinYear);
-        number = NumberAfter(rows->Fields(0).Value());
-    });
+    SkipOnError([&] { number = NextItemNumber(); });
     ui().txtItemID->SetText(basic::NumberText(number));
 }
 
@@ -85,11 +67,12 @@ void ItemMaster::ShowRecord(ado::Recordset& item) {
     basic::Control* const controls[] = {
         ui().txtItemID,  ui().txtItemName, ui().cboItemType,  ui().txtUnitDesc, ui().txtOpenStock,
         ui().txtReOrder, ui().txtOverFlow, ui().txtUnitPrice, ui().txtBalance,  ui().txtComments};
-    for (std::size_t i = 0; i < Fields.size(); ++i)
-        SkipOnError([&] { controls[i]->SetText(basic::TextOrEmpty(item[Fields[i]])); });
+    const std::vector<std::string>& fields = ItemFields();
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        SkipOnError([&] { controls[i]->SetText(basic::TextOrEmpty(item[fields[i]])); });
 }
 
-std::vector<std::string> ItemMaster::Values() {
+ItemEntry ItemMaster::Values() {
     return {ui().txtItemID->Text(),   ui().txtItemName->Text(),  ui().cboItemType->Text(),
             ui().txtUnitDesc->Text(), ui().txtOpenStock->Text(), ui().txtReOrder->Text(),
             ui().txtOverFlow->Text(), ui().txtUnitPrice->Text(), ui().txtBalance->Text(),
@@ -110,29 +93,14 @@ void ItemMaster::ucAddPanel1_UpdRec() {
     OpenProject();
     if (basic::Trim(ui().txtItemID->Text()).empty()) return;
     if (basic::Trim(ui().txtItemName->Text()).empty()) {
-        Tell(" Please Enter Item Name ");
+        Tell(ItemNameMissing);
         return;
     }
     bool isNew = true;
     SkipOnError([&] { isNew = ExecuteRecordset(SelectItem(ui().txtItemID->Text()))->Eof(); });
-    if (isNew)
-        InsertItem();
-    else
-        UpdateItem();
-}
-
-void ItemMaster::InsertItem() {
-    SkipOnError([this] { InsertRecord("ItemMaster" + shared().FinYear, Fields, Values(), Types); });
+    SkipOnError([&] { (isNew ? InsertItem : UpdateItem)(Values()); });
     SkipOnError([this] { items_->Requery(); });
-    new_ = false;
-}
-
-void ItemMaster::UpdateItem() {
-    SkipOnError([this] {
-        UpdateRecords("ItemMaster" + shared().FinYear, WithoutKey(Fields), WithoutKey(Values()),
-                      WithoutKey(Types), "Item_ID =" + ui().txtItemID->Text());
-    });
-    SkipOnError([this] { items_->Requery(); });
+    if (isNew) new_ = false;
 }
 
 // No blank stands before WHERE, so the statement fails and nobody hears of it: the row stays, while the

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
+#include "core/ItemRows.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/Controls.h"
 #include "ui_ItemMaster.h"
@@ -33,9 +31,7 @@ class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
 
     void ShowNextNumber();
     void ShowRecord(ado::Recordset& item);
-    std::vector<std::string> Values();
-    void InsertItem();
-    void UpdateItem();
+    ItemEntry Values();
 
     ado::RecordsetPtr items_;  // what Next and Previous walk; open while the form is loaded
     bool new_ = false;

@@ -8,6 +8,7 @@
 #include "inventory/ItemMaster.h"
 #include "inventory/frmIssues.h"
 #include "inventory/frmReceipt.h"
+#include "platform/basic/Value.h"
 #include "platform/forms/window/Form.h"
 #include "purchasing/frmPO.h"
 #include "reports/frmItemLedger.h"
@@ -25,20 +26,28 @@ void ShowModal() {
     forms::Default<F>().Show(forms::vbModal);
 }
 
-// Form, key, opener; in the order of the menu, then those that no row leads to.
+std::int32_t Number(const std::string& record) {
+    return basic::ToLong(basic::Value(record));
+}
+
+// Form, key, openers; in the order of the menu, then those that no row leads to.
 constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmGrpMain", "frmGrpMain", ShowModal<frmGrpMain>},
-    {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); }},
-    {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); }},
+    {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); },
+     [](const std::string& name) { forms::Default<Ledger_Master>().Load("", name); }},
+    {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); },
+     [](const std::string& number) { forms::Default<frmVoucher>().Load(Number(number)); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},
     {"frmDayBook", "frmDayBook", ShowModal<frmDayBook>},
     {"frmPartyLedger", "frmPartyLedger", ShowModal<frmPartyLedger>},
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
-    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); }},
+    {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); },
+     [](const std::string& number) { forms::Default<frmReceipt>().Load(Number(number)); }},
     {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
     {"frmPO", "", ShowModal<frmPO>},
-    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); }},
+    {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); },
+     [](const std::string& number) { forms::Default<frmIssues>().Load(Number(number)); }},
 });
 
 }  // namespace

@@ -1,4 +1,5 @@
 // What the class server finds in this library by name (see core/Screens.cpp).
+#include <cstdint>
 #include <string>
 
 #include "core/MsgBox.h"
@@ -10,6 +11,7 @@
 #include "screens/ReportFiles.h"
 #include "screens/ScreenTable.h"
 #include "shell/frmNewMenu.h"
+#include "vouchers/frmVoucher.h"
 
 // Where a display is there, the message boxes are shown from now on.
 extern "C" void qmAttachScreens() {
@@ -24,13 +26,22 @@ extern "C" void qmShowMainMenu() {
     forms::Default<qm::frmNewMenu>().Load(qm::ScreenTable());
 }
 
-extern "C" void qmOpenScreen(const char* form) {
+extern "C" void qmOpenScreen(const char* form, const char* record) {
     const qm::ScreenEntry* const screen = qm::ScreenByForm(form);
     if (!screen)
         throw basic::Error(basic::error::InvalidCall, std::string("There is no screen named ") + form,
                            "shell");
     forms::EnsureApplication();
-    screen->Open();
+    if (*record != '\0' && screen->OpenRecord) {
+        screen->OpenRecord(record);
+    } else {
+        screen->Open();
+    }
+}
+
+extern "C" void qmCopyVoucher(std::int32_t number) {
+    forms::EnsureApplication();
+    forms::Default<qm::frmVoucher>().LoadCopy(number);
 }
 
 // What is drawn for files goes to memory, also where a display is there.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "platform/forms/Controls.h"
@@ -14,6 +15,8 @@ struct ScreenEntry {
     std::string_view Form;  // "frmVoucher"
     std::string_view Key;   // "fVoucher"; "": no row and no dispatch leads to it
     void (*Open)();         // modally, through the screen's own opening operation; returns when it has closed
+    // The same on one record, a number or a name; null where the screen shows none by itself.
+    void (*OpenRecord)(const std::string& record) = nullptr;
 };
 
 // The main menu: a window without frame, two grids as menus. The options of a category appear as soon as the

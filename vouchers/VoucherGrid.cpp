@@ -61,6 +61,13 @@ void VoucherGrid::Empty() {
     grid_.SetRows(2);
 }
 
+void VoucherGrid::MakeNew() {
+    for (int row = 1; row <= LastLine(); ++row) {
+        grid_.SetTextMatrix(row, Number, "");
+        grid_.SetTextMatrix(row, Balance, "");
+    }
+}
+
 // The test of the credit runs second and wins: a row with both amounts 0 reads "Dr.". Kept 41.
 void VoucherGrid::AddLoaded(ado::Recordset& row) {
     const int line = LastRow();

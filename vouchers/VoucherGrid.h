@@ -23,6 +23,7 @@ class VoucherGrid {
     void SetupVoucherGrid();              // two rows, eight columns, the heading
     void AddLoaded(ado::Recordset& row);  // fills the last row from a row of tb_Ledger and adds one
     void AddFoot();                       // the four rows below the lines
+    void MakeNew();                       // loaded lines become new ones, without the balance noted in them
     void Empty();                         // back to the heading and one row
 
     int LastRow() const { return grid_.Rows() - 1; }

@@ -22,10 +22,24 @@ constexpr const char* NewVoucher = "<New>";
 }  // namespace
 
 void frmVoucher::Load(std::int32_t trnNo) {
-    ui().vsCombo->SetContainer(*ui().vsVoucher);
-    ui().dtpDate->SetValue(basic::Clock::Today());
+    Prepare();
     LoadVoucher(trnNo);
     Show(forms::vbModal);
+}
+
+void frmVoucher::LoadCopy(std::int32_t trnNo) {
+    Prepare();
+    LoadVoucher(trnNo);
+    ui().dtpDate->SetValue(basic::Clock::Today());
+    ui().txtVoucherNo->SetText(NewVoucher);
+    CurrentTrnNo = 0;
+    lines_->MakeNew();
+    Show(forms::vbModal);
+}
+
+void frmVoucher::Prepare() {
+    ui().vsCombo->SetContainer(*ui().vsVoucher);
+    ui().dtpDate->SetValue(basic::Clock::Today());
 }
 
 void frmVoucher::SetCallingForm(forms::Form& form, std::function<void()> refresh) {

@@ -21,6 +21,10 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     // Shows a voucher modally; 0 is a new one.
     void Load(std::int32_t trnNo);
 
+    // The lines of a voucher as those of a new one, dated today; shown modally. Nothing is posted before
+    // Save.
+    void LoadCopy(std::int32_t trnNo);
+
     // Who wants to hear that the screen has closed: `refresh` runs then, if that form is loaded.
     void SetCallingForm(forms::Form& form, std::function<void()> refresh);
 
@@ -31,6 +35,7 @@ class frmVoucher : public forms::FormOf<Ui::frmVoucher> {
     std::vector<Command> CtrlCommands() override;
 
   private:
+    void Prepare();
     void LoadVoucher(std::int32_t trnNo);
     void RefreshLedgerList();
     void FillLedgerList(LedgerListKind kind);

@@ -8,9 +8,9 @@
 #include "core/modGeneral.h"
 #include "host/audit/Audit.h"
 #include "host/commands/CommandLine.h"
-#include "host/commands/Counted.h"
 #include "host/commands/Exit.h"
 #include "host/commands/ReadOnlyBooks.h"
+#include "host/doors/Counted.h"
 #include "platform/ado/Maintenance.h"
 
 namespace host {

@@ -13,6 +13,12 @@ Subcommand& Subcommand::Needs(const char* name, std::string& place, const char* 
     return *this;
 }
 
+Subcommand& Subcommand::Needs(const char* name, std::string& place, const char* what,
+                              const std::vector<std::string>& words) {
+    app_.add_option(name, place, what)->required()->check(CLI::IsMember(words));
+    return *this;
+}
+
 Subcommand& Subcommand::Takes(const char* name, std::string& place, const char* what) {
     app_.add_option(name, place, what);
     return *this;

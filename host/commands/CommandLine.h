@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/commands/Command.h"
 
@@ -20,6 +21,9 @@ class Subcommand {
     Subcommand(CLI::App& app, Command& chosen) : app_(app), chosen_(chosen) {}
 
     Subcommand& Needs(const char* name, std::string& place, const char* what);
+    // One of the words.
+    Subcommand& Needs(const char* name, std::string& place, const char* what,
+                      const std::vector<std::string>& words);
     Subcommand& Takes(const char* name, std::string& place, const char* what);
     Subcommand& Takes(const char* name, std::optional<int>& place, int lowest, int highest, const char* what);
     Subcommand& Takes(const char* name, bool& place, const char* what);

@@ -1,22 +1,18 @@
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <csignal>
 #include <iostream>
 #include <memory>
 #include <utility>
 
-#include <unistd.h>
-
-#include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/commands/CommandLine.h"
-#include "host/commands/Counted.h"
 #include "host/commands/Exit.h"
+#include "host/commands/FileCommand.h"
 #include "host/commands/OpenBooks.h"
-#include "host/commands/Posting.h"
-#include "host/commands/StandingVouchers.h"
-#include "host/make/Fail.h"
+#include "host/doors/Counted.h"
+#include "host/doors/Posting.h"
+#include "host/doors/StandingVouchers.h"
 
 namespace host {
 namespace {
@@ -24,35 +20,6 @@ namespace {
 struct PostOptions {
     std::string folder, file, year;
     bool dryRun = false, again = false, fast = false, monthFirst = false;
-};
-
-// A bar on the terminal once the work has taken half a second, redrawn when a percent is done; nothing where
-// the errors go to a file.
-class ProgressBar {
-  public:
-    explicit ProgressBar(std::string what) : what_(std::move(what)) {}
-    ~ProgressBar() {
-        if (shown_ >= 0) std::cerr << "\r\x1b[K" << std::flush;
-    }
-    ProgressBar(const ProgressBar&) = delete;
-    ProgressBar& operator=(const ProgressBar&) = delete;
-
-    void Done(std::size_t rows, std::size_t all) {
-        const int percent = onTerminal_ ? static_cast<int>(rows * 100 / all) : -1;
-        if (percent == shown_ || Clock::now() - begun_ < Patience) return;
-        shown_ = percent;
-        const auto part = static_cast<std::size_t>(percent / 4);
-        std::cerr << "\r" << what_ << " [" << std::string(part, '#') << std::string(25 - part, ' ') << "] "
-                  << percent << " %" << std::flush;
-    }
-
-  private:
-    using Clock = std::chrono::steady_clock;
-    static constexpr std::chrono::milliseconds Patience{500};
-    const std::string what_;
-    const bool onTerminal_ = isatty(STDERR_FILENO) != 0;
-    const Clock::time_point begun_ = Clock::now();
-    int shown_ = -1;
 };
 
 // Ctrl-C, or a request to end, lets the voucher in hand be finished, so that what stands can be told.
@@ -71,19 +38,6 @@ class StopSignals {
   private:
     static inline std::atomic<bool> wanted{false};
 };
-
-void TellFault(const std::string& file, const Fault& fault) {
-    std::cerr << file << ":" << fault.line << ": column " << fault.column << ": " << fault.reason << "\n";
-}
-
-int TellFaults(const std::string& file, const VoucherFile& vouchers) {
-    for (const Fault& fault : vouchers.faults) TellFault(file, fault);
-    std::cerr << "qmhost: " << Counted(vouchers.faultCount, "fault");
-    if (vouchers.faultCount > vouchers.faults.size())
-        std::cerr << ", of which the first " << vouchers.faults.size() << " are named";
-    std::cerr << "; nothing was posted\n";
-    return ExitFailed;
-}
 
 // Whether the file may be posted although its vouchers, or some of them, stand in the books already.
 bool MayStandTwice(const PostOptions& options, const VoucherFile& file, std::int16_t year) {
@@ -118,14 +72,6 @@ void TellPosted(const PostingResult& result, const std::string& size) {
     std::cout << std::flush;
 }
 
-// The current year, which alone is posted into: another one is made current first, for all to see.
-std::int16_t YearToPostInto(const std::string& wanted) {
-    const std::string& year = qm::shared().FinYear;
-    const std::int16_t first = basic::ToInteger(basic::Value(year));
-    if (wanted.empty() || wanted == year || wanted == year + "-" + std::to_string(first + 1)) return first;
-    Fail("the current year is " + year + ", not " + wanted + ": make that current first with qmhost year");
-}
-
 VoucherFile Checked(const PostOptions& options, qm::clQm& books, std::int16_t year) {
     ProgressBar bar("checking");
     return ReadVoucherFile(options.file, books, year,
@@ -146,9 +92,9 @@ PostingResult Posted(const PostOptions& options, qm::clQm& books, const VoucherF
 
 int Post(const PostOptions& options) {
     OpenBooks books(options.folder);
-    const std::int16_t year = YearToPostInto(options.year);
+    const std::int16_t year = YearToWriteInto(options.year);
     const VoucherFile file = Checked(options, books.Host(), year);
-    if (!file.faults.empty()) return TellFaults(options.file, file);
+    if (!file.faults.empty()) return TellFaults(options.file, file.faults, "posted");
     if (!MayStandTwice(options, file, year)) return ExitFailed;
     const std::string size =
         Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");

@@ -1,4 +1,4 @@
-// The main menu, single screens, and files of what they show.
+// The desk, the main menu, single screens, and files of what they show.
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -7,6 +7,7 @@
 
 #include "core/MsgBox.h"
 #include "core/Screens.h"
+#include "core/SiblingLibrary.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
@@ -55,6 +56,15 @@ int ShowMenuOf(const ScreenOptions& options) {
     return InWindow(options, [](OpenBooks& books) { books.Host().QmMainMenu(); });
 }
 
+// The desk opens the books itself, and tells in its own window why it cannot.
+int ShowDeskOf(const ScreenOptions& options) {
+    static qm::SiblingLibrary library("libqmdesk.so", "The desk");
+    const std::string folder = FolderOf(options);
+    if (folder.empty()) return ExitFailed;
+    library.Need<void(const char*)>("qmShowDesk")(folder.c_str());
+    return ExitOk;
+}
+
 int OpenOne(const ScreenOptions& options) {
     const std::vector<std::string> names = qm::ScreenNames();
     if (!names.empty() && std::find(names.begin(), names.end(), options.screen) == names.end())
@@ -87,8 +97,16 @@ void AddFiles(CommandLine& line, const char* name, const char* what, const char*
 
 }  // namespace
 
-int ShowMenu() {
-    return ShowMenuOf({});
+int ShowDesk() {
+    return ShowDeskOf({});
+}
+
+void AddDesk(CommandLine& line) {
+    const auto options = std::make_shared<ScreenOptions>();
+    line.Add("desk", "Open the desk and wait until it is closed")
+        .Takes("DIR", options->folder, OwnFolder)
+        .Footer("Example: qmhost desk books")
+        .Does([options] { return ShowDeskOf(*options); });
 }
 
 void AddMenu(CommandLine& line) {

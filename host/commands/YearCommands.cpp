@@ -7,10 +7,10 @@
 #include "core/ErrorModule.h"
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
-#include "host/commands/AllOrNothing.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/OpenBooks.h"
+#include "host/doors/AllOrNothing.h"
 #include "host/make/Fail.h"
 
 namespace host {

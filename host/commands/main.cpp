@@ -17,15 +17,15 @@ int Run(int argc, char** argv) {
     host::CommandLine line(
         "qmhost", "Drives the accounts module: lays down, fills, lists and looks after its books.",
         "qmhost " QM_VERSION,
-        "Without a command it opens the main menu on the user's own books.\n"
+        "Without a command it opens the desk on the user's own books.\n"
         "Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
     for (const auto add :
-         {host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports, host::AddCreate, host::AddPost,
-          host::AddLedgers, host::AddYears, host::AddYearSwitch, host::AddAddYear, host::AddCheck,
-          host::AddCopy, host::AddBackup, host::AddRestore})
+         {host::AddDesk, host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports, host::AddCreate,
+          host::AddPost, host::AddImport, host::AddLedgers, host::AddYears, host::AddYearSwitch,
+          host::AddAddYear, host::AddCheck, host::AddCopy, host::AddBackup, host::AddRestore})
         add(line);
     const host::Command chosen = line.Read(argc, argv);
-    return chosen ? chosen() : host::ShowMenu();
+    return chosen ? chosen() : host::ShowDesk();
 }
 
 }  // namespace

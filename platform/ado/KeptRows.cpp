@@ -14,10 +14,19 @@ std::int64_t KeptRows::Count() const {
     return static_cast<std::int64_t>(visible_ ? visible_->size() : rows_->Rows());
 }
 
-basic::Value KeptRows::ValueAt(std::int64_t row, std::size_t field) const {
+std::uint32_t KeptRows::PlaceOf(std::int64_t row) const {
     if (row < 0 || row >= Count()) RefuseNoRecord();
-    const auto at = static_cast<std::size_t>(row);
-    return rows_->ValueAt(visible_ ? (*visible_)[at] : at, field);
+    return visible_ ? (*visible_)[static_cast<std::size_t>(row)] : static_cast<std::uint32_t>(row);
+}
+
+basic::Value KeptRows::ValueAt(std::int64_t row, std::size_t field) const {
+    const std::uint32_t place = PlaceOf(row);
+    return place == Gone ? basic::Value() : rows_->ValueAt(place, field);
+}
+
+std::int64_t KeptRows::KeyOf(std::int64_t row) const {
+    const std::uint32_t place = PlaceOf(row);
+    return place == Gone ? 0 : rows_->RowId(place);
 }
 
 }  // namespace ado

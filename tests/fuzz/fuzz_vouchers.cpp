@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "host/commands/VoucherCells.h"
+#include "host/doors/VoucherCells.h"
 #include "host/make/CsvFile.h"
 #include "platform/basic/Dates.h"
 #include "platform/basic/Number.h"

@@ -48,9 +48,13 @@ const std::vector<Layer>& Layers() {
         {"platform/forms/html", {"platform/basic", "platform/forms/controls", "platform/forms/window"}},
         {"platform/forms", {"platform/basic"}},
         {"core", Platform},
+        {"queries", {"platform/basic", "platform/ado", "core"}},
         {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
-        {"host", {"platform/basic", "platform/ado", "platform/com", "core"}},
+        {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
+        {"host", {"platform/basic", "platform/ado", "platform/com", "core", "queries"}},
+        {"desk",
+         {"platform/basic", "core", "queries", "host/audit", "host/commands", "host/make"}},
         {"shell", BelowShell},
         {"years", Subsystem({})},
         {"vouchers", Subsystem({})},
@@ -81,8 +85,9 @@ bool MayIncludeLibrary(const std::string& file, const std::string& header) {
     static const std::vector<Library> libraries{
         {std::regex("(sqlcipher/)?sqlite3.*"), {"platform/ado/store", "host/make/BooksStore.cpp"}},
         {std::regex("libpq.*"), {"platform/ado/store"}},
-        {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms"}},
+        {std::regex("Q[A-Z].*|Qt.*/.*|litehtml.*|gumbo.*"), {"platform/forms", "desk"}},
         {std::regex("CLI/.*|csv\\.h"), {"host"}},
+        {std::regex("xlsxwriter.*"), {"queries/sheets"}},
     };
     return std::all_of(libraries.begin(), libraries.end(), [&](const Library& library) {
         return !std::regex_match(header, library.header) || UnderAny(file, library.places);

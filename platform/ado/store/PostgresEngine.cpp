@@ -179,13 +179,13 @@ Flight::Row PostgresEngine::FirstRow(PostgresStatement& statement) {
 
 // A question is asked again. A write is not: it might be on its way still.
 Flight::Row PostgresEngine::Repeat(PostgresStatement& statement, const basic::Error& lost) {
-    Reconnect();
     if (!statement.Reads()) {
-        if (loosely_ && MarkStands())
+        if (loosely_ && ChangeStands())
             throw basic::Error(lost.Number, "The connection to the server was lost, but the change stands.",
                                lost.Source);
         throw basic::Error(lost);
     }
+    Reconnect();
     Launch(statement);
     reading_ = &statement;
     return NextRow();
@@ -205,6 +205,21 @@ bool PostgresEngine::MarkStands() {
     last.Reset();
     if (stands) Run({flush_});
     return stands;
+}
+
+// What became of a change whose answer never came.
+bool PostgresEngine::ChangeStands() {
+    try {
+        Reconnect();
+        return MarkStands();
+    } catch (const basic::Error& failure) {
+        throw basic::Error(
+            error::ConnectionLost,
+            "The connection to the server was lost, and whether the change stands is not known "
+            "(" +
+                failure.Description + "). Look before you repeat it.",
+            "ado.Engine");
+    }
 }
 
 Flight::Row PostgresEngine::NextRow() {
@@ -271,9 +286,7 @@ void PostgresEngine::Commit() {
         flight_.Send();
         flight_.Finish();
     } catch (const basic::Error& failure) {
-        if (failure.Number != error::ConnectionLost || !wrote_) throw;
-        Reconnect();
-        if (!MarkStands()) throw;
+        if (failure.Number != error::ConnectionLost || !wrote_ || !ChangeStands()) throw;
     }
     looseWritten_ = false;
 }

@@ -22,15 +22,13 @@ class PostgresStatement;
 // - One program writes at a time. Begin and each loose write take the books' lock, which ends with their
 //   transaction; so nothing dead-locks and no number is drawn twice inside one.
 // - A commit is on the server's disk, and on that of a standby that it waits for, when Commit returns. The
-// lock is
-//   given back before: the commit itself waits for nothing, a second small one behind it does, for both.
+//   lock is given back before: the commit itself waits for nothing, a second small one behind it does, for
+//   both.
 // - A connection that is lost is made anew where no transaction is open. Each write leaves a mark of its
-// host, so
-//   what became of a commit whose answer never came can be told; a server's own numbers of transactions lie
-//   after another one has taken over.
+//   host, so what became of a commit whose answer never came can be told; a server's own numbers of
+//   transactions lie after another one has taken over.
 // - A statement that fails inside a transaction leaves nothing behind: each goes out with a savepoint around
-// it, in
-//   one packet.
+//   it, in one packet.
 class PostgresEngine final : public Engine {
   public:
     PostgresEngine() = default;
@@ -83,6 +81,7 @@ class PostgresEngine final : public Engine {
     void RequireConnection();
     void AddMark();
     bool MarkStands();
+    bool ChangeStands();
     Flight::Row Repeat(PostgresStatement& statement, const basic::Error& lost);
     void RequireBooks();
     void MakeRoom();

@@ -58,19 +58,27 @@ BoundStatement Session::Ready(std::string_view statement, const PlanOptions& opt
 
 BoundStatement Session::Narrowed(const BoundStatement& base, const std::string& condition,
                                  const std::vector<basic::Value>& values) {
-    std::string key = base.prepared->key + "\nfilter " + condition;
-    PreparedStatementPtr prepared = cache_.Find(key);
-    if (!prepared) {
+    std::vector<basic::Value> all = base.values;
+    all.insert(all.end(), values.begin(), values.end());
+    const auto narrow = [&](Plan& plan) {
         constexpr std::string_view word = " WHERE ";
-        Plan plan = base.plan();
         plan.where = plan.where.empty()
                          ? std::string(word) + condition
                          : std::string(word) + "(" + plan.where.substr(word.size()) + ") AND " + condition;
+    };
+    return Changed(base, "filter " + condition, narrow, std::move(all));
+}
+
+BoundStatement Session::Changed(const BoundStatement& base, const std::string& mark,
+                                const std::function<void(Plan&)>& change, std::vector<basic::Value> values) {
+    std::string key = base.prepared->key + "\n" + mark;
+    PreparedStatementPtr prepared = cache_.Find(key);
+    if (!prepared) {
+        Plan plan = base.plan();
+        change(plan);
         prepared = cache_.Add(std::move(key), std::move(plan));
     }
-    std::vector<basic::Value> all = base.values;
-    all.insert(all.end(), values.begin(), values.end());
-    return {std::move(prepared), std::move(all)};
+    return {std::move(prepared), std::move(values)};
 }
 
 BoundStatement Session::Own(std::string sql, std::vector<basic::Value> values) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -45,6 +46,9 @@ class Session {
     // ParameterFrom(base).
     BoundStatement Narrowed(const BoundStatement& base, const std::string& condition,
                             const std::vector<basic::Value>& values);
+    // A select changed in its plan, which is kept under its own key and `mark`; with all of its values.
+    BoundStatement Changed(const BoundStatement& base, const std::string& mark,
+                           const std::function<void(Plan&)>& change, std::vector<basic::Value> values);
     static std::size_t ParameterFrom(const BoundStatement& base) { return base.values.size() + 1; }
 
     // Bound and about to give its first row.

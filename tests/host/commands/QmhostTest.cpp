@@ -53,7 +53,7 @@ TEST_P(QmhostCommands, Say) {
     if (Is("Server")) QM_SERVER_ONLY();
     const std::string name = "qmhost_" + std::to_string(getpid()), uri = test::ServerUri() + name;
     std::ofstream script(folder / "session");
-    script << "QMHOST='" QMHOST "' name=" << name << " uri='" << uri << "' books='"
+    script << "qmhost='" QMHOST "' name=" << name << " uri='" << uri << "' books='"
            << (AreOnServer() ? uri + "/" : "books") << "'\n. " TESTS_FOLDER "/host/commands/sessions.sh\n";
     if (test::OnServer()) {
         QM_NEEDS_SERVER();
@@ -84,6 +84,8 @@ TEST_P(QmhostCommands, Say) {
 const auto NameOf = [](const auto& session) { return session.param.name; };
 INSTANTIATE_TEST_SUITE_P(All, QmhostCommands,
                          testing::ValuesIn(test::Sessions("host/commands/QmhostCommands.txt")), NameOf);
+INSTANTIATE_TEST_SUITE_P(Doors, QmhostCommands,
+                         testing::ValuesIn(test::Sessions("host/commands/DoorCommands.txt")), NameOf);
 INSTANTIATE_TEST_SUITE_P(Server, QmhostCommands,
                          testing::ValuesIn(test::Sessions("host/commands/ServerCommands.txt")), NameOf);
 

@@ -3,7 +3,7 @@
 # The program; "books" is wherever they are.
 qmhost() {
     for word; do shift; [ "$word" = books ] && word=$books; set -- "$@" "$word"; done
-    "$QMHOST" "$@"
+    "$qmhost" "$@"
 }
 
 # Asks the books through the store's own shell, which knows nothing of this system. A server wants names of two cases in
@@ -13,7 +13,10 @@ sql() {
         printf "PRAGMA key = 'quintel';\n%s;\n" "$1" | sqlcipher -batch books/QmAccount.mdb | sed '1{/^ok$/d}' | plain
     else
         printf '%s;\n' "$1" | perl -0pe "s/('[^']*')|\b(?=\w*[a-z])(?=\w*[A-Z])(\w+)/defined \$1 ? \$1 : qq(\"\$2\")/ge;
-            s/\bifnull\b/coalesce/g" | psql -Atq "${books%/}" 2>&1 | plain
+            s/\bifnull\b/coalesce/g" | psql -Atq "${books%/}" 2>&1 | plain | case "$1" in
+            "SELECT *"*) sed 's/|[^|]*$//' ;;  # the hidden column
+            *) cat ;;
+        esac
     fi
 }
 plain() { perl -pe 's/(?<![^|])(-?\d+)\.0(?=\||$)/$1/g; s/(?<![^|])t(?=\||$)/1/g; s/(?<![^|])f(?=\||$)/0/g'; }
@@ -23,12 +26,16 @@ if [ "$books" = books ]; then
     refuse="SELECT RAISE(ABORT, 'no')"
     trigger() { sql "CREATE TRIGGER $1 $2 ON $3 WHEN $4 BEGIN $5; END"; }
     no_trigger() { sql "DROP TRIGGER $1"; }
+    last_number() { sql "UPDATE sqlite_sequence SET seq = $2 WHERE name = '$1'"; }
+    being_written() { sql "BEGIN IMMEDIATE; ROLLBACK" 2>&1 | grep -q locked; }
 else
     refuse="RAISE 'no'"
     trigger() {
         sql "CREATE FUNCTION $1() RETURNS trigger LANGUAGE plpgsql AS \$\$BEGIN $5; RETURN NEW; END\$\$;
             CREATE TRIGGER $1 $2 ON $3 FOR EACH ROW WHEN ($4) EXECUTE FUNCTION $1()"
     }
+    last_number() { psql -qc "UPDATE qm_counter SET last = $2 WHERE name = '$1'" "${books%/}"; }
+    being_written() { psql -Atc "SELECT 1 FROM pg_locks WHERE locktype = 'advisory' AND granted" "${books%/}" | grep -q 1; }
     no_trigger() { sql "SET client_min_messages = error; DROP FUNCTION $1 CASCADE"; }
 fi
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <csignal>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -48,6 +49,9 @@ class CutWire {
     void CutNext(Cut cut, int packets = 0) const {
         const char order[] = {cut, static_cast<char>(packets)};
         if (write(command_[0], order, sizeof order) != sizeof order) throw std::runtime_error("no wire");
+    }
+    void TakeAway() const {  // for new connections
+        std::filesystem::remove(folder_ / ".s.PGSQL.5432");
     }
 
   private:

@@ -1,6 +1,9 @@
 // The connection to a server is lost, between the calls of a transaction and inside each of them.
+#include <chrono>
+
 #include <gtest/gtest.h>
 
+#include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/CutWire.h"
 #include "tests/platform/ado/TestStore.h"
 
@@ -87,6 +90,30 @@ TEST_F(ReconnectTest, WhatIsToldOfAnUnansweredCommitIsTrue) {
             stood += failure == 0 ? 1 : 0;
         }
     EXPECT_EQ(stood, 3);  // cut behind its end, or in a commit that the server has
+}
+
+// What nobody can tell is not said to be undone.
+TEST_F(ReconnectTest, AChangeOfWhichNoServerTellsIsCalledUnknown) {
+    SetLockWait(std::chrono::milliseconds(100));
+    for (const bool inTransaction : {true, false}) {
+        const CutWire wire;
+        Connection c;
+        c.Properties("Data Source") = wire.Path(store.Path());
+        c.Open();
+        if (inTransaction) c.BeginTrans();
+        c.Execute("Insert Into Small (Remark) Values ('a')");
+        wire.TakeAway();
+        wire.CutNext(CutWire::After);
+        try {
+            inTransaction ? c.CommitTrans() : (void)c.Execute("Insert Into Small (Remark) Values ('a')");
+            ADD_FAILURE() << "no failure";
+        } catch (const basic::Error& failure) {
+            EXPECT_EQ(failure.Number, error::ConnectionLost);
+            EXPECT_NE(failure.Description.find("is not known"), std::string::npos) << failure.Description;
+        }
+    }
+    SetLockWait(std::chrono::seconds(5));
+    EXPECT_EQ(Rows(store.Connect(), remarks), "a a a");
 }
 
 }  // namespace

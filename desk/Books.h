@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/clQm.h"
+#include "host/audit/YearList.h"
+#include "queries/Reading.h"
+
+namespace desk {
+
+// The books that the desk shows: the class on them, by which everything is changed, and a connection that
+// only reads, for what is shown. Used on the main thread alone.
+class Books {
+  public:
+    // A folder or a server's address, as the class takes it. What was open is closed before. Raises what
+    // opening raises; none are open then.
+    void Open(const std::string& address);
+    void Close();
+    bool AreOpen() const { return reading_ != nullptr; }
+
+    QString Name() const;                // "firm": the folder's last part, or the server's database
+    QString Place() const;               // the whole address
+    const std::string& Address() const;  // as the class has it
+    queries::Reading& Reading() { return *reading_; }
+
+    std::vector<host::Year> Years();         // as they stand in the books now
+    std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
+    std::optional<std::string> OtherYear();  // the books' current one, where that is another by now
+    // Makes a known year, by its short form, the current one of the books, for every program, and works in it
+    // from now on. Raises where the flag cannot be moved.
+    void SwitchYear(const std::string& shortForm);
+
+    // Whether anybody, this program's own class and screens too, has written since this was last asked.
+    bool Changed() { return AreOpen() && reading_->ChangedByOthers(); }
+
+  private:
+    void Read();
+
+    std::unique_ptr<qm::clQm> host_;
+    std::unique_ptr<queries::Reading> reading_;
+    std::string address_;
+};
+
+}  // namespace desk

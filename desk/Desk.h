@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/basic/Error.h"
+
+namespace desk {
+
+class Books;
+class Page;
+
+// What a page asks of the window that it stands in.
+class Desk {
+  public:
+    virtual desk::Books& Books() = 0;
+
+    virtual void Go(const QString& page) = 0;  // to one of the list's pages, by its key
+    // To a page of its own, such as one ledger's statement, which the desk owns from now on. Back leaves it
+    // and deletes it.
+    virtual void Push(Page* page) = 0;
+    virtual void Back() = 0;
+
+    // Opens a screen of the module by its form's name, on a record where one is named, and comes back to the
+    // same row, brought up to date.
+    virtual void OpenScreen(const std::string& form, const std::string& record = {}) = 0;
+    virtual void CopyVoucher(std::int32_t number) = 0;  // the voucher screen on its lines; posts nothing
+
+    // Runs what an event asks for. What it raises is told in the bar; False then.
+    virtual bool Try(const std::function<void()>& work) = 0;
+    virtual void Tell(const basic::Error& error) = 0;  // with its cause and cure, if any is known
+    virtual void Note(const QString& text) = 0;        // something that went well, such as a file written
+
+  protected:
+    ~Desk() = default;
+};
+
+}  // namespace desk

@@ -1,0 +1,346 @@
+#include "desk/DeskWindow.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "core/Screens.h"
+#include "desk/Cures.h"
+#include "desk/DeskHead.h"
+#include "desk/EmptyState.h"
+#include "desk/NoticeBar.h"
+#include "desk/Page.h"
+#include "desk/PageList.h"
+#include "desk/PageTable.h"
+#include "desk/ScreenList.h"
+#include "desk/Theme.h"
+
+namespace desk {
+namespace {
+
+constexpr int LookEvery = 1000;  // milliseconds
+
+QString LongForm(const std::string& shortForm) {
+    const int year = QString::fromStdString(shortForm).toInt();
+    return QString("%1-%2").arg(year).arg(year + 1);
+}
+
+}  // namespace
+
+DeskWindow::DeskWindow() {
+    setObjectName("desk");
+    setWindowTitle(tr("Accounts"));
+    setMinimumSize(640, 480);
+    resize(1200, 760);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    head_ = new DeskHead(*this, {.Search = [this](const QString& words) { return Find(words); },
+                                 .LeaveSearch =
+                                     [this] {
+                                         if (shown_) shown_->TakeFocus();
+                                     },
+                                 .WantYear = [this](const std::string& year) { WantYear(year); }});
+    notice_ = new NoticeBar(this);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(0);
+    list_ = new PageList(this, [this](const QString& key) { Go(key); });
+    stack_ = new QStackedWidget(this);
+    empty_ = new EmptyState(
+        tr("No books are open"),
+        tr("Open the folder in which the books stand, or lay new ones down with qmhost create."),
+        tr("Open a folder\u2026"), [this] { AskForFolder(); });
+    stack_->addWidget(empty_);
+    row->addWidget(list_);
+    row->addWidget(stack_, 1);
+    column->addWidget(head_);
+    column->addWidget(notice_);
+    column->addLayout(row, 1);
+    FillMenu();
+    AddKeys();
+    Theme::Apply(*this);
+    head_->ShowBooks(books_);
+    watch_.setInterval(LookEvery);
+    connect(&watch_, &QTimer::timeout, this, [this] { LookForChanges(); });
+}
+
+DeskWindow::~DeskWindow() {
+    DropPages();
+}
+
+void DeskWindow::AddKeys() {
+    const auto add = [this](const QKeySequence& key, std::function<void()> act) {
+        auto* const shortcut = new QShortcut(key, this);
+        connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] { Try(act); });
+    };
+    int number = 0;
+    for (const PageEntry& page : PageTable())
+        add(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number++)),
+            [this, key = QString::fromLatin1(page.Key)] { Go(key); });
+    for (const Screen& screen : ScreenList())
+        add(QKeySequence(QString::fromLatin1(screen.Key)),
+            [this, form = std::string(screen.Form)] { OpenScreen(form, {}); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { head_->Search().Begin(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_Y), [this] { head_->findChild<QComboBox*>("year")->showPopup(); });
+    add(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { Back(); });
+    add(QKeySequence(Qt::Key_Escape), [this] { Escape(); });
+    add(QKeySequence(Qt::Key_F5), [this] {
+        if (shown_) shown_->Refresh();
+    });
+    add(QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFolder(); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
+}
+
+void DeskWindow::FillMenu() {
+    QMenu& menu = head_->Menu();
+    menu.addAction(tr("Open a folder\u2026\tCtrl+O"), this, [this] { AskForFolder(); });
+    menu.addAction(tr("Bring up to date\tF5"), this, [this] {
+        if (shown_) Try([this] { shown_->Refresh(); });
+    });
+    menu.addSeparator();
+    auto* const choices = new QActionGroup(&menu);
+    const std::pair<Theme::Choice, QString> looks[] = {{Theme::Choice::System, tr("Colours of the system")},
+                                                       {Theme::Choice::Light, tr("Light colours")},
+                                                       {Theme::Choice::Dark, tr("Dark colours")}};
+    for (const auto& [choice, caption] : looks) {
+        QAction* const action = menu.addAction(caption);
+        action->setCheckable(true);
+        action->setChecked(Theme::Chosen() == choice);
+        choices->addAction(action);
+        connect(action, &QAction::triggered, this, [this, wanted = choice] {
+            Theme::Choose(wanted);
+            Theme::Apply(*this);
+        });
+    }
+    menu.addSeparator();
+    menu.addAction(tr("Leave\tCtrl+Q"), this, [this] { close(); });
+}
+
+void DeskWindow::AskForFolder() {
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the books"), books_.Place());
+    if (!folder.isEmpty()) OpenBooks(folder.toStdString());
+}
+
+void DeskWindow::OpenBooks(const std::string& address) {
+    DropPages();
+    toldYear_.clear();
+    if (Try([&] { books_.Open(address); })) notice_->Dismiss();
+    head_->ShowBooks(books_);
+    list_->setEnabled(books_.AreOpen());
+    if (books_.AreOpen()) {
+        setWindowTitle(tr("%1 \u2013 Accounts").arg(books_.Name()));
+        watch_.start();
+        Go(QString::fromLatin1(PageTable().front().Key));
+    } else {
+        watch_.stop();
+        setWindowTitle(tr("Accounts"));
+        stack_->setCurrentWidget(empty_);
+        empty_->setFocus();
+    }
+}
+
+void DeskWindow::Run() {
+    show();
+    loop_.exec();
+}
+
+void DeskWindow::DropPages() {
+    watch_.stop();
+    shown_ = nullptr;
+    history_.clear();
+    pages_.clear();
+    upToDate_.clear();
+    while (stack_->count() > 1) delete stack_->widget(1);  // the first is the empty state
+}
+
+void DeskWindow::Go(const QString& key) {
+    if (!books_.AreOpen()) return;
+    Try([&] {
+        const auto pages = PageTable();
+        const auto entry =
+            std::find_if(pages.begin(), pages.end(), [&](const PageEntry& each) { return key == each.Key; });
+        if (entry == pages.end()) return;
+        Page*& page = pages_[key];
+        if (!page) {
+            page = entry->Make(*this);
+            stack_->addWidget(page);
+            upToDate_[page] = changes_;
+        }
+        if (shown_ && shown_ != page) history_.push_back(shown_);
+        Show(page);
+    });
+}
+
+void DeskWindow::Push(Page* page) {
+    stack_->addWidget(page);
+    upToDate_[page] = changes_;
+    if (shown_) history_.push_back(shown_);
+    Show(page);
+}
+
+void DeskWindow::Back() {
+    if (history_.empty()) return;
+    Page* const left = shown_;
+    Page* const to = history_.back();
+    history_.pop_back();
+    Show(to);
+    const bool ofTheList =
+        std::any_of(pages_.begin(), pages_.end(), [&](const auto& each) { return each.second == left; });
+    if (!ofTheList && std::find(history_.begin(), history_.end(), left) == history_.end()) {
+        upToDate_.erase(left);
+        left->deleteLater();
+    }
+}
+
+void DeskWindow::Show(Page* page) {
+    if (shown_ && shown_ != page) shown_->KeepFocus();
+    shown_ = page;
+    stack_->setCurrentWidget(page);
+    for (const auto& [key, each] : pages_)
+        if (each == page) list_->Mark(key);
+    if (std::exchange(upToDate_[page], changes_) != changes_) Try([&] { page->Refresh(); });
+    page->TakeFocus();
+}
+
+void DeskWindow::Escape() {
+    if (notice_->isVisible()) {
+        notice_->Dismiss();
+        if (shown_) shown_->TakeFocus();
+    } else {
+        Back();
+    }
+}
+
+void DeskWindow::OpenScreen(const std::string& form, const std::string& record) {
+    InScreen([&] { qm::OpenScreen(form, record); });
+}
+
+void DeskWindow::CopyVoucher(std::int32_t number) {
+    InScreen([&] { qm::CopyVoucher(number); });
+}
+
+void DeskWindow::InScreen(const std::function<void()>& open) {
+    if (!books_.AreOpen()) return;
+    if (shown_) shown_->KeepFocus();
+    Try(open);
+    LookForChanges();
+    activateWindow();
+    if (shown_) shown_->TakeFocus();
+}
+
+bool DeskWindow::Try(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const basic::Error& error) {
+        Tell(error);
+    } catch (const std::exception& error) {
+        notice_->Show(NoticeBar::Kind::Fault, QString::fromUtf8(error.what()));
+    }
+    return false;
+}
+
+void DeskWindow::Tell(const basic::Error& error) {
+    QString more;
+    if (const auto cure = CureOf(error)) more = tr("Why: %1. What to do: %2.").arg(cure->Cause, cure->Remedy);
+    notice_->Show(NoticeBar::Kind::Fault, QString::fromStdString(error.Description), more);
+}
+
+void DeskWindow::Note(const QString& text) {
+    notice_->Show(NoticeBar::Kind::Note, text);
+}
+
+// A failure is told once, not every second.
+void DeskWindow::LookForChanges() {
+    try {
+        if (!books_.Changed()) {
+            watchFailed_ = false;
+            return;
+        }
+        watchFailed_ = false;
+        ++changes_;
+        head_->ShowBooks(books_);
+        TellOtherYear();
+        if (shown_) {
+            upToDate_[shown_] = changes_;
+            shown_->Refresh();
+        }
+    } catch (const basic::Error& error) {
+        if (!std::exchange(watchFailed_, true)) Tell(error);
+    }
+}
+
+// The flag of the current year was moved elsewhere: this program goes on in its own until the user follows.
+void DeskWindow::TellOtherYear() {
+    const auto other = books_.OtherYear();
+    if (!other || *other == toldYear_) return;
+    toldYear_ = *other;
+    notice_->Show(NoticeBar::Kind::Note,
+                  tr("The current year of these books is %1 now.").arg(LongForm(*other)),
+                  tr("This window and its screens still work in %1.").arg(LongForm(books_.YearInForce())),
+                  {{tr("Work in %1").arg(LongForm(*other)), [this, year = *other] { SwitchYear(year); }},
+                   {tr("Stay"), {}}});
+}
+
+void DeskWindow::WantYear(const std::string& shortForm) {
+    head_->ShowBooks(books_);  // the list shows the year in force until it is another
+    if (shortForm == books_.YearInForce()) return;
+    const QString wanted = LongForm(shortForm), now = LongForm(books_.YearInForce());
+    notice_->Show(
+        NoticeBar::Kind::Note, tr("Make %1 the current year?").arg(wanted),
+        tr("All pages and screens then show %1, and new vouchers go there. Other programs that open these "
+           "books follow. Nothing of %2 changes.")
+            .arg(wanted, now),
+        {{tr("Switch to %1").arg(wanted), [this, shortForm] { SwitchYear(shortForm); }},
+         {tr("Stay in %1").arg(now), [this] {
+              if (shown_) shown_->TakeFocus();
+          }}});
+}
+
+void DeskWindow::SwitchYear(const std::string& shortForm) {
+    const QString key = pages_.empty() ? QString() : list_->currentItem()->data(Qt::UserRole).toString();
+    if (!Try([&] { books_.SwitchYear(shortForm); })) return;
+    DropPages();  // what they show is of the year before
+    toldYear_.clear();
+    head_->ShowBooks(books_);
+    watch_.start();
+    Go(key);
+}
+
+std::vector<Found> DeskWindow::Find(const QString& words) {
+    std::vector<Found> found;
+    const auto fits = [&](const QString& text) { return text.contains(words, Qt::CaseInsensitive); };
+    for (const PageEntry& page : PageTable())
+        if (fits(page.Caption()))
+            found.push_back(
+                {tr("Page"), page.Caption(), {}, [this, key = QString::fromLatin1(page.Key)] { Go(key); }});
+    for (const Screen& screen : ScreenList())
+        if (fits(screen.CaptionText()))
+            found.push_back({tr("Screen"), screen.CaptionText(), QString::fromLatin1(screen.Key),
+                             [this, form = std::string(screen.Form)] { OpenScreen(form, {}); }});
+    return found;
+}
+
+bool DeskWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ThemeChange) {
+        Theme::ReadSystem();
+        Theme::Apply(*this);
+    }
+    return QWidget::event(event);
+}
+
+void DeskWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+    loop_.quit();
+}
+
+}  // namespace desk

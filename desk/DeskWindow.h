@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QTimer>
+#include <QWidget>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "desk/Books.h"
+#include "desk/Desk.h"
+#include "desk/SearchField.h"
+
+class QStackedWidget;
+
+namespace desk {
+
+class DeskHead;
+class NoticeBar;
+class PageList;
+
+// The host's own window: a head, the list of pages at the left, the page that is shown, and the bar that
+// tells what went wrong. It looks every second whether the books have changed, and brings the page up to
+// date.
+class DeskWindow : public QWidget, public Desk {
+    Q_DECLARE_TR_FUNCTIONS(desk::DeskWindow)
+
+  public:
+    DeskWindow();
+    ~DeskWindow() override;
+
+    // Opens the books and goes to the first page. What fails is told in the bar; the window stays, without
+    // books.
+    void OpenBooks(const std::string& address);
+    void Run();  // shows the window and returns when it has been closed
+
+    desk::Books& Books() override { return books_; }
+    void Go(const QString& page) override;
+    void Push(Page* page) override;
+    void Back() override;
+    void OpenScreen(const std::string& form, const std::string& record) override;
+    void CopyVoucher(std::int32_t number) override;
+    bool Try(const std::function<void()>& work) override;
+    void Tell(const basic::Error& error) override;
+    void Note(const QString& text) override;
+
+    Page* Shown() const { return shown_; }
+    NoticeBar& Notice() const { return *notice_; }
+
+  protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void AddKeys();
+    void FillMenu();
+    void AskForFolder();
+    void Escape();
+    void Show(Page* page);
+    void DropPages();
+    void InScreen(const std::function<void()>& open);
+    void LookForChanges();
+    void TellOtherYear();
+    void WantYear(const std::string& shortForm);
+    void SwitchYear(const std::string& shortForm);
+    std::vector<Found> Find(const QString& words);
+
+    desk::Books books_;
+    DeskHead* head_;
+    NoticeBar* notice_;
+    PageList* list_;
+    QStackedWidget* stack_;
+    QWidget* empty_;
+    std::map<QString, Page*> pages_;  // of the list, by their keys, once they have been gone to
+    std::vector<Page*> history_;      // the page before last; Back goes to the last of them
+    Page* shown_ = nullptr;
+    std::map<const Page*, int> upToDate_;  // which change of the books a page has seen
+    int changes_ = 0;
+    QTimer watch_;
+    bool watchFailed_ = false;
+    std::string toldYear_;  // another year that the bar has told of
+    QEventLoop loop_;
+};
+
+}  // namespace desk

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QFrame>
+#include <QString>
+#include <functional>
+#include <vector>
+
+class QHBoxLayout;
+class QLabel;
+
+namespace desk {
+
+// The bar below the head: what went wrong, with its cause and cure, or what a choice would change. It takes
+// the place of boxes, stays until it is answered or closed, and is read out where it appears.
+class NoticeBar : public QFrame {
+    Q_DECLARE_TR_FUNCTIONS(desk::NoticeBar)
+
+  public:
+    struct Answer {
+        QString Caption;
+        std::function<void()> Act;  // after the bar has closed
+    };
+    enum class Kind { Note, Fault };
+
+    explicit NoticeBar(QWidget* parent);
+
+    // What it showed before is gone. The first answer is the main one.
+    void Show(Kind kind, const QString& text, const QString& more = {}, std::vector<Answer> answers = {});
+    void Dismiss();
+    bool Asks() const { return !answers_.empty(); }
+    QString Text() const;  // both lines
+
+  private:
+    QLabel *text_, *more_;
+    QHBoxLayout* row_;
+    std::vector<QWidget*> answers_;
+};
+
+}  // namespace desk

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QListWidget>
+
+namespace desk {
+
+// The list of pages at the left, each with the key that leads there.
+class PageList : public QListWidget {
+  public:
+    PageList(QWidget* parent, std::function<void(const QString& key)> go);
+
+    void Mark(const QString& key);  // as the one that is shown; goes nowhere
+
+  private:
+    std::function<void(const QString& key)> go_;
+};
+
+}  // namespace desk

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+#include <functional>
+#include <vector>
+
+class QListWidget;
+
+namespace desk {
+
+// One thing that a search has found, and where it leads.
+struct Found {
+    QString Kind, Text, Detail;  // "Ledger", "Cash in Hand", "Current Asset"
+    std::function<void()> Open;
+};
+
+// The field of the head that finds everything: results appear below it as one types. Down and Up choose,
+// Enter opens, Esc leaves it.
+class SearchField : public QLineEdit {
+    Q_DECLARE_TR_FUNCTIONS(desk::SearchField)
+
+  public:
+    using Source = std::function<std::vector<Found>(const QString& words)>;
+
+    // The results are shown over `window`.
+    SearchField(QWidget& window, Source source, std::function<void()> leave);
+
+    void Begin();  // Ctrl+K
+
+  protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void Look();
+    void ShowFound();
+    void Choose(int step);
+    void OpenChosen();
+    void Leave();
+
+    Source source_;
+    std::function<void()> leave_;
+    std::vector<Found> found_;
+    QListWidget* list_;
+};
+
+}  // namespace desk

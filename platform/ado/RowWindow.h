@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/ado/Connection.h"
+#include "platform/ado/KeptRows.h"
+
+namespace ado {
+
+// Which row of its table a row of a select is. It stays the same as long as the row stands; one that is gone
+// may leave its key to a row that is added later.
+using RowKey = std::int64_t;
+
+// A select that is read by window and not whole, so that a list over a long table shows any part of it at
+// once. It is of the fields of one table, by any condition and order. Each call sees the store as it stands
+// then, within a Snapshot as of its moment. Raises what the statement raises, and BadArgument for any other
+// select.
+class RowWindow {
+  public:
+    RowWindow(ConnectionPtr connection, std::string select);
+
+    std::size_t Count() const;  // all rows that the condition leaves
+    // The rows from a place on, from 0, in their order. The deeper, the longer it takes.
+    KeptRows From(std::size_t first, std::size_t count) const;
+    // The keys of all rows in their order: 8 bytes each.
+    std::vector<RowKey> Keys() const;
+    // The rows of the keys, in that order, as they stand now; where one is gone, each of its fields is Null.
+    KeptRows Of(const RowKey* keys, std::size_t count) const;
+
+  private:
+    ConnectionPtr connection_;
+    std::string select_;
+};
+
+}  // namespace ado

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "queries/LedgerSums.h"
+#include "queries/Sheet.h"
+
+namespace queries {
+
+// What a debtor owes, or what is owed to a supplier, as of a day; in rupees, debit positive: they owe. What
+// was paid settles the oldest first, so the parts are of the newest rows; together they are the balance.
+struct PartyRow {
+    std::int32_t id = 0;
+    std::string name, group;
+    double balance = 0;
+    // Of rows of the last 30 days, of 31 to 60, of 61 to 90, and older. The opening of the year counts as a
+    // row of the day before it.
+    double upto30 = 0, upto60 = 0, upto90 = 0, older = 0;
+};
+
+// The ledgers of Debtors and Suppliers with a balance, by name. Without a day it is today's, at latest the
+// last of the year; what is dated later is left out.
+std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf = {});
+std::unique_ptr<SheetOf<PartyRow>> PartiesSheet(Reading& books, std::optional<basic::Date> asOf = {});
+
+}  // namespace queries

@@ -1,0 +1,41 @@
+#include "queries/Stock.h"
+
+#include "platform/ado/Errors.h"
+
+namespace queries {
+
+std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& select) {
+    try {
+        return books.Select(select);
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::NoSuchTable) throw;
+        throw basic::Error(error.Number, "The year " + books.Year() + " was made without stock tables.",
+                           "queries.Stock");
+    }
+}
+
+std::optional<double> FigureOf(ado::Recordset& row, const char* field) {
+    const basic::Value value = row[field];
+    return value.IsNull() ? std::nullopt : std::optional(basic::ToDouble(value));
+}
+
+std::int32_t NumberOf(ado::Recordset& row, const char* field) {
+    const basic::Value value = row[field];
+    return value.IsNull() ? 0 : basic::ToLong(value);
+}
+
+std::string TextOf(ado::Recordset& row, const char* field) {
+    return basic::TextOrEmpty(row[field]);
+}
+
+std::optional<basic::Date> DayOf(ado::Recordset& row, const char* field) {
+    const basic::Value day = row[field];
+    return day.IsNull() ? std::nullopt : std::optional(DateOf(basic::ToLong(day)));
+}
+
+bool Holds(const Range& range, const std::optional<basic::Date>& day) {
+    if (!range.from && !range.upto) return true;
+    return day && (!range.from || *day >= *range.from) && (!range.upto || *day <= *range.upto);
+}
+
+}  // namespace queries

@@ -1,0 +1,76 @@
+#include <QComboBox>
+#include <QPushButton>
+
+#include "core/Screens.h"
+#include "core/modGeneral.h"
+#include "desk/Cures.h"
+#include "desk/DeskWindow.h"
+#include "desk/ScreenList.h"
+#include "tests/desk/DeskFixture.h"
+
+namespace {
+
+using test::DeskTest;
+
+TEST_F(DeskTest, EachScreenOfTheModuleOpensByItsKeyFromAnyPage) {
+    Start();
+    std::vector<std::string> listed;
+    for (const desk::Screen& screen : desk::ScreenList()) {
+        listed.push_back(screen.Form);
+        script.Modal(screen.Form);
+        const QKeyCombination keys = QKeySequence(screen.Key)[0];
+        Key(keys.key(), keys.keyboardModifiers());
+        EXPECT_EQ(script.LeftOver(), 0u) << screen.Form << " by " << screen.Key;
+    }
+    EXPECT_THAT(listed, testing::UnorderedElementsAreArray(qm::ScreenNames()));
+    EXPECT_EQ(Told(), "nothing");
+}
+
+TEST_F(DeskTest, TheSearchFieldLeadsToAScreenAndGivesTheFocusBack) {
+    Start();
+    QWidget* const before = desk->focusWidget();
+    Key(Qt::Key_K, Qt::ControlModifier);
+    Type("purch");
+    script.Modal("frmPO");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(script.LeftOver(), 0u);
+    Key(Qt::Key_K, Qt::ControlModifier);
+    Type("zz");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(desk->focusWidget(), before);
+    EXPECT_EQ(desk->findChild<QLineEdit*>("search")->text(), "");
+}
+
+TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {
+    books.Host().SetFinancialYear("2002-2003");
+    books.Host().SetGetFinancialYear("2001");
+    Start();
+    auto& years = *desk->findChild<QComboBox*>("year");
+    const auto choose = [&] {
+        years.setFocus();
+        Key(Qt::Key_Down);
+    };
+    choose();
+    EXPECT_THAT(Told(), testing::StartsWith("Make 2002-2003 the current year?"));
+    EXPECT_EQ(years.currentText(), "2001-2002");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(test::FreshBooks::One("Select Fnncl_Yr From Fnncl_Yr_Mstr Where Crrnt_Yr_Flg"), "2001-2002");
+    choose();
+    Key(Qt::Key_Space);
+    EXPECT_EQ(years.currentText(), "2002-2003");
+    EXPECT_EQ(qm::shared().FinYear, "2002");
+    EXPECT_EQ(test::FreshBooks::One("Select Fnncl_Yr From Fnncl_Yr_Mstr Where Crrnt_Yr_Flg"), "2002-2003");
+}
+
+TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
+    Start();
+    desk->OpenBooks("/nowhere");
+    EXPECT_THAT(Told(),
+                testing::AllOf(testing::HasSubstr("Could not find the books file '/nowhere/QmAccount.mdb'."),
+                               testing::HasSubstr("What to do: correct dataPath, or lay down books")));
+    EXPECT_EQ(Title(), "none");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Told(), "nothing");
+}
+
+}  // namespace

@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "platform/ado/RowWindow.h"
+#include "tests/platform/ado/TestStore.h"
+
+namespace ado {
+namespace {
+
+using test::ErrorOf;
+using test::TestStore;
+
+std::string Shown(const KeptRows& rows) {
+    std::string all;
+    for (std::int64_t row = 0; row < rows.Count(); ++row) {
+        const basic::Value value = rows.ValueAt(row, 0);
+        all += (row > 0 ? " " : "") + (value.IsNull() ? std::string("-") : basic::ToText(value));
+    }
+    return all;
+}
+
+class RowWindowTest : public testing::Test {
+  protected:
+    RowWindowTest() {
+        for (int i = 0; i < 300; ++i)
+            c->Execute("Insert Into Small (Id, Remark) Values (" + std::to_string(i % 100) + ", '" +
+                       (i % 2 == 0 ? "even" : "odd") + "')");
+    }
+    TestStore store;
+    ConnectionPtr c = store.Connect();
+};
+
+// Equal keys of the order stand as they were inserted, in a page and by their keys alike.
+TEST_F(RowWindowTest, GivesAnyPartInTheOrderOfTheSelect) {
+    const RowWindow window(c, "Select Id From Small Where Remark = 'ODD' And Id < 90 Order By Id Desc");
+    EXPECT_EQ(window.Count(), 135u);
+    EXPECT_EQ(Shown(window.From(0, 5)), "89 89 89 87 87");
+    EXPECT_EQ(Shown(window.From(133, 5)), "1 1");
+    EXPECT_EQ(Shown(window.From(200, 5)), "");
+    const std::vector<RowKey> keys = window.Keys();
+    ASSERT_EQ(keys.size(), 135u);
+    EXPECT_LT(keys[0], keys[1]);
+    EXPECT_EQ(window.From(3, 1).KeyOf(0), keys[3]);
+    EXPECT_EQ(Shown(window.Of(keys.data(), keys.size())), Shown(window.From(0, 1000)));  // in two statements
+    EXPECT_EQ(Shown(window.Of(keys.data(), 0)), "");
+}
+
+// The keys are those of one moment: rows that others remove or change later read as they stand then.
+TEST_F(RowWindowTest, ReadsRowsAsTheyStandAndNullForThoseThatAreGone) {
+    const RowWindow window(c, "Select Id From Small Where Id < 2 Order By Id");
+    const std::vector<RowKey> keys = window.Keys();
+    const ConnectionPtr other = store.Connect();
+    other->Execute("Delete From Small Where Id = 0 And Remark = 'even'");
+    other->Execute("Update Small Set Id = 77 Where Id = 1");
+    const KeptRows rows = window.Of(keys.data(), keys.size());
+    EXPECT_EQ(Shown(rows), "- - - 77 77 77");
+    EXPECT_EQ(rows.KeyOf(0), 0);
+    EXPECT_EQ(rows.KeyOf(3), keys[3]);
+    EXPECT_EQ(window.Count(), 0u);
+}
+
+TEST_F(RowWindowTest, RefusesWhatIsNotOfTheFieldsOfOneTable) {
+    for (const char* select : {"Select Distinct Id From Small", "Select Max(Id) As High From Small",
+                               "Select Id + 1 As Next From Small", "Select Id From Small, Groups",
+                               "Select Id From Small As S", "Delete From Small"})
+        EXPECT_EQ(ErrorOf([&] { RowWindow(c, select); }), error::BadArgument) << select;
+}
+
+}  // namespace
+}  // namespace ado
