@@ -12,8 +12,8 @@
 
 namespace test {
 
-// Books laid down for one test, in a folder or, where the run is on the server, in a database of their own, and
-// a class instance on them. Without a year they are exactly the delivered books.
+// Books laid down for one test, in a folder or, where the run is on the server, in a database of their own,
+// and a class instance on them. Without a year they are exactly the delivered books.
 class FreshBooks {
   public:
     explicit FreshBooks(std::optional<int> year = 2001);

@@ -61,6 +61,7 @@ void PostgresEngine::Start() {
     started_ = false;
     Connect(address_);
     RequireBooks();
+    if (!hears_) marks_ = Marks();
     started_ = true;
 }
 
@@ -90,7 +91,7 @@ void PostgresEngine::RequireConnection() {
 
 // What the server was told to wait for at a commit is what ours wait for: at the least its own disk.
 void PostgresEngine::Configure() {
-    flight_.Run({"LISTEN qm_books"});
+    hears_ = Listen();
     const std::string waits =
         Ask("SELECT current_setting('synchronous_commit'), set_config('synchronous_commit', 'off', FALSE), "
             "set_config('lock_timeout', '" +
@@ -101,14 +102,31 @@ void PostgresEngine::Configure() {
              "', TRUE), pg_logical_emit_message(TRUE, 'qm', '')::text";
 }
 
-void PostgresEngine::RequireBooks() {
+// A standby takes no listeners.
+bool PostgresEngine::Listen() {
+    try {
+        flight_.Run({"LISTEN qm_books"});
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ReadOnly) throw;
+        return false;
+    }
+    return true;
+}
+
+int PostgresEngine::FunctionsVersion() {
     if (Ask("SELECT coalesce(to_regproc('qm_version')::text, '')").empty())
         RefuseBooks("The database at '" + address_.shown + "' holds no books.");
-    const std::string version = Ask("SELECT qm_version()::text");
-    if (version != std::to_string(ServerFunctionsVersion))
-        RefuseBooks("The books at '" + address_.shown + "' were made for version " + version +
-                    " of the server's functions, and this program needs version " +
-                    std::to_string(ServerFunctionsVersion) + ".");
+    return std::stoi("0" + Ask("SELECT qm_version()::text"));
+}
+
+void PostgresEngine::RequireBooks() {
+    const int version = FunctionsVersion();
+    if (version == ServerFunctionsVersion) return;
+    RefuseBooks(
+        "The books at '" + address_.shown + "' were made for version " + std::to_string(version) +
+        " of the server's functions, and this program needs version " +
+        std::to_string(ServerFunctionsVersion) +
+        (version < ServerFunctionsVersion ? ": renew them (qmhost renew)." : ": use the newer program."));
 }
 
 std::string PostgresEngine::Ask(const std::string& sql, int column) {
@@ -328,7 +346,7 @@ void PostgresEngine::CopyTo(const std::string&, const std::string&) {
 
 void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
     RequireConnection();
-    loosely_ = looseWritten_ = true;
+    loosely_ = true;
     try {
         write();
     } catch (...) {
@@ -336,13 +354,24 @@ void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
         throw;
     }
     loosely_ = false;
+    looseWritten_ = true;
 }
 
 bool PostgresEngine::ChangedByOthers() {
     RequireConnection();
-    Run({"SELECT 1"});  // what was notified before comes with the answer
-    const bool changed = flight_.Notified();
+    std::string marks = marks_;
+    if (hears_)
+        Run({"SELECT 1"});  // what was notified before comes with the answer
+    else
+        marks = Marks();
+    const bool changed = flight_.Notified() || marks != marks_;
+    marks_ = std::move(marks);
     return std::exchange(missed_, false) || changed;
+}
+
+// Each change bears its host's mark. A host that closes takes its mark away, which counts as a change, too.
+std::string PostgresEngine::Marks() {
+    return Ask("SELECT concat(sum(last), ' ', max(at)) FROM qm_host");
 }
 
 void PostgresEngine::Flush() {

@@ -6,6 +6,7 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/Libpq.h"
+#include "platform/ado/store/PostgresSchema.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -51,6 +52,9 @@ class Reader {
                 "The address of the server's books holds a password, and addresses are shown: put it into "
                 "the "
                 "file ~/.pgpass instead.");
+        if (Setting("dbname").size() > LongestServerName)
+            Refuse("The name of the server's database is longer than " + std::to_string(LongestServerName) +
+                   " bytes, which a server would cut off.");
         address_.shown = uri;
         const std::string service = Or("service", "PGSERVICE");
         address_.isElsewhere =

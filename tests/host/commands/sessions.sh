@@ -49,3 +49,16 @@ unchanged() { held | cmp - kept; }
 take_away() {
     if [ "$books" = books ]; then rm -r books; else psql -qc "DROP DATABASE $name" "${uri%/*}/postgres"; fi
 }
+
+# A server of the session's own, $own: own_server [OPTION...]; it goes with the session.
+own_server() {
+    env -u QM_TEST_SERVER "$tests/support/server" start "$PWD/own" "$@" > started && own=$(cat own)
+    trap 'env -u QM_TEST_SERVER "$tests/support/server" stop "$PWD/own"; [ -z "${disk:-}" ] || { umount "$disk"; rmdir "$disk"; }' EXIT
+}
+# A small disk of that server's, $disk, to which its database `firm` goes; where none can be mounted the session is skipped.
+small_disk() {
+    disk=$(mktemp -d)
+    mount -t tmpfs -o "size=$1,mode=755" tmpfs "$disk" 2> mounted || { echo "skipped: no disk can be mounted"; exit 77; }
+    mkdir "$disk/space" && chown --reference="$(psql -Atc "SHOW data_directory" "${own}postgres")" "$disk/space"
+    psql -qc "CREATE TABLESPACE small LOCATION '$disk/space'" -c "ALTER DATABASE firm SET TABLESPACE small" "${own}postgres"
+}
