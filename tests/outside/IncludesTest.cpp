@@ -54,7 +54,7 @@ const std::vector<Layer>& Layers() {
         {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core", "queries"}},
         {"desk",
-         {"platform/basic", "core", "queries", "host/audit", "host/commands", "host/make"}},
+         {"platform/basic", "core", "queries", "host/audit", "host/commands", "host/doors", "host/make"}},
         {"shell", BelowShell},
         {"years", Subsystem({})},
         {"vouchers", Subsystem({})},
