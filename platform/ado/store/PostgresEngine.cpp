@@ -138,7 +138,7 @@ std::string PostgresEngine::Ask(const std::string& sql, int column) {
 void PostgresEngine::Close() {
     try {
         Flush();
-        if (mark_ > 0 && flight_.IsStillUp()) {
+        if (mark_ > 0 && hears_ && flight_.IsStillUp()) {
             flight_.Add(ForgetMark, {TextValue(host_)});
             flight_.Send();
             flight_.Finish();
