@@ -90,7 +90,7 @@ class Reader {
         if (!Environment("PGPASSWORD").empty())
             Refuse("A password would go to another machine without encryption: leave sslmode=disable out.");
         std::erase_if(address_.settings, [](const auto& setting) { return setting.first == "passfile"; });
-        address_.settings.emplace_back("passfile", "/dev/null");
+        address_.settings.emplace_back("passfile", "/dev/null/none");  // /dev/null itself brings a warning
     }
 
     ServerAddress address_;
