@@ -24,7 +24,8 @@ void InsertReader::Whole() {
     table_ = &RequireTable(catalog_, tokens_.ExpectName("a table"));
     plan_.table = table_->name;
     if (tokens_.AtSymbol("(")) Columns();
-    const std::string values = tokens_.AtWord("Select") ? SelectedValues() : GivenValues();
+    plan_.givesOneRow = !tokens_.AtWord("Select");
+    const std::string values = plan_.givesOneRow ? GivenValues() : SelectedValues();
     std::string names;
     for (const ColumnInfo* column : columns_)
         names.append(names.empty() ? "" : ", ") += QuotedName(column->name);
