@@ -70,6 +70,7 @@ constexpr Rule rules[] = {
      [](const std::string& message) {
          return OfEngine({error::ReadOnly, "The server lets this user not do that (" + message + ")."});
      }},
+    {"57014", [](const std::string&) { return OfEngine(WasCancelled()); }},
     {"53100", [](const std::string&) { return OfEngine(OutOfRoom()); }},
     {"28",
      [](const std::string& message) {
