@@ -65,7 +65,7 @@ TEST(Reading, ALongQuestionIsCancelled) {
     qm::Conn().BeginTrans();
     for (int row = 0; row < 600; ++row) books.Post(row, 1, 36980, 1);
     qm::Conn().CommitTrans();
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const std::string endless =
         "Select Sum(a.LedgerDrAmt) As Total From tb_Ledger2001 As a, tb_Ledger2001 As b, tb_Ledger2001 As c";
     std::atomic<bool> ended{false};
