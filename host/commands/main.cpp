@@ -19,10 +19,10 @@ int Run(int argc, char** argv) {
         "qmhost " QM_VERSION,
         "Without a command it opens the desk on the user's own books.\n"
         "Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
-    for (const auto add :
-         {host::AddDesk, host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports, host::AddCreate,
-          host::AddPost, host::AddImport, host::AddLedgers, host::AddYears, host::AddYearSwitch,
-          host::AddAddYear, host::AddCheck, host::AddCopy, host::AddBackup, host::AddRestore})
+    for (const auto add : {host::AddDesk, host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports,
+                           host::AddCreate, host::AddPost, host::AddImport, host::AddExport, host::AddLedgers,
+                           host::AddYears, host::AddYearSwitch, host::AddAddYear, host::AddCheck,
+                           host::AddCopy, host::AddBackup, host::AddRestore})
         add(line);
     const host::Command chosen = line.Read(argc, argv);
     return chosen ? chosen() : host::ShowDesk();

@@ -54,6 +54,8 @@ TEST_P(QmhostCommands, Say) {
                << "trap \"psql -qc 'DROP DATABASE IF EXISTS $name WITH (FORCE)' -c 'DROP ROLE IF EXISTS "
                   "${name}_books, ${name}_read' ${uri%/*}/postgres 2> gone\" EXIT\n";
     }
+    if (GetParam().name.starts_with("Hledger") && Shell("hledger --version && ledger --version").code != 0)
+        GTEST_SKIP() << "hledger and ledger are not installed: see tools/install-deps ci";
     for (const test::Block& step : GetParam().steps) {
         for (const std::string& line : step.given) script << line << '\n';
         script << "echo \"(exit $?)\"\n";
