@@ -23,7 +23,7 @@ pictures: build
 
 bench: deps
 	cmake --preset release
-	cmake --build --preset release --target qmbench
+	cmake --build --preset release --target qmbench qmhost poster slow_disk
 	tools/bench
 
 # The Debian package, in the project's folder.

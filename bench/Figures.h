@@ -16,6 +16,8 @@ struct Figure {
     double goal = 1;           // the ratio not to exceed
     std::string cpuName = {};  // "" or the name of a second line: the same by processor time
     double cpuGoal = 1;
+    std::string timeName = {};  // "" or the name of a third line: the time of ours alone
+    double timeGoal = 1;        // milliseconds
 };
 
 void AddFigure(Figure figure);

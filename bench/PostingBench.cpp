@@ -6,34 +6,30 @@
 #include "bench/Ours.h"
 
 namespace bench {
-namespace {
 
-constexpr std::int64_t Million = 1000000;
-constexpr std::int64_t Batch = 200;  // postings per measured iteration
-const std::string Narration = "Posted by the benchmark";
-
-// Posts batch after batch; the first is not measured, so that both sides meet the pages that they touch in
-// memory.
-template <class PostBatch>
-void Measure(benchmark::State& state, PostBatch postBatch) {
-    postBatch();
-    for (auto _ : state) postBatch();
+void PostBatches(benchmark::State& state, const std::function<void(const Posting&)>& post) {
+    const auto batch = [&] {
+        for (std::int64_t i = 0; i < Posting::Batch; ++i) post({1000 + (i * 37) % Ledgers, i % 2 == 0});
+    };
+    batch();
+    for (auto _ : state) batch();
 }
 
-void PostOurs(benchmark::State& state, std::int64_t rows, Place place) {
-    Ours ours(BooksWith(rows, place, 1));
+void PostOurs(benchmark::State& state, const std::string& place) {
+    Ours ours(place);
     std::int32_t voucher = ours.Host().GetNextTrnID();
-    Measure(state, [&] {
-        for (std::int64_t i = 0; i < Batch; ++i) {
-            const auto ledger = static_cast<std::int32_t>(1000 + (i * 37) % Ledgers);
-            if (!ours.Host().InsertVoucher(voucher, 37000, "J", i % 2 == 0 ? "D" : "C", Narration, 1234.5,
-                                           ledger, "Ledger " + std::to_string(ledger)))
-                state.SkipWithError("a posting failed");
-            voucher += static_cast<std::int32_t>(i % 2);
-        }
+    PostBatches(state, [&](const Posting& posting) {
+        if (!ours.Host().InsertVoucher(voucher, 37000, "J", posting.isDebit ? "D" : "C", Posting::Narration,
+                                       Posting::Amount, static_cast<std::int32_t>(posting.ledger),
+                                       "Ledger " + std::to_string(posting.ledger)))
+            state.SkipWithError("a posting failed");
+        voucher += posting.isDebit ? 0 : 1;
     });
 }
 
+namespace {
+
+constexpr std::int64_t Million = 1000000;
 void PostBare(benchmark::State& state, std::int64_t rows, Place place) {
     Bare bare(BooksWith(rows, place, 2));
     BareStatement begin(bare.Db(), "BEGIN IMMEDIATE"), commit(bare.Db(), "COMMIT");
@@ -55,30 +51,27 @@ void PostBare(benchmark::State& state, std::int64_t rows, Place place) {
     highest.Step();
     std::int64_t voucher = highest.Integer(0) + 1;
     highest.Reset();
-    Measure(state, [&] {
-        for (std::int64_t i = 0; i < Batch; ++i) {
-            const std::int64_t ledger = 1000 + (i * 37) % Ledgers;
-            const bool isDebit = i % 2 == 0;
-            balance.Bind(1, ledger).Step();
-            const double before = balance.Real(1) + balance.Real(2) - balance.Real(3);
-            balance.Reset();
-            begin.Run();
-            (isDebit ? debit : credit).Bind(1, 1234.5).Bind(2, ledger).Run();
-            insert.Bind(1, voucher)
-                .Bind(2, ledger)
-                .Bind(3, "Ledger " + std::to_string(ledger))
-                .Bind(4, Narration);
-            insert.Bind(5, isDebit ? 1234.5 : 0.0).Bind(6, isDebit ? 0.0 : 1234.5);
-            insert.Bind(7, std::to_string(before) + "Dr").Run();
-            commit.Run();
-            voucher += i % 2;
-        }
+    PostBatches(state, [&](const Posting& posting) {
+        balance.Bind(1, posting.ledger).Step();
+        const double before = balance.Real(1) + balance.Real(2) - balance.Real(3);
+        balance.Reset();
+        begin.Run();
+        (posting.isDebit ? debit : credit).Bind(1, Posting::Amount).Bind(2, posting.ledger).Run();
+        insert.Bind(1, voucher)
+            .Bind(2, posting.ledger)
+            .Bind(3, "Ledger " + std::to_string(posting.ledger))
+            .Bind(4, std::string(Posting::Narration));
+        insert.Bind(5, posting.isDebit ? Posting::Amount : 0.0);
+        insert.Bind(6, posting.isDebit ? 0.0 : Posting::Amount);
+        insert.Bind(7, std::to_string(before) + "Dr").Run();
+        commit.Run();
+        voucher += posting.isDebit ? 0 : 1;
     });
 }
 
 void Add(const std::string& name, std::int64_t rows, Place place, double atLeast, const char* cpuName) {
     AddFigure({.name = name,
-               .ours = [=](benchmark::State& state) { PostOurs(state, rows, place); },
+               .ours = [=](benchmark::State& state) { PostOurs(state, BooksWith(rows, place, 1)); },
                .bare = [=](benchmark::State& state) { PostBare(state, rows, place); },
                .goal = 1 / atLeast,
                .cpuName = cpuName == nullptr ? "" : cpuName,

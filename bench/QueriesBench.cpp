@@ -6,12 +6,9 @@
 #include "platform/ado/Recordset.h"
 
 namespace bench {
-namespace {
 
-constexpr std::int64_t Million = 1000000;
-
-void ReadOurs(benchmark::State& state, const std::function<std::string(int)>& statement) {
-    Ours ours(BooksWith(Million, Place::Disk, 1));
+void ReadOurs(benchmark::State& state, const std::string& place, const StatementOfTurn& statement) {
+    Ours ours(place);
     int turn = 0;
     for (auto _ : state) {
         ado::Recordset rows;
@@ -20,6 +17,17 @@ void ReadOurs(benchmark::State& state, const std::function<std::string(int)>& st
         rows.Close();
     }
 }
+
+std::string OneLedgerStatement(int turn) {
+    return " SELECT  *  From tb_Ledger2001 WHERE ledgercode = " +
+           std::to_string(1000 + (turn * 37) % Ledgers) +
+           " And ledgertxnDate >= 36980 And ledgertxnDate <= 37344 Order by  ledgertxnDate, ledgertrntype "
+           "Desc ";
+}
+
+namespace {
+
+constexpr std::int64_t Million = 1000000;
 
 // Steps through the rows and takes every column, texts included.
 void ReadBare(benchmark::State& state, const std::string& sql, bool byLedger) {
@@ -40,14 +48,16 @@ const char* const OneLedger =
     "ORDER BY "
     "LedgerTxnDate, LedgerTrnType DESC, rowid";
 
-void Add(const char* name, double goal, std::function<std::string(int)> statement, const std::string& sql,
+void Add(const char* name, double goal, const StatementOfTurn& statement, const std::string& sql,
          bool byLedger) {
-    AddFigure({.name = name,
-               .ours = [=](benchmark::State& state) { ReadOurs(state, statement); },
-               .bare = [=](benchmark::State& state) { ReadBare(state, sql, byLedger); },
-               .goal = goal,
-               .cpuName = "",
-               .cpuGoal = 1});
+    AddFigure(
+        {.name = name,
+         .ours =
+             [=](benchmark::State& state) { ReadOurs(state, BooksWith(Million, Place::Disk, 1), statement); },
+         .bare = [=](benchmark::State& state) { ReadBare(state, sql, byLedger); },
+         .goal = goal,
+         .cpuName = "",
+         .cpuGoal = 1});
 }
 
 const bool registered = [] {
@@ -55,15 +65,7 @@ const bool registered = [] {
         "highest voucher number, 1,000,000 rows", 1.5,
         [](int) { return std::string("Select Max(LedgerTrnNo) As High from tb_Ledger2001"); },
         "SELECT max(LedgerTrnNo) FROM tb_Ledger2001", false);
-    Add(
-        "one ledger's rows, 1,000,000 rows", 1.5,
-        [](int turn) {
-            return " SELECT  *  From tb_Ledger2001 WHERE ledgercode = " +
-                   std::to_string(1000 + (turn * 37) % Ledgers) +
-                   " And ledgertxnDate >= 36980 And ledgertxnDate <= 37344 Order by  ledgertxnDate, "
-                   "ledgertrntype Desc ";
-        },
-        OneLedger, true);
+    Add("one ledger's rows, 1,000,000 rows", 1.5, OneLedgerStatement, OneLedger, true);
     Add(
         "full read of 1,000,000 rows", 1.5, [](int) { return std::string("Select * from tb_Ledger2001"); },
         "SELECT * FROM tb_Ledger2001", false);

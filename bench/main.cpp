@@ -44,11 +44,11 @@ class Collector : public benchmark::BenchmarkReporter {
 
 void PrintLine(const std::string& name, double ours, double bare, double goal) {
     const double ratio = bare > 0 ? ours / bare : 0;
-    std::printf("%-62s %7.2f %7.2f  %s\n", name.c_str(), ratio, goal, ratio <= goal ? "met" : "NOT MET");
+    std::printf("%-66s %7.2f %7.2f  %s\n", name.c_str(), ratio, goal, ratio <= goal ? "met" : "NOT MET");
 }
 
 void Print(const Collector& collected) {
-    std::printf("%-62s %7s %7s\n", "figure (time, ours / bare library)", "ratio", "goal");
+    std::printf("%-66s %7s %7s\n", "figure (time, ours / bare library)", "ratio", "goal");
     for (const Figure& figure : Figures()) {
         const auto ours = collected.byName.find(figure.name + " [ours]");
         const auto bare = collected.byName.find(figure.name + " [bare]");
@@ -56,6 +56,8 @@ void Print(const Collector& collected) {
         PrintLine(figure.name, Median(ours->second.real), Median(bare->second.real), figure.goal);
         if (!figure.cpuName.empty())
             PrintLine(figure.cpuName, Median(ours->second.cpu), Median(bare->second.cpu), figure.cpuGoal);
+        if (!figure.timeName.empty())
+            PrintLine(figure.timeName, Median(ours->second.real), 1, figure.timeGoal);
     }
     for (const std::string& failure : collected.failures) std::printf("failed: %s\n", failure.c_str());
 }

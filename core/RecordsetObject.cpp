@@ -1,100 +1,189 @@
 #include "core/RecordsetObject.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/FieldsObject.h"
+#include "platform/ado/Errors.h"
+#include "platform/basic/Error.h"
 #include "platform/com/Bstr.h"
 #include "platform/com/Object.h"
+#include "platform/com/SafeArray.h"
 #include "platform/com/Variant.h"
 
 namespace qm {
 namespace {
 
-using com::Bind;
+constexpr std::int32_t Rest = -1;  // of a number of rows: all that are left
+constexpr std::int32_t ClipText = 2;
+constexpr std::int32_t SupportsFind = 0x80000;
+constexpr std::int32_t PositionUnknown = -1;
 
-constexpr std::uint16_t Method = DISPATCH_METHOD;
-constexpr std::uint16_t Get = DISPATCH_PROPERTYGET;
+[[noreturn]] void Refuse(std::int32_t number, const char* text) {
+    throw basic::Error(number, text, "ado.Recordset");
+}
 
-// Members throw; the late binding is their guard. The faces know no interface of their own beside IDispatch.
+bool IsGiven(const VARIANT& argument) {
+    return com::Target(argument).vt != VT_EMPTY && !com::IsMissing(com::Target(argument));
+}
 
-class FieldObject final : public com::Object<IDispatch, FieldObject> {
-  public:
-    FieldObject(ado::RecordsetPtr rows, ado::Field field)
-        : Object(IID_IDispatch, Table()), rows_(std::move(rows)), field_(field) {}
+std::int32_t LongOr(const VARIANT& argument, std::int32_t otherwise) {
+    return IsGiven(argument) ? basic::ToLong(com::ValueOf(argument)) : otherwise;
+}
 
-    void Name(BSTR* name) { *name = com::MakeBstr(field_.Name()); }
-    void Value(VARIANT* value) { com::Store(field_.Value(), *value); }
+std::string TextOr(const VARIANT& argument, const char* otherwise) {
+    return IsGiven(argument) ? basic::ToText(com::ValueOf(argument)) : otherwise;
+}
 
-  private:
-    static const std::vector<com::Member>& Table() {
-        static const std::vector<com::Member> table{
-            {"Value", DISPID_VALUE, Get, {}, VT_VARIANT, Bind<&FieldObject::Value>},
-            {"Name", 1, Get, {}, VT_BSTR, Bind<&FieldObject::Name>},
-        };
-        return table;
-    }
+[[noreturn]] void RefuseBookmark() {
+    Refuse(ado::error::NotUpdatable, "The record set goes forward only: it has no bookmarks.");
+}
 
-    ado::RecordsetPtr rows_;  // the field is valid as long as its record set
-    ado::Field field_;
-};
+[[noreturn]] void RefuseGoingBack() {
+    Refuse(ado::error::CannotGoBack, "The record set goes forward only: it cannot go back.");
+}
 
-class FieldsObject final : public com::Object<IDispatch, FieldsObject> {
-  public:
-    explicit FieldsObject(ado::RecordsetPtr rows) : Object(IID_IDispatch, Table()), rows_(std::move(rows)) {}
+// Where to start: from the current record (0), all else are bookmarks.
+void RefuseStart(const VARIANT& start) {
+    if (LongOr(start, 0) != 0) RefuseBookmark();
+}
 
-    void Count(std::int32_t* count) { *count = static_cast<std::int32_t>(rows_->FieldCount()); }
-    void Item(VARIANT* index, IDispatch** field) {
-        *field = new FieldObject(rows_, At(com::ValueOf(*index)));
-    }
-
-  private:
-    static const std::vector<com::Member>& Table() {
-        static const std::vector<com::Member> table{
-            {"Item", DISPID_VALUE, Get, {{"Index", VT_VARIANT}}, VT_DISPATCH, Bind<&FieldsObject::Item>},
-            {"Count", 1, Get, {}, VT_I4, Bind<&FieldsObject::Count>},
-        };
-        return table;
-    }
-
-    // A negative number is beyond the last field, too.
-    ado::Field At(const basic::Value& index) {
-        if (const auto* name = index.As<std::string>()) return rows_->Fields(*name);
-        return rows_->Fields(static_cast<std::size_t>(basic::ToLong(index)));
-    }
-
-    ado::RecordsetPtr rows_;
-};
-
+// Members throw; the late binding is their guard. The parameters have the order and the types of clQm.idl.
 class RecordsetObject final : public com::Object<IDispatch, RecordsetObject> {
   public:
-    explicit RecordsetObject(ado::RecordsetPtr rows)
-        : Object(IID_IDispatch, Table()), rows_(std::move(rows)) {}
+    explicit RecordsetObject(ado::RecordsetPtr rows) : Object(Face()), rows_(std::move(rows)) {}
 
-    void Fields(IDispatch** fields) { *fields = new FieldsObject(rows_); }
-    void Eof(VARIANT_BOOL* result) { *result = com::BoolOf(rows_->Eof()); }
-    void Bof(VARIANT_BOOL* result) { *result = com::BoolOf(rows_->Bof()); }
-    void RecordCount(std::int32_t* count) { *count = static_cast<std::int32_t>(rows_->RecordCount()); }
-    void State(std::int32_t* state) { *state = rows_->State(); }
+    void get_Fields(IDispatch** fields) { *fields = NewFieldsObject(rows_); }
+    void get_EOF(VARIANT_BOOL* result) { *result = com::BoolOf(rows_->Eof()); }
+    void get_BOF(VARIANT_BOOL* result) { *result = com::BoolOf(rows_->Bof()); }
+    void get_RecordCount(std::int32_t* count) { *count = static_cast<std::int32_t>(rows_->RecordCount()); }
+    void get_State(std::int32_t* state) { *state = rows_->State(); }
     void MoveFirst() { rows_->MoveFirst(); }
     void MoveNext() { rows_->MoveNext(); }
     void MovePrevious() { rows_->MovePrevious(); }
     void Close() { rows_->Close(); }
 
-  private:
-    static const std::vector<com::Member>& Table() {
-        static const std::vector<com::Member> table{
-            {"Fields", DISPID_VALUE, Get, {}, VT_DISPATCH, Bind<&RecordsetObject::Fields>},
-            {"EOF", 1, Get, {}, VT_BOOL, Bind<&RecordsetObject::Eof>},
-            {"BOF", 2, Get, {}, VT_BOOL, Bind<&RecordsetObject::Bof>},
-            {"RecordCount", 3, Get, {}, VT_I4, Bind<&RecordsetObject::RecordCount>},
-            {"State", 4, Get, {}, VT_I4, Bind<&RecordsetObject::State>},
-            {"MoveFirst", 5, Method, {}, VT_EMPTY, Bind<&RecordsetObject::MoveFirst>},
-            {"MoveNext", 6, Method, {}, VT_EMPTY, Bind<&RecordsetObject::MoveNext>},
-            {"MovePrevious", 7, Method, {}, VT_EMPTY, Bind<&RecordsetObject::MovePrevious>},
-            {"Close", 8, Method, {}, VT_EMPTY, Bind<&RecordsetObject::Close>},
-        };
-        return table;
+    void Move(std::int32_t count, VARIANT* start) {
+        RefuseStart(*start);
+        if (count < 0) RefuseGoingBack();
+        rows_->Move(count);
     }
+    void Find(BSTR criteria, VARIANT* skip, VARIANT* direction, VARIANT* start) {
+        RefuseStart(*start);
+        if (LongOr(*direction, ado::adSearchForward) < 0 || LongOr(*skip, 0) < 0) RefuseGoingBack();
+        rows_->Find(com::TextOf(criteria), LongOr(*skip, 0), LongOr(*direction, ado::adSearchForward));
+    }
+    void get_Filter(VARIANT* condition) {
+        com::Store(rows_->Filter().empty() ? basic::Value(0) : basic::Value(rows_->Filter()), *condition);
+    }
+    void put_Filter(VARIANT* condition) {
+        const basic::Value given = com::ValueOf(*condition);
+        if (const auto* text = given.As<std::string>()) return rows_->SetFilter(*text);
+        if (basic::ToLong(given) != 0)
+            Refuse(ado::error::BadArgument, "Filter takes a condition as a text, or 0 for none.");
+        rows_->SetFilter({});
+    }
+    void Requery(VARIANT*) { rows_->Requery(); }
+    void GetRows(VARIANT* rows, VARIANT* start, VARIANT* fields, VARIANT* result);
+    void GetString(VARIANT* format, VARIANT* rows, VARIANT* columnEnd, VARIANT* rowEnd, VARIANT* null,
+                   BSTR* text);
+
+    void get_Source(BSTR* source) { *source = com::MakeBstr(rows_->Source()); }
+    void get_CursorType(std::int32_t* type) { *type = rows_->CursorType(); }
+    void get_LockType(std::int32_t* type) { *type = rows_->LockType(); }
+    void get_CursorLocation(std::int32_t* location) { *location = rows_->CursorLocation(); }
+    void put_Source(VARIANT*) { RefuseSetting(); }
+    void put_CursorType(VARIANT*) { RefuseSetting(); }
+    void put_LockType(VARIANT*) { RefuseSetting(); }
+    void put_CursorLocation(VARIANT*) { RefuseSetting(); }
+    void Supports(std::int32_t options, VARIANT_BOOL* result) {
+        rows_->FieldCount();  // raises where it is closed
+        *result = com::BoolOf((options & ~SupportsFind) == 0);
+    }
+    void get_AbsolutePosition(std::int32_t* position) {
+        rows_->FieldCount();
+        *position = PositionUnknown;
+    }
+    void put_AbsolutePosition(VARIANT*) { RefuseBookmark(); }
+    void get_Bookmark(VARIANT*) { RefuseBookmark(); }
+    void put_Bookmark(VARIANT*) { RefuseBookmark(); }
+    void MoveLast() { RefuseGoingBack(); }
+    void AddNew(VARIANT*, VARIANT*) { RefuseUpdate(); }
+    void Update(VARIANT*, VARIANT*) { RefuseUpdate(); }
+    void Delete(VARIANT*) { RefuseUpdate(); }
+    void get_EditMode(std::int32_t* mode) { *mode = 0; }
+
+  private:
+    static const com::Interface& Face() {
+        static const com::Interface face{
+#include "RecordsetFace.h"
+        };
+        return face;
+    }
+
+    // As it was opened, so it stays.
+    [[noreturn]] void RefuseSetting() {
+        if (rows_->State() == ado::adStateOpen)
+            Refuse(ado::error::ObjectOpen, "Operation is not allowed when the object is open.");
+        Refuse(ado::error::NotUpdatable, "The record set of a list stays as it was opened.");
+    }
+
+    std::vector<std::size_t> Columns(const VARIANT& asked);
+    template <class Take>
+    void TakeRows(const VARIANT& count, const Take& take);
 
     ado::RecordsetPtr rows_;
 };
+
+// The fields that were asked for by one name or number, or an array of these; all where none were.
+std::vector<std::size_t> RecordsetObject::Columns(const VARIANT& asked) {
+    std::vector<std::size_t> columns;
+    const VARIANT& target = com::Target(asked);
+    if ((target.vt & VT_ARRAY) != 0)
+        for (const VARIANT& each : com::ListOf(target)) columns.push_back(FieldPlace(*rows_, each));
+    else if (IsGiven(asked))
+        columns.push_back(FieldPlace(*rows_, asked));
+    else
+        for (std::size_t field = 0; field < rows_->FieldCount(); ++field) columns.push_back(field);
+    return columns;
+}
+
+// From the current record on, the set standing behind the last one that was taken.
+template <class Take>
+void RecordsetObject::TakeRows(const VARIANT& count, const Take& take) {
+    std::int32_t left = LongOr(count, Rest);
+    if (left < Rest) Refuse(ado::error::BadArgument, "The number of rows is -1 (all) or not below 0.");
+    if (rows_->Eof()) ado::RefuseNoRecord();
+    for (; left != 0 && !rows_->Eof(); left -= left > 0 ? 1 : 0, rows_->MoveNext()) take();
+}
+
+void RecordsetObject::GetRows(VARIANT* rows, VARIANT* start, VARIANT* fields, VARIANT* result) {
+    RefuseStart(*start);
+    const std::vector<std::size_t> columns = Columns(*fields);
+    std::vector<basic::Value> values;
+    TakeRows(*rows, [&] {
+        for (const std::size_t column : columns) values.push_back(rows_->Fields(column).Value());
+    });
+    com::StoreTable(values, columns.size(), *result);
+}
+
+void RecordsetObject::GetString(VARIANT* format, VARIANT* rows, VARIANT* columnEnd, VARIANT* rowEnd,
+                                VARIANT* null, BSTR* text) {
+    if (LongOr(*format, ClipText) != ClipText)
+        Refuse(ado::error::BadArgument, "GetString knows one format: 2, delimited text.");
+    const std::string between = TextOr(*columnEnd, "\t"), behind = TextOr(*rowEnd, "\r"),
+                      none = TextOr(*null, "");
+    std::string all;
+    TakeRows(*rows, [&] {
+        for (std::size_t field = 0; field < rows_->FieldCount(); ++field) {
+            const basic::Value value = rows_->Fields(field).Value();
+            all.append(field == 0 ? "" : between).append(value.IsNull() ? none : basic::ToText(value));
+        }
+        all += behind;
+    });
+    *text = com::MakeBstr(all);
+}
 
 }  // namespace
 

@@ -5,9 +5,8 @@
 
 namespace qm {
 
-// A record set as hosts hold it, late bound, with one reference: EOF, BOF, MoveFirst, MoveNext, MovePrevious,
-// RecordCount, Fields (the default member), State, Close. Its fields: Count, Item (the default member) by
-// number from 0 or by name. A field: Name, Value (the default member).
+// A record set as hosts hold it, late bound, with one reference: forward-only and read-only, whatever the set
+// below can do. clQm.idl has its members.
 IDispatch* NewRecordsetObject(ado::RecordsetPtr rows);
 
 }  // namespace qm

@@ -58,6 +58,11 @@ void WriteReports(const std::string& folder) {
     Library().Need<void(const char*)>("qmWriteReports")(folder.c_str());
 }
 
+void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file) {
+    Library().Need<void(const char*, const char*, const char*, bool, const char*)>("qmWritePage")(
+        html.c_str(), names.Title.c_str(), names.Source.c_str(), isWide, file.c_str());
+}
+
 std::vector<std::string> ScreenNames() {
     auto* names = Library().Find<const char*()>("qmScreenNames");
     std::vector<std::string> list;

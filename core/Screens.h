@@ -30,6 +30,17 @@ void CopyVoucher(std::int32_t number);
 void WritePictures(const std::string& folder);
 void WriteReports(const std::string& folder);
 
+// What a page of one's own is called on paper.
+struct PageNames {
+    std::string Title;   // names the document
+    std::string Source;  // whose figures these are: left in the bottom margin
+};
+
+// Writes a page, in the markup of reports, as a PDF file through the report view; no display is needed. The
+// sheets lie on their side where it is wide. Raises where the screens are missing, and 75 "Path/File access
+// error".
+void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file);
+
 // The names that OpenScreen knows; none where the screens cannot be loaded.
 std::vector<std::string> ScreenNames();
 

@@ -11,9 +11,9 @@ namespace qm {
 namespace {
 
 // Every list call hands the host an open record set, which the host closes. No order is asked for.
-ado::RecordsetPtr OpenList(const std::string& sql) {
+ado::RecordsetPtr OpenList(const std::string& sql, int options = ado::adCmdText) {
     auto rows = std::make_shared<ado::Recordset>();
-    rows->Open(sql, shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly);
+    rows->Open(sql, shared().Connection, ado::adOpenForwardOnly, ado::adLockReadOnly, options);
     return rows;
 }
 
@@ -59,7 +59,8 @@ ado::RecordsetPtr clQm::Ledgers(const std::string& sGrp) {
         "Select Ledger_Master.Ledger_Id, Name From  Ledger_Master, Ledger_Details Where  "
         "(Ledger_Master.Ledger_Id = "
         "Ledger_Details.Ledger_Id  And Fnncl_Yr = " +
-        shared().FinYear + ") And " + sGrp);
+            shared().FinYear + ") And " + sGrp,
+        ado::adHostCondition);
 }
 
 // Only this list and Ledgers with a condition leave out ledgers without a row in the year; none tests

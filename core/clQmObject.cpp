@@ -14,12 +14,12 @@ using com::MakeBstr;
 using com::Required;
 using com::TextOf;
 
-// In the order of the interface.
-const std::vector<com::Member>& Table() {
-    static const std::vector<com::Member> table{
-#include "clQmMembers.h"
+// Its members in the order of the interface.
+const com::Interface& Face() {
+    static const com::Interface face{
+#include "_clQmFace.h"
     };
-    return table;
+    return face;
 }
 
 // Runs the body and gives its outcome to the host.
@@ -36,7 +36,7 @@ HRESULT Give(Result* result, const Body& body) {
 
 }  // namespace
 
-clQmObject::clQmObject() : Object(IID__clQm, Table()) {}
+clQmObject::clQmObject() : Object(Face()) {}
 
 HRESULT clQmObject::QmMainMenu() {
     return Guarded([&] { host_.QmMainMenu(); });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/clQmInterface.h"
-#include "platform/com/Automation.h"
+#include "platform/com/ITypeInfo.h"
 
 // The class clQm for hosts in C++: get it by CreateObject(u"QmClass.clQm", ...), or from DllGetClassObject of
 // libqmcls.so, and ask for IID__clQm. Its members stand in clQmInterface.h; clQm.idl tells what each member

@@ -5,7 +5,7 @@
 
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
-#include "host/commands/AllOrNothing.h"
+#include "host/doors/AllOrNothing.h"
 
 namespace desk {
 namespace {

@@ -11,21 +11,28 @@
 namespace queries {
 namespace {
 
-constexpr std::size_t LedgersAtOnce = 1000;  // of one statement
+constexpr std::size_t LedgersAtOnce = 500;  // that one statement names
 
+std::string Among(const std::vector<std::int32_t>& ledgers) {
+    std::string list;
+    for (const std::int32_t ledger : ledgers) list += (list.empty() ? "" : ", ") + std::to_string(ledger);
+    return "LedgerCode In (" + list + ")";
+}
+
+// By ledger and day, as the rows stand in their index; by day alone the store would have to sort them.
 void AddSums(Reading& books, const std::vector<std::int32_t>& ledgers, const Range& range,
              std::map<std::int32_t, Sides>& sums) {
     std::vector<std::string> conditions = DayConditions(range);
-    conditions.push_back(AmongLedgers(ledgers));
-    const auto rows =
-        books.Select("Select LedgerTxnDate, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
-                     books.Table("tb_Ledger") + WhereAll(conditions) + " Group By LedgerTxnDate");
+    conditions.push_back(Among(ledgers));
+    const auto rows = books.Select(
+        "Select LedgerCode, LedgerTxnDate, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
+        books.Table("tb_Ledger") + WhereAll(conditions) + " Group By LedgerCode, LedgerTxnDate");
     for (; !rows->Eof(); rows->MoveNext()) {
-        const basic::Value day = (*rows)["LedgerTxnDate"];
+        const basic::Value day = rows->Fields(1).Value();
         if (day.IsNull()) continue;
         Sides& of = sums[basic::ToLong(day)];
-        of.debit += basic::NumberOrZero((*rows)["Dr"]);
-        of.credit += basic::NumberOrZero((*rows)["Cr"]);
+        of.debit += basic::NumberOrZero(rows->Fields(2).Value());
+        of.credit += basic::NumberOrZero(rows->Fields(3).Value());
     }
 }
 
@@ -40,10 +47,14 @@ std::vector<std::int32_t> LedgersOf(Reading& books, const std::string& group) {
     return ledgers;
 }
 
-std::string AmongLedgers(const std::vector<std::int32_t>& ledgers) {
-    std::string list;
-    for (const std::int32_t ledger : ledgers) list += (list.empty() ? "" : ", ") + std::to_string(ledger);
-    return list.empty() ? "LedgerCode Is Null And LedgerCode = 0" : "LedgerCode In (" + list + ")";
+// Few are named one by one, which finds their rows at once; of many each row asks.
+std::string OfGroup(Reading& books, const std::string& group) {
+    const std::vector<std::int32_t> ledgers = LedgersOf(books, group);
+    if (!ledgers.empty() && ledgers.size() <= LedgersAtOnce) return Among(ledgers);
+    return "LedgerCode = (Select Max(Ledger_ID) From Ledger_Master Where Ledger_ID = LedgerCode And "
+           "PrimaryGrp "
+           "= " +
+           qm::QuotedDoubled(group) + ")";
 }
 
 std::map<std::int32_t, Sides> SumsByDay(Reading& books, const std::string& group, const Range& range) {

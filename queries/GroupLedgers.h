@@ -15,8 +15,8 @@ inline constexpr const char *DebtorsGroup = "Debtors", *SuppliersGroup = "Suppli
 
 // The numbers of the ledgers of a primary group, each once; its name is found without regard to case.
 std::vector<std::int32_t> LedgersOf(Reading& books, const std::string& group);
-// "LedgerCode In (12, 15)"; a condition that no row meets where there is none.
-std::string AmongLedgers(const std::vector<std::int32_t>& ledgers);
+// The condition that a row of tb_Ledger<year> is of such a ledger.
+std::string OfGroup(Reading& books, const std::string& group);
 
 // What was posted to a group's ledgers, by day number.
 std::map<std::int32_t, Sides> SumsByDay(Reading& books, const std::string& group, const Range& range);

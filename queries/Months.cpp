@@ -19,27 +19,39 @@ basic::Date LastOfMonth(basic::Date day) {
                           -1);
 }
 
-// What the vouchers of a type debit, by day number.
 using ByDay = std::map<std::int32_t, Sides>;
-ByDay DebitsOf(Reading& books, qm::VoucherType type, const Range& range) {
-    std::vector<std::string> conditions = DayConditions(range);
-    conditions.push_back(std::string("LedgerTrnType = '") + qm::WordOf(type) + "'");
-    ByDay debits;
-    const auto rows =
-        books.Select("Select LedgerTxnDate, Sum(LedgerDrAmt) As Dr From " + books.Table("tb_Ledger") +
-                     WhereAll(conditions) + " Group By LedgerTxnDate");
-    for (; !rows->Eof(); rows->MoveNext())
-        if (const basic::Value day = (*rows)["LedgerTxnDate"]; !day.IsNull())
-            debits[basic::ToLong(day)].debit = basic::NumberOrZero((*rows)["Dr"]);
-    return debits;
+
+// What the vouchers of the type debit, as a field.
+std::string DebitsOf(qm::VoucherType type) {
+    const std::string word = qm::WordOf(type);
+    return ", Sum(Iif(LedgerTrnType = '" + word + "', LedgerDrAmt, 0)) As " + word + "s";
 }
 
-double NetOf(const ByDay& sums, const Range& days) {
-    double net = 0;
-    for (auto day = sums.lower_bound(DayOf(*days.from)); day != sums.end() && day->first <= DayOf(*days.upto);
-         ++day)
-        net += day->second.Net();
-    return basic::Round(net, 2);
+// By day number: receipts as debits, payments as credits.
+ByDay ReceiptsAndPayments(Reading& books, const Range& range) {
+    ByDay sums;
+    const auto rows = books.Select("Select LedgerTxnDate" + DebitsOf(qm::VoucherType::Receipt) +
+                                   DebitsOf(qm::VoucherType::Payment) + " From " + books.Table("tb_Ledger") +
+                                   WhereAll(DayConditions(range)) + " Group By LedgerTxnDate");
+    for (; !rows->Eof(); rows->MoveNext())
+        if (const basic::Value day = rows->Fields(std::size_t{0}).Value(); !day.IsNull())
+            sums[basic::ToLong(day)] = {basic::NumberOrZero(rows->Fields(1).Value()),
+                                        basic::NumberOrZero(rows->Fields(2).Value())};
+    return sums;
+}
+
+Sides SumOf(const ByDay& sums, const Range& days) {
+    Sides sum;
+    const auto end = sums.upper_bound(DayOf(*days.upto));
+    for (auto day = sums.lower_bound(DayOf(*days.from)); day != end; ++day) {
+        sum.debit += day->second.debit;
+        sum.credit += day->second.credit;
+    }
+    return sum;
+}
+
+double Paise(double amount) {
+    return basic::Round(amount, 2);
 }
 
 const std::vector<Filled<MonthRow>>& Columns() {
@@ -70,13 +82,13 @@ std::vector<Range> MonthsOf(const Reading& books, const Range& range) {
 std::vector<MonthRow> Months(Reading& books, const Range& range) {
     const Reading::Moment moment(books);
     const ByDay sales = SumsByDay(books, SalesGroup, range),
-                purchases = SumsByDay(books, PurchaseGroup, range);
-    const ByDay receipts = DebitsOf(books, qm::VoucherType::Receipt, range),
-                payments = DebitsOf(books, qm::VoucherType::Payment, range);
+                purchases = SumsByDay(books, PurchaseGroup, range), moved = ReceiptsAndPayments(books, range);
     std::vector<MonthRow> rows;
-    for (const Range& month : MonthsOf(books, range))
-        rows.push_back({month, 0 - NetOf(sales, month), NetOf(purchases, month), NetOf(receipts, month),
-                        NetOf(payments, month)});
+    for (const Range& month : MonthsOf(books, range)) {
+        const Sides vouchers = SumOf(moved, month);
+        rows.push_back({month, Paise(0 - SumOf(sales, month).Net()), Paise(SumOf(purchases, month).Net()),
+                        Paise(vouchers.debit), Paise(vouchers.credit)});
+    }
     return rows;
 }
 

@@ -11,6 +11,7 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "queries/Conditions.h"
 #include "queries/GroupLedgers.h"
 #include "queries/LedgerDetails.h"
 
@@ -26,13 +27,36 @@ std::size_t PartOf(std::int32_t age) {
                                     Ages.begin());
 }
 
+// Both sums of the rows not older than so many days, under names that end in `part`.
+std::string SumsOfPart(std::size_t part, basic::Date asOf) {
+    const std::string end = std::to_string(part);
+    const auto sum = [&](const std::string& field) {
+        if (part == Ages.size()) return "Sum(" + field + ")";
+        const std::string first = std::to_string(DayOf(basic::AddDays(asOf, -Ages[part])));
+        return "Sum(Iif(LedgerTxnDate >= " + first + ", " + field + ", 0))";
+    };
+    return ", " + sum("LedgerDrAmt") + " As Dr" + end + ", " + sum("LedgerCrAmt") + " As Cr" + end;
+}
+
 // What was posted to each ledger up to the day, by age.
 std::map<std::int32_t, ByAge> SumsByAge(Reading& books, basic::Date asOf) {
+    std::string list;
+    for (std::size_t part = 0; part < Parts; ++part) list += SumsOfPart(part, asOf);
+    const auto rows =
+        books.Select("Select LedgerCode" + list + " From " + books.Table("tb_Ledger") +
+                     WhereAll(DayConditions({.from = {}, .upto = asOf})) + " Group By LedgerCode");
     std::map<std::int32_t, ByAge> sums;
-    for (std::size_t part = 0; part < Parts; ++part) {
-        Range range{.from = {}, .upto = part == 0 ? asOf : basic::AddDays(asOf, -Ages[part - 1] - 1)};
-        if (part < Ages.size()) range.from = basic::AddDays(asOf, -Ages[part]);
-        for (const auto& [ledger, of] : SumsByLedger(books, range)) sums[ledger][part] = of;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const basic::Value code = (*rows)["LedgerCode"];
+        if (code.IsNull()) continue;
+        Sides before;
+        std::size_t field = 0;
+        for (Sides& of : sums[basic::ToLong(code)]) {
+            const Sides upto{basic::NumberOrZero(rows->Fields(++field).Value()),
+                             basic::NumberOrZero(rows->Fields(++field).Value())};
+            of = {upto.debit - before.debit, upto.credit - before.credit};
+            before = upto;
+        }
     }
     return sums;
 }

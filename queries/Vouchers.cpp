@@ -14,7 +14,7 @@ std::string WhereOf(Reading& books, const VoucherFilter& filter) {
     if (filter.type) add(std::string("LedgerTrnType = '") + qm::WordOf(*filter.type) + "'");
     if (filter.ledger) add("LedgerCode = " + std::to_string(*filter.ledger));
     if (filter.number) add("LedgerTrnNo = " + std::to_string(*filter.number));
-    if (!filter.group.empty()) add(AmongLedgers(LedgersOf(books, filter.group)));
+    if (!filter.group.empty()) add(OfGroup(books, filter.group));
     const auto amount = [&](const char* sign, double bound) {
         const std::string reach = sign + basic::NumberText(bound);
         add("(LedgerDrAmt " + reach + " And LedgerDrAmt <> 0 Or LedgerCrAmt " + reach +

@@ -4,6 +4,7 @@
 
 #include "core/MsgBox.h"
 #include "platform/basic/Error.h"
+#include "platform/forms/html/DHTMLEdit.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/Form.h"
 #include "platform/forms/window/MessageBox.h"
@@ -55,6 +56,16 @@ extern "C" void qmWriteReports(const char* folder) {
     forms::DrawToMemory();
     qmAttachScreens();
     qm::WriteAllReports(folder);
+}
+
+extern "C" void qmWritePage(const char* html, const char* title, const char* source, bool isWide,
+                            const char* file) {
+    forms::DrawToMemory();
+    forms::EnsureApplication();
+    forms::DHTMLEdit view(nullptr);
+    view.SetDocumentHTML(html);
+    view.SetPaper({.Title = title, .Source = source, .Period = "", .IsWide = isWide});
+    view.WritePdf(file);
 }
 
 // One form's name a line.

@@ -14,6 +14,7 @@ void AddCreate(CommandLine& line);
 void AddPost(CommandLine& line);
 void AddImport(CommandLine& line);
 void AddExport(CommandLine& line);
+void AddLists(CommandLine& line);
 void AddLedgers(CommandLine& line);
 void AddYears(CommandLine& line);
 void AddYearSwitch(CommandLine& line);

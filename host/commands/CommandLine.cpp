@@ -35,6 +35,11 @@ Subcommand& Subcommand::Takes(const char* name, bool& place, const char* what) {
     return *this;
 }
 
+Subcommand Subcommand::Add(const char* name, const char* what) {
+    app_.require_subcommand(1);
+    return {*app_.add_subcommand(name, what), chosen_};
+}
+
 Subcommand& Subcommand::Footer(const std::string& text) {
     app_.footer(text);
     return *this;

@@ -28,6 +28,9 @@ class Subcommand {
     Subcommand& Takes(const char* name, std::optional<int>& place, int lowest, int highest, const char* what);
     Subcommand& Takes(const char* name, bool& place, const char* what);
 
+    // A command of its own below this one, which then needs one of those.
+    Subcommand Add(const char* name, const char* what);
+
     // The help's last lines; a routine is asked for them when the help is shown.
     Subcommand& Footer(const std::string& text);
     Subcommand& Footer(const std::function<std::string()>& text);

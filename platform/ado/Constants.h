@@ -18,6 +18,8 @@ inline constexpr int adUseClient = 3;
 
 inline constexpr int adCmdText = 1;
 inline constexpr int adCmdTable = 2;
+// Of this layer's own: the statement ends in a condition that a host wrote, and knows more of the dialect.
+inline constexpr int adHostCondition = 0x40000000;
 
 inline constexpr int adStateClosed = 0;
 inline constexpr int adStateOpen = 1;

@@ -1,5 +1,6 @@
 #include "platform/ado/RecordsetImpl.h"
 #include "platform/ado/store/Conversion.h"
+#include "platform/basic/Text.h"
 
 namespace ado {
 namespace {
@@ -14,6 +15,24 @@ struct TypeOfValue {
     int operator()(basic::Date) const { return adDate; }
     int operator()(const std::string&) const { return adVarWChar; }
 };
+
+// The most that a text of the type could have: texts have no limit of their own.
+constexpr int MostOfText = 536870910;
+
+int SizeOf(int type) {
+    switch (type) {
+        case adSmallInt:
+        case adBoolean:
+            return 2;
+        case adInteger:
+            return 4;
+        case adDouble:
+        case adDate:
+            return 8;
+        default:
+            return MostOfText;
+    }
+}
 
 int TypeNumber(ColumnType type) {
     switch (type) {
@@ -43,6 +62,18 @@ int Field::Type() const {
     const ColumnType type = set.Outputs().at(index_).type;
     if (type != ColumnType::Any) return TypeNumber(type);
     return owner_->Eof() || owner_->Bof() ? adVarWChar : Value().Visit(TypeOfValue());
+}
+
+int Field::DefinedSize() const {
+    return SizeOf(Type());
+}
+
+int Field::ActualSize() const {
+    const basic::Value value = Value();
+    if (value.IsNull()) return 0;
+    const auto* text = value.As<std::string>();
+    return text == nullptr ? SizeOf(value.Visit(TypeOfValue()))
+                           : static_cast<int>(basic::ToUtf16(*text).size() * sizeof(char16_t));
 }
 
 basic::Value Field::Value() const {

@@ -1,5 +1,6 @@
 #include "platform/ado/Recordset.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/ado/Errors.h"
@@ -11,17 +12,21 @@ namespace {
 constexpr const char* origin = "ado.Recordset";
 
 void RefuseField(std::size_t index, std::size_t count) {
-    if (index < count) return;
-    throw basic::Error(error::ItemNotFound,
-                       "The record set has no field number " + std::to_string(index) + ".", origin);
+    if (index >= count) RefuseFieldNumber(static_cast<std::int64_t>(index));
 }
 
 }  // namespace
 
+void RefuseFieldNumber(std::int64_t index) {
+    throw basic::Error(error::ItemNotFound,
+                       "The record set has no field number " + std::to_string(index) + ".", origin);
+}
+
 Recordset::Recordset() : impl_(std::make_unique<Impl>()) {}
 Recordset::~Recordset() = default;
 
-void Recordset::Open(std::string_view source, ConnectionPtr connection, int cursorType, int lockType, int) {
+void Recordset::Open(std::string_view source, ConnectionPtr connection, int cursorType, int lockType,
+                     int options) {
     Impl& set = *impl_;
     if (set.open)
         throw basic::Error(error::ObjectOpen, "Operation is not allowed when the object is open.", origin);
@@ -29,6 +34,7 @@ void Recordset::Open(std::string_view source, ConnectionPtr connection, int curs
     if (!set.connection) throw basic::Error(error::ObjectClosed, "The record set has no connection.", origin);
     if (cursorType != adUnspecified) set.cursorType = cursorType;
     if (lockType != adUnspecified) set.lockType = lockType;
+    set.hostCondition = options != adUnspecified && (options & adHostCondition) != 0;
     if (set.location == adUseClient) set.cursorType = adOpenStatic;
     set.OpenOn(set.connection->Opened(), source.empty() ? std::string(set.source) : std::string(source));
 }
@@ -50,6 +56,10 @@ int Recordset::State() const {
 
 int Recordset::CursorType() const {
     return impl_->cursorType;
+}
+
+int Recordset::LockType() const {
+    return impl_->lockType;
 }
 
 int Recordset::CursorLocation() const {
@@ -112,6 +122,14 @@ void Recordset::MoveLast() {
     impl_->Store();
     if (impl_->Count() == 0) RefuseNoRecord();
     impl_->position = impl_->Count() - 1;
+}
+
+void Recordset::Move(std::int64_t rows) {
+    impl_->RefuseClosed();
+    impl_->Store();
+    if (rows > 0 ? Eof() : Bof()) RefuseNoRecord();
+    const std::int64_t count = impl_->Count();
+    impl_->position += std::clamp(rows, -1 - impl_->position, count - impl_->position);
 }
 
 std::int64_t Recordset::AbsolutePosition() const {

@@ -15,14 +15,21 @@ namespace ado {
 
 class Recordset;
 
+[[noreturn]] void RefuseNoRecord();                       // raises NoCurrentRecord
+[[noreturn]] void RefuseFieldNumber(std::int64_t index);  // raises ItemNotFound, naming the number
+
 // One field of the record on which its record set stands. Cheap to make and to copy; valid as long as the
 // record set.
 class Field {
   public:
     Field(Recordset& owner, std::size_t index) : owner_(&owner), index_(index) {}
 
+    std::size_t Index() const { return index_; }  // from 0
     std::string Name() const;
-    int Type() const;            // adInteger, adDouble, adBoolean, adVarWChar, ...
+    int Type() const;         // adInteger, adDouble, adBoolean, adVarWChar, ...
+    int DefinedSize() const;  // bytes of the type; of a text the most that it could have: there is no limit
+    // Bytes of the value, a text's in UTF-16; 0 of Null. Raises NoCurrentRecord.
+    int ActualSize() const;
     basic::Value Value() const;  // raises NoCurrentRecord; a pending edit shows
     // Edits the current or the added record; raises NotUpdatable, BadValue.
     void SetValue(const basic::Value& value);
@@ -45,7 +52,8 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     Recordset& operator=(const Recordset&) = delete;
 
     // Opens a select, or a table by its bare name. With no source the last one is used. CursorLocation 3
-    // makes CursorType read 3. Raises ObjectOpen, and what the statement raises.
+    // makes CursorType read 3. Of the options only adHostCondition matters. Raises ObjectOpen, and what the
+    // statement raises.
     void Open(std::string_view source = {}, ConnectionPtr connection = nullptr,
               int cursorType = adUnspecified, int lockType = adUnspecified, int options = adUnspecified);
     void Requery();  // runs the source again, keeps Filter, stands on the first row
@@ -53,6 +61,7 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
 
     int State() const;  // closed, too, once its connection is; rows that were read can still be read
     int CursorType() const;
+    int LockType() const;
     int CursorLocation() const;
     void SetCursorLocation(int location);  // before Open
     const std::string& Source() const;
@@ -62,15 +71,17 @@ class Recordset : public std::enable_shared_from_this<Recordset> {
     bool Eof() const;
     bool Bof() const;
     std::int64_t RecordCount() const;  // rows that pass Filter
-    void MoveFirst();  // these four store a pending edit; raise NoCurrentRecord where there is none
+    // These five store a pending edit and raise NoCurrentRecord where there is none to go to.
+    void MoveFirst();
     void MoveNext();
     void MovePrevious();
     void MoveLast();
+    void Move(std::int64_t rows);           // forward, or back for less than 0; stops at EOF and BOF
     std::int64_t AbsolutePosition() const;  // from 1; -2 at BOF, -3 at EOF
 
-    // "" shows all rows; a condition of the form "Field = 12 [And ...]" with =, <>, <, >, <=, >= and a number
-    // or a quoted text hides the others; stands on the first that is left. Raises BadArgument for any other
-    // form.
+    // "" shows all rows; a condition of the form "Field = 12 [And ...] [Or ...]" with =, <>, <, >, <=, >=,
+    // Like and a number or a quoted text hides the others; stands on the first that is left. Raises
+    // BadArgument for any other form.
     const std::string& Filter() const;
     void SetFilter(std::string_view condition);
     // Goes forward from the current row, skipping `skip` rows, to the first that meets the one comparison,

@@ -69,6 +69,7 @@ struct Recordset::Impl final : PostponedRead {
     int cursorType = adOpenForwardOnly;
     int lockType = adLockReadOnly;
     int location = adUseServer;
+    bool hostCondition = false;
     bool open = false;
 
     std::shared_ptr<const Plan> plan;
@@ -93,7 +94,5 @@ struct Recordset::Impl final : PostponedRead {
     std::optional<BoundStatement> WithFilter(Session& on, const BoundStatement& base) const;
     void Read();
 };
-
-[[noreturn]] void RefuseNoRecord();  // raises NoCurrentRecord
 
 }  // namespace ado

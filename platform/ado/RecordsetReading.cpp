@@ -79,6 +79,7 @@ std::shared_ptr<Session> Recordset::Impl::OpenSession() const {
 BoundStatement Recordset::Impl::Statement(Session& on) const {
     PlanOptions options;
     options.rowid = lockType != adLockReadOnly;
+    options.hostCondition = hostCondition;
     BoundStatement ready = on.Ready(StatementOf(source), options);
     if (ready.plan().kind != StatementKind::Select)
         throw basic::Error(error::BadArgument, "A record set opens on a select or a table.", origin);
@@ -164,7 +165,10 @@ void Recordset::Impl::ApplyFilter() {
     visible = std::make_shared<std::vector<std::uint32_t>>();
     for (std::size_t row = 0; row < rows->Rows(); ++row) {
         bool meets = true;
-        for (const FilterTerm& term : terms) meets = meets && term.comparison.Meets(*rows, row, term.field);
+        for (const FilterTerm& term : terms) {
+            if (term.comparison.orElse && meets) break;
+            meets = (meets || term.comparison.orElse) && term.comparison.Meets(*rows, row, term.field);
+        }
         if (meets) visible->push_back(static_cast<std::uint32_t>(row));
     }
 }

@@ -48,12 +48,16 @@ void WriteNewFile(const fs::path& file, const std::function<void(std::ostream&)>
 
 // A stream keeps no reason: it is asked for where the first byte fails, before anything else is called.
 void WriteWhole(std::ostream& out, const std::string& name, const std::function<void(std::ostream&)>& write) {
+    const std::ios::iostate mask = out.exceptions();
     try {
         out.exceptions(std::ios::badbit | std::ios::failbit);
         write(out);
         out.flush();
+        out.exceptions(mask);
     } catch (const std::ios_base::failure&) {
-        FailToWrite(name, errno);
+        const int reason = errno;
+        out.exceptions(mask);
+        FailToWrite(name, reason);
     }
 }
 

@@ -49,6 +49,14 @@ std::size_t Advance(std::string_view text, std::size_t from, std::size_t count) 
     return from;
 }
 
+// The next place from `at` on where a text may go on with a character of a pattern: plain letters that differ
+// from a plain one are passed over.
+std::size_t PassOver(std::string_view text, std::size_t at, char wanted) {
+    if (!IsAscii(wanted) || wanted == '_') return at;
+    while (at < text.size() && IsAscii(text[at]) && LowerAscii(text[at]) != LowerAscii(wanted)) ++at;
+    return at;
+}
+
 void Append(std::string& text, Code code) {
     if (code >= 0x110000) {
         text += static_cast<char>(code - 0x110000);
@@ -157,6 +165,7 @@ bool LikeText(std::string_view text, std::string_view pattern) {
             in = nextIn;
         } else if (backIn != std::string_view::npos) {
             Next(text, backAt);
+            backAt = PassOver(text, backAt, pattern[backIn]);
             at = backAt;
             in = backIn;
         } else {

@@ -89,6 +89,7 @@ inline constexpr VARTYPE VT_ERROR = 10;  // with DISP_E_PARAMNOTFOUND: the argum
 inline constexpr VARTYPE VT_BOOL = 11;
 inline constexpr VARTYPE VT_VARIANT = 12;  // only with VT_BYREF
 inline constexpr VARTYPE VT_UNKNOWN = 13;
+inline constexpr VARTYPE VT_DECIMAL = 14;  // the VARIANT itself is the DECIMAL
 inline constexpr VARTYPE VT_I1 = 16;
 inline constexpr VARTYPE VT_UI1 = 17;
 inline constexpr VARTYPE VT_UI2 = 18;
@@ -97,11 +98,37 @@ inline constexpr VARTYPE VT_I8 = 20;
 inline constexpr VARTYPE VT_UI8 = 21;
 inline constexpr VARTYPE VT_INT = 22;
 inline constexpr VARTYPE VT_UINT = 23;
+inline constexpr VARTYPE VT_ARRAY = 0x2000;  // added up: the data is a pointer to a SAFEARRAY of the type
 inline constexpr VARTYPE VT_BYREF = 0x4000;  // added up: the data is a pointer to a value of the type
 
 struct IUnknown;
 struct IDispatch;
-struct ITypeInfo;  // never given: GetTypeInfoCount is 0
+struct ITypeInfo;  // platform/com/ITypeInfo.h
+
+struct SAFEARRAYBOUND {
+    std::uint32_t cElements;
+    std::int32_t lLbound;
+};
+
+// Several bounds stand one behind the other, the last dimension first; the elements stand with the first
+// dimension running fastest.
+struct SAFEARRAY {
+    std::uint16_t cDims;
+    std::uint16_t fFeatures;
+    std::uint32_t cbElements;
+    std::uint32_t cLocks;
+    void* pvData;
+    SAFEARRAYBOUND rgsabound[1];
+};
+
+// A whole number of 96 bits, divided by a power of ten.
+struct DECIMAL {
+    std::uint16_t wReserved;  // of a VARIANT: its type
+    std::uint8_t scale;       // 0 to 28
+    std::uint8_t sign;        // 0x80 below 0, else 0
+    std::uint32_t Hi32;
+    std::uint64_t Lo64;
+};
 
 struct VARIANT {
     VARTYPE vt;
@@ -124,11 +151,13 @@ struct VARIANT {
         IUnknown* punkVal;
         IDispatch* pdispVal;
         VARIANT* pvarVal;
+        SAFEARRAY* parray;
         void* byref;
         void* record[2];  // not used; gives the union its size
     };
 };
-static_assert(sizeof(GUID) == 16);
+static_assert(sizeof(GUID) == 16 && sizeof(DECIMAL) == 16);
+static_assert(sizeof(SAFEARRAY) == 32 && offsetof(SAFEARRAY, pvData) == 16);
 static_assert(sizeof(VARIANT) == 24 && offsetof(VARIANT, vt) == 0 && offsetof(VARIANT, lVal) == 8);
 
 struct DISPPARAMS {
@@ -159,11 +188,14 @@ inline constexpr std::uint16_t DISPATCH_PROPERTYPUTREF = 8;
 inline constexpr DISPID DISPID_VALUE = 0;  // the default member
 inline constexpr DISPID DISPID_UNKNOWN = -1;
 inline constexpr DISPID DISPID_PROPERTYPUT = -3;  // names the new value of a property
+inline constexpr DISPID DISPID_NEWENUM = -4;      // gives an IEnumVARIANT
 
 inline constexpr IID IID_NULL = {0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0}};
 inline constexpr IID IID_IUnknown = {0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IClassFactory = {0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IDispatch = {0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_ITypeInfo = {0x00020401, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IEnumVARIANT = {0x00020404, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IErrorInfo = {
     0x1CF2B120, 0x547D, 0x101B, {0x8E, 0x65, 0x08, 0x00, 0x2B, 0x2B, 0xD1, 0x19}};
 inline constexpr IID IID_ISupportErrorInfo = {
@@ -184,6 +216,14 @@ struct IDispatch : IUnknown {
     virtual HRESULT Invoke(DISPID member, const IID& reserved, LCID locale, std::uint16_t flags,
                            DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* failure,
                            std::uint32_t* badArgument) = 0;
+};
+
+struct IEnumVARIANT : IUnknown {
+    // The next ones, at most `count`: S_FALSE where fewer are left. `fetched` may be null.
+    virtual HRESULT Next(std::uint32_t count, VARIANT* values, std::uint32_t* fetched) = 0;
+    virtual HRESULT Skip(std::uint32_t count) = 0;
+    virtual HRESULT Reset() = 0;
+    virtual HRESULT Clone(IEnumVARIANT** copy) = 0;
 };
 
 struct IClassFactory : IUnknown {
@@ -221,7 +261,16 @@ void SysFreeString(BSTR text);
 std::uint32_t SysStringLen(BSTR text);  // in UTF-16 units
 
 void VariantInit(VARIANT* value);
-HRESULT VariantClear(VARIANT* value);  // frees a text, releases an object; leaves what it refers to alone
+HRESULT VariantClear(
+    VARIANT* value);  // frees a text or an array, releases an object; leaves what it refers to alone
+
+// Arrays of VARIANTs, the kind that the class server hands out and takes; dimensions count from 1. An element
+// is handed out as a copy of its own.
+std::uint32_t SafeArrayGetDim(SAFEARRAY* array);
+HRESULT SafeArrayGetLBound(SAFEARRAY* array, std::uint32_t dimension, std::int32_t* bound);
+HRESULT SafeArrayGetUBound(SAFEARRAY* array, std::uint32_t dimension, std::int32_t* bound);
+HRESULT SafeArrayGetElement(SAFEARRAY* array, const std::int32_t* indices, void* element);
+HRESULT SafeArrayDestroy(SAFEARRAY* array);
 
 // The error object of this thread's last failed call. Getting it hands it over: S_FALSE where there is none.
 HRESULT GetErrorInfo(std::uint32_t reserved, IErrorInfo** info);

@@ -17,6 +17,7 @@ struct Parameter {
     // What the argument is converted to: VT_I2, I4, R8, DATE, BOOL, BSTR; VT_VARIANT leaves it as it is.
     VARTYPE Type;
     bool Optional = false;  // a missing one is 0, "" or an empty VARIANT
+    bool ByReference = false;
 };
 
 struct Member {
@@ -28,6 +29,15 @@ struct Member {
     // Calls the bound function; `data` points at the value of each argument and, last, at the result's. An
     // argument that the caller passes by reference, with the very type, is the caller's own.
     HRESULT (*Call)(void* object, void* const* data);
+    const char* Help = "";  // a sentence on what it does
+};
+
+// What hosts know of a class: by GetTypeInfo, and by late binding.
+struct Interface {
+    const char* Name;
+    IID Id;
+    const char* Help;
+    std::vector<Member> Members;
 };
 
 namespace detail {

@@ -2,16 +2,17 @@
 
 #include "platform/com/Dispatch.h"
 #include "platform/com/Lifetime.h"
+#include "platform/com/TypeInfo.h"
 
 namespace com {
 
-// An object that hosts hold: its references, its interfaces and its late binding. `Face` is its interface,
-// IDispatch or one that goes on from it; `Bound` is the class that its table of members is bound to. Made
-// with one reference.
+// An object that hosts hold: its references, its interfaces, its late binding and its type information.
+// `Face` is its interface, IDispatch or one that goes on from it; `Bound` is the class that the members of
+// what it shows are bound to. Made with one reference.
 template <class Face, class Bound>
 class Object : public Face, public ISupportErrorInfo {
   public:
-    Object(const IID& face, Members members) : face_(face), members_(members) {}
+    explicit Object(const Interface& shown) : shown_(shown) {}
     virtual ~Object() = default;
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -33,36 +34,36 @@ class Object : public Face, public ISupportErrorInfo {
 
     HRESULT GetTypeInfoCount(std::uint32_t* count) override {
         if (count == nullptr) return E_POINTER;
-        *count = 0;
+        *count = 1;
         return S_OK;
     }
-    HRESULT GetTypeInfo(std::uint32_t, LCID, ITypeInfo** info) override {
-        if (info != nullptr) *info = nullptr;
-        return DISP_E_BADINDEX;
+    HRESULT GetTypeInfo(std::uint32_t index, LCID, ITypeInfo** info) override {
+        if (info == nullptr) return E_POINTER;
+        *info = nullptr;
+        return index == 0 ? GiveTypeInfo(shown_, info) : DISP_E_BADINDEX;
     }
     HRESULT GetIDsOfNames(const IID& reserved, char16_t** names, std::uint32_t count, LCID,
                           DISPID* ids) override {
-        return reserved == IID_NULL ? FindNames(members_, names, count, ids) : DISP_E_UNKNOWNINTERFACE;
+        return reserved == IID_NULL ? FindNames(shown_.Members, names, count, ids) : DISP_E_UNKNOWNINTERFACE;
     }
     HRESULT Invoke(DISPID member, const IID& reserved, LCID locale, std::uint16_t flags,
                    DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* failure,
                    std::uint32_t* badArgument) override {
         const Ptr<Face> kept = Keep();  // a call may release the last reference of its own object
-        return com::Invoke(members_, static_cast<Bound*>(this),
+        return com::Invoke(shown_.Members, static_cast<Bound*>(this),
                            {member, reserved, locale, flags, arguments, result, failure, badArgument});
     }
 
     HRESULT InterfaceSupportsErrorInfo(const IID& iid) override { return IsFace(iid) ? S_OK : S_FALSE; }
 
   private:
-    bool IsFace(const IID& iid) const { return iid == face_ || iid == IID_IDispatch; }
+    bool IsFace(const IID& iid) const { return iid == shown_.Id || iid == IID_IDispatch; }
     Ptr<Face> Keep() {
         AddRef();
         return Ptr<Face>(this);
     }
 
-    const IID& face_;
-    Members members_;
+    const Interface& shown_;  // for the whole run
     References references_;
     InUse inUse_;
 };

@@ -1,6 +1,8 @@
 #include "platform/com/Variant.h"
 
+#include <charconv>
 #include <limits>
+#include <string>
 
 #include "platform/basic/Error.h"
 #include "platform/com/Bstr.h"
@@ -16,6 +18,7 @@ HRESULT VariantClear(VARIANT* value) {
     if (value->vt == VT_BSTR) SysFreeString(value->bstrVal);
     if ((value->vt == VT_DISPATCH || value->vt == VT_UNKNOWN) && value->punkVal != nullptr)
         value->punkVal->Release();
+    if (value->vt == (VT_ARRAY | VT_VARIANT)) SafeArrayDestroy(value->parray);
     VariantInit(value);
     return S_OK;
 }
@@ -43,6 +46,21 @@ basic::Value NumberOf(Number number) {
 template <class T>
 const T& At(const void* data) {
     return *static_cast<const T*>(data);
+}
+
+// Read as its digits say, so to the nearest double.
+double DecimalOf(const DECIMAL& decimal) {
+    constexpr int MostScale = 28, Ten = 10;
+    constexpr std::uint8_t Below0 = 0x80;
+    if (decimal.scale > MostScale || (decimal.sign & ~Below0) != 0) Mismatch();
+    std::string digits;
+    __extension__ using Whole = unsigned __int128;
+    for (Whole left = static_cast<Whole>(decimal.Hi32) << 64 | decimal.Lo64; left != 0; left /= Ten)
+        digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(left % Ten)));
+    digits = "0" + digits + "E-" + std::to_string(decimal.scale);
+    double number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return decimal.sign == 0 ? number : -number;
 }
 
 basic::Value DefaultOf(IDispatch* object) {
@@ -85,6 +103,8 @@ basic::Value Read(VARTYPE type, const void* data) {
             return At<double>(data);
         case VT_CY:
             return static_cast<double>(At<std::int64_t>(data)) / CurrencyUnit;
+        case VT_DECIMAL:
+            return DecimalOf(At<DECIMAL>(data));
         case VT_DATE:
             return basic::Date{At<DATE>(data)};
         case VT_BOOL:
@@ -112,6 +132,7 @@ bool IsMissing(const VARIANT& value) {
 
 basic::Value ValueOf(const VARIANT& value) {
     const VARIANT& target = Target(value);
+    if (target.vt == VT_DECIMAL) return Read(VT_DECIMAL, &target);
     if ((target.vt & VT_BYREF) == 0) return Read(target.vt, &target.lVal);
     if (target.byref == nullptr) Mismatch();
     return Read(static_cast<VARTYPE>(target.vt & ~VT_BYREF), target.byref);

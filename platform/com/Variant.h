@@ -23,8 +23,9 @@ const VARIANT& Target(const VARIANT& value);
 
 bool IsMissing(const VARIANT& value);  // a left-out optional argument
 
-// The value as the lower layers know it. Empty reads Null; integers beyond 32 bits and currency become
-// doubles; an object gives its default member. Raises 13 "Type mismatch" for kinds that have no such value.
+// The value as the lower layers know it. Empty reads Null; integers beyond 32 bits, currency and decimals
+// become doubles; an object gives its default member. Raises 13 "Type mismatch" for kinds that have no such
+// value.
 basic::Value ValueOf(const VARIANT& value);
 
 // `to` is overwritten, not freed before. Gives Null, a boolean, 16- or 32-bit integer, double, date or text.

@@ -49,7 +49,7 @@ class Page {
 
     template <class CellText>
     void Line(CellText&& cellText) {
-        text_ += "<tr>";
+        text_ += "<tr valign='top'>";
         for (std::size_t i = 0; i < sheet_.Columns().size(); ++i) {
             text_ += IsFigure(sheet_.Columns()[i].kind) ? "<td align='right' nowrap>" : "<td>";
             text_ += cellText(i) + "</td>";

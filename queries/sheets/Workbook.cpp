@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t MostRows = LXW_ROW_MAX - 2;  // heads and totals stand around them
 constexpr std::size_t LongestText = 32767, LongestFormula = 8000, LongestName = 31;
 constexpr double NarrowestColumn = 8, WidestColumn = 60;  // in letters
-constexpr int DeepestFold = 7;
+constexpr int DeepestFold = 7, DeepestIndent = 14;
 constexpr double FirstExcelDay = 61;  // 1 March 1900: before it a spreadsheet counts a day that never was
 
 [[noreturn]] void Fail(const std::string& text) {
@@ -101,10 +101,16 @@ class Workbook {
         return format;
     }
 
+    // A text that stands right behind figures is set off from them.
+    int GapBefore(std::size_t column) const {
+        return column > 0 && IsFigure(Columns()[column - 1].kind) && !IsFigure(Columns()[column].kind) ? 1
+                                                                                                       : 0;
+    }
+
     void WriteHeads() {
         for (std::size_t i = 0; i < Columns().size(); ++i) {
             widths_.push_back(0);
-            WriteText(0, i, Columns()[i].caption, FormatOf(Columns()[i].kind, Look::Head));
+            WriteText(0, i, Columns()[i].caption, FormatOf(Columns()[i].kind, Look::Head, GapBefore(i)));
         }
     }
 
@@ -113,7 +119,8 @@ class Workbook {
         const int level = sheet_.Level(row);
         if (isTree_) NoteLevel(row, level);
         for (std::size_t i = 0; i < Columns().size(); ++i)
-            WriteCell(RowOf(row), i, sheet_.At(row, i), i == tree_ ? std::min(level, 15) : 0);
+            WriteCell(RowOf(row), i, sheet_.At(row, i),
+                      GapBefore(i) + (i == tree_ ? std::min(level, DeepestIndent) : 0));
     }
 
     // A row of parts can be folded into the one above; the outermost rows are what the totals add.
@@ -188,7 +195,8 @@ class Workbook {
     void SetUpColumns() {
         for (std::size_t i = 0; i < widths_.size(); ++i)
             worksheet_set_column(tab_, ColumnOf(i), ColumnOf(i),
-                                 std::clamp(widths_[i] + 2, NarrowestColumn, WidestColumn), nullptr);
+                                 std::clamp(widths_[i] + 2 + GapBefore(i), NarrowestColumn, WidestColumn),
+                                 nullptr);
     }
 
     // Before the first row: what is written cannot be marked any more.

@@ -67,6 +67,10 @@ class ClassCalls : public testing::TestWithParam<test::Session> {
             MakeLedger(Arguments(rest));
         else if (word == "names")
             ListNames(rest);
+        else if (word == "rows")
+            rows = List(rest);
+        else if (word == "set")
+            OfRows(rest);
         else
             Call(word, rest);
     }
@@ -75,27 +79,54 @@ class ClassCalls : public testing::TestWithParam<test::Session> {
         books.AddLedger(of.at(0), of.at(1), of.size() > 2 ? std::stod(of[2]) : 0,
                         of.size() > 3 ? of[3] : "D");
     }
-    void ListNames(const std::string& call) {
+    test::LateBound List(const std::string& call) {
         const std::string list = call.substr(0, call.find(' '));
         std::vector<basic::Value> arguments;
         if (list != call) arguments.emplace_back(test::Cell(call.substr(list.size() + 1)));
-        const test::LateBound rows = host.Object(list.c_str(), arguments);
+        return host.Object(list.c_str(), arguments);
+    }
+    void ListNames(const std::string& call) {
+        const test::LateBound list = List(call);
         std::string names;
-        for (; !basic::ToBoolean(rows.Get("EOF")); rows.Get("MoveNext"))
-            names += (names.empty() ? "" : ", ") + basic::ToText(rows.Get("Fields", {"Name"}));
+        for (; !basic::ToBoolean(list.Get("EOF")); list.Get("MoveNext"))
+            names += (names.empty() ? "" : ", ") + basic::ToText(list.Get("Fields", {"Name"}));
         said.push_back(names);
     }
     void Call(const std::string& member, const std::string& rest) {
-        std::vector<basic::Value> arguments;
-        for (const std::string& argument : Arguments(rest)) arguments.push_back(ValueOf(argument));
-        const basic::Value answer = host.Get(member.c_str(), arguments);
-        if (member == "StartDataConn") return;
+        const basic::Value answer = host.Get(member.c_str(), Values(rest));
+        if (member != "StartDataConn") Say(answer);
+    }
+    // "Member arguments", or "Member = value"; a step of the walk says on which name it then stands.
+    void OfRows(const std::string& call) {
+        const std::string member = call.substr(0, call.find(' '));
+        const std::string rest = member.size() < call.size() ? call.substr(member.size() + 1) : "";
+        try {
+            if (rest.starts_with("= "))
+                rows.Let(member.c_str(), ValueOf(test::Cell(rest.substr(2))));
+            else if (const basic::Value answer = rows.Get(member.c_str(), Values(rest)); !answer.IsNull())
+                return Say(basic::Replace(basic::Replace(basic::ToText(answer), "\t", "/"), "\r", ";"));
+            const bool atEnd = basic::ToBoolean(rows.Get("EOF"));
+            Say(basic::ToBoolean(rows.Get("BOF")) ? atEnd ? "none" : "BOF"
+                : atEnd                           ? "EOF"
+                                                  : rows.Get("Fields", {"Name"}));
+        } catch (const basic::Error& failure) {
+            const std::int32_t classic = failure.Number ^ FACILITY_CONTROL_ERROR;
+            Say("error " + std::to_string(classic >= 0 && classic <= 65535 ? classic : failure.Number));
+        }
+    }
+    static std::vector<basic::Value> Values(const std::string& rest) {
+        std::vector<basic::Value> values;
+        for (const std::string& argument : Arguments(rest)) values.push_back(ValueOf(argument));
+        return values;
+    }
+    void Say(const basic::Value& answer) {
         const std::string text = answer.IsNull() ? "Null" : basic::ToText(answer);
         said.push_back(text.empty() ? "\"\"" : text);
     }
 
     test::FreshBooks books;
     test::LateBound host{new qm::clQmObject};
+    test::LateBound rows{nullptr};
     qm::MsgBoxPort before;
     Cells said;
 };

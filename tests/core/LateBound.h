@@ -22,6 +22,11 @@ class LateBound {
         Call(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, named, result);
         return com::ValueOf(result);
     }
+    // The whole result; `extra`, where it is given, is one more argument behind the others, as it stands.
+    void Whole(const char* name, const std::vector<basic::Value>& arguments, VARIANT& result,
+               const VARIANT* extra = nullptr) const {
+        Call(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, {}, result, extra);
+    }
     LateBound Object(const char* name, const std::vector<basic::Value>& arguments = {}) const {
         com::Variant result;
         Call(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, {}, result);
@@ -46,11 +51,12 @@ class LateBound {
   private:
     // The last arguments are the named ones.
     void Call(const char* name, std::uint16_t flags, const std::vector<basic::Value>& arguments,
-              const std::vector<const char*>& named, VARIANT& result) const {
+              const std::vector<const char*>& named, VARIANT& result, const VARIANT* extra = nullptr) const {
         std::vector<com::Variant> values(arguments.size());
         for (std::size_t i = 0; i < values.size(); ++i)
             com::Store(arguments[arguments.size() - 1 - i], values[i]);
         std::vector<VARIANT> plain(values.begin(), values.end());
+        if (extra != nullptr) plain.insert(plain.begin(), *extra);
         std::vector<DISPID> ids = Ids(name, named);
         const DISPID own = ids.front();
         ids.erase(ids.begin());

@@ -30,6 +30,7 @@ TEST(Months, SumWhatWasTradedAndMoved) {
     EXPECT_EQ(queries::Months(reading).size(), 12u);
     EXPECT_EQ(queries::Months(reading)[0].sales, 100.1);
     EXPECT_EQ(queries::SumVouchers(reading, {.days = spring, .group = "sales"}).lines, 2u);
+    EXPECT_EQ(queries::SumVouchers(reading, {.group = "Nowhere"}).lines, 0u);
     EXPECT_THAT(
         test::LinesOf(*queries::CashAndBankSheet(reading, queries::Every::Month, spring)),
         ElementsAre("02/04/2001|30/04/2001|-|-|1080|30.1|-|25.1", "01/05/2001|31/05/2001|-|12|1068|-|0.1|25",

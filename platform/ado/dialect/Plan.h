@@ -52,6 +52,7 @@ struct Plan {
 struct PlanOptions {
     bool rowid =
         false;  // for an editing record set; ignored unless the select is of one table and no aggregate
+    bool hostCondition = false;  // the forms and functions that only a host's own condition may have
 };
 
 // Translates a shape. Raises ado::error::Statement, NoSuchTable, UnknownName or BadValue, each with a text

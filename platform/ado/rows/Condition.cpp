@@ -23,14 +23,18 @@ constexpr std::pair<std::string_view, Operator> operators[] = {
     {"=", Operator::Equal},    {"<", Operator::Less},         {">", Operator::Greater},
 };
 
+constexpr std::string_view AnyRun = "%*";  // of Like
+
 class ConditionReader {
   public:
     explicit ConditionReader(std::string_view text) : whole_(text), left_(text) {}
 
     std::vector<Comparison> Read() {
-        std::vector<Comparison> comparisons;
-        do comparisons.push_back(ReadComparison());
-        while (TakeWord("And"));
+        std::vector<Comparison> comparisons{ReadComparison()};
+        for (bool orElse = TakeWord("Or"); orElse || TakeWord("And"); orElse = TakeWord("Or")) {
+            comparisons.push_back(ReadComparison());
+            comparisons.back().orElse = orElse;
+        }
         if (!left_.empty()) Refuse();
         return comparisons;
     }
@@ -41,6 +45,7 @@ class ConditionReader {
         comparison.field = TakeName();
         comparison.op = TakeOperator();
         TakeValue(comparison);
+        if (comparison.op == Operator::Like) CheckPattern(comparison);
         SkipBlanks();
         return comparison;
     }
@@ -73,7 +78,15 @@ class ConditionReader {
             SkipBlanks();
             return op;
         }
+        if (TakeWord("Like")) return Operator::Like;
         Refuse();
+    }
+
+    void CheckPattern(const Comparison& like) const {
+        const std::string_view text = like.text;
+        if (!like.isText ||
+            (text.size() > 2 && text.substr(1, text.size() - 2).find_first_of(AnyRun) != text.npos))
+            Refuse();
     }
 
     void TakeValue(Comparison& comparison) {
@@ -128,7 +141,7 @@ class ConditionReader {
         throw basic::Error(
             error::BadArgument,
             "The condition '" + std::string(whole_) +
-                "' is not of the form: Field = 12 (or <>, <, >, <=, >=; a number or a quoted text).",
+                "' is not of the form: Field = 12 (or <>, <, >, <=, >=, Like; a number or a quoted text).",
             "ado.Recordset");
     }
 
@@ -139,6 +152,17 @@ class ConditionReader {
 // A number beside a boolean: True equals 1 and -1.
 double BesideTruth(double number) {
     return number == -1 ? 1 : number;
+}
+
+// The pattern's words with what may stand around them.
+bool IsLike(std::string_view text, std::string_view pattern) {
+    const bool before = !pattern.empty() && AnyRun.find(pattern.front()) != AnyRun.npos;
+    if (before) pattern.remove_prefix(1);
+    const bool behind = !pattern.empty() && AnyRun.find(pattern.back()) != AnyRun.npos;
+    if (behind) pattern.remove_suffix(1);
+    const std::string in = basic::FoldCase(text), words = basic::FoldCase(pattern);
+    if (before && behind) return in.find(words) != in.npos;
+    return before ? in.ends_with(words) : behind ? in.starts_with(words) : in == words;
 }
 
 std::string TextOf(const Comparison& with) {
@@ -174,6 +198,7 @@ bool Comparison::Meets(const RowStore& rows, std::size_t row, std::size_t column
     const Cell cell = rows.CellAt(row, column);
     if (cell.kind == CellKind::Null) return false;
     const std::string_view cellText = cell.kind == CellKind::Text ? rows.TextOf(cell) : "";
+    if (op == Operator::Like) return IsLike(basic::ToText(rows.ValueAt(row, column)), text);
     const std::optional<int> order = Compare(*this, cell, cellText, rows.TypeOf(column));
     if (!order) return op == Operator::Unequal;
     switch (op) {
@@ -189,6 +214,8 @@ bool Comparison::Meets(const RowStore& rows, std::size_t row, std::size_t column
             return *order > 0;
         case Operator::GreaterOrEqual:
             return *order >= 0;
+        case Operator::Like:
+            break;
     }
     return false;
 }
@@ -208,6 +235,7 @@ std::optional<std::size_t> FindOutput(const std::vector<Output>& outputs, std::s
 std::optional<std::string> ComparisonSql(const StoreSql& words, const Comparison& comparison,
                                          const Output& output, std::size_t parameter) {
     const bool texts = output.type == ColumnType::Text;
+    if (comparison.op == Operator::Like || comparison.orElse) return {};
     if (output.column.empty() || output.type == ColumnType::Any || texts != comparison.isText) return {};
     if (comparison.isTruth && output.type != ColumnType::Boolean) return {};
     Expression column = Of(QuotedName(output.table) + "." + QuotedName(output.column), output.type, 0);

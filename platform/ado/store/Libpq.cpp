@@ -6,9 +6,8 @@
 #include "platform/basic/Error.h"
 
 namespace ado {
-namespace {
 
-Libpq Load() {
+Libpq Libpq::Load() {
     void* library = dlopen("libpq.so.5", RTLD_NOW | RTLD_LOCAL);
     Libpq calls{};
     bool whole = library != nullptr;
@@ -25,13 +24,6 @@ Libpq Load() {
                            "Books on a server need the library libpq of version 14 or later, and it is not "
                            "installed on this machine.",
                            "ado.Engine");
-    return calls;
-}
-
-}  // namespace
-
-const Libpq& Libpq::Get() {
-    static const Libpq calls = Load();
     return calls;
 }
 

@@ -7,7 +7,10 @@ namespace ado {
 // The server's library, each call by its own name. It is loaded when the first books on a server are opened,
 // so that a host on a file neither needs it nor waits for it.
 struct Libpq {
-    static const Libpq& Get();  // raises error::Unspecified where it is not installed
+    static const Libpq& Get() {  // raises error::Unspecified where it is not installed
+        static const Libpq calls = Load();
+        return calls;
+    }
 
 #define QM_LIBPQ_CALLS(CALL)       \
     CALL(PQconninfoParse)          \
@@ -48,6 +51,9 @@ struct Libpq {
 #define QM_LIBPQ_CALL(name) decltype(&::name) name;
     QM_LIBPQ_CALLS(QM_LIBPQ_CALL)
 #undef QM_LIBPQ_CALL
+
+  private:
+    static Libpq Load();
 };
 
 // What one statement gave, or one row of it.

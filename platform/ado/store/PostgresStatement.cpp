@@ -66,6 +66,7 @@ bool PostgresStatement::Step() {
             throw;
         }
         if (!row_) state_ = State::Kept;
+        NoteKinds();
     } else if (state_ == State::Reading) {
         row_ = engine_.NextRow();
         if (!row_) state_ = State::Kept;
@@ -99,45 +100,50 @@ void PostgresStatement::Reset() {
 }
 
 int PostgresStatement::ColumnCount() const {
-    return row_ ? Libpq::Get().PQnfields(row_.get()) : 0;
+    return row_ ? pq_.PQnfields(row_.get()) : 0;
+}
+
+// All rows of an answer are of the same types.
+void PostgresStatement::NoteKinds() {
+    kinds_.clear();
+    for (int column = 0; column < ColumnCount(); ++column) switch (pq_.PQftype(row_.get(), column)) {
+            case ServerValue::Bool:
+            case Int2:
+            case Int4:
+            case ServerValue::Int8:
+                kinds_.push_back(CellKind::Integer);
+                break;
+            case ServerValue::Float8:
+                kinds_.push_back(CellKind::Real);
+                break;
+            default:
+                kinds_.push_back(CellKind::Text);
+        }
 }
 
 CellKind PostgresStatement::Kind(int column) const {
-    const Libpq& pq = Libpq::Get();
-    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return CellKind::Null;
-    switch (pq.PQftype(row_.get(), column)) {
-        case ServerValue::Bool:
-        case Int2:
-        case Int4:
-        case ServerValue::Int8:
-            return CellKind::Integer;
-        case ServerValue::Float8:
-            return CellKind::Real;
-        default:
-            return CellKind::Text;
-    }
+    if (pq_.PQgetisnull(row_.get(), 0, column) != 0) return CellKind::Null;
+    return kinds_[static_cast<std::size_t>(column)];
 }
 
+// Null has no bytes.
 std::int64_t PostgresStatement::Integer(int column) const {
-    const Libpq& pq = Libpq::Get();
-    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return 0;
-    const int length = pq.PQgetlength(row_.get(), 0, column);
-    const std::uint64_t bits = Bits(pq.PQgetvalue(row_.get(), 0, column), length);
+    const int length = pq_.PQgetlength(row_.get(), 0, column);
+    const std::uint64_t bits = Bits(pq_.PQgetvalue(row_.get(), 0, column), length);
     if (length == 2) return static_cast<std::int16_t>(bits);
     return length == 4 ? static_cast<std::int32_t>(bits) : static_cast<std::int64_t>(bits);
 }
 
 double PostgresStatement::Real(int column) const {
-    if (Kind(column) == CellKind::Integer) return static_cast<double>(Integer(column));
-    const Libpq& pq = Libpq::Get();
-    if (pq.PQgetisnull(row_.get(), 0, column) != 0) return 0;
-    return std::bit_cast<double>(Bits(pq.PQgetvalue(row_.get(), 0, column), 8));
+    if (kinds_[static_cast<std::size_t>(column)] == CellKind::Integer)
+        return static_cast<double>(Integer(column));
+    if (pq_.PQgetisnull(row_.get(), 0, column) != 0) return 0;
+    return std::bit_cast<double>(Bits(pq_.PQgetvalue(row_.get(), 0, column), 8));
 }
 
 std::string_view PostgresStatement::Text(int column) const {
-    const Libpq& pq = Libpq::Get();
-    return {pq.PQgetvalue(row_.get(), 0, column),
-            static_cast<std::size_t>(pq.PQgetlength(row_.get(), 0, column))};
+    return {pq_.PQgetvalue(row_.get(), 0, column),
+            static_cast<std::size_t>(pq_.PQgetlength(row_.get(), 0, column))};
 }
 
 }  // namespace ado

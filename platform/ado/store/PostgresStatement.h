@@ -5,9 +5,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/ado/store/Engine.h"
 #include "platform/ado/store/Flight.h"
+#include "platform/ado/store/Libpq.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -48,13 +50,16 @@ class PostgresStatement final : public EngineStatement {
     enum class State { Ready, Reading, Kept };
 
     ServerValue& At(int index);
+    void NoteKinds();
 
     PostgresEngine& engine_;
+    const Libpq& pq_ = Libpq::Get();
     const std::string sql_;
     const bool reads_;
     ServerValues values_;
     State state_ = State::Ready;
     Flight::Row row_;
+    std::vector<CellKind> kinds_;  // of the columns, where they are not Null
     std::deque<Flight::Row> rest_;
     std::optional<basic::Error> failure_;  // behind the rest
 };

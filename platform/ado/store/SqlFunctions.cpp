@@ -36,10 +36,7 @@ bool AnyNull(const Arguments& a) {
 }
 
 Value Like(const Arguments& a) {
-    const auto* text = a[0].As<std::string>();
-    const auto* pattern = a[1].As<std::string>();
-    if (pattern) CheckPattern(*pattern);
-    if (text && pattern) return basic::LikeText(*text, *pattern);
+    if (const auto* pattern = a[1].As<std::string>()) CheckPattern(*pattern);
     if (AnyNull(a)) return {};
     return basic::LikeText(basic::ToText(a[0]), basic::ToText(a[1]));
 }
@@ -143,6 +140,25 @@ void Call(sqlite3_context* context, int count, sqlite3_value** values) {
     }
 }
 
+// Searches look at the narrations of a whole year: two texts are compared where they stand, without copies.
+void CallLike(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) != SQLITE_TEXT || sqlite3_value_type(values[1]) != SQLITE_TEXT) {
+        Call(context, count, values);
+        return;
+    }
+    const auto view = [](sqlite3_value* value) {
+        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        return std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    };
+    try {
+        const std::string_view pattern = view(values[1]);
+        CheckPattern(pattern);
+        sqlite3_result_int(context, basic::LikeText(view(values[0]), pattern) ? 1 : 0);
+    } catch (const basic::Error& error) {
+        Fail(context, error);
+    }
+}
+
 // qm_single(value, rowid): the rowid only ties it to its select. Its state while the rows go by: nothing yet,
 // or the one value.
 Value*& Single(sqlite3_context* context, bool make) {
@@ -182,8 +198,8 @@ void Forget(void* registered) {
 void InstallFunctions(sqlite3* store, std::optional<basic::Error>& raised) {
     constexpr int form = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     for (const Function& f : functions)
-        sqlite3_create_function_v2(store, f.name, f.arity, form, new Registered{&f, &raised}, Call, nullptr,
-                                   nullptr, Forget);
+        sqlite3_create_function_v2(store, f.name, f.arity, form, new Registered{&f, &raised},
+                                   f.run == Like ? CallLike : Call, nullptr, nullptr, Forget);
     sqlite3_create_function_v2(store, "qm_single", 2, form, new Registered{nullptr, &raised}, nullptr,
                                SingleStep, SingleEnd, Forget);
     sqlite3_create_collation(store, "QMTEXT", SQLITE_UTF8, nullptr, Collate);

@@ -1,5 +1,6 @@
 #include "platform/forms/html/Pages.h"
 
+#include <QFile>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -18,6 +19,11 @@ constexpr int MarginHeight = 28, MarginLetters = 11;
 constexpr QMarginsF SheetMargins(15, 15, 15, 12);  // millimetres
 constexpr std::int32_t PathAccess = 75;
 
+[[noreturn]] void FailToWrite() {
+    throw basic::Error(PathAccess, "Path/File access error: the report's pages cannot be written",
+                       "forms.DHTMLEdit");
+}
+
 }  // namespace
 
 Pages::Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper)
@@ -34,16 +40,14 @@ QSize Pages::RoomOf(const QPagedPaintDevice& device) {
                  static_cast<int>(inches.height() * PixelsPerInch) - MarginHeight);
 }
 
-void Pages::Prepare(QPagedPaintDevice& device) {
-    device.setPageLayout(
-        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, SheetMargins, QPageLayout::Millimeter));
+void Pages::Prepare(QPagedPaintDevice& device, const Paper& paper) {
+    const auto side = paper.IsWide ? QPageLayout::Landscape : QPageLayout::Portrait;
+    device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), side, SheetMargins, QPageLayout::Millimeter));
 }
 
 void Pages::PaintOn(QPagedPaintDevice& device, int first, int last) {
     QPainter painter(&device);
-    if (!painter.isActive())
-        throw basic::Error(PathAccess, "Path/File access error: the report's pages cannot be written",
-                           "forms.DHTMLEdit");
+    if (!painter.isActive()) FailToWrite();
     const double resolution = static_cast<double>(device.logicalDpiX()) / PixelsPerInch;
     for (int number = first; number <= last; ++number) {
         if (number > first) device.newPage();
@@ -81,12 +85,17 @@ void Pages::PaintMargin(QPainter& painter, int page) const {
     painter.drawText(line, Qt::AlignRight | Qt::AlignBottom, number);
 }
 
+// The writer tells nothing of a disk that is full: its file does.
 void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path) {
-    QPdfWriter writer(ToQt(path));
-    writer.setTitle(ToQt(paper.Title));
-    Pages::Prepare(writer);
-    Pages pages(document, font, Pages::RoomOf(writer), paper);
-    pages.PaintOn(writer, 1, pages.Count());
+    QFile file(ToQt(path));
+    if (file.open(QIODevice::WriteOnly)) {
+        QPdfWriter writer(&file);
+        writer.setTitle(ToQt(paper.Title));
+        Pages::Prepare(writer, paper);
+        Pages pages(document, font, Pages::RoomOf(writer), paper);
+        pages.PaintOn(writer, 1, pages.Count());
+    }
+    if (!file.isOpen() || !file.flush() || file.error() != QFileDevice::NoError) FailToWrite();
 }
 
 }  // namespace forms::html

@@ -28,8 +28,8 @@ class Pages {
 
     // The room that a sheet of the device gives, less its margins and the line of the page number.
     static QSize RoomOf(const QPagedPaintDevice& device);
-    // A4, upright, with our margins.
-    static void Prepare(QPagedPaintDevice& device);
+    // A4, upright or on its side, with our margins.
+    static void Prepare(QPagedPaintDevice& device, const Paper& paper);
 
   private:
     void PaintMargin(QPainter& painter, int page) const;

@@ -64,7 +64,7 @@ void MakeKeysWork(QPrintPreviewDialog& preview) {
 // The preview asks for the pages again when the sheet changes and when they are printed.
 void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& font, const Paper& paper) {
     QPrinter printer(QPrinter::HighResolution);
-    Pages::Prepare(printer);
+    Pages::Prepare(printer, paper);
     printer.setDocName(ToQt(paper.Title));
     if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFormat(QPrinter::PdfFormat);
     QPrintPreviewDialog preview(&printer, parent);
@@ -90,7 +90,7 @@ void PrintAtOnce(const std::string& document, const QFont& font, const Paper& pa
     if (QPrinterInfo::defaultPrinter().isNull())
         throw basic::Error(PrinterError, "Printer error: there is no printer to print on", "forms.DHTMLEdit");
     QPrinter printer(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
-    Pages::Prepare(printer);
+    Pages::Prepare(printer, paper);
     printer.setDocName(ToQt(paper.Title));
     Pages pages(document, font, Pages::RoomOf(printer), paper);
     pages.PaintOn(printer, 1, pages.Count());

@@ -1,4 +1,5 @@
 #include <fstream>
+#include <iterator>
 #include <regex>
 #include <sstream>
 
@@ -116,19 +117,46 @@ TEST_F(QmhostTest, PostNamesEveryFaultByLineAndColumnAndPostsNothing) {
     EXPECT_EQ(test::Bytes(BooksFile()), before);
 }
 
-// Every command and every option of it that the program's own help tells of.
-TEST(ManPage, IsWhole) {
+using Names = std::vector<std::string>;
+
+Names Found(const std::string& help, const std::string& name) {
+    Names found;
+    const std::regex line("\n  " + name);
+    for (std::sregex_iterator at(help.begin(), help.end(), line), end; at != end; ++at)
+        found.push_back((*at)[1].str());
+    return found;
+}
+
+// What the shell offers behind some words of a command line.
+Names Offered(const std::string& words) {
+    std::istringstream said(
+        Shell("bash -c '. " COMPLETION "; COMP_WORDS=(" QMHOST " " + words +
+              "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _qmhost " QMHOST
+              " \"${COMP_WORDS[COMP_CWORD]}\" \"${COMP_WORDS[COMP_CWORD - 1]}\"; echo ${COMPREPLY[@]}'")
+            .said);
+    return {std::istream_iterator<std::string>(said), {}};
+}
+
+// A command, those below it and its options: all that its help tells of stands in the manual page, is offered
+// by the shell's completion, and is shown by an example.
+void ExpectTold(const std::string& command, const std::string& page) {
+    SCOPED_TRACE(command);
+    const std::string help = Qmhost(command + "--help").said;
+    const Names below = Found(help, "([a-z][a-z-]*) "), options = Found(help, "(?:-[a-z],)?(--[a-z-]+)");
+    for (const Names& names : {below, options})
+        for (const std::string& name : names) EXPECT_THAT(page, HasSubstr(name));
+    EXPECT_EQ(Offered(command + "--"), options);
+    EXPECT_THAT(help, HasSubstr(command.empty() ? "" : "Example: qmhost " + command));
+    EXPECT_TRUE(below.empty() || Offered(command + "\"\"") == below);
+    for (const std::string& name : below) ExpectTold(command + name + " ", page);
+}
+
+TEST(Help, IsWholeInThePageAndInTheShell) {
     std::string page = test::Bytes(MAN_PAGE);
     std::erase(page, '\\');
-    const auto expectAll = [&page](const std::string& help, const std::regex& name) {
-        for (std::sregex_iterator at(help.begin(), help.end(), name), end; at != end; ++at)
-            EXPECT_THAT(page, HasSubstr((*at)[1].str()));
-    };
-    const std::string help = Qmhost("--help").said;
-    const std::regex command("\n  ([a-z-]+) ");
-    expectAll(help, command);
-    for (std::sregex_iterator at(help.begin(), help.end(), command), end; at != end; ++at)
-        expectAll(Qmhost((*at)[1].str() + " --help").said, std::regex("\n  (--[a-z-]+)"));
+    ExpectTold("", page);
+    EXPECT_EQ(Offered("open frmR"), Names{"frmReceipt"});
+    EXPECT_EQ(Offered("list vouchers books --xlsx \"\""), Names{});
 }
 
 }  // namespace

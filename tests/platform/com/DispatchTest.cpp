@@ -8,6 +8,7 @@
 #include "platform/com/Bstr.h"
 #include "platform/com/Dispatch.h"
 #include "platform/com/ErrorInfo.h"
+#include "platform/com/ITypeInfo.h"
 #include "platform/com/Object.h"
 #include "platform/com/Variant.h"
 
@@ -19,7 +20,7 @@ using com::Variant;
 // A class with one member of each sort.
 class Till final : public com::Object<IDispatch, Till> {
   public:
-    Till() : Object(IID_IDispatch, Table()) {}
+    Till() : Object(Face()) {}
 
     void Post(std::int32_t number, double* amount, BSTR note, std::int32_t* count) {
         log += std::to_string(number) + "/" + com::TextOf(note) + ";";
@@ -44,27 +45,32 @@ class Till final : public com::Object<IDispatch, Till> {
     std::int32_t posts = 0;
 
   private:
-    static const std::vector<com::Member>& Table() {
-        static const std::vector<com::Member> table{
-            {"Twice",
-             DISPID_VALUE,
-             DISPATCH_PROPERTYGET,
-             {{"given", VT_VARIANT, true}},
-             VT_VARIANT,
-             Bind<&Till::Twice>},
-            {"Post",
-             1,
-             DISPATCH_METHOD,
-             {{"number", VT_I4}, {"amount", VT_R8}, {"note", VT_BSTR, true}},
-             VT_I4,
-             Bind<&Till::Post>},
-            {"Note", 2, DISPATCH_PROPERTYGET, {}, VT_BSTR, Bind<&Till::GetNote>},
-            {"Note", 2, DISPATCH_PROPERTYPUT, {{"value", VT_BSTR}}, VT_EMPTY, Bind<&Till::LetNote>},
-            {"Fail", 3, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Fail>},
-            {"Throw", 4, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Throw>},
-            {"Itself", 5, DISPATCH_PROPERTYGET, {}, VT_DISPATCH, Bind<&Till::Itself>},
-        };
-        return table;
+    static const com::Interface& Face() {
+        static const com::Interface face{
+            "Till",
+            {1, 2, 3, {4}},
+            "A till",
+            {
+                {"Twice",
+                 DISPID_VALUE,
+                 DISPATCH_PROPERTYGET,
+                 {{"given", VT_VARIANT, true}},
+                 VT_VARIANT,
+                 Bind<&Till::Twice>},
+                {"Post",
+                 1,
+                 DISPATCH_METHOD,
+                 {{"number", VT_I4}, {"amount", VT_R8, false, true}, {"note", VT_BSTR, true}},
+                 VT_I4,
+                 Bind<&Till::Post>,
+                 "Posts"},
+                {"Note", 2, DISPATCH_PROPERTYGET, {}, VT_BSTR, Bind<&Till::GetNote>},
+                {"Note", 2, DISPATCH_PROPERTYPUT, {{"value", VT_BSTR}}, VT_EMPTY, Bind<&Till::LetNote>},
+                {"Fail", 3, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Fail>},
+                {"Throw", 4, DISPATCH_METHOD, {}, VT_EMPTY, Bind<&Till::Throw>},
+                {"Itself", 5, DISPATCH_PROPERTYGET, {}, VT_DISPATCH, Bind<&Till::Itself>},
+            }};
+        return face;
     }
 };
 
@@ -202,6 +208,64 @@ TEST_F(Dispatch, AFailureTellsItsSourceItsTextAndItsNumber) {
     EXPECT_EQ(Invoke(3, DISPATCH_METHOD), DISP_E_EXCEPTION);
     EXPECT_EQ(failure.scode, AsResult(0x800A0005));
     EXPECT_EQ(failure.bstrDescription, nullptr) << "not the older failure's text";
+}
+
+// A host that looks before it calls finds the members, calls by what it found, and gives back what it got.
+TEST_F(Dispatch, TheTypeInformationTellsWhatLateBindingTakes) {
+    std::uint32_t count = 0;
+    EXPECT_EQ(till->GetTypeInfoCount(&count), S_OK);
+    EXPECT_EQ(count, 1U);
+    ITypeInfo* given = nullptr;
+    EXPECT_EQ(till->GetTypeInfo(1, 0, &given), DISP_E_BADINDEX);
+    ASSERT_EQ(till->GetTypeInfo(0, 0, &given), S_OK);
+    const com::Ptr<ITypeInfo> info(given);
+
+    TYPEATTR* attributes = nullptr;
+    ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+    EXPECT_EQ(attributes->typekind, TKIND_DISPATCH);
+    EXPECT_EQ(attributes->guid, (GUID{1, 2, 3, {4}}));
+    std::string shown;
+    for (std::uint32_t i = 0; i < attributes->cFuncs; ++i) {
+        FUNCDESC* function = nullptr;
+        ASSERT_EQ(info->GetFuncDesc(i, &function), S_OK);
+        std::vector<BSTR> names(5);
+        EXPECT_EQ(info->GetNames(function->memid, names.data(), 5, &count), S_OK);
+        shown += std::to_string(function->memid) + "/" + std::to_string(function->invkind) + "/" +
+                 std::to_string(function->elemdescFunc.tdesc.vt);
+        for (std::uint32_t name = 0; name < count; ++name) {
+            shown += " " + com::TextOf(names[name]);
+            SysFreeString(names[name]);
+        }
+        for (int at = 0; at < function->cParams; ++at) {
+            const ELEMDESC& told = function->lprgelemdescParam[at];
+            shown += " " + std::to_string(told.tdesc.vt) + ":" + std::to_string(told.wParamFlags);
+            if (told.tdesc.vt == VT_PTR) shown += "->" + std::to_string(told.tdesc.lptdesc->vt);
+        }
+        shown += ";";
+        info->ReleaseFuncDesc(function);
+    }
+    info->ReleaseTypeAttr(attributes);
+    EXPECT_EQ(
+        shown,
+        "0/2/12 Twice given 12:17;1/1/3 Post number amount note 3:1 26:3->5 8:17;2/2/8 Note;2/4/24 Note 8:1;"
+        "3/1/24 Fail;4/1/24 Throw;5/2/9 Itself;");
+    FUNCDESC* none = nullptr;
+    EXPECT_EQ(info->GetFuncDesc(99, &none), TYPE_E_ELEMENTNOTFOUND);
+
+    Variant name, text;
+    name.vt = text.vt = VT_BSTR;
+    ASSERT_EQ(info->GetDocumentation(1, &name.bstrVal, &text.bstrVal, nullptr, nullptr), S_OK);
+    EXPECT_EQ(com::TextOf(name.bstrVal) + com::TextOf(text.bstrVal), "PostPosts");
+    EXPECT_EQ(info->GetDocumentation(77, nullptr, nullptr, nullptr, nullptr), TYPE_E_ELEMENTNOTFOUND);
+    std::u16string twice = u"TWICE";
+    char16_t* asked = twice.data();
+    DISPID id = 9;
+    ASSERT_EQ(info->GetIDsOfNames(&asked, 1, &id), S_OK);
+    VARIANT argument = Number(4);
+    DISPPARAMS parameters{&argument, nullptr, 1, 0};
+    ASSERT_EQ(info->Invoke(till.Get(), id, DISPATCH_PROPERTYGET, &parameters, &result, nullptr, nullptr),
+              S_OK);
+    EXPECT_EQ(com::ValueOf(result), basic::Value(8.0));
 }
 
 }  // namespace

@@ -66,6 +66,35 @@ TEST(Variant, EveryKindReadsAsItsValueBothDirectlyAndByReference) {
     SysFreeString(text);
 }
 
+// The digits count, whatever the scale: 1234567.89 is no sum of tenths and hundredths.
+TEST(Variant, ADecimalReadsAsTheNearestNumber) {
+    const struct {
+        DECIMAL given;
+        double expected;
+    } cases[] = {
+        {{VT_DECIMAL, 2, 0, 0, 123456789}, 1234567.89},
+        {{VT_DECIMAL, 1, 0x80, 0, 3}, -0.3},
+        {{VT_DECIMAL, 0, 0, 0, 0}, 0},
+        {{VT_DECIMAL, 28, 0, 0, 1}, 1e-28},
+        {{VT_DECIMAL, 4, 0, 1, 0}, 1844674407370955.1616},
+        {{VT_DECIMAL, 0, 0x80, 0xFFFFFFFF, 0xFFFFFFFFFFFFFFFF}, -79228162514264337593543950335.0},
+    };
+    for (auto [given, expected] : cases) {
+        VARIANT value{};
+        std::memcpy(&value, &given, sizeof given);
+        EXPECT_EQ(com::ValueOf(value), Value(expected));
+        EXPECT_EQ(com::ValueOf(Of<void*>(VT_DECIMAL | VT_BYREF, &given)), Value(expected));
+        Variant converted;
+        com::Convert(value, VT_R8, converted);
+        EXPECT_EQ(converted.dblVal, expected);
+    }
+    for (const DECIMAL& wrong : {DECIMAL{VT_DECIMAL, 29, 0, 0, 1}, DECIMAL{VT_DECIMAL, 0, 1, 0, 1}}) {
+        VARIANT value{};
+        std::memcpy(&value, &wrong, sizeof wrong);
+        EXPECT_EQ(NumberOfError(value, VT_R8), basic::error::TypeMismatch);
+    }
+}
+
 TEST(Variant, WhatTheLowerLayersHoldComesBackAfterStoring) {
     for (const Value& value : {Value{}, Value{true}, Value{std::int16_t{-1}}, Value{36980}, Value{0.1},
                                Value{basic::Date{36982}}, Value{"Rent"}}) {

@@ -140,7 +140,7 @@ TEST(Pages, TheMarginTellsWhoseFiguresTheseAre) {
         const QTemporaryDir folder;
         const QString path = folder.filePath("report.pdf");
         QPdfWriter writer(path);
-        Pages::Prepare(writer);
+        Pages::Prepare(writer, paper);
         Pages pages("x", QApplication::font(), Pages::RoomOf(writer), paper);
         pages.PaintOn(writer, 1, 1);
         return QFileInfo(path).size();
@@ -150,13 +150,15 @@ TEST(Pages, TheMarginTellsWhoseFiguresTheseAre) {
     EXPECT_GT(inkOf({"", "", "01-Apr-2001"}), plain);
 }
 
+// One in no folder, and one on a full disk.
 TEST(Pages, APathThatCannotBeWrittenIsTold) {
-    try {
-        WritePdf("x", QApplication::font(), {}, "/nowhere/report.pdf");
-        FAIL();
-    } catch (const basic::Error& error) {
-        EXPECT_EQ(error.Number, 75);
-    }
+    for (const char* path : {"/nowhere/report.pdf", "/dev/full"})
+        try {
+            WritePdf("x", QApplication::font(), {}, path);
+            ADD_FAILURE() << path;
+        } catch (const basic::Error& error) {
+            EXPECT_EQ(error.Number, 75);
+        }
 }
 
 }  // namespace
