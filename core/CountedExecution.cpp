@@ -2,6 +2,7 @@
 
 #include "core/modGeneral.h"
 #include "platform/ado/Constants.h"
+#include "platform/basic/Error.h"
 
 namespace qm {
 
@@ -12,7 +13,8 @@ std::int64_t Affected(const std::string& sql) {
 }
 
 void ExecuteCounted(const std::string& sql) {
-    RequireRecords(Affected(sql));
+    static const basic::Error none(0, "");
+    Conn().ExecuteAhead(sql, &none);
 }
 
 }  // namespace qm

@@ -11,7 +11,8 @@ namespace qm {
 // Runs a statement; the number of records that it affected.
 std::int64_t Affected(const std::string& sql);
 
-// Runs a posting statement, whose count is a test: RequireRecords raises where no record is affected.
+// Runs a posting statement, whose count is a test: error 0 as of RequireRecords where no record is affected.
+// On a server the failure may come with the next statement or the commit: both stand in the same trap.
 void ExecuteCounted(const std::string& sql);
 
 }  // namespace qm

@@ -71,13 +71,14 @@ bool IsNullOrZero(const basic::Value& amount) {
 }
 
 // Takes a row's amounts out of its ledger's totals of the current year. A Null amount leaves a gap, and the
-// statement fails. Kept 9.
+// statement fails. Kept 9. What follows may be InsertVoucher with a trap of its own, so the count is asked at
+// once.
 void ReverseTotals(ado::Recordset& row) {
-    ExecuteCounted(
+    RequireRecords(Affected(
         "Update Ledger_Details Set LedDetDRTxnTot = IIf(IsNull(LedDetDRTxnTot), 0, LedDetDRTxnTot) - " +
         basic::TextOrEmpty(row["LedgerDrAmt"]) +
         ", LedDetCRTxnTot = IIf(IsNull(LedDetCRTxnTot), 0, LedDetCRTxnTot) - " +
-        basic::TextOrEmpty(row["LedgerCrAmt"]) + OfLedger(basic::TextOrEmpty(row["LedgerCode"])));
+        basic::TextOrEmpty(row["LedgerCrAmt"]) + OfLedger(basic::TextOrEmpty(row["LedgerCode"]))));
 }
 
 // A row of the voucher, written again on its own side. The result of InsertVoucher is not looked at; a row

@@ -31,12 +31,19 @@ void Books::Open(const std::string& address) {
 }
 
 void Books::Close() {
+    worker_.reset();
     reading_.reset();
     host_.reset();
 }
 
 void Books::Read() {
+    worker_.reset();
     reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
+}
+
+Worker& Books::Background() {
+    if (!worker_) worker_ = std::make_unique<Worker>(address_, YearInForce());
+    return *worker_;
 }
 
 QString Books::Name() const {

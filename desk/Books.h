@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/clQm.h"
+#include "desk/Worker.h"
 #include "host/audit/YearList.h"
 #include "queries/Reading.h"
 
@@ -27,6 +28,7 @@ class Books {
     QString Place() const;               // the whole address
     const std::string& Address() const;  // as the class has it
     queries::Reading& Reading() { return *reading_; }
+    Worker& Background();  // for what takes longer than a moment
 
     std::vector<host::Year> Years();         // as they stand in the books now
     std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
@@ -43,6 +45,7 @@ class Books {
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
+    std::unique_ptr<Worker> worker_;
     std::string address_;
 };
 

@@ -57,12 +57,16 @@ QPushButton& Page::AddAction(const QString& caption, const QKeySequence& key, st
     button->setAutoDefault(false);
     if (!key.isEmpty()) {
         button->setToolTip(key.toString(QKeySequence::NativeText));
-        auto* const shortcut = new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, button, [button] { button->click(); });
+        AddKey(key, [button] { button->click(); });
     }
     connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] { desk_.Try(act); });
     AddToHead(button);
     return *button;
+}
+
+void Page::AddKey(const QKeySequence& key, std::function<void()> act) {
+    auto* const shortcut = new QShortcut(key, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] { desk_.Try(act); });
 }
 
 void Page::AddToHead(QWidget* widget) {

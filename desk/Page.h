@@ -29,9 +29,10 @@ class Page : public QWidget {
     QVBoxLayout& Body() { return *body_; }
     void SetTitle(const QString& title);
     void SetSubtitle(const QString& subtitle);
-    // A button at the right of the head; the key, if any, works wherever the focus is on the page.
+    // A button at the right of the head, with a key, if any.
     QPushButton& AddAction(const QString& caption, const QKeySequence& key, std::function<void()> act);
     void AddToHead(QWidget* widget);
+    void AddKey(const QKeySequence& key, std::function<void()> act);  // wherever the focus is on the page
     void SetFirstFocus(QWidget* widget) { focus_ = widget; }
 
   private:

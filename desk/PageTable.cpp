@@ -3,7 +3,9 @@
 #include <QCoreApplication>
 #include <array>
 
+#include "desk/LedgersPage.h"
 #include "desk/ScreensPage.h"
+#include "desk/VouchersPage.h"
 
 namespace desk {
 namespace {
@@ -16,6 +18,8 @@ Page* Make(Desk& desk) {
 }
 
 constexpr auto Table = std::to_array<PageEntry>({
+    {"vouchers", QT_TRANSLATE_NOOP("desk::PageTable", "Vouchers"), Make<VouchersPage>},
+    {"ledgers", QT_TRANSLATE_NOOP("desk::PageTable", "Ledgers"), Make<LedgersPage>},
     {"screens", QT_TRANSLATE_NOOP("desk::PageTable", "Screens"), Make<ScreensPage>},
 });
 

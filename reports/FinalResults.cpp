@@ -2,6 +2,7 @@
 
 #include "core/Masks.h"
 #include "core/modGeneral.h"
+#include "platform/ado/AddRow.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -152,18 +153,15 @@ constexpr const char* BelowHeads =
     "height='12'></td></tr>";
 
 void AddTemplateRows(ado::Recordset& ledgers) {
-    ado::Recordset lines;
-    lines.Open("tblsysTPL", shared().Connection, ado::adOpenDynamic, ado::adLockOptimistic, -1);
     for (; !ledgers.Eof(); ledgers.MoveNext()) {
         const double closing = basic::ToDouble(ledgers["closing_Bal"]);
         const bool debit = closing > 0;
-        lines.AddNew();  // the other side keeps its defaults
-        lines.Fields(debit ? "ParticularDr" : "ParticularCr").SetValue(ledgers["Name"]);
-        lines.Fields(debit ? "amtdr" : "amtCr").SetValue(debit ? closing : -closing);
-        lines.Fields("Type").SetValue(ledgers["grpType"]);
-        lines.Update();
+        // The other side keeps its defaults.
+        ado::AddRow(Conn(), "tblsysTPL",
+                    {{debit ? "ParticularDr" : "ParticularCr", ledgers["Name"]},
+                     {debit ? "amtdr" : "amtCr", debit ? closing : -closing},
+                     {"Type", ledgers["grpType"]}});
     }
-    lines.Close();
 }
 
 }  // namespace

@@ -39,9 +39,9 @@ void WriteTotals(const SideStatements& side, ado::Recordset& sums, BeforeRebuild
                  const std::function<void()>& written) {
     if (before == BeforeRebuild::ZeroTotals) Conn().Execute(side.Zero + shared().FinYear);
     for (; !sums.Eof(); sums.MoveNext()) {
-        Conn().Execute(side.Write + basic::NumberText(basic::NumberOrZero(sums[side.Total])) +
-                       " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
-                       " And fnncl_yr = " + shared().FinYear);
+        Conn().ExecuteAhead(side.Write + basic::NumberText(basic::NumberOrZero(sums[side.Total])) +
+                            " Where ledger_id = " + basic::TextOrEmpty(sums["ledgerCode"]) +
+                            " And fnncl_yr = " + shared().FinYear);
         written();
     }
 }

@@ -68,6 +68,14 @@ RecordsetPtr Connection::Execute(std::string_view statement, std::int64_t* recor
     return result;
 }
 
+void Connection::ExecuteAhead(std::string_view statement, const basic::Error* none) {
+    const std::shared_ptr<Session>& session = Opened();
+    const BoundStatement ready = session->Ready(statement);
+    if (ready.plan().kind == StatementKind::Select)
+        throw basic::Error(error::BadArgument, "A select does not go ahead.", source);
+    session->ExecuteAhead(ready, none);
+}
+
 int Connection::BeginTrans() {
     return Opened()->BeginTrans();
 }

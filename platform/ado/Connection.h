@@ -56,7 +56,14 @@ class Connection {
     RecordsetPtr Execute(std::string_view statement, std::int64_t* recordsAffected = nullptr,
                          int options = -1);
 
-    // Gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another program.
+    // Runs an insert, update or delete whose records nobody asks for at once. On a server it may go out with
+    // what follows, to spare a trip: its failure is then raised by the next statement that reads or counts,
+    // the next call on a transaction, or Close, and of what follows it none is done. So all of these stand
+    // within one trap, and no box between them. `none`, if any: raised where no record is matched.
+    void ExecuteAhead(std::string_view statement, const basic::Error* none = nullptr);
+
+    // Gives the new depth, from 1; inner ones are savepoints; waits up to 5 s for another program, on
+    // a server with the first statement.
     int BeginTrans();
     void CommitTrans();      // the outermost is on disk when it returns; raises NoTransaction
     void RollbackTrans();    // undoes the innermost only; raises NoTransaction

@@ -10,11 +10,6 @@ namespace {
 
 constexpr const char* origin = "ado.Recordset";
 
-struct Assignments {
-    std::vector<std::string> columns;
-    std::vector<basic::Value> values;
-};
-
 Assignments AssignmentsOf(const PendingEdit& edit, const std::vector<Output>& outputs) {
     Assignments assignments;
     for (std::size_t i = 0; i < outputs.size(); ++i) {
@@ -38,19 +33,6 @@ std::string UpdateSql(const StoreSql& words, const std::string& table, const Ass
     return "UPDATE " + QuotedName(table) + " SET " + list + WhereRow(words, ++parameter);
 }
 
-std::string InsertSql(const StoreSql& words, const std::string& table, const Assignments& assignments) {
-    std::string columns, marks;
-    std::size_t parameter = 0;
-    for (const std::string& column : assignments.columns) {
-        const char* comma = columns.empty() ? "" : ", ";
-        columns += comma + column;
-        marks += comma + words.Parameter(++parameter);
-    }
-    const std::string values =
-        columns.empty() ? " DEFAULT VALUES" : " (" + columns + ") VALUES (" + marks + ")";
-    return "INSERT INTO " + QuotedName(table) + values + words.Returning();
-}
-
 std::string ReadBackSql(const StoreSql& words, const std::string& table, const std::vector<Output>& outputs) {
     std::string columns;
     for (const Output& output : outputs)
@@ -64,6 +46,19 @@ std::string ReadBackSql(const StoreSql& words, const std::string& table, const s
 }
 
 }  // namespace
+
+std::string InsertSql(const StoreSql& words, const std::string& table, const Assignments& assignments) {
+    std::string columns, marks;
+    std::size_t parameter = 0;
+    for (const std::string& column : assignments.columns) {
+        const char* comma = columns.empty() ? "" : ", ";
+        columns += comma + column;
+        marks += comma + words.Parameter(++parameter);
+    }
+    const std::string values =
+        columns.empty() ? " DEFAULT VALUES" : " (" + columns + ") VALUES (" + marks + ")";
+    return "INSERT INTO " + QuotedName(table) + values;
+}
 
 void Recordset::Impl::RefuseReadOnly() const {
     RefuseClosed();
@@ -113,7 +108,8 @@ void Recordset::Impl::StoreAdded() {
     const std::shared_ptr<Session> on = OpenSession();
     Assignments assignments = AssignmentsOf(edit, Outputs());
     const StoreSql& words = on->engine().Sql();
-    on->Execute(on->Own(InsertSql(words, plan->table, assignments), std::move(assignments.values)));
+    const std::string insert = InsertSql(words, plan->table, assignments) + words.Returning();
+    on->Execute(on->Own(insert, std::move(assignments.values)));
 
     const std::int64_t rowid = on->engine().LastRow();
     const PreparedStatement::Copy added = on->Start(

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ado/Recordset.h"
+#include "platform/ado/dialect/StoreSql.h"
 #include "platform/ado/rows/Condition.h"
 #include "platform/ado/rows/RowStore.h"
 #include "platform/ado/store/Session.h"
@@ -21,6 +22,13 @@ struct FilterTerm {
     Comparison comparison;
     std::size_t field = 0;
 };
+
+// What a row takes: a quoted column and its value each.
+struct Assignments {
+    std::vector<std::string> columns;
+    std::vector<basic::Value> values;
+};
+std::string InsertSql(const StoreSql& words, const std::string& table, const Assignments& assignments);
 
 // The fields that were set and not yet stored: of the record on which the set stands, or of one that is
 // added.

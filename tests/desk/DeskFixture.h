@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
 #include <QSettings>
@@ -13,6 +14,8 @@
 #include "desk/DeskWindow.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
+#include "desk/SheetView.h"
+#include "host/commands/Sample.h"
 #include "platform/forms/window/Form.h"
 #include "platform/forms/window/Script.h"
 #include "tests/support/FreshBooks.h"
@@ -41,6 +44,32 @@ class DeskTest : public testing::Test {
         desk->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(desk.get()));
         desk->OpenBooks(path);
+    }
+    // The sample firm's year: 142 lines of vouchers.
+    void FillWithSample() {
+        books.CloseHost();
+        host::FillWithSample(books.DataPath(), 2001);
+    }
+    desk::SheetView& Sheet() { return *desk->Shown()->findChild<desk::SheetView*>("sheet"); }
+    // The texts of a shown row, "|" between them.
+    std::string Line(int row) {
+        const QAbstractItemModel& model = *Sheet().View().model();
+        QStringList cells;
+        for (int column = 0; column < model.columnCount(); ++column)
+            cells << model.index(row, column).data().toString();
+        return cells.join('|').toStdString();
+    }
+    std::string CurrentLine() {
+        const QModelIndex at = Sheet().View().currentIndex();
+        QStringList cells;
+        for (int column = 0; column < Sheet().View().model()->columnCount(); ++column)
+            cells << at.siblingAtColumn(column).data().toString();
+        return cells.join('|').toStdString();
+    }
+    // What the worker answers comes through the event loop.
+    void WaitForTotals(const char* part) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().TotalsText().contains(part); }))
+            << Sheet().TotalsText().toStdString();
     }
     void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(desk.get()));  // a screen that closed may still be going

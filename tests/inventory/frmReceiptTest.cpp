@@ -1,10 +1,15 @@
 #include <cstdio>
 #include <cstring>
 
+#include <unistd.h>
+
 #include "host/make/Books.h"
 #include "inventory/frmReceipt.h"
+#include "platform/ado/Maintenance.h"
+#include "platform/ado/store/Flight.h"
 #include "platform/basic/Format.h"
 #include "tests/inventory/ReceiptScreens.h"
+#include "tests/platform/ado/CutWire.h"
 
 using namespace testing;
 
@@ -59,11 +64,17 @@ class ReceiptTest : public ReceiptScreensTest {
     }
     // A save while another program holds the books: for a moment, with a voucher that bears the number.
     void SaveBesideAnotherProgram(const std::string& number) {
-        const std::string command =
-            "printf '%s\\n' \"PRAGMA key = '" + std::string(host::BooksPassword) +
-            "';\" 'BEGIN IMMEDIATE;' 'INSERT INTO tb_Ledger2001 (LedgerTrnNo) VALUES (" + number +
-            ");' '.system echo held; sleep 0.3' 'COMMIT;' | sqlcipher -batch " + books.DataPath() +
-            host::BooksFile;
+        const std::string begin = test::OnServer() ? "BEGIN; SELECT pg_advisory_xact_lock(29037)"
+                                                   : "PRAGMA key = '" + std::string(host::BooksPassword) +
+                                                         "'; BEGIN IMMEDIATE",
+                          hold =
+                              test::OnServer() ? "\\! echo held; sleep 0.3" : ".system echo held; sleep 0.3",
+                          shell = test::OnServer()
+                                      ? "psql -q " + books.DataPath().erase(books.DataPath().size() - 1)
+                                      : "sqlcipher -batch " + books.DataPath() + host::BooksFile,
+                          command = "printf '%s\\n' \"" + begin +
+                                    ";\" 'INSERT INTO \"tb_Ledger2001\" (\"LedgerTrnNo\") VALUES (" + number +
+                                    ");' '" + hold + "' 'COMMIT;' | " + shell;
         FILE* const other = popen(command.c_str(), "r");
         char line[256];
         while (fgets(line, sizeof line, other) && !std::strstr(line, "held")) {
@@ -83,6 +94,7 @@ class ReceiptTest : public ReceiptScreensTest {
             EXPECT_EQ(box->Locked(), saved) << box->Name();
     }
 
+    int whole_ = 0, failed_ = 0;
     const std::string cash = std::to_string(books.AddLedger("Cash", "Cash In Hand"));
     // Of the receipt that FillReceipt enters, as the tables hold it.
     const Lines stockRows{"1|37009|Receipt|1|0|Coal|0|2|wet|100|0|15",
@@ -275,6 +287,64 @@ TEST_F(ReceiptTest, AnEntryThatFailsShowsThreeBoxesAndLogsOnce) {
     EXPECT_EQ(Bills(), Lines{});
     EXPECT_EQ(Logged(), Lines{"frmReceipt|0|"});
     EXPECT_EQ(qm::Conn().TransDepth(), 0);
+}
+
+// On a server, with the connection cut in front of each statement of the save and behind it: nothing is half,
+// and what is told is what stands.
+TEST_F(ReceiptTest, AConnectionThatIsCutLeavesNothingHalf) {
+    QM_NEEDS_SERVER();
+    const std::string name = "receipt_" + std::to_string(getpid());
+    const std::string server = test::ServerUri() + name + "/";
+    ado::CopyBooks(qm::Conn(), server);
+    books.CloseHost();
+    const ado::test::CutWire wire;
+    auto host = std::make_unique<qm::clQm>();
+    host->dataPath(wire.Path(server));
+    host->StartDataConn();
+    Lines told;
+    const qm::MsgBoxPort before = qm::SetMsgBoxPort([&](const std::string& text, int, const std::string&) {
+        told.push_back(text);
+        return qm::vbOK;
+    });
+    const auto save = [&](ado::test::CutWire::Cut cut, unsigned char others) {
+        for (const char* table : {"tblItemLed2001", "tb_Ledger2001", "tblBills2001"})
+            Run(std::string("Delete From ") + table);
+        Run("Update ItemMaster2001 Set ReceivedQty = 0");
+        for (const char* number : {"1", "<New>"}) ui().cmbReceipt->SetText(number);
+        FillReceipt();
+        told.clear();
+        wire.CutNext(cut, others);
+        Click(ui().cmdSave);
+        wire.CutNext(ado::test::CutWire::None);
+        const bool saved = told.size() == 1 && told[0].starts_with("Issue details saved");
+        if (!saved) {
+            ASSERT_GE(told.size(), 2u);
+            EXPECT_EQ(told[told.size() - 2], "Cannot save Receipt Details");
+            const bool inEntry = told.size() == 3;
+            EXPECT_THAT(told.front() + told.back(), HasSubstr("connection to the server was lost"));
+            EXPECT_THAT(told[0], StartsWith(inEntry ? "Formname: Module-FDBCode" : "Cannot save"));
+        }
+        const std::size_t rows = Stock().size();
+        EXPECT_EQ(Received(), (Lines{rows > 0 ? "2" : "0", rows > 1 ? "1" : "0"}));
+        EXPECT_EQ(Entries(), saved ? entryRows : Lines{});
+        EXPECT_EQ(Bills().size(), saved ? 1u : 0u);
+        EXPECT_TRUE(!saved || rows == 2) << rows;
+        (saved ? whole_ : failed_)++;
+    };
+    Open(0, [&] {
+        for (const auto cut : {ado::test::CutWire::Before, ado::test::CutWire::After})
+            for (unsigned char others = 0; others < 90; ++others) {
+                SCOPED_TRACE(static_cast<char>(cut) + std::to_string(others));
+                save(cut, others);
+            }
+    });
+    qm::SetMsgBoxPort(before);
+    EXPECT_GT(whole_, 20) << failed_;
+    EXPECT_GT(failed_, 60) << whole_;
+    host.reset();
+    ado::Flight administrator;
+    administrator.Connect(ado::ReadServerAddress(test::ServerUri() + "postgres/"));
+    administrator.Script("DROP DATABASE " + name + " WITH (FORCE)");
 }
 
 // Everything is missing at first; each refusal names the first that is, goes there and opens its list.

@@ -24,7 +24,8 @@ void InsertReader::Whole() {
     table_ = &RequireTable(catalog_, tokens_.ExpectName("a table"));
     plan_.table = table_->name;
     if (tokens_.AtSymbol("(")) Columns();
-    const std::string values = tokens_.AtWord("Select") ? SelectedValues() : GivenValues();
+    plan_.givesOneRow = !tokens_.AtWord("Select");
+    const std::string values = plan_.givesOneRow ? GivenValues() : SelectedValues();
     std::string names;
     for (const ColumnInfo* column : columns_)
         names.append(names.empty() ? "" : ", ") += QuotedName(column->name);
@@ -53,8 +54,8 @@ std::string InsertReader::GivenValues() {
         for (const ColumnInfo& column : table_->columns) columns_.push_back(&column);
     const Scope none;
     const Draft draft{plan_, catalog_.Sql()};
-    ExpressionReader reader(tokens_, none, draft, [this](const Scope& outer) {
-        return SelectReader(tokens_, catalog_, plan_).OneValue(outer);
+    ExpressionReader reader(tokens_, none, draft, [this](const Scope& outer, const SubselectUse& use) {
+        return SelectReader(tokens_, catalog_, plan_).InParentheses(outer, use);
     });
     std::string values;
     std::size_t count = 0;

@@ -40,11 +40,12 @@ struct Plan {
     std::string head, where, tail;
     std::vector<Parameter> parameters;
     std::vector<Output> outputs;  // of a select
-    bool distinct = false;   // rows alike (texts without regard to case) are dropped, the first one stays
-    bool aggregate = false;  // Max, Sum or Group By
-    std::string table;       // the one table of an insert, update, delete or single-table select, else ""
-    bool rowid = false;      // the select's last column, beyond outputs, is the row's identity
-    std::string into;        // of a SelectInto: the new table; `table` is its source
+    bool distinct = false;     // rows alike (texts without regard to case) are dropped, the first one stays
+    bool aggregate = false;    // Max, Sum or Group By
+    std::string table;         // the one table of an insert, update, delete or single-table select, else ""
+    bool givesOneRow = false;  // an insert of given values: it matches one row or fails
+    bool rowid = false;        // the select's last column, beyond outputs, is the row's identity
+    std::string into;          // of a SelectInto: the new table; `table` is its source
 
     std::string Sql() const { return head + where + tail; }
 };

@@ -11,6 +11,7 @@
 #include "platform/ado/dialect/StoreSql.h"
 #include "platform/ado/store/KeyedNumbers.h"
 #include "platform/ado/store/Schema.h"
+#include "platform/basic/Error.h"
 
 // The small face of a store that the data layer works against. Texts are UTF-8. All failures are basic::Error
 // with a number of ado::error. The embedded store stands in SqlCipherEngine, a server's in PostgresEngine.
@@ -69,6 +70,13 @@ class Engine {
     virtual void CopyTo(const std::string& file, const std::string& password) = 0;  // makes the file
     // Runs a write outside transactions: whole or not at all, and not at once on the disk.
     virtual void WriteLoosely(const std::function<void()>& write) = 0;
+    // Takes an insert, update or delete whose outcome nobody needs at once: it runs at the latest before what
+    // reads, counts, begins or ends a level, which tells its failure; what was taken behind one that failed
+    // is not done, and a rollback takes back what has not run. `none`, if any: raised where it matches no
+    // row. Only of a store that SendsAhead; another runs each statement when it is told.
+    virtual void SendAhead(EngineStatement&, const basic::Error* /*none*/) {}
+    virtual bool SendsAhead() const { return false; }
+    virtual void TellAhead() {}              // raises what failed of it so far
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
     // Whether another program has written since Open, or since this was last asked.
     virtual bool ChangedByOthers() = 0;

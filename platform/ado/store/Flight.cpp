@@ -1,5 +1,6 @@
 #include "platform/ado/store/Flight.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <utility>
@@ -64,8 +65,10 @@ std::pair<std::string, std::string> StateIn(std::string_view message) {
     return {};
 }
 
-std::string WithoutEnd(std::string text) {
+// Without its end, and in one line.
+std::string Phrase(std::string text) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '.')) text.pop_back();
+    std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
 }
 
@@ -89,7 +92,7 @@ void Flight::Connect(const ServerAddress& address) {
         if (!state.empty()) throw PostgresFailure(state, text);
         throw basic::Error(error::FileNotFound,
                            "The server of the books at '" + address.shown + "' could not be reached (" +
-                               WithoutEnd(message) + ").",
+                               Phrase(message) + ").",
                            "ado.Engine");
     }
     if (address.isElsewhere && Pq().PQconnectionUsedPassword(connection_) != 0 &&
@@ -112,13 +115,20 @@ void Flight::Disconnect() noexcept {
     names_.clear();
     unused_.clear();
     queue_.clear();
-    namedBytes_ = 0;
+    namedBytes_ = added_ = 0;
     out_ = false;
+    failedAt_ = None;
     failure_.reset();
 }
 
 bool Flight::IsUp() const {
     return connection_ != nullptr && Pq().PQstatus(connection_) == CONNECTION_OK;
+}
+
+bool Flight::InTransaction() const {
+    if (!IsUp()) return false;
+    const PGTransactionStatusType status = Pq().PQtransactionStatus(connection_);
+    return status == PQTRANS_INTRANS || status == PQTRANS_INERROR;
 }
 
 // The first look may find the server's last words, the second that nothing follows.
@@ -149,7 +159,7 @@ std::string Flight::NameOf(const std::string& sql, const ServerValues& values) {
     for (const ServerValue& value : values) types.push_back(value.type);
     Check(Pq().PQsendPrepare(connection_, name.c_str(), sql.c_str(), static_cast<int>(types.size()),
                              types.data()));
-    queue_.push_back({key, false});
+    Queue(key, false);
     namedBytes_ += key.size();
     names_.push_front({std::move(key), name});
     byKey_.emplace(names_.front().key, names_.begin());
@@ -173,13 +183,21 @@ void Flight::DropUnused() {
     for (const std::string& name : std::exchange(unused_, {})) {
         const std::string sql = "DEALLOCATE " + name;
         Check(Pq().PQsendQueryParams(connection_, sql.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 1));
-        queue_.push_back({});
+        Queue({}, false);
+        ++added_;
     }
+}
+
+void Flight::Queue(std::string prepares, bool main) {
+    queue_.push_back({std::move(prepares), main, added_});
 }
 
 void Flight::Add(const std::string& sql, const ServerValues& values, bool main) {
     if (connection_ == nullptr) throw Lost();
-    if (queue_.empty()) failure_.reset();
+    if (queue_.empty()) {
+        failure_.reset();
+        failedAt_ = None;
+    }
     const std::string name = NameOf(sql, values);
     std::vector<const char*> bytes;
     std::vector<int> lengths, formats(values.size(), 1);
@@ -189,7 +207,8 @@ void Flight::Add(const std::string& sql, const ServerValues& values, bool main) 
     }
     Check(Pq().PQsendQueryPrepared(connection_, name.c_str(), static_cast<int>(values.size()), bytes.data(),
                                    lengths.data(), formats.data(), 1));
-    queue_.push_back({{}, main});
+    Queue({}, main);
+    ++added_;
 }
 
 void Flight::Send() {
@@ -204,7 +223,7 @@ Flight::Row Flight::Next() {
         Row result(Pq().PQgetResult(connection_));
         if (!result) {
             if (!IsUp() || queue_.empty())
-                Fail(Lost()), End();
+                Fail(Lost(), None), End();
             else
                 Turn();
             continue;
@@ -228,7 +247,7 @@ void Flight::Take(const PGresult& result) {
             End();
             return;
         case PGRES_FATAL_ERROR:
-            Fail(FailureOf(result));
+            Fail(FailureOf(result), now.place);
             [[fallthrough]];
         case PGRES_PIPELINE_ABORTED:
             if (!now.prepares.empty()) Forget(now.prepares);
@@ -242,12 +261,15 @@ void Flight::Take(const PGresult& result) {
     std::from_chars(count.data(), count.data() + count.size(), matched_);
 }
 
-void Flight::Fail(basic::Error failure) {
-    if (!failure_) failure_ = std::move(failure);
+void Flight::Fail(basic::Error failure, std::size_t at) {
+    if (failure_) return;
+    failure_ = std::move(failure);
+    failedAt_ = at;
 }
 
 void Flight::End() {
     queue_.clear();
+    added_ = 0;
     out_ = false;
 }
 

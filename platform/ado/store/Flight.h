@@ -33,7 +33,8 @@ class Flight {
     void Connect(const ServerAddress& address);  // raises what the server says, or that there is none
     void Disconnect() noexcept;
     bool IsUp() const;
-    bool IsStillUp();  // the same, having looked whether the server hung up meanwhile
+    bool InTransaction() const;  // as the last answer tells, one that failed included
+    bool IsStillUp();            // the same, having looked whether the server hung up meanwhile
 
     // Puts in front what lets the server forget statements that went out of use. Not where a transaction has
     // failed.
@@ -45,7 +46,11 @@ class Flight {
     // The next row of the main statement; null behind the last one, when the packet has come to its end.
     // Raises the packet's failure.
     Row Next();
-    void Finish();                                     // reads to the end, dropping rows
+    void Finish();                                // reads to the end, dropping rows
+    std::size_t Added() const { return added_; }  // statements in the packet, so far
+    // Which of the packet's statements failed, counted from 0; None for the connection itself.
+    static constexpr std::size_t None = static_cast<std::size_t>(-1);
+    std::size_t FailedAt() const { return failedAt_; }
     std::int64_t Matched() const { return matched_; }  // rows that the last main statement matched
 
     // A packet without a main statement.
@@ -61,6 +66,7 @@ class Flight {
     struct Queued {
         std::string prepares;  // the key of the statement that is prepared
         bool main = false;
+        std::size_t place = 0;  // which statement of the packet it belongs to
     };
 
     std::string NameOf(const std::string& sql, const ServerValues& values);
@@ -69,7 +75,8 @@ class Flight {
     void Check(int sent);
     void Take(const PGresult& result);
     void Turn();  // to the next statement of the packet
-    void Fail(basic::Error failure);
+    void Queue(std::string prepares, bool main);
+    void Fail(basic::Error failure, std::size_t at);
     void End();
     basic::Error Lost() const;
 
@@ -81,6 +88,7 @@ class Flight {
     std::vector<std::string> unused_;  // names that the server may forget
     std::deque<Queued> queue_;
     bool out_ = false;
+    std::size_t added_ = 0, failedAt_ = None;
     std::optional<basic::Error> failure_;
     std::int64_t matched_ = 0;
 };

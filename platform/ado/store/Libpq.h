@@ -20,6 +20,7 @@ struct Libpq {
     CALL(PQsetErrorVerbosity)      \
     CALL(PQsetNoticeProcessor)     \
     CALL(PQstatus)                 \
+    CALL(PQtransactionStatus)      \
     CALL(PQsocket)                 \
     CALL(PQerrorMessage)           \
     CALL(PQfinish)                 \

@@ -14,11 +14,6 @@
 namespace ado {
 namespace {
 
-// Around each statement inside a transaction.
-constexpr const char* Guard = "SAVEPOINT qm_statement";
-constexpr const char* Unguard = "RELEASE qm_statement";
-constexpr const char* Undone = "ROLLBACK TO qm_statement";
-
 // The books' lock: a database holds one set of books.
 constexpr const char* Lock = "SELECT pg_advisory_xact_lock(29037)";
 
@@ -29,9 +24,26 @@ constexpr const char* MarkSql =
 constexpr const char* ForgetMarks = "DELETE FROM qm_host WHERE at < now() - interval '1 day'";
 constexpr const char* ForgetMark = "DELETE FROM qm_host WHERE host = $1";
 
+// A failure is not told later than so many loose writes behind it.
+constexpr int MostAhead = 64;
+
 std::string Level(int level) {
     return "qm_level_" + std::to_string(level);
 }
+
+// A value that is another's meanwhile.
+template <class Value>
+class SetAside {
+  public:
+    explicit SetAside(Value& value) : value_(value), kept_(std::exchange(value, Value{})) {}
+    SetAside(const SetAside&) = delete;
+    SetAside& operator=(const SetAside&) = delete;
+    ~SetAside() { value_ = std::move(kept_); }
+
+  private:
+    Value& value_;
+    Value kept_;
+};
 
 [[noreturn]] void RefuseBooks(const std::string& text) {
     throw basic::Error(error::NotABooksFile, text, "ado.Engine");
@@ -61,14 +73,18 @@ void PostgresEngine::Start() {
     started_ = false;
     Connect(address_);
     RequireBooks();
+    if (!hears_) marks_ = Marks();
     started_ = true;
 }
 
 // A server that is just being replaced by its standby, or started again, needs a moment.
 void PostgresEngine::Reconnect() {
     reading_ = nullptr;
-    inTransaction_ = false;
+    begun_ = false;
     missed_ = true;
+    // What waits to be sent is for the books, not for the first words to their server.
+    const SetAside waiting(outbox_);
+    const SetAside inside(inTransaction_), loosely(loosely_);
     constexpr std::chrono::milliseconds pause{100};
     for (auto left = LockWait() / pause;; --left) {
         try {
@@ -85,12 +101,12 @@ void PostgresEngine::Reconnect() {
 
 // Before anything goes out that a server may have hung up on since.
 void PostgresEngine::RequireConnection() {
-    if (!inTransaction_ && !flight_.IsOut() && !flight_.IsStillUp()) Reconnect();
+    if (!begun_ && !flight_.IsOut() && !flight_.IsStillUp()) Reconnect();
 }
 
 // What the server was told to wait for at a commit is what ours wait for: at the least its own disk.
 void PostgresEngine::Configure() {
-    flight_.Run({"LISTEN qm_books"});
+    hears_ = Listen();
     const std::string waits =
         Ask("SELECT current_setting('synchronous_commit'), set_config('synchronous_commit', 'off', FALSE), "
             "set_config('lock_timeout', '" +
@@ -101,14 +117,31 @@ void PostgresEngine::Configure() {
              "', TRUE), pg_logical_emit_message(TRUE, 'qm', '')::text";
 }
 
-void PostgresEngine::RequireBooks() {
+// A standby takes no listeners.
+bool PostgresEngine::Listen() {
+    try {
+        flight_.Run({"LISTEN qm_books"});
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ReadOnly) throw;
+        return false;
+    }
+    return true;
+}
+
+int PostgresEngine::FunctionsVersion() {
     if (Ask("SELECT coalesce(to_regproc('qm_version')::text, '')").empty())
         RefuseBooks("The database at '" + address_.shown + "' holds no books.");
-    const std::string version = Ask("SELECT qm_version()::text");
-    if (version != std::to_string(ServerFunctionsVersion))
-        RefuseBooks("The books at '" + address_.shown + "' were made for version " + version +
-                    " of the server's functions, and this program needs version " +
-                    std::to_string(ServerFunctionsVersion) + ".");
+    return std::stoi("0" + Ask("SELECT qm_version()::text"));
+}
+
+void PostgresEngine::RequireBooks() {
+    const int version = FunctionsVersion();
+    if (version == ServerFunctionsVersion) return;
+    RefuseBooks(
+        "The books at '" + address_.shown + "' were made for version " + std::to_string(version) +
+        " of the server's functions, and this program needs version " +
+        std::to_string(ServerFunctionsVersion) +
+        (version < ServerFunctionsVersion ? ": renew them (qmhost renew)." : ": use the newer program."));
 }
 
 std::string PostgresEngine::Ask(const std::string& sql, int column) {
@@ -120,14 +153,18 @@ std::string PostgresEngine::Ask(const std::string& sql, int column) {
 void PostgresEngine::Close() {
     try {
         Flush();
-        if (mark_ > 0 && flight_.IsStillUp()) {
+    } catch (...) {
+        flight_.Disconnect();
+        throw;
+    }
+    try {
+        if (mark_ > 0 && hears_ && flight_.IsStillUp()) {
             flight_.Add(ForgetMark, {TextValue(host_)});
             flight_.Send();
             flight_.Finish();
         }
-    } catch (...) {
-        flight_.Disconnect();
-        throw;
+    } catch (const basic::Error&) {
+        // It stays for a day.
     }
     flight_.Disconnect();
 }
@@ -136,34 +173,42 @@ std::unique_ptr<EngineStatement> PostgresEngine::Prepare(const std::string& sql)
     return std::make_unique<PostgresStatement>(*this, sql);
 }
 
+// Sends what waits, in one packet.
+void PostgresEngine::Send() {
+    if (inTransaction_) RequireConnection();
+    flight_.DropUnused();
+    begun_ = inTransaction_;
+    outbox_.PutInto(flight_);
+    flight_.Send();
+}
+
+void PostgresEngine::Launch(const PostgresStatement& statement) {
+    if (loosely_) outbox_.Put(Lock);
+    outbox_.Put(
+        {.sql = statement.Sql(), .values = statement.Values(), .main = true, .guarded = inTransaction_});
+    if (loosely_) PutMark();
+    Send();
+}
+
 // Only one answer at a time is on its way.
 void PostgresEngine::MakeRoom() {
     if (reading_ != nullptr) std::exchange(reading_, nullptr)->KeepRest();
 }
 
-void PostgresEngine::Launch(const PostgresStatement& statement) {
-    flight_.DropUnused();
-    if (inTransaction_) flight_.Add(Guard);
-    if (loosely_) flight_.Add(Lock);
-    flight_.Add(statement.Sql(), statement.Values(), true);
-    if (inTransaction_) flight_.Add(Unguard);
-    if (loosely_) AddMark();
-    flight_.Send();
-}
-
 Flight::Row PostgresEngine::FirstRow(PostgresStatement& statement) {
     MakeRoom();
+    Settle();
     const bool alone = !inTransaction_;
     Flight::Row row;
     try {
         Launch(statement);
         reading_ = &statement;
-        row = NextRow();
+        row = flight_.Next();
+        if (!row) reading_ = nullptr;
     } catch (const basic::Error& failure) {
-        reading_ = nullptr;
-        if (!flight_.IsUp()) inTransaction_ = false;
-        if (failure.Number != error::ConnectionLost || !alone || !started_) throw;
-        row = Repeat(statement, failure);
+        const basic::Error told = Undo(failure);
+        if (told.Number != error::ConnectionLost || !alone || !started_) throw told;
+        row = Repeat(statement, told);
     }
     if (statement.Reads()) return row;
     // An insert may tell the row that it made; no other statement that writes gives any.
@@ -180,7 +225,7 @@ Flight::Row PostgresEngine::FirstRow(PostgresStatement& statement) {
 // A question is asked again. A write is not: it might be on its way still.
 Flight::Row PostgresEngine::Repeat(PostgresStatement& statement, const basic::Error& lost) {
     if (!statement.Reads()) {
-        if (loosely_ && ChangeStands())
+        if (std::exchange(loosely_, false) && ChangeStands())
             throw basic::Error(lost.Number, "The connection to the server was lost, but the change stands.",
                                lost.Source);
         throw basic::Error(lost);
@@ -191,9 +236,9 @@ Flight::Row PostgresEngine::Repeat(PostgresStatement& statement, const basic::Er
     return NextRow();
 }
 
-void PostgresEngine::AddMark() {
-    if (++mark_ == 1) flight_.Add(ForgetMarks);
-    flight_.Add(MarkSql, {TextValue(host_), WholeValue(mark_)});
+void PostgresEngine::PutMark() {
+    if (++mark_ == 1) outbox_.Put(ForgetMarks);
+    outbox_.Put({.sql = MarkSql, .values = {TextValue(host_), WholeValue(mark_)}});
 }
 
 // Under the lock: what was on its way has come to its end then. And on the disk, before it is told.
@@ -227,30 +272,71 @@ Flight::Row PostgresEngine::NextRow() {
         Flight::Row row = flight_.Next();
         if (!row) reading_ = nullptr;
         return row;
-    } catch (const basic::Error&) {
-        reading_ = nullptr;
-        Undo();
-        throw;
+    } catch (const basic::Error& failure) {
+        throw Undo(failure);
     }
 }
 
-// A failed statement leaves the transaction as it was before it; a lost connection loses all of it.
-void PostgresEngine::Undo() {
-    if (!inTransaction_) return;
-    if (flight_.IsUp())
-        flight_.Run({Undone, Unguard});
-    else
-        inTransaction_ = false;
+// What a failure of the packet leaves behind: a guarded statement nothing, and the transaction goes on; any
+// other failure ends it. Gives what is told.
+basic::Error PostgresEngine::Undo(const basic::Error& failure) {
+    reading_ = nullptr;
+    const Outbox::Item* const failed = outbox_.Failed(flight_);
+    const bool goesOn = failed != nullptr && failed->guarded;
+    basic::Error told = failed != nullptr ? Outbox::Told(*failed, failure) : failure;
+    outbox_.Clear();
+    try {
+        if (goesOn) Outbox::Undo(flight_);
+    } catch (const basic::Error&) {
+        Forsake();
+    }
+    if (!goesOn) Forsake();
+    return told;
+}
+
+// Leaves whatever transaction the server has open. A connection that is lost has ended it already.
+void PostgresEngine::Forsake() {
+    outbox_.Clear();
+    inTransaction_ = begun_ = false;
+    try {
+        if (flight_.InTransaction()) flight_.Run({"ROLLBACK"});
+    } catch (const basic::Error&) {
+        // So it is lost by now.
+    }
+}
+
+// Sends what waits without anything behind it, and tells its failure.
+void PostgresEngine::Deliver() {
+    if (outbox_.Empty()) return;
+    MakeRoom();
+    try {
+        Send();
+        flight_.Finish();
+    } catch (const basic::Error& failure) {
+        throw Undo(failure);
+    }
+}
+
+// Tells what became of the loose writes that went ahead.
+void PostgresEngine::Settle() {
+    if (inTransaction_ || outbox_.Empty()) return;
+    RequireConnection();
+    Confirm([&] { Deliver(); });
+}
+
+// Where the connection is lost in it, the mark tells whether what was sent stands all the same.
+void PostgresEngine::Confirm(const std::function<void()>& send) {
+    try {
+        send();
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ConnectionLost || mark_ == 0 || !ChangeStands()) throw;
+    }
 }
 
 void PostgresEngine::Run(const std::vector<std::string>& statements) {
     MakeRoom();
-    try {
-        flight_.Run(statements);
-    } catch (const basic::Error&) {
-        if (!flight_.IsUp()) inTransaction_ = false;
-        throw;
-    }
+    for (const std::string& statement : statements) outbox_.Put(statement);
+    Deliver();
 }
 
 void PostgresEngine::CopyTable(const std::string& source, const std::string& target) {
@@ -259,46 +345,43 @@ void PostgresEngine::CopyTable(const std::string& source, const std::string& tar
 
 void PostgresEngine::Script(const std::string& sql) {
     MakeRoom();
+    Deliver();
     flight_.Script(sql);
     wrote_ = true;
 }
 
 void PostgresEngine::Begin() {
-    RequireConnection();
+    Settle();
+    outbox_.Put("BEGIN");
+    outbox_.Put(Lock);
     inTransaction_ = true;
     wrote_ = false;
-    try {
-        Run({"BEGIN", Lock});
-    } catch (const basic::Error&) {
-        if (inTransaction_) Rollback();
-        throw;
-    }
 }
 
-// Whatever comes of it, the transaction is over on the server.
+// One of which the server was told nothing has nothing to commit.
 void PostgresEngine::Commit() {
     MakeRoom();
-    inTransaction_ = false;
-    try {
-        if (wrote_) AddMark();
-        flight_.Add("COMMIT");
-        if (wrote_ || looseWritten_) flight_.Add(flush_);
-        flight_.Send();
-        flight_.Finish();
-    } catch (const basic::Error& failure) {
-        if (failure.Number != error::ConnectionLost || !wrote_ || !ChangeStands()) throw;
+    if (!begun_ && !wrote_) {
+        Rollback();
+        return Flush();
     }
+    if (wrote_) PutMark();
+    outbox_.Put("COMMIT");
+    if (wrote_ || looseWritten_) outbox_.Put(flush_);
+    Confirm([&] { Deliver(); });
+    inTransaction_ = begun_ = false;
     looseWritten_ = false;
 }
 
 void PostgresEngine::Rollback() {
     MakeRoom();
-    inTransaction_ = false;
-    if (flight_.IsUp()) flight_.Run({"ROLLBACK"});  // what is lost is undone already
+    Forsake();
 }
 
+// What failed before the level is told before it begins.
 void PostgresEngine::Savepoint(int level) {
-    Run({"SAVEPOINT " + Level(level)});
+    TellAhead();
+    outbox_.Put("SAVEPOINT " + Level(level));
 }
 
 void PostgresEngine::Release(int level) {
@@ -306,19 +389,26 @@ void PostgresEngine::Release(int level) {
 }
 
 void PostgresEngine::RollbackTo(int level) {
-    Run({"ROLLBACK TO " + Level(level), "RELEASE " + Level(level)});
+    if (outbox_.TakeBack("SAVEPOINT " + Level(level))) return;
+    outbox_.Clear();
+    try {
+        Run({"ROLLBACK TO " + Level(level), "RELEASE " + Level(level)});
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ConnectionLost) throw;  // what is lost is undone already
+    }
 }
 
 // The moment is fixed by the first question, not by BEGIN.
 void PostgresEngine::BeginRead() {
+    Settle();
     Run({"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", "SELECT 1"});
-    inTransaction_ = true;
+    inTransaction_ = begun_ = true;
     wrote_ = false;
 }
 
 void PostgresEngine::EndRead() {
-    inTransaction_ = false;
     Run({"COMMIT"});
+    inTransaction_ = begun_ = false;
 }
 
 void PostgresEngine::CopyTo(const std::string&, const std::string&) {
@@ -327,8 +417,9 @@ void PostgresEngine::CopyTo(const std::string&, const std::string&) {
 }
 
 void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
+    Settle();
     RequireConnection();
-    loosely_ = looseWritten_ = true;
+    loosely_ = true;
     try {
         write();
     } catch (...) {
@@ -336,19 +427,58 @@ void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
         throw;
     }
     loosely_ = false;
+    looseWritten_ = true;
+}
+
+// Loose writes that go ahead are transactions of their own, in one packet: the first that fails stops those
+// behind it.
+void PostgresEngine::SendAhead(EngineStatement& statement, const basic::Error* none) {
+    const auto& ahead = static_cast<const PostgresStatement&>(statement);
+    if (!inTransaction_) {
+        outbox_.Put("BEGIN");
+        outbox_.Put(Lock);
+    }
+    outbox_.Put({.sql = ahead.Sql(),
+                 .values = ahead.Values(),
+                 .guarded = inTransaction_,
+                 .none = none != nullptr ? std::optional(*none) : std::nullopt});
+    if (!inTransaction_) {
+        PutMark();
+        outbox_.Put("COMMIT");
+        looseWritten_ = true;
+    }
+    wrote_ = true;
+    if (++ahead_ % MostAhead == 0) TellAhead();
+}
+
+void PostgresEngine::TellAhead() {
+    Settle();
+    if (outbox_.HoldsGuarded()) Deliver();
 }
 
 bool PostgresEngine::ChangedByOthers() {
+    Settle();
     RequireConnection();
-    Run({"SELECT 1"});  // what was notified before comes with the answer
-    const bool changed = flight_.Notified();
+    std::string marks = marks_;
+    if (hears_)
+        Run({"SELECT 1"});  // what was notified before comes with the answer
+    else
+        marks = Marks();
+    const bool changed = flight_.Notified() || marks != marks_;
+    marks_ = std::move(marks);
     return std::exchange(missed_, false) || changed;
+}
+
+// Each change bears its host's mark. A host that closes takes its mark away, which counts as a change, too.
+std::string PostgresEngine::Marks() {
+    return Ask("SELECT concat(sum(last), ' ', max(at)) FROM qm_host");
 }
 
 void PostgresEngine::Flush() {
     if (!looseWritten_ || inTransaction_) return;
+    Settle();
     RequireConnection();
-    Run({flush_});
+    Confirm([&] { Run({flush_}); });
     looseWritten_ = false;
 }
 

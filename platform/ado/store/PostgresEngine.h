@@ -9,6 +9,7 @@
 
 #include "platform/ado/store/Engine.h"
 #include "platform/ado/store/Flight.h"
+#include "platform/ado/store/Outbox.h"
 #include "platform/ado/store/PostgresCatalog.h"
 #include "platform/ado/store/PostgresNumbers.h"
 #include "platform/ado/store/PostgresSql.h"
@@ -29,6 +30,8 @@ class PostgresStatement;
 //   transactions lie after another one has taken over.
 // - A statement that fails inside a transaction leaves nothing behind: each goes out with a savepoint around
 //   it, in one packet.
+// - What needs no answer at once waits in the outbox: the beginning of a transaction and of its levels, and
+//   what SendAhead takes. It goes out in front of what asks next, in the same packet.
 class PostgresEngine final : public Engine {
   public:
     PostgresEngine() = default;
@@ -61,12 +64,17 @@ class PostgresEngine final : public Engine {
     void EndRead() override;
     void CopyTo(const std::string& file, const std::string& password) override;
     void WriteLoosely(const std::function<void()>& write) override;
+    void SendAhead(EngineStatement& statement, const basic::Error* none) override;
+    bool SendsAhead() const override { return true; }
+    void TellAhead() override;
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;
 
     // Open without the books: for those that are being made.
     void Connect(const ServerAddress& address);
+    // Of the functions that were installed with the books; raises NotABooksFile where there are none.
+    int FunctionsVersion();
     // Several statements in one text, without parameters.
     void Script(const std::string& sql);
 
@@ -76,26 +84,36 @@ class PostgresEngine final : public Engine {
 
   private:
     void Configure();
+    bool Listen();
+    std::string Marks();
     void Start();
     void Reconnect();
     void RequireConnection();
-    void AddMark();
+    void PutMark();
     bool MarkStands();
     bool ChangeStands();
     Flight::Row Repeat(PostgresStatement& statement, const basic::Error& lost);
     void RequireBooks();
     void MakeRoom();
     void Launch(const PostgresStatement& statement);
+    void Send();
+    void Deliver();
+    void Settle();
+    void Confirm(const std::function<void()>& send);
     void Run(const std::vector<std::string>& statements);
-    void Undo();
+    basic::Error Undo(const basic::Error& failure);
+    void Forsake();
     std::string Ask(const std::string& sql, int column = 0);
 
     ServerAddress address_;
     Flight flight_;
+    Outbox outbox_;
     PostgresSql sql_;
     PostgresStatement* reading_ = nullptr;  // whose rows are on their way
     std::string flush_;                     // the statement whose own commit waits for the disk
     bool inTransaction_ = false;
+    bool begun_ = false;         // on the server, too
+    int ahead_ = 0;              // writes that SendAhead took
     bool loosely_ = false;       // within WriteLoosely
     bool wrote_ = false;         // the transaction, so far
     bool looseWritten_ = false;  // commits may still be on their way to the disk
@@ -104,6 +122,8 @@ class PostgresEngine final : public Engine {
     std::int64_t mark_ = 0;  // of the last write
     bool started_ = false;   // a connection stands that has seen the books
     bool missed_ = false;    // what others wrote while there was no connection
+    bool hears_ = false;     // is notified of changes; else they show by all hosts' marks
+    std::string marks_;
 };
 
 }  // namespace ado

@@ -47,9 +47,26 @@ void Session::Close() {
     engine_->Close();
 }
 
+// A failure of what went ahead stands before that of this step.
+template <class Step>
+auto Session::InOrder(const Step& step) {
+    try {
+        return step();
+    } catch (const basic::Error&) {
+        engine_->TellAhead();
+        throw;
+    }
+}
+
 BoundStatement Session::Ready(std::string_view statement, const PlanOptions& options) {
-    const Shape shape = ShapeOf(statement);
-    std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
+    return InOrder([&] { return Translated(statement, options); });
+}
+
+BoundStatement Session::Translated(std::string_view statement, const PlanOptions& options) {
+    const Shape shape = ShapeOf(statement, options.hostCondition);
+    std::string key = shape.key;
+    if (options.rowid) key += "\nrowid";
+    if (options.hostCondition) key += "\nhost";
     PreparedStatementPtr prepared = cache_.Find(key);
     if (!prepared) prepared = cache_.Add(std::move(key), Translate(shape, catalog_, options));
     std::vector<basic::Value> values = LiteralValues(shape, *prepared->plan);
@@ -96,7 +113,9 @@ BoundStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
 PreparedStatement::Copy Session::Start(const BoundStatement& statement) {
     PreparedStatement::Copy running = statement.prepared->Take(*engine_);
     int index = 0;
-    for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
+    InOrder([&] {
+        for (const basic::Value& value : statement.values) Bind(*running, ++index, value);
+    });
     return running;
 }
 
@@ -111,9 +130,22 @@ std::int64_t Session::Execute(const BoundStatement& statement) {
     return engine_->Changes();
 }
 
+void Session::ExecuteAhead(const BoundStatement& statement, const basic::Error* none) {
+    if (engine_->SendsAhead() && statement.plan().kind != StatementKind::SelectInto) {
+        ReadPostponed();
+        transactions_.Ahead(*Start(statement), statement.plan().givesOneRow ? nullptr : none);
+    } else if (Execute(statement) == 0 && none != nullptr) {
+        throw basic::Error(*none);
+    }
+}
+
+const TableInfo& Session::Table(const std::string& name) {
+    return RequireTable(catalog_, name);
+}
+
 void Session::SetNumbers(KeyedNumbers numbers) {
     ReadPostponed();
-    const TableInfo& table = RequireTable(catalog_, numbers.table);
+    const TableInfo& table = Table(numbers.table);
     numbers.table = table.name;
     for (std::string* name : {&numbers.key, &numbers.where}) *name = RequireColumn(table, *name).name;
     for (std::string& name : numbers.columns) name = RequireColumn(table, name).name;
@@ -139,7 +171,12 @@ void Session::CommitTrans() {
 }
 
 void Session::RollbackTrans() {
-    ReadPostponed();
+    try {
+        ReadPostponed();
+    } catch (const basic::Error&) {
+        // What failed ahead is undone by this.
+        ReadPostponed();
+    }
     transactions_.Rollback();
     // What was told of a table that was made inside the transaction is no longer true.
     catalog_.Forget();
@@ -154,7 +191,9 @@ void Session::Forget(PostponedRead& read) {
     std::erase(postponed_, &read);
 }
 
+// Their own failures are told where they are looked at, so none may take that of a write along.
 void Session::ReadPostponed() {
+    if (!postponed_.empty()) engine_->TellAhead();
     while (!postponed_.empty()) {
         PostponedRead* read = postponed_.back();
         postponed_.pop_back();

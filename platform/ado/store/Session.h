@@ -55,6 +55,9 @@ class Session {
     PreparedStatement::Copy Start(const BoundStatement& statement);
     // Runs a statement that gives no rows; the rows that an insert, update or delete matched, else 0.
     std::int64_t Execute(const BoundStatement& statement);
+    // The same where nobody asks for the rows at once: see Connection::ExecuteAhead.
+    void ExecuteAhead(const BoundStatement& statement, const basic::Error* none);
+    const TableInfo& Table(const std::string& name);  // without regard to case; raises NoSuchTable
     // Sets numbers in the rows of a table, many at once; names are found without regard to case.
     void SetNumbers(KeyedNumbers numbers);
     // For what this layer writes in the store's own SQL: the values are bound in order.
@@ -72,6 +75,9 @@ class Session {
 
   private:
     void ReadPostponed();
+    template <class Step>
+    auto InOrder(const Step& step);
+    BoundStatement Translated(std::string_view statement, const PlanOptions& options);
     void MakeTable(const Plan& plan);
 
     std::unique_ptr<Engine> engine_;

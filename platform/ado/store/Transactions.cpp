@@ -63,6 +63,11 @@ void Transactions::Write(bool whole, const std::function<void()>& write) {
     }
 }
 
+void Transactions::Ahead(EngineStatement& write, const basic::Error* none) {
+    RefuseLost();
+    engine_.SendAhead(write, none);
+}
+
 void Transactions::Atomic(const std::function<void()>& change) {
     RefuseLost();
     if (depth_ > 0) return InSavepoint(change);

@@ -26,6 +26,8 @@ class Transactions {
     void Write(bool whole, const std::function<void()>& write);
     // The same for a change of several statements.
     void Atomic(const std::function<void()>& change);
+    // A write that runs ahead of what comes next: see Engine::SendAhead.
+    void Ahead(EngineStatement& write, const basic::Error* none);
 
   private:
     bool Lost() const { return depth_ > 0 && !engine_.InTransaction(); }

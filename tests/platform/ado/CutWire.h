@@ -20,7 +20,7 @@ namespace ado::test {
 // A wire to the tests' server that can be cut: a socket in a folder of its own, served by a child process.
 class CutWire {
   public:
-    enum Cut : char { Before = 'b', After = 'a' };  // the server gets the next packet, or does not
+    enum Cut : char { None = 0, Before = 'b', After = 'a' };  // the server runs the statement, or does not
 
     CutWire() {
         const int door = Socket(folder_.Path().string(), bind);
@@ -45,9 +45,10 @@ class CutWire {
         return "postgresql://postgres@" + basic::Replace(folder_.Path().string(), "/", "%2F") +
                source.substr(::test::ServerUri().size() - 1);
     }
-    // Cuts once, at the packet that goes out after `packets` others.
-    void CutNext(Cut cut, int packets = 0) const {
-        const char order[] = {cut, static_cast<char>(packets)};
+    // Cuts once, or None any more, at the statement that goes out after `others`, wherever it stands in its
+    // packet.
+    void CutNext(Cut cut, unsigned char others = 0) const {
+        const unsigned char order[] = {static_cast<unsigned char>(cut), others};
         if (write(command_[0], order, sizeof order) != sizeof order) throw std::runtime_error("no wire");
     }
     void TakeAway() const {  // for new connections
@@ -72,31 +73,50 @@ class CutWire {
         return uri.substr(from, uri.size() - 1 - from);
     }
 
-    static bool Pass(int from, int to) {
-        char bytes[65536];
-        const ssize_t count = read(from, bytes, sizeof bytes);
-        return count > 0 && write(to, bytes, static_cast<std::size_t>(count)) == count;
+    // Passes messages on as they come, each a letter and its length; the first of a connection has no letter.
+    // False: it was cut in front of a statement's execution, or behind it and the end of its packet.
+    static bool PassMessages(std::string& from, int to, bool& greeted, unsigned char (&order)[2]) {
+        for (;;) {
+            const std::size_t letter = greeted ? 1 : 0;
+            if (from.size() < letter + 4) return true;
+            std::size_t length = letter;
+            for (int at = 3, shift = 0; at >= 0; --at, shift += 8)
+                length += static_cast<std::size_t>(static_cast<unsigned char>(from[letter + at])) << shift;
+            if (from.size() < length) return true;
+            const bool executes = greeted && from[0] == 'E' && order[0] != 0;
+            const bool cut = executes && order[1]-- == 0;
+            if (cut && order[0] == After && from.size() > length && from[length] == 'S') length += 5;
+            if (!cut || order[0] == After)
+                if (write(to, from.data(), length) != static_cast<ssize_t>(length)) return false;
+            if (cut) return false;
+            from.erase(0, length);
+            greeted = true;
+        }
     }
 
     void Serve(int client) const {
         const int server = Socket(ServerFolder(), connect);
         pollfd ends[] = {{client, POLLIN, 0}, {server, POLLIN, 0}, {command_[1], POLLIN, 0}};
-        char order[2] = {};
+        unsigned char order[2] = {};
+        std::string sent;
+        bool greeted = false;
         for (bool up = true; up && poll(ends, 3, -1) > 0;) {
+            char bytes[65536];
             if (ends[2].revents != 0) {
                 up = read(command_[1], order, sizeof order) == sizeof order;
-            } else if (ends[0].revents != 0 && order[0] != 0 && order[1]-- == 0) {
-                if (order[0] == After) Pass(client, server);
-                shutdown(server, SHUT_WR);
-                char dropped[4096];
-                while (read(server, dropped, sizeof dropped) > 0) {
-                }
-                up = false;
             } else if (ends[0].revents != 0) {
-                up = Pass(client, server);
+                const ssize_t count = read(client, bytes, sizeof bytes);
+                up = count > 0 && PassMessages(sent.append(bytes, static_cast<std::size_t>(count)), server,
+                                               greeted, order);
             } else {
-                up = Pass(server, client);
+                const ssize_t count = read(server, bytes, sizeof bytes);
+                up = count > 0 && write(client, bytes, static_cast<std::size_t>(count)) == count;
             }
+        }
+        // The server comes to the end of what it has before the client hears of anything.
+        shutdown(server, SHUT_WR);
+        char dropped[4096];
+        while (read(server, dropped, sizeof dropped) > 0) {
         }
         close(client);
         close(server);

@@ -1,0 +1,37 @@
+#include "desk/Dates.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace desk {
+
+QDate ToQt(basic::Date date) {
+    const auto [year, month, day] = basic::Parts(date);
+    return {year, month, day};
+}
+
+basic::Date FromQt(const QDate& date) {
+    return basic::MakeDate(date.year(), date.month(), date.day());
+}
+
+std::vector<queries::Range> MonthsOf(const queries::Range& year) {
+    std::vector<queries::Range> months;
+    for (QDate day = ToQt(*year.from); day <= ToQt(*year.upto); day = day.addMonths(1))
+        months.push_back({FromQt(day), FromQt(day.addMonths(1).addDays(-1))});
+    return months;
+}
+
+QString MonthText(basic::Date day) {
+    return QLocale(QLocale::English).toString(ToQt(day), "MMMM yyyy");
+}
+
+QString RangeText(const queries::Range& days, const queries::Range& year) {
+    const QDate from = ToQt(days.from ? *days.from : *year.from),
+                upto = ToQt(days.upto ? *days.upto : *year.upto);
+    if (from.day() == 1 && upto == from.addMonths(1).addDays(-1)) return MonthText(FromQt(from));
+    const auto text = [](const QDate& day) { return QLocale(QLocale::English).toString(day, "dd-MMM-yyyy"); };
+    if (from == upto) return text(from);
+    return QCoreApplication::translate("desk::Dates", "%1 to %2").arg(text(from), text(upto));
+}
+
+}  // namespace desk

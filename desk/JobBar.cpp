@@ -1,0 +1,67 @@
+#include "desk/JobBar.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <utility>
+
+namespace desk {
+namespace {
+
+constexpr int Moment = 300;  // milliseconds, until it shows and from one look to the next
+
+}  // namespace
+
+JobBar::JobBar(QWidget* parent) : QWidget(parent) {
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 4, 0, 4);
+    text_ = new QLabel(this);
+    bar_ = new QProgressBar(this);
+    bar_->setTextVisible(false);
+    bar_->setMaximumWidth(240);
+    auto* const cancel = new QPushButton(tr("Cancel"), this);
+    cancel->setObjectName("cancelJob");
+    connect(cancel, &QPushButton::clicked, this, [this] { Cancel(); });
+    row->addWidget(text_, 1);
+    row->addWidget(bar_, 1);
+    row->addWidget(cancel);
+    hide();
+    tick_.setInterval(Moment);
+    connect(&tick_, &QTimer::timeout, this, [this] { Show(); });
+}
+
+void JobBar::Run(Worker& worker, const QString& what,
+                 std::function<void(queries::Reading&, Worker::Job&)> work,
+                 std::function<void(std::exception_ptr)> end) {
+    Cancel();
+    text_->setText(what);
+    bar_->setAccessibleName(what);
+    bar_->setRange(0, 0);
+    job_ = worker.Start(*this, std::move(work), [this, end = std::move(end)](std::exception_ptr failure) {
+        job_.reset();
+        Cancel();
+        end(failure);
+    });
+    tick_.start();
+}
+
+void JobBar::Cancel() {
+    if (job_) job_->Cancelled = true;
+    job_.reset();
+    tick_.stop();
+    hide();
+}
+
+void JobBar::Show() {
+    if (!job_) return;
+    if (const std::size_t total = job_->Total; total > 0) {
+        bar_->setRange(0, 1000);
+        bar_->setValue(
+            static_cast<int>(1000.0 * static_cast<double>(job_->Done) / static_cast<double>(total)));
+    }
+    show();
+}
+
+}  // namespace desk

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+#include <exception>
+#include <functional>
+#include <memory>
+
+#include "desk/Worker.h"
+
+class QLabel;
+class QProgressBar;
+
+namespace desk {
+
+// One job of the worker at a time: a line that tells what is being done and how far it is, with Cancel. It
+// shows itself when the job lasts longer than a moment.
+class JobBar : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(desk::JobBar)
+
+  public:
+    explicit JobBar(QWidget* parent);
+
+    // A job that still runs is cancelled first. `end` gets what the work raised, if anything.
+    void Run(Worker& worker, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+             std::function<void(std::exception_ptr)> end);
+    void Cancel();
+    bool Running() const { return job_ != nullptr; }
+
+  private:
+    void Show();
+
+    QLabel* text_;
+    QProgressBar* bar_;
+    QTimer tick_;
+    std::shared_ptr<Worker::Job> job_;
+};
+
+}  // namespace desk

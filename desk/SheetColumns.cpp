@@ -1,0 +1,156 @@
+#include "desk/SheetColumns.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <algorithm>
+#include <utility>
+
+#include "desk/Settings.h"
+#include "desk/Theme.h"
+
+namespace desk {
+namespace {
+
+constexpr int Margin = 24, Tight = 15;  // pixels of a cell beside its text
+
+// Room for the widest cell of the kind that is usual; texts: the least.
+int WidthOf(const queries::Column& column, const QFontMetrics& metrics, int margin) {
+    const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + margin; };
+    const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + margin;
+    switch (column.kind) {
+        case queries::Kind::Text:
+            return std::max(caption, wide(column.name == "narration" ? "Notebooks and files for"
+                                          : column.name == "type"    ? "Payment"
+                                                                     : "Current Account"));
+        case queries::Kind::Number:
+            return std::max(caption, wide("100000"));
+        case queries::Kind::Amount:
+            return std::max(caption, wide("99,99,999.00"));
+        case queries::Kind::Quantity:
+            return std::max(caption, wide("99,999.5"));
+        case queries::Kind::Date:
+            return std::max(caption, wide("28-Aug-2002"));
+        case queries::Kind::Flag:
+            return caption;
+    }
+    return caption;
+}
+
+// Names and narrations want more than types do.
+int ShareOf(const queries::Column& column) {
+    if (column.kind != queries::Kind::Text) return 0;
+    if (column.name == "type" || column.name == "unit" || column.name == "side") return 0;
+    return column.name == "narration" ? 3 : 2;
+}
+
+}  // namespace
+
+SheetColumns::SheetColumns(QHeaderView& header, QString name) : header_(header), name_(std::move(name)) {
+    header_.setSectionsMovable(true);
+    header_.setStretchLastSection(false);
+    const auto touched = [this] {
+        if (laying_ || columns_.empty()) return;
+        isOwn_ = true;
+        Keep();
+    };
+    connect(&header_, &QHeaderView::sectionResized, this, touched);
+    connect(&header_, &QHeaderView::sectionMoved, this, touched);
+    connect(&header_, &QHeaderView::geometriesChanged, this, [this] { Fit(); });
+}
+
+QString SheetColumns::Key() const {
+    QString key = "columns/" + name_;
+    for (const queries::Column& column : columns_) key += '-' + QString::fromStdString(column.name);
+    return key;
+}
+
+void SheetColumns::Lay(const queries::Sheet& sheet) {
+    const auto same = [](const queries::Column& a, const queries::Column& b) { return a.name == b.name; };
+    const auto& columns = sheet.Columns();
+    if (std::equal(columns.begin(), columns.end(), columns_.begin(), columns_.end(), same)) return;
+    columns_ = columns;
+    const QScopedValueRollback quiet(laying_, true);
+    isOwn_ = header_.restoreState(Settings().value(Key()).toByteArray());
+    for (int section = 0; section < header_.count(); ++section)
+        header_.setSectionResizeMode(section, QHeaderView::Interactive);
+    Fit();
+}
+
+void SheetColumns::Fit() {
+    if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
+    const QScopedValueRollback quiet(laying_, true);
+    const QFontMetrics metrics(Theme::Figures(header_.font()));
+    int room = 0, shares = 0, margin = Margin;
+    const auto each = [&](auto act) {
+        for (int section = 0; section < header_.count(); ++section)
+            if (!header_.isSectionHidden(section)) act(section, columns_[static_cast<std::size_t>(section)]);
+    };
+    const auto measure = [&] {
+        room = header_.viewport()->width();
+        shares = 0;
+        each([&](int, const queries::Column& column) {
+            room -= WidthOf(column, metrics, margin);
+            shares += ShareOf(column);
+        });
+    };
+    measure();
+    if (room < 0) {
+        margin = Tight;
+        measure();
+    }
+    each([&](int section, const queries::Column& column) {
+        const int more = room > 0 && shares > 0 ? room * ShareOf(column) / shares : 0;
+        header_.resizeSection(section, WidthOf(column, metrics, margin) + more);
+    });
+}
+
+void SheetColumns::Keep() {
+    Settings().setValue(Key(), header_.saveState());
+}
+
+void SheetColumns::Forget() {
+    Settings().remove(Key());
+    const QScopedValueRollback quiet(laying_, true);
+    isOwn_ = false;
+    for (int section = 0; section < header_.count(); ++section) {
+        header_.setSectionHidden(section, false);
+        header_.moveSection(header_.visualIndex(section), section);
+    }
+    Fit();
+}
+
+void SheetColumns::FillMenu(QMenu& menu) {
+    const std::size_t shown = Chosen().size();
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+        const int section = static_cast<int>(column);
+        QAction* const action = menu.addAction(QString::fromStdString(columns_[column].caption));
+        action->setCheckable(true);
+        action->setChecked(!header_.isSectionHidden(section));
+        action->setEnabled(!action->isChecked() || shown > 1);  // one always stays
+        connect(action, &QAction::toggled, this, [this, section](bool on) {
+            {
+                const QScopedValueRollback quiet(laying_, true);
+                header_.setSectionHidden(section, !on);
+            }
+            Fit();
+            Keep();
+        });
+    }
+    menu.addSeparator();
+    const auto text = [](const char* words) {
+        return QCoreApplication::translate("desk::SheetColumns", words);
+    };
+    connect(menu.addAction(text("As at first")), &QAction::triggered, this, [this] { Forget(); });
+}
+
+std::vector<std::size_t> SheetColumns::Chosen() const {
+    std::vector<std::size_t> chosen;
+    for (int place = 0; place < header_.count(); ++place)
+        if (const int section = header_.logicalIndex(place); !header_.isSectionHidden(section))
+            chosen.push_back(static_cast<std::size_t>(section));
+    return chosen;
+}
+
+}  // namespace desk

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <vector>
+
+#include "queries/Sheet.h"
+
+class QHeaderView;
+class QMenu;
+
+namespace desk {
+
+// The columns of a table: as wide as their kinds need, texts sharing the rest of the room, until the user
+// chooses, moves or sizes them; that is kept for the user, under a name, for as long as the sheet has the
+// same columns.
+class SheetColumns : public QObject {
+  public:
+    SheetColumns(QHeaderView& header, QString name);
+
+    void Lay(const queries::Sheet& sheet);    // for its columns; where they were laid before, nothing happens
+    void Fit();                               // to the room, where the user has not sized them
+    void FillMenu(QMenu& menu);               // a line for each column, and one that forgets all choices
+    std::vector<std::size_t> Chosen() const;  // those that are shown, from left to right
+
+  private:
+    QString Key() const;
+    void Keep();
+    void Forget();
+
+    QHeaderView& header_;
+    QString name_;
+    std::vector<queries::Column> columns_;
+    bool isOwn_ = false;   // the user has sized or moved them
+    bool laying_ = false;  // what changes comes from here
+};
+
+}  // namespace desk

@@ -1,0 +1,68 @@
+#include "desk/SheetFiles.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "core/Screens.h"
+#include "platform/basic/NewFile.h"
+#include "queries/sheets/Cell.h"
+#include "queries/sheets/Csv.h"
+#include "queries/sheets/Page.h"
+#include "queries/sheets/Workbook.h"
+
+namespace desk {
+namespace {
+
+constexpr std::size_t MostUpright = 5;  // columns; the sheets of a wider table lie on their side
+
+QString Translated(const char* text) {
+    return QCoreApplication::translate("desk::SheetFiles", text);
+}
+
+}  // namespace
+
+QString FilterOf(SheetFile kind) {
+    switch (kind) {
+        case SheetFile::Csv:
+            return Translated("Comma-separated text (*.csv)");
+        case SheetFile::Workbook:
+            return Translated("Spreadsheet (*.xlsx)");
+        case SheetFile::Pdf:
+            return Translated("PDF (*.pdf)");
+    }
+    return {};
+}
+
+QString ExtensionOf(SheetFile kind) {
+    return kind == SheetFile::Csv ? ".csv" : kind == SheetFile::Workbook ? ".xlsx" : ".pdf";
+}
+
+void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file) {
+    if (kind == SheetFile::Workbook) return queries::WriteWorkbook(sheet, file);
+    basic::WriteNewFile(file, [&](std::ostream& out) { queries::WriteCsv(sheet, out); });
+}
+
+void WritePdf(const queries::Sheet& sheet, const std::string& file, const std::string& books) {
+    basic::NewFile place(file);
+    qm::WritePage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books},
+                  sheet.Columns().size() > MostUpright, place.Staging());
+    place.Publish();
+}
+
+QString ClipboardText(const queries::Sheet& sheet, const std::vector<std::size_t>& rows) {
+    QStringList cells;
+    for (const queries::Column& column : sheet.Columns()) cells << QString::fromStdString(column.caption);
+    QString text = cells.join('\t') + '\n';
+    for (const std::size_t row : rows) {
+        cells.clear();
+        for (std::size_t column = 0; column < sheet.Columns().size(); ++column)
+            cells << QString::fromStdString(
+                         queries::Plain(sheet.Columns()[column].kind, sheet.At(row, column)))
+                         .replace('\t', ' ')
+                         .replace('\n', ' ');
+        text += cells.join('\t') + '\n';
+    }
+    return text;
+}
+
+}  // namespace desk

@@ -1,0 +1,68 @@
+#include "desk/StatementPage.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include "desk/Books.h"
+#include "desk/SheetView.h"
+#include "queries/LedgerLines.h"
+#include "queries/sheets/Cell.h"
+
+namespace desk {
+namespace {
+
+const queries::LedgerLine& LineOf(const queries::Sheet& sheet, std::size_t row) {
+    return static_cast<const queries::LedgerSheet&>(sheet).Typed(row);
+}
+
+// The sheet reads by window, and its pages remember what they have read.
+queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
+    return const_cast<queries::LedgerSheet&>(static_cast<const queries::LedgerSheet&>(sheet)).Source();
+}
+
+QString Amount(double rupees) {
+    return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
+}
+
+}  // namespace
+
+StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& name,
+                             const queries::Range& range)
+    : Page(desk, name), view_(new SheetView(desk, "statement")) {
+    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+        return QVariant(qlonglong(LineOf(sheet, row).key));
+    };
+    view_->PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+        return SourceOf(sheet).PlaceOf(key.toLongLong());
+    };
+    view_->Activated = [this](std::size_t row) { Activate(row); };
+    view_->Filled = [this] { ShowTotals(); };
+    AddToHead(view_->Buttons());
+    Body().addWidget(view_);
+    SetFirstFocus(view_);
+    view_->Ask(
+        [ledger, range](queries::Reading& books) { return queries::ListLedger(books, ledger, range); });
+}
+
+void StatementPage::Refresh() {
+    view_->Refresh();
+}
+
+void StatementPage::Activate(std::size_t row) {
+    if (const std::int32_t number = LineOf(*view_->Sheet(), row).number; number > 0)
+        desk().OpenScreen("frmVoucher", std::to_string(number));
+}
+
+void StatementPage::ShowTotals() {
+    const queries::LedgerLines& lines = SourceOf(*view_->Sheet());
+    SetSubtitle(
+        tr("%1; closing balance %2")
+            .arg(QString::fromStdString(view_->Sheet()->Title()).section(", ", -1), Amount(lines.Closing())));
+    const auto count = SourceOf(*view_->Sheet()).Count() - 1;
+    view_->SetTotals(
+        count == 1 ? tr("1 line") : tr("%1 lines").arg(QLocale().toString(qulonglong(count))),
+        {{}, {}, {}, {}, Amount(lines.Sums().debit), Amount(lines.Sums().credit), Amount(lines.Closing())});
+}
+
+}  // namespace desk

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "queries/Vouchers.h"
+
+class QLineEdit;
+class QMenu;
+class QToolButton;
+
+namespace desk {
+
+// What the list of vouchers is narrowed to, as a row of chips: words, period, type, ledger, amount. A chip
+// that narrows shows to what, and is coloured.
+class VoucherChips : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(desk::VoucherChips)
+
+  public:
+    using Ledger = std::pair<std::int32_t, std::string>;
+
+    // The days of the year; its ledgers, asked for when they are wanted; and who hears of each change.
+    VoucherChips(const queries::Range& year, std::function<std::vector<Ledger>()> ledgers,
+                 std::function<void()> changed);
+
+    const queries::VoucherFilter& Filter() const { return filter_; }
+    void Set(const queries::VoucherFilter& filter, const QString& ledger = {});  // from elsewhere
+    void Clear();
+    bool Any() const;
+    QString Text() const;  // all that narrows, "April 2001, Receipt"
+
+  private:
+    QToolButton* AddChip(const QString& name, std::function<void(QMenu&)> fill);
+    void FillPeriods(QMenu& menu);
+    void FillTypes(QMenu& menu);
+    void FillLedgers(QMenu& menu);
+    void FillAmounts(QMenu& menu);
+    void Show();
+    void Changed();
+    QString PeriodText() const;
+    QString AmountText() const;
+
+    queries::Range year_;
+    std::function<std::vector<Ledger>()> ledgers_;
+    std::function<void()> changed_;
+    queries::VoucherFilter filter_;
+    QString ledgerName_;
+    QLineEdit* words_;
+    QToolButton *period_, *type_, *ledger_, *amount_, *clear_;
+    QTimer typed_;
+};
+
+}  // namespace desk

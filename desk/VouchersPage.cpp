@@ -1,0 +1,118 @@
+#include "desk/VouchersPage.h"
+
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desk/Books.h"
+#include "desk/SheetView.h"
+#include "desk/VoucherChips.h"
+#include "queries/Ledgers.h"
+#include "queries/sheets/Cell.h"
+
+namespace desk {
+namespace {
+
+const queries::VoucherLine& LineOf(const queries::Sheet& sheet, std::size_t row) {
+    return static_cast<const queries::VouchersSheet&>(sheet).Typed(row);
+}
+
+// The columns of the sheet, in its order.
+constexpr queries::VoucherOrder Orders[] = {queries::VoucherOrder::Date,     queries::VoucherOrder::Number,
+                                            queries::VoucherOrder::Type,     queries::VoucherOrder::Ledger,
+                                            queries::VoucherOrder::Debit,    queries::VoucherOrder::Credit,
+                                            queries::VoucherOrder::Narration};
+
+std::vector<VoucherChips::Ledger> LedgersOf(queries::Reading& books) {
+    std::vector<VoucherChips::Ledger> ledgers;
+    for (queries::LedgerRow& row : queries::Ledgers(books)) ledgers.emplace_back(row.id, std::move(row.name));
+    return ledgers;
+}
+
+}  // namespace
+
+VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new SheetView(desk, "vouchers")) {
+    queries::Reading& books = desk.Books().Reading();
+    chips_ = new VoucherChips(
+        {books.FirstDay(), books.LastDay()}, [this] { return LedgersOf(this->desk().Books().Reading()); },
+        [this] { Ask(); });
+    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+        return QVariant(qlonglong(LineOf(sheet, row).key));
+    };
+    view_->PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+        return const_cast<queries::VouchersSheet&>(static_cast<const queries::VouchersSheet&>(sheet))
+            .Source()
+            .PlaceOf(key.toLongLong());
+    };
+    view_->Activated = [this](std::size_t) {
+        this->desk().OpenScreen("frmVoucher", std::to_string(Number()));
+    };
+    view_->SortBy = [this](std::size_t column, bool descending) {
+        order_ = Orders[column];
+        descending_ = descending;
+        Ask();
+    };
+    view_->Filled = [this] { Sum(); };
+    AddActions();
+    Body().addWidget(chips_);
+    Body().addWidget(view_);
+    SetFirstFocus(view_);
+    Ask();
+}
+
+void VouchersPage::AddActions() {
+    AddAction(tr("New"), QKeySequence(Qt::Key_Insert), [this] { desk().OpenScreen("frmVoucher"); });
+    AddAction(tr("Copy as new"), QKeySequence(Qt::CTRL | Qt::Key_D), [this] {
+        if (const std::int32_t number = Number(); number > 0) desk().CopyVoucher(number);
+    });
+    AddToHead(view_->Buttons());
+    AddKey(QKeySequence::Find, [this] { chips_->findChild<QLineEdit*>("words")->setFocus(); });
+}
+
+void VouchersPage::Refresh() {
+    view_->Refresh();
+}
+
+void VouchersPage::Narrow(const queries::VoucherFilter& filter, const QString& ledger) {
+    chips_->Set(filter, ledger);
+}
+
+std::int32_t VouchersPage::Number() const {
+    const auto row = view_->Current();
+    return row ? LineOf(*view_->Sheet(), *row).number : 0;
+}
+
+void VouchersPage::Ask() {
+    if (chips_->Any())
+        view_->SetEmpty(
+            tr("No line fits"),
+            tr("Nothing of this year is %1. Show all takes the filters away.").arg(chips_->Text()));
+    else
+        view_->SetEmpty(tr("No vouchers yet"), tr("F2 enters the first."));
+    view_->Ask([filter = chips_->Filter(), order = order_, down = descending_](queries::Reading& books) {
+        return queries::ListVouchers(books, filter, order, down);
+    });
+}
+
+// A million lines are counted and summed while the first of them are read.
+void VouchersPage::Sum() {
+    const auto sums = std::make_shared<queries::VoucherSums>();
+    view_->SetTotals(tr("Adding up\u2026"), {});
+    view_->InBackground(
+        tr("Adding up\u2026"),
+        [sums, filter = chips_->Filter()](queries::Reading& books, Worker::Job&) {
+            *sums = queries::SumVouchers(books, filter);
+        },
+        [this, sums] {
+            const auto amount = [](double rupees) {
+                return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
+            };
+            const QString count = QLocale().toString(qulonglong(sums->lines));
+            view_->SetTotals(sums->lines == 1 ? tr("1 line") : tr("%1 lines").arg(count),
+                             {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
+        });
+}
+
+}  // namespace desk

@@ -1,0 +1,74 @@
+#include "desk/Worker.h"
+
+#include <QCoreApplication>
+#include <utility>
+
+namespace desk {
+
+void Worker::Job::Step(std::size_t done) {
+    Done = done;
+    if (Cancelled) throw Stop{};
+}
+
+Worker::Worker(std::string dataPath, std::string year)
+    : dataPath_(std::move(dataPath)), year_(std::move(year)), thread_([this] { Loop(); }) {}
+
+Worker::~Worker() {
+    {
+        const std::lock_guard lock(guard_);
+        ending_ = true;
+        if (running_) running_->Cancelled = true;
+    }
+    wake_.notify_all();
+    thread_.join();
+}
+
+std::shared_ptr<Worker::Job> Worker::Start(QObject& owner, std::function<void(queries::Reading&, Job&)> work,
+                                           std::function<void(std::exception_ptr)> end) {
+    auto job = std::make_shared<Job>();
+    {
+        const std::lock_guard lock(guard_);
+        tasks_.push_back({job, &owner, std::move(work), std::move(end)});
+    }
+    wake_.notify_all();
+    return job;
+}
+
+void Worker::Loop() {
+    std::unique_lock lock(guard_);
+    for (;;) {
+        wake_.wait(lock, [this] { return ending_ || !tasks_.empty(); });
+        if (ending_) break;
+        const Task task = std::move(tasks_.front());
+        tasks_.pop_front();
+        running_ = task.Of;
+        lock.unlock();
+        Run(task);
+        lock.lock();
+        running_.reset();
+    }
+    books_.reset();
+}
+
+// The end is told through the application, which outlives every page: the owner is asked for there, on its
+// own thread.
+void Worker::Run(const Task& task) {
+    std::exception_ptr failure;
+    try {
+        task.Of->Step(0);
+        if (!books_) books_ = std::make_unique<queries::Reading>(dataPath_, year_);
+        task.Work(*books_, *task.Of);
+    } catch (const Stop&) {
+        return;
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [job = task.Of, owner = task.Owner, end = task.End, failure] {
+            if (owner && !job->Cancelled) end(failure);
+        },
+        Qt::QueuedConnection);
+}
+
+}  // namespace desk

@@ -1,0 +1,115 @@
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QMenu>
+#include <QTableView>
+
+#include "core/DBCode.h"
+#include "platform/ado/Connection.h"
+#include "tests/desk/DeskFixture.h"
+#include "vouchers/VoucherGrid.h"
+#include "vouchers/frmVoucher.h"
+
+namespace {
+
+class VouchersPageTest : public test::DeskTest {
+  protected:
+    void StartOnVouchers() {
+        FillWithSample();
+        Start();
+        Key(Qt::Key_1, Qt::AltModifier);
+        ASSERT_EQ(Title(), "Vouchers");
+        WaitForTotals("142 lines");
+    }
+};
+
+TEST_F(VouchersPageTest, EnterOpensTheVoucherAndComesBackToItsLineBroughtUpToDate) {
+    StartOnVouchers();
+    for (int i = 0; i < 5; ++i) Key(Qt::Key_Down);
+    EXPECT_EQ(CurrentLine(),
+              "07-Apr-2001|3|Payment|Current Account||40,000.00|Part payment of the opening balance");
+    script.Modal("frmVoucher", [this](forms::Form& form) {
+        EXPECT_EQ(static_cast<qm::frmVoucher&>(form).ui().txtVoucherNo->Text(), "3");
+        // Meanwhile two lines come in above it.
+        test::FreshBooks::Run(
+            "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, "
+            "LedgerName, LedgerDrAmt, LedgerCrAmt, LedgerNarration) Select 900, 36981, 'Journal', "
+            "LedgerCode, LedgerName, 1, 0, 'early' From tb_Ledger2001 Where LedgerTrnNo = 1");
+        test::FreshBooks::Run("Update tb_Ledger2001 Set LedgerNarration = 'changed' Where LedgerTrnNo = 3");
+    });
+    Key(Qt::Key_Return);
+    WaitForTotals("144 lines");
+    EXPECT_EQ(CurrentLine(), "07-Apr-2001|3|Payment|Current Account||40,000.00|changed");
+    EXPECT_EQ(Sheet().Current(), 7u);
+}
+
+TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotals) {
+    StartOnVouchers();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("shop rent");
+    WaitForTotals("24 lines, Debit 58,500.00, Credit 58,500.00");
+    EXPECT_EQ(Line(0), "03-Apr-2001|2|Payment|Shop Rent|4,500.00||Shop rent for April");
+    desk->Shown()->findChild<QMenu*>("period")->popup({});
+    desk->Shown()->findChild<QMenu*>("period")->actions()[3]->trigger();  // May
+    WaitForTotals("2 lines");
+    Key(Qt::Key_Escape);
+    desk->Shown()->findChild<QAbstractButton*>("clear")->click();
+    WaitForTotals("142 lines");
+}
+
+TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
+    StartOnVouchers();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("rent");
+    WaitForTotals("24 lines");
+    Sheet().View().setFocus();
+    for (int i = 0; i < 20; ++i) Key(Qt::Key_Down);
+    const std::string row = CurrentLine();
+    const int place = Sheet().View().visualRect(Sheet().View().currentIndex()).top();
+    ado::Connection other;
+    other.Properties("Data Source") = books.DataPath() + qm::BooksFile;
+    other.Properties("Jet OLEDB:Database Password") = qm::BooksPassword;
+    other.Open();
+    other.Execute(
+        "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
+        "LedgerDrAmt, LedgerCrAmt, LedgerNarration) Select 900, 36981, 'Journal', LedgerCode, LedgerName, 1, "
+        "0, 'Rent of a stall' From tb_Ledger2001 Where LedgerTrnNo = 1");
+    WaitForTotals("26 lines");
+    EXPECT_EQ(CurrentLine(), row);
+    EXPECT_EQ(Sheet().View().visualRect(Sheet().View().currentIndex()).top(), place);
+}
+
+TEST_F(VouchersPageTest, AHeadSortsAndWhatIsCopiedIsWhatIsShown) {
+    StartOnVouchers();
+    auto& header = *dynamic_cast<QTableView&>(Sheet().View()).horizontalHeader();
+    const auto click = [&](int section) {
+        QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                          {header.sectionViewportPosition(section) + 20, header.height() / 2});
+    };
+    click(4);
+    click(4);  // the greatest debit first
+    EXPECT_THAT(Line(0), testing::HasSubstr("|95,000.00|"));
+    header.setSectionHidden(2, true);
+    header.moveSection(header.visualIndex(4), 0);
+    QTest::mouseClick(Sheet().View().viewport(), Qt::LeftButton, {}, {40, 10});
+    Key(Qt::Key_C, Qt::ControlModifier);
+    const QString text = QApplication::clipboard()->text();
+    EXPECT_EQ(text.section('\n', 0, 0).toStdString(), "Debit\tDate\tVoucher\tLedger\tCredit\tNarration");
+    EXPECT_EQ(text.section('\n', 1, 1).section('\t', 0, 0).toStdString(), "95000.00");
+}
+
+TEST_F(VouchersPageTest, ACopyStandsAsANewVoucherAndPostsNothingBeforeSave) {
+    StartOnVouchers();
+    const auto lines = [] { return test::FreshBooks::One("Select Sum(1) From tb_Ledger2001"); };
+    script.Modal("frmVoucher", [](forms::Form& form) {
+        auto& ui = static_cast<qm::frmVoucher&>(form).ui();
+        EXPECT_EQ(ui.txtVoucherNo->Text(), "<New>");
+        EXPECT_EQ(ui.cmbVoucherType->Text(), "Payment");
+        EXPECT_EQ(ui.vsVoucher->TextMatrix(1, qm::Ledger), "Salaries Payable");
+        EXPECT_EQ(ui.vsVoucher->TextMatrix(1, qm::Number), "");
+    });
+    Key(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(lines(), "142");
+}
+
+}  // namespace
