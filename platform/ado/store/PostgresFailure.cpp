@@ -77,6 +77,11 @@ constexpr Rule rules[] = {
          return OfEngine(
              {error::WrongPassword, "The server refuses this user or password (" + message + ")."});
      }},
+    {"55006",
+     [](const std::string& message) {
+         return OfEngine({error::Locked, "Programs have the books open (" + message +
+                                             "): close them first. Nothing was changed."});
+     }},
     {"3D000",
      [](const std::string& message) {
          return OfEngine({error::FileNotFound, "The server holds no such books (" + message + ")."});
