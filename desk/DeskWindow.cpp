@@ -22,12 +22,15 @@
 #include "desk/PageList.h"
 #include "desk/PageTable.h"
 #include "desk/ScreenList.h"
+#include "desk/StatementPage.h"
 #include "desk/Theme.h"
 
 namespace desk {
 namespace {
 
-constexpr int LookEvery = 1000;  // milliseconds
+constexpr int LookEvery = 1000;      // milliseconds
+constexpr int Narrow = 960;          // pixels
+constexpr std::size_t MostHits = 6;  // of each kind
 
 QString LongForm(const std::string& shortForm) {
     const int year = QString::fromStdString(shortForm).toInt();
@@ -44,12 +47,13 @@ DeskWindow::DeskWindow() {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    head_ = new DeskHead(*this, {.Search = [this](const QString& words) { return Find(words); },
-                                 .LeaveSearch =
-                                     [this] {
-                                         if (shown_) shown_->TakeFocus();
-                                     },
-                                 .WantYear = [this](const std::string& year) { WantYear(year); }});
+    head_ = new DeskHead(
+        *this, {.Search = [this](const QString& words, const SearchField::Take& take) { Find(words, take); },
+                .LeaveSearch =
+                    [this] {
+                        if (shown_) shown_->TakeFocus();
+                    },
+                .WantYear = [this](const std::string& year) { WantYear(year); }});
     notice_ = new NoticeBar(this);
     auto* const row = new QHBoxLayout;
     row->setSpacing(0);
@@ -316,7 +320,7 @@ void DeskWindow::SwitchYear(const std::string& shortForm) {
     Go(key);
 }
 
-std::vector<Found> DeskWindow::Find(const QString& words) {
+std::vector<Found> DeskWindow::FindPages(const QString& words) {
     std::vector<Found> found;
     const auto fits = [&](const QString& text) { return text.contains(words, Qt::CaseInsensitive); };
     for (const PageEntry& page : PageTable())
@@ -328,6 +332,52 @@ std::vector<Found> DeskWindow::Find(const QString& words) {
             found.push_back({tr("Screen"), screen.CaptionText(), QString::fromLatin1(screen.Key),
                              [this, form = std::string(screen.Form)] { OpenScreen(form, {}); }});
     return found;
+}
+
+// Pages and screens at once; what the books hold as the worker finds it.
+void DeskWindow::Find(const QString& words, const SearchField::Take& take) {
+    take(FindPages(words), !books_.AreOpen());
+    if (!books_.AreOpen()) return;
+    if (search_) search_->Cancelled = true;
+    const auto hits = std::make_shared<std::vector<queries::SearchHit>>();
+    search_ = books_.Background().Start(
+        head_->Search(),
+        [hits, text = words.toStdString()](queries::Reading& books, Worker::Job&) {
+            *hits = queries::Search(books, text, MostHits);
+        },
+        [this, hits, take](std::exception_ptr failure) {
+            std::vector<Found> found;
+            for (const queries::SearchHit& hit : *hits) found.push_back(HitOf(hit));
+            take(std::move(found), true);
+            if (failure) Try([&] { std::rethrow_exception(failure); });
+        });
+}
+
+Found DeskWindow::HitOf(const queries::SearchHit& hit) {
+    const QString text = QString::fromStdString(hit.text), detail = QString::fromStdString(hit.detail);
+    const std::string number = std::to_string(hit.number);
+    const auto screen = [this](const char* form, const std::string& record) {
+        return [this, form, record] { OpenScreen(form, record); };
+    };
+    switch (hit.kind) {
+        case queries::SearchHit::Kind::Voucher:
+        case queries::SearchHit::Kind::Narration:
+            return {tr("Voucher"), text, detail, screen("frmVoucher", number)};
+        case queries::SearchHit::Kind::Ledger:
+            return {tr("Ledger"), text, detail, [this, text, id = hit.number] {
+                        Try([&] { Push(new StatementPage(*this, id, text)); });
+                    }};
+        case queries::SearchHit::Kind::Item:
+            return {tr("Item"), text, detail, screen("ItemMaster", {})};
+        case queries::SearchHit::Kind::Bill:
+            return {tr("Bill"), text, detail, screen("frmReceipt", number)};
+    }
+    return {};
+}
+
+void DeskWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    list_->SetNarrow(width() < Narrow);
 }
 
 bool DeskWindow::event(QEvent* event) {

@@ -10,6 +10,7 @@
 #include "desk/Books.h"
 #include "desk/Desk.h"
 #include "desk/SearchField.h"
+#include "queries/Search.h"
 
 class QStackedWidget;
 
@@ -50,6 +51,7 @@ class DeskWindow : public QWidget, public Desk {
   protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void AddKeys();
@@ -63,7 +65,9 @@ class DeskWindow : public QWidget, public Desk {
     void TellOtherYear();
     void WantYear(const std::string& shortForm);
     void SwitchYear(const std::string& shortForm);
-    std::vector<Found> Find(const QString& words);
+    std::vector<Found> FindPages(const QString& words);
+    void Find(const QString& words, const SearchField::Take& take);
+    Found HitOf(const queries::SearchHit& hit);
 
     desk::Books books_;
     DeskHead* head_;
@@ -79,6 +83,7 @@ class DeskWindow : public QWidget, public Desk {
     QTimer watch_;
     bool watchFailed_ = false;
     std::string toldYear_;  // another year that the bar has told of
+    std::shared_ptr<Worker::Job> search_;
     QEventLoop loop_;
 };
 

@@ -14,7 +14,7 @@ namespace desk {
 namespace {
 
 constexpr int KeyRole = Qt::UserRole, HintRole = Qt::UserRole + 1;
-constexpr int Width = 176;
+constexpr int Width = 176, NarrowWidth = 112;
 
 // The page's key at the right of its name.
 class Hinted : public QStyledItemDelegate {
@@ -23,6 +23,7 @@ class Hinted : public QStyledItemDelegate {
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
+        if (option.rect.width() < NarrowWidth) return;
         QFont small = option.font;
         small.setPixelSize(11);
         painter->save();
@@ -57,6 +58,10 @@ void PageList::Mark(const QString& key) {
     const QSignalBlocker quiet(this);
     for (int row = 0; row < count(); ++row)
         if (item(row)->data(KeyRole) == key) setCurrentRow(row);
+}
+
+void PageList::SetNarrow(bool narrow) {
+    setFixedWidth(narrow ? NarrowWidth : Width);
 }
 
 }  // namespace desk

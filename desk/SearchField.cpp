@@ -9,7 +9,7 @@
 namespace desk {
 namespace {
 
-constexpr int MostRows = 10;
+constexpr int MostRows = 12;
 
 }  // namespace
 
@@ -37,28 +37,43 @@ void SearchField::Begin() {
 
 void SearchField::Look() {
     const QString words = text().simplified();
-    found_ = words.isEmpty() ? std::vector<Found>{} : source_(words);
+    found_.clear();
     list_->clear();
-    for (const Found& found : found_) {
-        const QString detail = found.Detail.isEmpty() ? found.Kind : found.Kind + ", " + found.Detail;
-        list_->addItem(found.Text + QString::fromUtf8("  \u00B7  ") + detail);
-    }
-    if (found_.empty() && !words.isEmpty()) {
-        list_->addItem(tr("Nothing is found for \u201C%1\u201D.").arg(words));
-        list_->item(0)->setFlags(Qt::NoItemFlags);
-    }
-    list_->setVisible(list_->count() > 0);
-    if (list_->count() > 0) ShowFound();
+    list_->hide();
+    wantsFirst_ = false;
+    answered_ = words.isEmpty();
+    const int question = ++asked_;
+    if (!words.isEmpty())
+        source_(words, [this, question](std::vector<Found> found, bool isLast) {
+            if (question == asked_) Add(std::move(found), isLast);
+        });
 }
 
-void SearchField::ShowFound() {
+void SearchField::Add(std::vector<Found> found, bool isLast) {
+    answered_ = isLast;
+    for (Found& each : found) {
+        const QString detail = each.Detail.isEmpty() ? each.Kind : each.Kind + ", " + each.Detail;
+        list_->addItem(each.Text + QString::fromUtf8("  \u00B7  ") + detail);
+        found_.push_back(std::move(each));
+    }
+    if (found_.empty() && isLast) {
+        list_->addItem(tr("Nothing is found for \u201C%1\u201D.").arg(text().simplified()));
+        list_->item(0)->setFlags(Qt::NoItemFlags);
+    }
+    if (list_->count() == 0) return;
+    list_->setVisible(hasFocus());
+    Place();
+    if (list_->currentRow() < 0) list_->setCurrentRow(0);
+    if (wantsFirst_) OpenChosen();
+}
+
+void SearchField::Place() {
     const QWidget& window = *list_->parentWidget();
     const int width = std::min(std::max(this->width(), 420), window.width() - 16);
     const int rows = std::min(list_->count(), MostRows);
     const QPoint below = mapTo(&window, QPoint(this->width() - width, height() + 4));
     list_->setGeometry(std::max(8, below.x()), below.y(), width, rows * list_->sizeHintForRow(0) + 12);
     list_->raise();
-    if (!found_.empty()) list_->setCurrentRow(0);
 }
 
 void SearchField::Choose(int step) {
@@ -71,6 +86,7 @@ void SearchField::Choose(int step) {
 
 void SearchField::OpenChosen() {
     const auto row = static_cast<std::size_t>(std::max(0, list_->currentRow()));
+    wantsFirst_ = found_.empty() && !answered_;
     if (row >= found_.size()) return;
     const auto open = found_[row].Open;
     Leave();

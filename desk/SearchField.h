@@ -21,7 +21,10 @@ class SearchField : public QLineEdit {
     Q_DECLARE_TR_FUNCTIONS(desk::SearchField)
 
   public:
-    using Source = std::function<std::vector<Found>(const QString& words)>;
+    // Hands over what is found for the words, at once or later, in one go or in several; what comes for words
+    // that have changed meanwhile is dropped.
+    using Take = std::function<void(std::vector<Found>, bool isLast)>;
+    using Source = std::function<void(const QString& words, Take take)>;
 
     // The results are shown over `window`.
     SearchField(QWidget& window, Source source, std::function<void()> leave);
@@ -35,7 +38,8 @@ class SearchField : public QLineEdit {
 
   private:
     void Look();
-    void ShowFound();
+    void Add(std::vector<Found> found, bool isLast);
+    void Place();
     void Choose(int step);
     void OpenChosen();
     void Leave();
@@ -44,6 +48,9 @@ class SearchField : public QLineEdit {
     std::function<void()> leave_;
     std::vector<Found> found_;
     QListWidget* list_;
+    int asked_ = 0;            // how often: the number of the question that counts
+    bool answered_ = true;     // all of it
+    bool wantsFirst_ = false;  // Enter was pressed before anything was found
 };
 
 }  // namespace desk

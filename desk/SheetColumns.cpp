@@ -13,19 +13,21 @@
 namespace desk {
 namespace {
 
-constexpr int Margin = 24;
+constexpr int Margin = 24, Tight = 15;  // pixels of a cell beside its text
 
 // Room for the widest cell of the kind that is usual; texts: the least.
-int WidthOf(const queries::Column& column, const QFontMetrics& metrics) {
-    const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + Margin; };
-    const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + Margin + 16;
+int WidthOf(const queries::Column& column, const QFontMetrics& metrics, int margin) {
+    const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + margin; };
+    const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + margin;
     switch (column.kind) {
         case queries::Kind::Text:
-            return std::max(caption, wide("Current Ass"));
+            return std::max(caption, wide(column.name == "narration" ? "Notebooks and files for"
+                                          : column.name == "type"    ? "Payment"
+                                                                     : "Current Account"));
         case queries::Kind::Number:
-            return std::max(caption, wide("1000000"));
+            return std::max(caption, wide("100000"));
         case queries::Kind::Amount:
-            return std::max(caption, wide("-99,99,999.00"));
+            return std::max(caption, wide("99,99,999.00"));
         case queries::Kind::Quantity:
             return std::max(caption, wide("99,999.5"));
         case queries::Kind::Date:
@@ -80,18 +82,27 @@ void SheetColumns::Fit() {
     if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
     const QScopedValueRollback quiet(laying_, true);
     const QFontMetrics metrics(Theme::Figures(header_.font()));
-    int room = header_.viewport()->width(), shares = 0;
+    int room = 0, shares = 0, margin = Margin;
     const auto each = [&](auto act) {
         for (int section = 0; section < header_.count(); ++section)
             if (!header_.isSectionHidden(section)) act(section, columns_[static_cast<std::size_t>(section)]);
     };
-    each([&](int, const queries::Column& column) {
-        room -= WidthOf(column, metrics);
-        shares += ShareOf(column);
-    });
+    const auto measure = [&] {
+        room = header_.viewport()->width();
+        shares = 0;
+        each([&](int, const queries::Column& column) {
+            room -= WidthOf(column, metrics, margin);
+            shares += ShareOf(column);
+        });
+    };
+    measure();
+    if (room < 0) {
+        margin = Tight;
+        measure();
+    }
     each([&](int section, const queries::Column& column) {
         const int more = room > 0 && shares > 0 ? room * ShareOf(column) / shares : 0;
-        header_.resizeSection(section, WidthOf(column, metrics) + more);
+        header_.resizeSection(section, WidthOf(column, metrics, margin) + more);
     });
 }
 

@@ -41,6 +41,17 @@ TEST_F(DeskTest, TheSearchFieldLeadsToAScreenAndGivesTheFocusBack) {
     EXPECT_EQ(desk->findChild<QLineEdit*>("search")->text(), "");
 }
 
+TEST_F(DeskTest, TheSearchFieldLeadsToALedgersStatementThoughEnterComesBeforeTheAnswer) {
+    FillWithSample();
+    Start();
+    Key(Qt::Key_K, Qt::ControlModifier);
+    Type("paper mart");
+    Key(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Title() == "Example Paper Mart"; })) << Title();
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Title(), "Vouchers");
+}
+
 TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {
     books.Host().SetFinancialYear("2002-2003");
     books.Host().SetGetFinancialYear("2001");

@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QTableView>
 
+#include "core/DBCode.h"
+#include "platform/ado/Connection.h"
 #include "tests/desk/DeskFixture.h"
 #include "vouchers/VoucherGrid.h"
 #include "vouchers/frmVoucher.h"
@@ -53,6 +55,28 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotals) {
     Key(Qt::Key_Escape);
     desk->Shown()->findChild<QAbstractButton*>("clear")->click();
     WaitForTotals("142 lines");
+}
+
+TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
+    StartOnVouchers();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("rent");
+    WaitForTotals("24 lines");
+    Sheet().View().setFocus();
+    for (int i = 0; i < 20; ++i) Key(Qt::Key_Down);
+    const std::string row = CurrentLine();
+    const int place = Sheet().View().visualRect(Sheet().View().currentIndex()).top();
+    ado::Connection other;
+    other.Properties("Data Source") = books.DataPath() + qm::BooksFile;
+    other.Properties("Jet OLEDB:Database Password") = qm::BooksPassword;
+    other.Open();
+    other.Execute(
+        "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
+        "LedgerDrAmt, LedgerCrAmt, LedgerNarration) Select 900, 36981, 'Journal', LedgerCode, LedgerName, 1, "
+        "0, 'Rent of a stall' From tb_Ledger2001 Where LedgerTrnNo = 1");
+    WaitForTotals("26 lines");
+    EXPECT_EQ(CurrentLine(), row);
+    EXPECT_EQ(Sheet().View().visualRect(Sheet().View().currentIndex()).top(), place);
 }
 
 TEST_F(VouchersPageTest, AHeadSortsAndWhatIsCopiedIsWhatIsShown) {
