@@ -160,6 +160,12 @@ void SheetView::AskSlowly(Making make) {
     Answer();
 }
 
+void SheetView::AskAgain(Making make) {
+    make_ = std::move(make);
+    slowly_ = false;
+    Answer();
+}
+
 void SheetView::Refresh() {
     if (make_) Answer();
 }

@@ -54,7 +54,8 @@ class SheetView : public QWidget {
     // with).
     void Ask(Making make);
     void AskSlowly(Making make);
-    void Refresh();  // the same question again, to the same row
+    void AskAgain(Making make);  // at once, to the same row
+    void Refresh();              // the same question again, to the same row
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
     void SetEmpty(const QString& title, const QString& text);  // why there may be no rows, and what to do
