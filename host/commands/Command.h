@@ -22,6 +22,7 @@ void AddCheck(CommandLine& line);
 void AddCopy(CommandLine& line);
 void AddBackup(CommandLine& line);
 void AddRestore(CommandLine& line);
+void AddRenew(CommandLine& line);
 void AddDesk(CommandLine& line);
 void AddMenu(CommandLine& line);
 void AddOpen(CommandLine& line);

@@ -22,7 +22,7 @@ int Run(int argc, char** argv) {
     for (const auto add : {host::AddDesk, host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports,
                            host::AddCreate, host::AddPost, host::AddImport, host::AddLists, host::AddLedgers,
                            host::AddYears, host::AddYearSwitch, host::AddAddYear, host::AddCheck,
-                           host::AddCopy, host::AddBackup, host::AddRestore})
+                           host::AddCopy, host::AddBackup, host::AddRestore, host::AddRenew})
         add(line);
     const host::Command chosen = line.Read(argc, argv);
     return chosen ? chosen() : host::ShowDesk();

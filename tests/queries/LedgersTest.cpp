@@ -22,7 +22,7 @@ TEST(Ledgers, RowsAndRunningTotalsAreKeptApart) {
         "= " +
         std::to_string(cash));
     books.Run("Update Ledger_Master Set Deleted = True Where Ledger_ID = " + std::to_string(owner));
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const auto sheet = queries::LedgersSheet(reading);
     EXPECT_EQ(sheet->Title(), "Ledgers, 2001-2002");
     EXPECT_THAT(test::LinesOf(*sheet), ElementsAre("Cash|Cash In Hand|10|0.3|0|10.3|7|0|8|False",
@@ -34,7 +34,7 @@ TEST(Ledgers, RowsAndRunningTotalsAreKeptApart) {
 TEST(Reading, OneMomentHoldsThoughOthersWrite) {
     test::QueryBooks books;
     const int cash = books.AddLedger("Cash", "Cash In Hand");
-    const std::string place = books.Place();
+    const std::string place = books.DataPath();
     queries::Reading reading(place), later(place);
     ado::Connection writer;
     writer.Properties("Data Source") = place + "QmAccount.mdb";
@@ -58,7 +58,7 @@ TEST(Reading, OneMomentHoldsThoughOthersWrite) {
 TEST(Reading, KnowsItsYearAndRefusesAnother) {
     test::QueryBooks books;
     books.Run("Insert Into Fnncl_Yr_Mstr (Fnncl_Yr, Crrnt_Yr_Flg) Values ('2002-2003', False)");
-    const std::string place = books.Place();
+    const std::string place = books.DataPath();
     queries::Reading now(place), next(place, "2002");
     EXPECT_EQ(now.LongYear(), "2001-2002");
     EXPECT_EQ(queries::DayOf(next.FirstDay()), 37345);

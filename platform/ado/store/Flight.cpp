@@ -1,5 +1,6 @@
 #include "platform/ado/store/Flight.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <utility>
@@ -64,8 +65,10 @@ std::pair<std::string, std::string> StateIn(std::string_view message) {
     return {};
 }
 
-std::string WithoutEnd(std::string text) {
+// Without its end, and in one line.
+std::string Phrase(std::string text) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '.')) text.pop_back();
+    std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
 }
 
@@ -89,7 +92,7 @@ void Flight::Connect(const ServerAddress& address) {
         if (!state.empty()) throw PostgresFailure(state, text);
         throw basic::Error(error::FileNotFound,
                            "The server of the books at '" + address.shown + "' could not be reached (" +
-                               WithoutEnd(message) + ").",
+                               Phrase(message) + ").",
                            "ado.Engine");
     }
     if (address.isElsewhere && Pq().PQconnectionUsedPassword(connection_) != 0 &&

@@ -83,6 +83,10 @@ class ServerStore final : public NewStore {
   public:
     ServerStore(const std::string& source, bool roles)
         : address_(ReadServerAddress(source.ends_with("/") ? source : source + "/")) {
+        constexpr std::size_t roleEnding = 6;
+        if (roles && Setting("dbname").size() + roleEnding > LongestServerName)
+            Refuse(error::BadArgument,
+                   "The name of the database is too long for its roles, NAME_books and NAME_read");
         try {
             Connect();
             server_.Begin();  // another that makes books in the same database waits here, and then finds them
