@@ -1,6 +1,5 @@
 #include "desk/StatementPage.h"
 
-#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QLocale>
 #include <QVBoxLayout>
@@ -66,7 +65,7 @@ void StatementPage::Ask(std::shared_ptr<queries::LedgerLines::Balances> balances
         if (view_->Sheet() != asked) return;
         SourceOf(*asked).Take(*read);
         static_cast<const queries::LedgerSheet&>(*asked).Forget();
-        view_->View().viewport()->update();
+        view_->Reread();
     });
 }
 
