@@ -13,6 +13,7 @@ using Command = std::function<int()>;
 void AddCreate(CommandLine& line);
 void AddPost(CommandLine& line);
 void AddImport(CommandLine& line);
+void AddExport(CommandLine& line);
 void AddLists(CommandLine& line);
 void AddLedgers(CommandLine& line);
 void AddYears(CommandLine& line);

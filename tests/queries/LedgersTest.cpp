@@ -1,6 +1,10 @@
+#include <atomic>
+#include <thread>
+
 #include <gmock/gmock.h>
 
 #include "platform/ado/Errors.h"
+#include "queries/LedgerSums.h"
 #include "queries/Ledgers.h"
 #include "tests/queries/QueryBooks.h"
 
@@ -53,6 +57,30 @@ TEST(Reading, OneMomentHoldsThoughOthersWrite) {
     EXPECT_EQ(queries::Ledgers(reading).front().debit, 5);
     EXPECT_EQ(test::ErrorOf([&] { reading.Select("Delete From tb_Ledger2001"); }), ado::error::BadArgument);
     EXPECT_EQ(queries::Ledgers(reading).front().debit, 5);
+}
+
+// From another thread while a long question runs; the next one is answered.
+TEST(Reading, ALongQuestionIsCancelled) {
+    test::QueryBooks books;
+    qm::Conn().BeginTrans();
+    for (int row = 0; row < 600; ++row) books.Post(row, 1, 36980, 1);
+    qm::Conn().CommitTrans();
+    queries::Reading reading(books.DataPath());
+    const std::string endless =
+        "Select Sum(a.LedgerDrAmt) As Total From tb_Ledger2001 As a, tb_Ledger2001 As b, tb_Ledger2001 As c";
+    std::atomic<bool> ended{false};
+    std::thread other([&] {
+        while (!ended) reading.Cancel();
+    });
+    EXPECT_EQ(test::ErrorOf([&] { reading.Connection()->Execute(endless); }), ado::error::Cancelled);
+    ended = true;
+    other.join();
+    // What a server was told last may come late.
+    test::ErrorOf(
+        [&] { reading.Connection()->Execute("Select Max(LedgerCode) As High From tb_Ledger2001"); });
+    EXPECT_EQ(test::ErrorOf([&] { queries::Ledgers(reading); }), ado::error::Cancelled);
+    reading.GoOn();
+    EXPECT_EQ(queries::SumsByLedger(reading)[1].debit, 600);
 }
 
 TEST(Reading, KnowsItsYearAndRefusesAnother) {

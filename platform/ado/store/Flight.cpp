@@ -1,6 +1,7 @@
 #include "platform/ado/store/Flight.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <utility>
@@ -107,10 +108,26 @@ void Flight::Connect(const ServerAddress& address) {
     Pq().PQsetNoticeProcessor(
         connection_, [](void*, const char*) {}, nullptr);
     Pq().PQenterPipelineMode(connection_);
+    KeepCancel(Pq().PQgetCancel(connection_));
+}
+
+void Flight::KeepCancel(PGcancel* cancel) {
+    const std::lock_guard lock(guard_);
+    if (cancel_ != nullptr) Pq().PQfreeCancel(cancel_);
+    cancel_ = cancel;
+}
+
+void Flight::Cancel() {
+    const std::lock_guard lock(guard_);
+    std::array<char, 256> reason{};  // nobody asks for it: what cannot be cancelled goes on
+    if (cancel_ != nullptr) Pq().PQcancel(cancel_, reason.data(), static_cast<int>(reason.size()));
 }
 
 void Flight::Disconnect() noexcept {
-    if (connection_ != nullptr) Pq().PQfinish(std::exchange(connection_, nullptr));
+    if (connection_ != nullptr) {
+        KeepCancel(nullptr);
+        Pq().PQfinish(std::exchange(connection_, nullptr));
+    }
     byKey_.clear();
     names_.clear();
     unused_.clear();

@@ -70,6 +70,7 @@ class PostgresEngine final : public Engine {
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;
+    void Cancel() override { flight_.Cancel(); }
 
     // Open without the books: for those that are being made.
     void Connect(const ServerAddress& address);

@@ -59,8 +59,10 @@ std::string PostgresDefinition(const SchemaTable& table) {
         rest += CounterOf(table, column.name);
     }
     for (const SchemaIndex& index : table.indexes) {
-        std::string fields;
-        for (const std::string& field : index.columns) fields += (fields.empty() ? "" : ", ") + Name(field);
+        std::string
+            fields;  // in the order of Order By, where Nulls are the least, so that it may walk along them
+        for (const std::string& field : index.columns)
+            fields += (fields.empty() ? "" : ", ") + Name(field) + " NULLS FIRST";
         rest += "CREATE INDEX " + Name(index.name) + " ON " + Name(table.name) + " (" + fields + ");\n";
     }
     return "CREATE TABLE " + Name(table.name) + " (\n" + columns + "    rowid " + rowid + "\n);\n" + rest;

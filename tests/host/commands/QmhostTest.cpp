@@ -65,6 +65,8 @@ TEST_P(QmhostCommands, Say) {
                   "${name}_books, ${name}_read' ${uri%/*}/postgres 2> gone\" EXIT\n";
         if (AreOnServer()) script << "qmhost create books --sample --year 2001 > made\n";
     }
+    if (Is("FileHledger") && Shell("hledger --version && ledger --version").code != 0)
+        GTEST_SKIP() << "hledger and ledger are not installed: see tools/install-deps ci";
     for (const test::Block& step : GetParam().steps) {
         for (const std::string& line : step.given) script << line << '\n';
         script << "echo \"(exit $?)\"\n";
