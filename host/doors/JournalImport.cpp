@@ -25,8 +25,10 @@
 namespace host {
 namespace {
 
+// Without decimals where it has none, so that it has no more digits than it must.
 std::string Figure(std::int64_t paise) {
     const std::int64_t size = paise < 0 ? -paise : paise;
+    if (size % 100 == 0) return std::to_string(size / 100);
     const std::string cents = std::to_string(size % 100);
     return std::to_string(size / 100) + (cents.size() == 1 ? ".0" : ".") + cents;
 }

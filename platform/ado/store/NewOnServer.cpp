@@ -123,7 +123,7 @@ class ServerStore final : public NewStore {
     void EndTable() override {
         Send();
         insert_.reset();
-        server_.Script(IndexDefinitions(table_));
+        server_.Script(PostgresIndexes(table_));
         if (table_.counted > 0)
             server_.Script("UPDATE qm_counter SET last = " + std::to_string(table_.counted) +
                            " WHERE name = '" + table_.name + "'");
