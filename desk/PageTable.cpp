@@ -4,7 +4,10 @@
 #include <array>
 
 #include "desk/LedgersPage.h"
+#include "desk/PartiesPage.h"
+#include "desk/ResultsPage.h"
 #include "desk/ScreensPage.h"
+#include "desk/StockPage.h"
 #include "desk/VouchersPage.h"
 
 namespace desk {
@@ -20,6 +23,9 @@ Page* Make(Desk& desk) {
 constexpr auto Table = std::to_array<PageEntry>({
     {"vouchers", QT_TRANSLATE_NOOP("desk::PageTable", "Vouchers"), Make<VouchersPage>},
     {"ledgers", QT_TRANSLATE_NOOP("desk::PageTable", "Ledgers"), Make<LedgersPage>},
+    {"results", QT_TRANSLATE_NOOP("desk::PageTable", "Results"), Make<ResultsPage>},
+    {"parties", QT_TRANSLATE_NOOP("desk::PageTable", "Parties"), Make<PartiesPage>},
+    {"stock", QT_TRANSLATE_NOOP("desk::PageTable", "Stock"), Make<StockPage>},
     {"screens", QT_TRANSLATE_NOOP("desk::PageTable", "Screens"), Make<ScreensPage>},
 });
 
