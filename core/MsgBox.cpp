@@ -1,15 +1,14 @@
 #include "core/MsgBox.h"
 
-#include <iostream>
 #include <utility>
 
+#include "core/HostBoxes.h"
 #include "core/Screens.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Constants.h"
 #include "platform/ado/Maintenance.h"
 #include "platform/basic/Display.h"
 #include "platform/basic/Error.h"
-#include "platform/basic/Text.h"
 
 namespace qm {
 namespace {
@@ -19,16 +18,12 @@ MsgBoxPort& Port() {
     return port;
 }
 
-std::string WithPlainLineEnds(const std::string& text) {
-    return basic::Replace(basic::Replace(text, "\r\n", "\n"), "\r", "\n");
-}
-
-int TellStandardError(const std::string& text, int flags, const std::string& title) {
-    std::cerr << (title.empty() ? "" : "[" + title + "] ") << WithPlainLineEnds(text) << std::endl;
-    return (flags & vbYesNo) != 0 ? vbNo : vbOK;
-}
-
+// To the host's own routine, to the screens where they are open, aside where nobody watches, to screens that
+// are loaded for it, or to the standard error stream.
 int Show(const std::string& text, int flags, const std::string& title) {
+    if (const auto answer = AskHost(text, flags, title)) return *answer;
+    if (!Port())
+        if (const auto answer = SendAside(text, flags, title)) return *answer;
     if (!Port() && DisplayIsThere() && basic::DisplayAnswers()) LoadScreens();
     return Port() ? Port()(text, flags, title) : TellStandardError(text, flags, title);
 }

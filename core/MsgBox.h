@@ -18,8 +18,9 @@ inline constexpr int vbOK = 1;
 inline constexpr int vbYes = 6;
 inline constexpr int vbNo = 7;
 
-// Shows a modal box and waits for the answer. "\r\n", "\r" and "\n" each end a line. Without screens the text
-// goes to the standard error stream, and the answer is vbOK, or vbNo where there was a question.
+// Shows a modal box and waits for the answer. "\r\n", "\r" and "\n" each end a line. Without screens, and
+// where HostBoxes sends it elsewhere, nobody is waited for: the answer is vbOK, or vbNo where there was a
+// question.
 int MsgBox(const std::string& text, int flags = vbOKOnly, const std::string& title = {});
 
 // Who shows the boxes: the screens put themselves here when they are loaded, tests put a script. An empty

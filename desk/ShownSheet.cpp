@@ -44,7 +44,7 @@ Keys KeysOf(const queries::Sheet& sheet, std::size_t column) {
 
 ShownSheet::ShownSheet(std::shared_ptr<const queries::Sheet> sheet, std::optional<Order> order,
                        std::optional<std::vector<std::size_t>> columns)
-    : sheet_(std::move(sheet)), order_(std::move(order)) {
+    : sheet_(std::move(sheet)), order_(std::move(order)), title_(sheet_->Title()) {
     if (columns) {
         chosen_ = std::move(*columns);
     } else {

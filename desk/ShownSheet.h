@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "queries/Sheet.h"
@@ -19,7 +21,8 @@ class ShownSheet final : public queries::Sheet {
     explicit ShownSheet(std::shared_ptr<const queries::Sheet> sheet, std::optional<Order> order = {},
                         std::optional<std::vector<std::size_t>> columns = {});
 
-    const std::string& Title() const override { return sheet_->Title(); }
+    const std::string& Title() const override { return title_; }
+    void SetTitle(std::string title) { title_ = std::move(title); }  // at first that of the sheet
     const std::vector<queries::Column>& Columns() const override { return columns_; }
     std::size_t Rows() const override { return sheet_->Rows(); }
     basic::Value At(std::size_t row, std::size_t column) const override {
@@ -38,6 +41,7 @@ class ShownSheet final : public queries::Sheet {
   private:
     std::shared_ptr<const queries::Sheet> sheet_;
     std::optional<Order> order_;
+    std::string title_;
     std::vector<std::size_t> chosen_;
     std::vector<queries::Column> columns_;
 };

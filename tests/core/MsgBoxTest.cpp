@@ -1,19 +1,24 @@
+#include <cstdlib>
 #include <functional>
+#include <regex>
 
 #include <gtest/gtest.h>
 
 #include "core/DBCode.h"
 #include "core/MsgBox.h"
 #include "core/modGeneral.h"
+#include "core/qmcls.h"
 #include "platform/ado/Maintenance.h"
 #include "tests/support/DiskCalls.h"
 #include "tests/support/FreshBooks.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 
 // What a box told is on the disk when it stands: the log is counted on its way there. A reader who holds an
 // older moment keeps a checkpoint from writing it.
 TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
+    QM_FILE_ONLY("its disk is watched");
     int logSyncs = 0;
     bool diskFails = false;
     test::WatchDisk([&](const std::string&, const std::string& file) {
@@ -71,6 +76,50 @@ TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
     tell();  // without books
     qm::SetMsgBoxPort(before);
     test::WatchDisk({});
+}
+
+// Each road in turn, with a display named on which a box would wait: what was written where, and the answer.
+TEST(MsgBox, GoesWhereAHostWithoutAPersonSendsIt) {
+    const test::TempFolder state;
+    const auto log = [&] { return test::Bytes(state / "qmaccounts/boxes.log"); };
+    const auto ask = [] {
+        testing::internal::CaptureStderr();
+        const int answer = qm::MsgBox("Sure?\r\nReally", qm::vbYesNo, "T");
+        return std::to_string(answer) + " " + testing::internal::GetCapturedStderr();
+    };
+    const auto before = qm::SetMsgBoxPort({});
+    setenv("DISPLAY", ":1", 1);
+    setenv("XDG_STATE_HOME", state.Path().c_str(), 1);
+    setenv("QM_BOXES", "none", 1);
+    EXPECT_EQ(ask(), "7 ");
+    setenv("QM_BOXES", "stderr", 1);
+    EXPECT_EQ(ask(), "7 [T] Sure?\nReally\n");
+    EXPECT_EQ(log(), "");
+    setenv("QM_BOXES", "log", 1);
+    EXPECT_EQ(ask(), "7 ");
+    EXPECT_EQ(qm::MsgBox("Done"), qm::vbOK);
+    EXPECT_TRUE(std::regex_match(log(), std::regex("(\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d) \\[T\\] "
+                                                   "Sure\\? / Really\\n.{19} \\[\\] Done\\n")))
+        << log();
+    setenv("XDG_STATE_HOME", (state / "qmaccounts/boxes.log").c_str(), 1);  // a file is no folder
+    EXPECT_EQ(ask(), "7 [T] Sure?\nReally\n");
+    qm::SetMsgBoxPort([](const std::string&, int, const std::string&) { return qm::vbYes; });
+    EXPECT_EQ(ask(), "6 ") << "screens that are open show it";
+    static std::u16string told;
+    static std::int32_t answer;
+    const auto handler = [](void* context, const char16_t* text, std::int32_t flags, const char16_t* title) {
+        told = std::u16string(text) + u"|" + title;
+        return *static_cast<std::int32_t*>(context) + (flags & 0);
+    };
+    QmSetBoxHandler(handler, &answer);
+    EXPECT_EQ(ask(), "7 ");
+    answer = qm::vbYes;
+    EXPECT_EQ(ask(), "6 ");
+    EXPECT_EQ(told, u"Sure?\r\nReally|T");
+    QmSetBoxHandler(nullptr, nullptr);
+    qm::SetMsgBoxPort(before);
+    unsetenv("QM_BOXES");
+    unsetenv("DISPLAY");
 }
 
 }  // namespace

@@ -17,15 +17,17 @@ TEST_F(StockPageTest, LeadsFromWhatIsOverToItsMovementsAndTheirScreen) {
         "0, 30)");
     Start();
     desk->Go("stock");
-    const auto choose = [this](int letter) {
-        Child<QMenu>("stock").popup({});
-        QTest::keyClick(&Child<QMenu>("stock"), static_cast<Qt::Key>(letter));
+    // Without showing the menu: the memory platform would take it for the active window afterwards.
+    const auto choose = [this](int place) {
+        auto& menu = Child<QMenu>("stock");
+        Q_EMIT menu.aboutToShow();
+        menu.actions()[place]->trigger();
     };
     WaitForTotals("12 rows");
-    choose(Qt::Key_B);
+    choose(1);
     WaitForTotals("1 row,");
     EXPECT_THAT(CurrentLine(), testing::HasSubstr("Graph Book"));
-    choose(Qt::Key_O);
+    choose(2);
     ASSERT_TRUE(QTest::qWaitFor([this] { return CurrentLine().starts_with("5|Box File A4|"); }));
     Key(Qt::Key_Return);
     EXPECT_EQ(Title(), "Box File A4");

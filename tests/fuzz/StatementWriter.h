@@ -21,10 +21,12 @@ class StatementWriter {
         CREATE TABLE Details (ID INTEGER, Yr INTEGER, Bal DOUBLE, Side TEXT);
     )";
 
-    StatementWriter(Input choices, std::string_view number, std::string_view text)
-        : choices_(choices), number_(number), text_(text) {}
+    // With a date, also what only a host's own condition may hold.
+    StatementWriter(Input choices, std::string_view number, std::string_view text, std::string_view date = {})
+        : choices_(choices), number_(number), text_(text), date_(date) {}
 
     std::string Statement() { return Written("S"); }
+    std::string Condition() { return Written("C"); }  // on both tables, as A and B
 
   private:
     // What may stand for a capital letter between bars, by its choices; # is the number, $ the text.
@@ -50,16 +52,31 @@ class StatementWriter {
          "|C| And |C|~|C| Or |C|~Not |C|~(|C|)~|V| Is Null~|V| Is Not Null~IsNull(|V|)~|V| In (|V|, |V|)~"
          "|V| Not In (|V|, |V|)~|V| Like |V|~|V| Not Like |V|~|F|~|V| = |V|~|V| <> |V|~|V| < |V|~|V| >= |V|"},
     };
+    static constexpr std::pair<char, std::string_view> OfHosts[] = {
+        {'V',
+         "~|V| & |V|~|V| & |V|~|V| Mod |V|~Len(|V|)~Trim(|V|)~Mid(|V|, |V|)~Mid(|V|, |#|, |#|)~Right(|V|, "
+         "|#|)~"
+         "InStr(|V|, |V|)~InStr(|#|, |V|, |V|)~|d|~(Select Min(|F|)|R|)~(Select Count(*)|R|)~"
+         "(Select Count(|V|)|R|)~(Select Avg(|F|)|R|)"},
+        {'C',
+         "~|V| Between |V| And |V|~|V| Not Between |V| And |V|~|F| In (Select |F||R|)~|V| Not In (Select "
+         "|V||R|)~"
+         "Exists (Select |L||R|)~|V| Like |V|~|F| Like '[a-c!]%[!0-9]'"},
+    };
 
     std::string Written(std::string_view rule) {
         const char name = rule.front();
         if (name == '#') return number_;
         if (name == '$') return text_;
+        if (name == 'd') return date_;
         const bool deep = (name == 'V' || name == 'C') && ++depth_ > MostDepth;
         if (deep) return name == 'V' ? number_ : "Deleted";
         const auto* const found = std::find_if(std::begin(Grammar), std::end(Grammar),
                                                [&](const auto& entry) { return entry.first == name; });
-        const std::vector<std::string_view> ways = Parted(found->second, '~');
+        std::string all(found->second);
+        for (const auto& [widened, more] : OfHosts)
+            if (widened == name && !date_.empty()) all += more;
+        const std::vector<std::string_view> ways = Parted(all, '~');
         const std::vector<std::string_view> parts =
             Parted(ways[choices_.Take<std::uint8_t>() % ways.size()], '|');
         std::string text;
@@ -78,7 +95,7 @@ class StatementWriter {
 
     static constexpr int MostDepth = 60;  // of values and conditions in one statement
     Input choices_;
-    std::string number_, text_;
+    std::string number_, text_, date_;
     int depth_ = 0;
 };
 

@@ -15,10 +15,10 @@ namespace {
 
 using namespace ado;
 
-void CheckTranslation(const Shape& shape, bool rowid) {
+void CheckTranslation(const Shape& shape, const PlanOptions& options) {
     static ado::test::PlainStore store(fuzz::StatementWriter::Tables);
     Plan plan;
-    const std::int32_t raised = fuzz::ErrorOf([&] { plan = Translate(shape, store, {.rowid = rowid}); });
+    const std::int32_t raised = fuzz::ErrorOf([&] { plan = Translate(shape, store, options); });
     fuzz::Check(raised == 0 || raised == error::Statement || raised == error::NoSuchTable ||
                     raised == error::UnknownName || raised == error::BadValue,
                 "the translator's error is one of its own");
@@ -30,8 +30,9 @@ void CheckTranslation(const Shape& shape, bool rowid) {
     fuzz::Check(refusal.empty(), "the store takes the translation");
 }
 
-Shape Written(const fuzz::Input& choices, std::string_view number, std::string_view text) {
-    return ShapeOf(fuzz::StatementWriter(choices, number, text).Statement());
+Shape Written(const fuzz::Input& choices, std::string_view number, std::string_view text,
+              std::string_view date) {
+    return ShapeOf(fuzz::StatementWriter(choices, number, text, date).Statement(), !date.empty());
 }
 
 }  // namespace
@@ -39,17 +40,22 @@ Shape Written(const fuzz::Input& choices, std::string_view number, std::string_v
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const auto flags = input.Take<std::uint8_t>();
-    const bool rowid = (flags & 1) != 0;
+    PlanOptions options;
+    options.rowid = (flags & 1) != 0;
+    options.hostCondition = (flags & 4) != 0;
     Shape shape;
     if ((flags & 2) != 0) {
-        const std::int32_t raised = fuzz::ErrorOf([&] { shape = ShapeOf(input.Rest()); });
+        const std::int32_t raised =
+            fuzz::ErrorOf([&] { shape = ShapeOf(input.Rest(), options.hostCondition); });
         fuzz::Check(raised == 0 || raised == error::Statement, "a shape's error is about the statement");
-        if (raised == 0) CheckTranslation(shape, rowid);
+        if (raised == 0) CheckTranslation(shape, options);
         return 0;
     }
-    shape = Written(input, "1", "'it''s'");
-    fuzz::Check(shape.key == Written(input, "2.50E-3", "\"a \"\"b\"\" [c] ; --\"").key,
-                "the shape does not depend on the values");
-    CheckTranslation(shape, rowid);
+    const bool wide = options.hostCondition;
+    shape = Written(input, "1", "'it''s'", wide ? "#4/1/2001#" : "");
+    fuzz::Check(
+        shape.key == Written(input, "2.50E-3", "\"a \"\"b\"\" [c] ; --\"", wide ? "#31-Mar-2002#" : "").key,
+        "the shape does not depend on the values");
+    CheckTranslation(shape, options);
     return 0;
 }

@@ -24,7 +24,7 @@ TEST(Beside, ByMonthResultsAddUpAndBalancesStandAtTheirEnds) {
                                               {freight, 37021, 5.5}}) {
         books.Post(1, ledger, day, amount), books.Post(1, cash, day, -amount);
     }
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const queries::Range quarter{.from = {}, .upto = basic::MakeDate(2001, 6, 30)};
     const auto trading = queries::ByMonth(reading, Statement::Trading, quarter, Quietly);
     EXPECT_EQ(trading->Columns()[2].caption, "May-2001");
@@ -57,7 +57,7 @@ TEST(Beside, TheYearBeforeHasTheSameDays) {
     books.Run(
         "Insert Into Ledger_Details (Ledger_ID, Fnncl_Yr, Opening_Bal) Select Ledger_ID, '2002' As Fnncl_Yr, "
         "Opening_Bal From Ledger_Details");
-    queries::Reading reading(books.Place(), "2002");
+    queries::Reading reading(books.DataPath(), "2002");
     EXPECT_EQ(queries::LastYearOf(reading), "2001");
     const queries::Range april{.from = {}, .upto = basic::MakeDate(2002, 4, 30)};
     const auto sheet =
@@ -65,7 +65,7 @@ TEST(Beside, TheYearBeforeHasTheSameDays) {
     EXPECT_EQ(sheet->Columns()[2].caption, "2001-2002");
     EXPECT_THAT(test::LinesOf(*sheet),
                 ElementsAre("Sales|-|40|-40", "  Sold|-|40|-40", "Gross Profit|-|40|-40"));
-    queries::Reading first(books.Place(), "2001");
+    queries::Reading first(books.DataPath(), "2001");
     EXPECT_EQ(queries::LastYearOf(first), std::nullopt);
     const queries::Range leap =
         queries::YearBefore(first, {basic::MakeDate(2004, 2, 29), basic::MakeDate(2005, 2, 28)});

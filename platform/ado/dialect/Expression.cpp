@@ -73,7 +73,12 @@ Expression AsNumber(Expression e, const std::string& sign, const Draft& draft) {
     return e;
 }
 
+void RefuseDate(const Expression& e) {
+    if (e.isDate) Refuse(error::BadValue, "A date stands where a text is expected");
+}
+
 Expression AsText(Expression e, const Draft& draft) {
+    RefuseDate(e);
     if (e.type == ColumnType::Text || e.isNull) return e;
     if (e.truth) return Of(*e.truth ? "'True'" : "'False'", ColumnType::Text, 0);
     if (e.type == ColumnType::Boolean)

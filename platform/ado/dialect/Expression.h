@@ -22,6 +22,7 @@ struct Expression {
     ColumnType type = ColumnType::Any;
     std::optional<std::size_t> parameter;  // of a literal: its place in Plan::parameters
     bool isText = false;                   // of a literal: a text
+    bool isDate = false;                   // of a literal: a date
     bool isNull = false;                   // the word Null
     std::optional<bool> truth;             // the words True and False
     ColumnRef column;                      // of a plain column
@@ -47,7 +48,8 @@ bool ComparesTexts(const Expression& left, const Expression& right);
 
 // As an operand of arithmetic, True being -1. Raises error::BadValue for a text; `sign` tells where it stood.
 Expression AsNumber(Expression e, const std::string& sign, const Draft& draft);
-// As a text, booleans being "True" and "False". Null stays Null.
+void RefuseDate(const Expression& e);  // where a text is expected: raises error::BadValue for a date
+// As a text, booleans being "True" and "False". Null stays Null. Raises error::BadValue for a date.
 Expression AsText(Expression e, const Draft& draft);
 
 // As it may be stored in a column: a literal is converted when it is bound, all else by a function of the

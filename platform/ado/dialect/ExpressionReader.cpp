@@ -55,33 +55,62 @@ Expression ExpressionReader::Not() {
 }
 
 Expression ExpressionReader::Comparison() {
-    Expression left = Sum();
+    Expression left = Joined();
     if (tokens_.TakeWord("Is")) {
         const bool negated = tokens_.TakeWord("Not");
         tokens_.ExpectWord("Null");
         return Of("(" + left.sql + (negated ? " IS NOT NULL)" : " IS NULL)"), ColumnType::Boolean,
                   left.depth + 1);
     }
-    const bool negated = (tokens_.AtWord("In", 1) || tokens_.AtWord("Like", 1)) && tokens_.TakeWord("Not");
+    const bool between =
+        tokens_.OfHostCondition() && tokens_.AtWord("Between", tokens_.AtWord("Not") ? 1 : 0);
+    const bool negated =
+        (between || tokens_.AtWord("In", 1) || tokens_.AtWord("Like", 1)) && tokens_.TakeWord("Not");
+    if (between) return Between(left, negated);
     if (tokens_.TakeWord("In")) return In(left, negated);
     if (tokens_.TakeWord("Like")) return Like(left, negated);
     for (const char* sign : {"=", "<>", "<=", ">=", "<", ">"}) {
         if (!tokens_.TakeSymbol(sign)) continue;
-        Expression right = Sum();
+        Expression right = Joined();
         Align(left, right, draft_);
-        const bool texts = ComparesTexts(left, right);
-        return Of("(" + draft_.words.LeftSide(left, texts) + " " + sign + " " +
-                      draft_.words.RightSide(right, texts) + ")",
-                  ColumnType::Boolean, Around(left, right));
+        return Compared(left, right, sign);
     }
     return left;
+}
+
+// Of two sides that fit each other.
+Expression ExpressionReader::Compared(const Expression& left, const Expression& right,
+                                      const char* sign) const {
+    const bool texts = ComparesTexts(left, right);
+    return Of("(" + draft_.words.LeftSide(left, texts) + " " + sign + " " +
+                  draft_.words.RightSide(right, texts) + ")",
+              ColumnType::Boolean, Around(left, right));
+}
+
+// Null where any of the three is.
+Expression ExpressionReader::Between(const Expression& left, bool negated) {
+    tokens_.ExpectWord("Between");
+    Expression low = Joined();
+    Expression own = AlignedAnew(left, low);
+    const Expression from = Compared(own, low, ">=");
+    tokens_.ExpectWord("And");
+    Expression high = Joined();
+    own = AlignedAnew(left, high);
+    const Expression to = Compared(own, high, "<=");
+    const std::string both = draft_.words.Both(from.sql, to.sql);
+    if (both.size() > MostOfIn) Refuse(error::Statement, "The statement is nested too deeply");
+    return Of(negated ? "(NOT " + both + ")" : both, ColumnType::Boolean,
+              Around(from, to) + (negated ? 1 : 0));
 }
 
 // Each item meets the left side by itself: what one of them needs of it, the next one may not bear. Those
 // that need the same stand in one list.
 Expression ExpressionReader::In(const Expression& left, bool negated) {
     tokens_.ExpectSymbol("(");
-    if (tokens_.AtWord("Select")) tokens_.Refuse("a list of values is expected (In takes no select)");
+    if (tokens_.AtWord("Select")) {
+        if (!tokens_.OfHostCondition()) tokens_.Refuse("a list of values is expected (In takes no select)");
+        return InSelect(left, negated);
+    }
     std::vector<std::pair<std::string, std::string>> lists;  // the left side and its items
     int depth = 0;
     do {
@@ -103,6 +132,29 @@ Expression ExpressionReader::In(const Expression& left, bool negated) {
                side + (negated ? " NOT IN (" : " IN (") + items + ")";
     if (sql.size() > MostOfIn) Refuse(error::Statement, "The statement is nested too deeply");
     return Of("(" + sql + ")", ColumnType::Boolean, depth + 1);
+}
+
+Expression ExpressionReader::InSelect(const Expression& left, bool negated) {
+    Expression own;
+    std::string side;
+    const auto fit = [&](Expression& value) {
+        own = AlignedAnew(left, value);
+        const bool texts = ComparesTexts(own, value);
+        side = draft_.words.LeftSide(own, texts);
+        // A bare Null has no kind by itself.
+        value.sql =
+            value.isNull ? "nullif(" + side + ", " + side + ")" : draft_.words.RightSide(value, texts);
+    };
+    const Expression list = Subselect({SubselectUse::Kind::List, fit});
+    tokens_.ExpectSymbol(")");
+    const std::string sql = "(" + side + (negated ? " NOT IN " : " IN ") + list.sql + ")";
+    if (sql.size() > MostOfIn) Refuse(error::Statement, "The statement is nested too deeply");
+    return Of(sql, ColumnType::Boolean, Around(own, list));
+}
+
+Expression ExpressionReader::Subselect(const SubselectUse& use) {
+    if (inAggregate_) Refuse(error::Statement, "Max and Sum take no select in parentheses");
+    return subselect_(scope_, use);
 }
 
 // The left side aligned with one item. A literal that is bound in another way for it becomes a parameter of
@@ -127,19 +179,25 @@ Expression ExpressionReader::AlignedAnew(const Expression& left, Expression& ite
 
 Expression ExpressionReader::Like(const Expression& text, bool negated) {
     const Expression pattern = TextOperand();
-    if (pattern.parameter) draft_.plan.parameters[*pattern.parameter].pattern = true;
     const Expression read = ReadAsText(text);
+    if (tokens_.OfHostCondition()) {
+        const Expression sets = OfTexts("qm_like_sets", {read, pattern});
+        return Of(negated ? "(NOT " + sets.sql + ")" : sets.sql, ColumnType::Boolean,
+                  sets.depth + (negated ? 1 : 0));
+    }
+    if (pattern.parameter) draft_.plan.parameters[*pattern.parameter].pattern = true;
     const std::string like = draft_.words.Like(read, pattern);
     return Of(negated ? "(NOT " + like + ")" : like, ColumnType::Boolean,
               Around(read, pattern) + (negated ? 1 : 0));
 }
 
 Expression ExpressionReader::TextOperand() {
-    return ReadAsText(Sum());
+    return ReadAsText(Joined());
 }
 
 // No store's function knows booleans as texts.
 Expression ExpressionReader::ReadAsText(const Expression& value) const {
+    RefuseDate(value);
     if (value.type == ColumnType::Boolean) return AsText(value, draft_);
     if (draft_.words.FunctionsReadNumbers()) return value;
     Expression read = value;
@@ -149,8 +207,28 @@ Expression ExpressionReader::ReadAsText(const Expression& value) const {
     return read;
 }
 
+// Null reads as nothing beside a text; of two it stays Null.
+Expression ExpressionReader::Joined() {
+    Expression left = Sum();
+    while (tokens_.TakeSymbol("&")) {
+        const Expression first = ReadAsText(left);
+        left = OfTexts("qm_join", {first, ReadAsText(Sum())});
+    }
+    return left;
+}
+
 Expression ExpressionReader::Sum() {
-    return Arithmetic("+-", &ExpressionReader::Product);
+    return Arithmetic("+-", &ExpressionReader::Remainder);
+}
+
+Expression ExpressionReader::Remainder() {
+    Expression left = Product();
+    while (tokens_.OfHostCondition() && tokens_.TakeWord("Mod")) {
+        const Expression first = AsNumber(std::move(left), "Mod", draft_);
+        const Expression second = AsNumber(Product(), "Mod", draft_);
+        left = Of(draft_.words.Remainder(first, second), ColumnType::Long, Around(first, second));
+    }
+    return left;
 }
 
 Expression ExpressionReader::Product() {
@@ -191,6 +269,7 @@ Expression ExpressionReader::Primary() {
     switch (tokens_.Peek().kind) {
         case TokenKind::Number:
         case TokenKind::Text:
+        case TokenKind::Date:
             return Literal();
         case TokenKind::Bracketed:
             return Column();
@@ -200,9 +279,7 @@ Expression ExpressionReader::Primary() {
             break;
     }
     if (!tokens_.TakeSymbol("(")) tokens_.Refuse("a value is expected");
-    const bool select = tokens_.AtWord("Select");
-    if (select && inAggregate_) Refuse(error::Statement, "Max and Sum take no select in parentheses");
-    Expression inner = select ? subselect_(scope_) : Condition();
+    Expression inner = tokens_.AtWord("Select") ? Subselect({}) : Condition();
     tokens_.ExpectSymbol(")");
     return inner;
 }
@@ -211,6 +288,7 @@ Expression ExpressionReader::Literal() {
     const Token token = tokens_.Take();
     Expression literal;
     literal.isText = token.kind == TokenKind::Text;
+    literal.isDate = token.kind == TokenKind::Date;
     literal.type = literal.isText ? ColumnType::Text : ColumnType::Any;
     std::vector<Parameter>& parameters = draft_.plan.parameters;
     literal.parameter = parameters.size();
@@ -271,10 +349,60 @@ Expression ExpressionReader::Call(const std::string& function) {
         tokens_.ExpectSymbol(",");
         result = OfTexts("qm_left", {text, Sum()});
     } else {
-        Refuse(error::Statement, "The function '" + function + "' is not supported in statements");
+        result = HostFunction(function);
     }
     tokens_.ExpectSymbol(")");
     return result;
+}
+
+Expression ExpressionReader::HostFunction(const std::string& function) {
+    const auto is = [&](const char* name) { return tokens_.OfHostCondition() && EqualText(function, name); };
+    if (is("Exists")) return Exists();
+    if (is("Min") || is("Count") || is("Avg")) return Aggregate(function);
+    if (is("Trim")) return OfTexts("qm_trim", {TextOperand()});
+    if (is("Len")) {
+        Expression length = OfTexts("qm_len", {TextOperand()});
+        length.type = ColumnType::Long;
+        return length;
+    }
+    if (is("Right") || is("Mid")) {
+        std::vector<Expression> operands{TextOperand()};
+        tokens_.ExpectSymbol(",");
+        operands.push_back(Whole());
+        if (is("Right")) return OfTexts("qm_right", operands);
+        if (tokens_.TakeSymbol(",")) operands.push_back(Whole());
+        return OfTexts("qm_mid", operands);
+    }
+    if (!is("InStr"))
+        Refuse(error::Statement, "The function '" + function + "' is not supported in statements");
+    const std::size_t begin = tokens_.Position(), parameters = draft_.plan.parameters.size();
+    Expression first = TextOperand(), start = Of("1", ColumnType::Long, 0);
+    tokens_.ExpectSymbol(",");
+    Expression second = TextOperand();
+    if (tokens_.AtSymbol(",")) {  // the first of three is where to start
+        draft_.plan.parameters.resize(parameters);
+        tokens_.MoveTo(begin);
+        start = Whole();
+        tokens_.ExpectSymbol(",");
+        first = TextOperand();
+        tokens_.ExpectSymbol(",");
+        second = TextOperand();
+    }
+    Expression place = OfTexts("qm_instr", {start, first, second});
+    place.type = ColumnType::Long;
+    return place;
+}
+
+Expression ExpressionReader::Whole() {
+    Expression number = Sum();
+    if (number.type != ColumnType::Text) number = AsNumber(std::move(number), "a text's part", draft_);
+    return Of(draft_.words.Converted(number, ColumnType::Long), ColumnType::Long, number.depth + 1);
+}
+
+Expression ExpressionReader::Exists() {
+    if (!tokens_.AtWord("Select")) tokens_.Refuse("'Select' is expected");
+    const Expression rows = Subselect({SubselectUse::Kind::Existence, {}});
+    return Of("(EXISTS " + rows.sql + ")", ColumnType::Boolean, rows.depth + 1);
 }
 
 // The dialect's functions of texts are the store's, under names of ours.
@@ -314,6 +442,11 @@ Expression ExpressionReader::Aggregate(const std::string& function) {
         Refuse(error::Statement, function + " stands only in the list of a select, and not within another");
     sawAggregate_ = inAggregate_ = true;
     const std::vector<ColumnRef> before = TakeColumns();
+    if (EqualText(function, "Count") && tokens_.TakeSymbol("*")) {
+        inAggregate_ = false;
+        columns_ = before;
+        return Of("count(*)", ColumnType::Long, 1);
+    }
     Expression of = Sum();
     inAggregate_ = false;
     // The store would take it for an aggregate of the outer select.
@@ -321,9 +454,12 @@ Expression ExpressionReader::Aggregate(const std::string& function) {
                                           [&](const ColumnRef& column) { return scope_.Holds(column); }))
         Refuse(error::Statement, function + " takes a field of its own select's tables");
     columns_ = before;
+    if (EqualText(function, "Count")) return Of("count(" + of.sql + ")", ColumnType::Long, of.depth + 1);
+    if (EqualText(function, "Min")) return Of(draft_.words.Min(of), of.type, of.depth + 1);
     if (EqualText(function, "Max")) return Of(draft_.words.Max(of), of.type, of.depth + 1);
     of = AsNumber(std::move(of), function, draft_);
-    return Of(draft_.words.Sum(of), ColumnType::Double, of.depth + 1);
+    return Of(EqualText(function, "Avg") ? draft_.words.Average(of) : draft_.words.Sum(of),
+              ColumnType::Double, of.depth + 1);
 }
 
 }  // namespace ado

@@ -11,8 +11,15 @@
 
 namespace ado {
 
+// What a select in parentheses is for: one value, the values of a list, or whether it has rows.
+struct SubselectUse {
+    enum class Kind { Value, List, Existence };
+    Kind kind = Kind::Value;
+    std::function<void(Expression& value)> fit = {};  // of a list: makes its value meet what stands before In
+};
+
 // Translates a select that stands in parentheses; gives its SQL and the type of its one value.
-using SubselectTranslator = std::function<Expression(const Scope& outer)>;
+using SubselectTranslator = std::function<Expression(const Scope& outer, const SubselectUse& use)>;
 
 // Reads conditions and values: a recursive descent by precedence, Or binding least.
 class ExpressionReader {
@@ -25,7 +32,7 @@ class ExpressionReader {
     Expression Truth();      // the same where it decides: a text is refused
     Expression Column();     // a field's name, with or without its table
 
-    // Max and Sum are refused unless allowed.
+    // Max, Sum and their like are refused unless allowed.
     void AllowAggregates(bool allowed) { aggregatesAllowed_ = allowed; }
     // Whether one was read; forgets it.
     bool TakeAggregate() { return std::exchange(sawAggregate_, false); }
@@ -38,7 +45,11 @@ class ExpressionReader {
     Expression And();
     Expression Not();
     Expression Comparison();
+    Expression Compared(const Expression& left, const Expression& right, const char* sign) const;
+    Expression Between(const Expression& left, bool negated);
+    Expression Joined();
     Expression Sum();
+    Expression Remainder();
     Expression Product();
     Expression Signed();
     Expression Primary();
@@ -46,9 +57,14 @@ class ExpressionReader {
     Expression Name();
     Expression Call(const std::string& function);
     Expression Iif();
+    Expression Exists();
+    Expression HostFunction(const std::string& function);
+    Expression Whole();  // a count or a place within a text
+    Expression Subselect(const SubselectUse& use);
     Expression Aggregate(const std::string& function);
     Expression OfTexts(const char* function, const std::vector<Expression>& operands);
     Expression In(const Expression& left, bool negated);
+    Expression InSelect(const Expression& left, bool negated);
     std::string Decisive(const Expression& e) const;
     Expression AlignedAnew(const Expression& left, Expression& item);
     Expression Like(const Expression& text, bool negated);

@@ -54,8 +54,8 @@ std::string InsertReader::GivenValues() {
         for (const ColumnInfo& column : table_->columns) columns_.push_back(&column);
     const Scope none;
     const Draft draft{plan_, catalog_.Sql()};
-    ExpressionReader reader(tokens_, none, draft, [this](const Scope& outer) {
-        return SelectReader(tokens_, catalog_, plan_).OneValue(outer);
+    ExpressionReader reader(tokens_, none, draft, [this](const Scope& outer, const SubselectUse& use) {
+        return SelectReader(tokens_, catalog_, plan_).InParentheses(outer, use);
     });
     std::string values;
     std::size_t count = 0;

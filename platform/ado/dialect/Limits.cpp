@@ -15,8 +15,8 @@ constexpr std::size_t MostLiterals = 999;   // the store's parameters
 constexpr std::size_t MostOperators = 900;  // the store's expressions are at most 1000 deep
 
 bool IsOperator(const Token& token) {
-    constexpr std::string_view words[] = {"And", "Or", "Not"};
-    if (token.kind == TokenKind::Symbol) return token.text.find_first_of("+-*/") == 0;
+    constexpr std::string_view words[] = {"And", "Or", "Not", "Mod"};
+    if (token.kind == TokenKind::Symbol) return token.text.find_first_of("+-*/&") == 0;
     return token.kind == TokenKind::Name && std::any_of(std::begin(words), std::end(words), [&](auto word) {
                return basic::EqualText(word, token.text);
            });
@@ -29,7 +29,8 @@ void CheckSize(const std::vector<Token>& tokens) {
     std::size_t literals = 0, operators = 0;
     for (const Token& token : tokens) {
         if (token.kind == TokenKind::Symbol) depth += token.text == "(" ? 1 : token.text == ")" ? -1 : 0;
-        literals += token.kind == TokenKind::Number || token.kind == TokenKind::Text;
+        literals +=
+            token.kind == TokenKind::Number || token.kind == TokenKind::Text || token.kind == TokenKind::Date;
         operators += IsOperator(token);
         if (depth > MostParentheses) Refuse(error::Statement, "The statement is nested too deeply");
     }

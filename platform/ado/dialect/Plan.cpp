@@ -10,7 +10,7 @@ namespace {
 class Translator {
   public:
     Translator(const Shape& shape, Catalog& catalog, const PlanOptions& options)
-        : catalog_(catalog), options_(options), tokens_(shape.key) {}
+        : catalog_(catalog), options_(options), tokens_(shape.key, options.hostCondition) {}
 
     Plan Run() {
         if (tokens_.AtWord("Select"))
@@ -90,8 +90,9 @@ class Translator {
     TokenReader tokens_;
     Plan plan_;
     Scope scope_;  // of an update or delete
-    ExpressionReader expressions_{tokens_, scope_, Draft{plan_, catalog_.Sql()}, [this](const Scope& outer) {
-                                      return SelectReader(tokens_, catalog_, plan_).OneValue(outer);
+    ExpressionReader expressions_{tokens_, scope_, Draft{plan_, catalog_.Sql()},
+                                  [this](const Scope& outer, const SubselectUse& use) {
+                                      return SelectReader(tokens_, catalog_, plan_).InParentheses(outer, use);
                                   }};
 };
 

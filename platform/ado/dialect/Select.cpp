@@ -27,8 +27,9 @@ void SelectReader::Read(const Scope* outer) {
     RefuseUnsupportedStart();
     scope_ = Scope(outer);
     expressions_ = std::make_unique<ExpressionReader>(
-        tokens_, scope_, Draft{plan_, words_},
-        [this](const Scope& around) { return SelectReader(tokens_, catalog_, plan_).OneValue(around); });
+        tokens_, scope_, Draft{plan_, words_}, [this](const Scope& around, const SubselectUse& use) {
+            return SelectReader(tokens_, catalog_, plan_).InParentheses(around, use);
+        });
     const std::size_t list = tokens_.Position();
     FindFrom();
     const std::size_t from = tokens_.Position();
@@ -245,15 +246,21 @@ std::string SelectReader::Inserted(const std::function<const ColumnInfo&(const s
     return "SELECT " + list + From() + where_ + group_ + Order();
 }
 
-Expression SelectReader::OneValue(const Scope& outer) {
+Expression SelectReader::InParentheses(const Scope& outer, const SubselectUse& use) {
     Read(&outer);
-    if (items_.size() != 1 || distinct_ || !group_.empty())
+    const bool single = use.kind == SubselectUse::Kind::Value;
+    const bool listed = use.kind != SubselectUse::Kind::Existence;
+    if (listed && (items_.size() != 1 || (single && (distinct_ || !group_.empty()))))
         Refuse(error::Statement, "A select in parentheses gives one value of one field");
-    const Expression& value = items_.front().value;
-    const std::string rowid = QuotedName(scope_.Tables().front().alias) + ".rowid";
-    const std::string list = aggregate_ ? value.sql : words_.Single(value, rowid);
-    const int depth = std::max(value.depth + (aggregate_ ? 0 : 1), whereDepth_);
-    return Of("(SELECT " + list + From() + where_ + ")", value.type, depth + 1);
+    if (use.fit) use.fit(items_.front().value);
+    std::string list;
+    int depth = whereDepth_;
+    for (const Item& item : items_) {
+        depth = std::max(depth, item.value.depth + (single && !aggregate_ ? 1 : 0));
+        const std::string rowid = QuotedName(scope_.Tables().front().alias) + ".rowid";
+        Append(list, single && !aggregate_ ? words_.Single(item.value, rowid) : ListOf(item));
+    }
+    return Of("(SELECT " + list + From() + where_ + group_ + ")", items_.front().value.type, depth + 1);
 }
 
 }  // namespace ado

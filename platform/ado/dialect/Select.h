@@ -20,8 +20,9 @@ class SelectReader {
     // Behind Insert Into: `target` names the column that each value, by its name, goes to. Gives the select's
     // SQL.
     std::string Inserted(const std::function<const ColumnInfo&(const std::string& name)>& target);
-    // In parentheses within an expression: one value; more than one row is an error when it runs.
-    Expression OneValue(const Scope& outer);
+    // In parentheses within an expression. Where it is for one value, more than one row is an error when it
+    // runs.
+    Expression InParentheses(const Scope& outer, const SubselectUse& use);
 
   private:
     struct Item {

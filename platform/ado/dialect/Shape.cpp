@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "platform/ado/dialect/Refusal.h"
 #include "platform/ado/dialect/Tokens.h"
+#include "platform/basic/Dates.h"
 
 namespace ado {
 namespace {
@@ -27,11 +29,12 @@ bool IsControl(char c) {
     ado::Refuse(error::Statement, text);
 }
 
+constexpr double TimeOfDay = 0.5;          // what no date without one has
 constexpr std::size_t UsualLiterals = 12;  // a voucher's row has ten
 
 class Cutter {
   public:
-    explicit Cutter(std::string_view statement) : text_(statement) {
+    Cutter(std::string_view statement, bool dates) : text_(statement), dates_(dates) {
         shape_.key.reserve(statement.size());
         shape_.literals.reserve(UsualLiterals);
     }
@@ -43,6 +46,8 @@ class Cutter {
                 Blank();
             else if (c == '\'' || c == '"')
                 Text(c);
+            else if (c == '#' && dates_)
+                Date();
             else if (c == '[')
                 Bracketed();
             else if (IsDigit(c) || (c == '.' && at_ + 1 < text_.size() && IsDigit(text_[at_ + 1])))
@@ -110,6 +115,32 @@ class Cutter {
         Add(std::move(literal), NumberMark);
     }
 
+    // Month first where both are numbers, whatever the order of dates elsewhere; no time of day.
+    void Date() {
+        const std::size_t end = text_.find('#', at_ + 1);
+        if (end == std::string_view::npos) Refuse("Syntax error: a date does not end");
+        Literal literal;
+        literal.text = text_.substr(at_ + 1, end - at_ - 1);
+        try {
+            literal.number = basic::ReadDate(DayFirst(literal.text)).Serial;
+        } catch (const basic::Error&) {
+            literal.number = TimeOfDay;
+        }
+        if (std::trunc(literal.number) != literal.number || literal.text.find(':') != std::string::npos)
+            Refuse("Syntax error: '" + literal.text + "' is no date");
+        at_ = end + 1;
+        Add(std::move(literal), DateMark);
+    }
+
+    static std::string DayFirst(const std::string& text) {
+        const std::string_view numbers = "0123456789";
+        const std::size_t first = text.find_first_not_of(numbers);
+        if (first == 0 || first > 2 || (text[first] != '/' && text[first] != '-')) return text;
+        const std::size_t second = text.find_first_not_of(numbers, first + 1);
+        if (second == text.npos || second == first + 1 || text[second] != text[first]) return text;
+        return text.substr(first + 1, second - first) + text.substr(0, first) + text.substr(second);
+    }
+
     void Add(Literal literal, char mark) {
         shape_.literals.push_back(std::move(literal));
         shape_.key += mark;
@@ -121,14 +152,15 @@ class Cutter {
     }
 
     std::string_view text_;
+    const bool dates_;
     std::size_t at_ = 0;
     Shape shape_;
 };
 
 }  // namespace
 
-Shape ShapeOf(std::string_view statement) {
-    return Cutter(statement).Cut();
+Shape ShapeOf(std::string_view statement, bool dates) {
+    return Cutter(statement, dates).Cut();
 }
 
 }  // namespace ado

@@ -11,7 +11,7 @@ namespace ado {
 struct Literal {
     bool isText = false;
     std::string text;   // of a text: without its quotes, doubled quotes undone; of a number: as written
-    double number = 0;  // of a number
+    double number = 0;  // of a number, and of a date: the days from 30-Dec-1899
 };
 
 struct Shape {
@@ -19,7 +19,8 @@ struct Shape {
     std::vector<Literal> literals;  // in the order of the statement
 };
 
-// Raises ado::error::Statement for a literal that does not end and for anything after the statement.
-Shape ShapeOf(std::string_view statement);
+// Raises ado::error::Statement for a literal that does not end and for anything after the statement. Dates
+// between # signs are literals only where they are asked for.
+Shape ShapeOf(std::string_view statement, bool dates = false);
 
 }  // namespace ado

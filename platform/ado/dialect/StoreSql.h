@@ -38,6 +38,11 @@ class StoreSql {
     virtual bool FunctionsReadNumbers() const = 0;
     virtual std::string Quotient(const Expression& a, const Expression& b) const = 0;  // always by doubles
     virtual std::string Max(const Expression& e) const = 0;
+    virtual std::string Min(const Expression& e) const = 0;
+    virtual std::string Average(const Expression& e) const = 0;  // by doubles
+    // Both conditions; Null where one of them is, whatever the other.
+    virtual std::string Both(const std::string& a, const std::string& b) const = 0;
+    virtual std::string Remainder(const Expression& a, const Expression& b) const = 0;  // of whole numbers
     virtual std::string Sum(const Expression& e) const = 0;
     // As a column of the type stores it; raises what the type refuses. Null stays Null, but for a boolean.
     virtual std::string Converted(const Expression& e, ColumnType type) const = 0;

@@ -35,6 +35,8 @@ std::string Shown(const Token& token) {
             return "a number";
         case TokenKind::Text:
             return "a text";
+        case TokenKind::Date:
+            return "a date";
         case TokenKind::Bracketed:
             return "[" + token.text + "]";
         default:
@@ -45,7 +47,7 @@ std::string Shown(const Token& token) {
 std::string SymbolAt(std::string_view key, std::size_t at) {
     const std::string_view two = key.substr(at, 2);
     if (two == "<=" || two == ">=" || two == "<>") return std::string(two);
-    if (std::string_view("(),.*+-/=<>").find(key[at]) != std::string_view::npos)
+    if (std::string_view("(),.*+-/&=<>").find(key[at]) != std::string_view::npos)
         return std::string(1, key[at]);
     Refuse(error::Statement,
            "Syntax error: the character '" + std::string(1, key[at]) + "' is not supported");
@@ -64,8 +66,11 @@ std::vector<Token> TokensOf(std::string_view key) {
         const char c = key[at];
         if (c == ' ') {
             ++at;
-        } else if (c == NumberMark || c == TextMark) {
-            tokens.push_back({c == NumberMark ? TokenKind::Number : TokenKind::Text, {}, literals++});
+        } else if (c == NumberMark || c == TextMark || c == DateMark) {
+            const TokenKind kind = c == NumberMark ? TokenKind::Number
+                                   : c == TextMark ? TokenKind::Text
+                                                   : TokenKind::Date;
+            tokens.push_back({kind, {}, literals++});
             ++at;
         } else if (c == '[') {
             const std::size_t end = key.find(']', at);
@@ -85,8 +90,12 @@ std::vector<Token> TokensOf(std::string_view key) {
     return tokens;
 }
 
-TokenReader::TokenReader(std::string_view key) : tokens_(TokensOf(key)) {
+TokenReader::TokenReader(std::string_view key, bool hostCondition)
+    : tokens_(TokensOf(key)), hostCondition_(hostCondition) {
     CheckSize(tokens_);
+    for (const Token& token : tokens_)
+        if (token.kind == TokenKind::Symbol && token.text == "&" && !hostCondition)
+            ado::Refuse(error::Statement, "Syntax error: the character '&' is not supported");
 }
 
 const Token& TokenReader::Peek(std::size_t ahead) const {

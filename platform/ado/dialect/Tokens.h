@@ -10,18 +10,19 @@ namespace ado {
 // How literals stand in the key of a shape.
 inline constexpr char NumberMark = '\x01';
 inline constexpr char TextMark = '\x02';
+inline constexpr char DateMark = '\x03';
 
 inline bool IsNameByte(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-enum class TokenKind { Name, Bracketed, Number, Text, Symbol, End };
+enum class TokenKind { Name, Bracketed, Number, Text, Date, Symbol, End };
 
 struct Token {
     TokenKind kind = TokenKind::End;
-    std::string text;         // the name without its brackets, or the symbol: ( ) , . * + - / = < > <= >= <>
-    std::size_t literal = 0;  // of a Number or Text: its place among the shape's literals
+    std::string text;  // the name without its brackets, or the symbol: ( ) , . * + - / & = < > <= >= <>
+    std::size_t literal = 0;  // of a Number, Text or Date: its place among the shape's literals
 };
 
 // The tokens of a shape's key, an End last. Raises error::Statement for a character that no statement holds.
@@ -30,7 +31,10 @@ std::vector<Token> TokensOf(std::string_view key);
 // Walks the tokens of one statement.
 class TokenReader {
   public:
-    explicit TokenReader(std::string_view key);  // raises error::Statement for what is too long or too deep
+    // Raises error::Statement for what is too long or too deep, and for &, unless the statement ends in a
+    // host's own condition.
+    explicit TokenReader(std::string_view key, bool hostCondition = false);
+    bool OfHostCondition() const { return hostCondition_; }  // it may hold what only such a one may
 
     const Token& Peek(std::size_t ahead = 0) const;
     Token Take();
@@ -55,6 +59,7 @@ class TokenReader {
     std::string UnsupportedWords() const;
 
     std::vector<Token> tokens_;
+    const bool hostCondition_;
     std::size_t at_ = 0;
 };
 

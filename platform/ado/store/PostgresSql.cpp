@@ -79,6 +79,24 @@ std::string PostgresSql::Max(const Expression& e) const {
     return "max(" + (e.isNull ? Number(e) : e.sql) + ")";
 }
 
+std::string PostgresSql::Min(const Expression& e) const {
+    if (e.type == ColumnType::Text) return "qm_min(" + e.sql + ")";
+    if (e.type == ColumnType::Boolean) return "bool_and(" + e.sql + ")";
+    return "min(" + (e.isNull ? Number(e) : e.sql) + ")";
+}
+
+std::string PostgresSql::Average(const Expression& e) const {
+    return "avg((" + e.sql + ")::float8)";
+}
+
+std::string PostgresSql::Both(const std::string& a, const std::string& b) const {
+    return "(" + a + "::int & " + b + "::int = 1)";
+}
+
+std::string PostgresSql::Remainder(const Expression& a, const Expression& b) const {
+    return "qm_mod((" + a.sql + ")::float8, (" + b.sql + ")::float8)";
+}
+
 std::string PostgresSql::Sum(const Expression& e) const {
     return "sum((" + e.sql + ")::float8)";
 }

@@ -63,8 +63,10 @@ BoundStatement Session::Ready(std::string_view statement, const PlanOptions& opt
 }
 
 BoundStatement Session::Translated(std::string_view statement, const PlanOptions& options) {
-    const Shape shape = ShapeOf(statement);
-    std::string key = options.rowid ? shape.key + "\nrowid" : shape.key;
+    const Shape shape = ShapeOf(statement, options.hostCondition);
+    std::string key = shape.key;
+    if (options.rowid) key += "\nrowid";
+    if (options.hostCondition) key += "\nhost";
     PreparedStatementPtr prepared = cache_.Find(key);
     if (!prepared) prepared = cache_.Add(std::move(key), Translate(shape, catalog_, options));
     std::vector<basic::Value> values = LiteralValues(shape, *prepared->plan);

@@ -55,6 +55,22 @@ std::string SqlCipherSql::Max(const Expression& e) const {
     return "max(" + LeftSide(e, e.type == ColumnType::Text) + ")";
 }
 
+std::string SqlCipherSql::Min(const Expression& e) const {
+    return "min(" + LeftSide(e, e.type == ColumnType::Text) + ")";
+}
+
+std::string SqlCipherSql::Average(const Expression& e) const {
+    return "avg(" + e.sql + ")";
+}
+
+std::string SqlCipherSql::Both(const std::string& a, const std::string& b) const {
+    return "(" + a + " & " + b + ")";
+}
+
+std::string SqlCipherSql::Remainder(const Expression& a, const Expression& b) const {
+    return "qm_mod(" + a.sql + ", " + b.sql + ")";
+}
+
 std::string SqlCipherSql::Sum(const Expression& e) const {
     return "sum(" + e.sql + ")";
 }

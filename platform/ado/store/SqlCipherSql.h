@@ -21,6 +21,10 @@ class SqlCipherSql final : public StoreSql {
     bool FunctionsReadNumbers() const override { return true; }
     std::string Quotient(const Expression& a, const Expression& b) const override;
     std::string Max(const Expression& e) const override;
+    std::string Min(const Expression& e) const override;
+    std::string Average(const Expression& e) const override;
+    std::string Both(const std::string& a, const std::string& b) const override;
+    std::string Remainder(const Expression& a, const Expression& b) const override;
     std::string Sum(const Expression& e) const override;
     std::string Converted(const Expression& e, ColumnType type) const override;
     std::string OrderKey(const Expression& key, bool descending) const override;

@@ -10,6 +10,7 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/Conversion.h"
+#include "platform/ado/store/Pattern.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/basic/Value.h"
@@ -18,7 +19,8 @@ namespace ado {
 namespace {
 
 using basic::Value;
-using Arguments = std::array<Value, 2>;
+constexpr std::size_t MostArguments = 3;
+using Arguments = std::array<Value, MostArguments>;
 
 struct Function {
     const char* name;
@@ -41,6 +43,11 @@ Value Like(const Arguments& a) {
     return basic::LikeText(basic::ToText(a[0]), basic::ToText(a[1]));
 }
 
+Value LikeSets(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return Pattern(basic::ToText(a[1])).Matches(basic::ToText(a[0]));
+}
+
 // A number beside a boolean: True equals 1 and -1.
 Value Truth(const Arguments& a) {
     return a[0] == Value(std::int32_t{-1}) || a[0] == Value(-1.0) ? Value(std::int32_t{1}) : a[0];
@@ -56,6 +63,67 @@ Value LeftPart(const Arguments& a) {
     const std::int32_t count = basic::ToLong(a[1]);
     if (count < 0) basic::Raise(basic::error::InvalidCall, "ado.Left");
     return basic::Left(basic::ToText(a[0]), static_cast<std::size_t>(count));
+}
+
+std::size_t CountOf(const Value& count, const char* function) {
+    const std::int32_t number = basic::ToLong(count);
+    if (number < 0) basic::Raise(basic::error::InvalidCall, function);
+    return static_cast<std::size_t>(number);
+}
+
+std::size_t PlaceOf(const Value& place, const char* function) {
+    const std::size_t number = CountOf(place, function);
+    if (number == 0) basic::Raise(basic::error::InvalidCall, function);
+    return number;
+}
+
+Value RightPart(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return basic::Right(basic::ToText(a[0]), CountOf(a[1], "ado.Right"));
+}
+
+Value MidRest(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    return basic::Mid(basic::ToText(a[0]), PlaceOf(a[1], "ado.Mid"));
+}
+
+Value MidPart(const Arguments& a) {
+    if (AnyNull(a) || a[2].IsNull()) return {};
+    return basic::Mid(basic::ToText(a[0]), PlaceOf(a[1], "ado.Mid"), CountOf(a[2], "ado.Mid"));
+}
+
+Value Length(const Arguments& a) {
+    if (a[0].IsNull()) return {};
+    return static_cast<std::int32_t>(basic::Len(basic::ToText(a[0])));
+}
+
+Value Trimmed(const Arguments& a) {
+    if (a[0].IsNull()) return {};
+    return basic::Trim(basic::ToText(a[0]));
+}
+
+// Where the third stands in the second, from the first on; 0 where it does not.
+Value PlaceIn(const Arguments& a) {
+    if (AnyNull(a) || a[2].IsNull()) return {};
+    const std::size_t start = PlaceOf(a[0], "ado.InStr");
+    const std::string text = basic::ToText(a[1]), sought = basic::FoldCase(basic::ToText(a[2]));
+    if (start > basic::Len(text)) return 0;
+    const std::string from = basic::FoldCase(basic::Mid(text, start));
+    const std::size_t at = from.find(sought);
+    return at == from.npos ? 0 : static_cast<std::int32_t>(start + basic::Len(from.substr(0, at)));
+}
+
+Value Joined(const Arguments& a) {
+    if (a[0].IsNull() && a[1].IsNull()) return {};
+    return (a[0].IsNull() ? "" : basic::ToText(a[0])) + (a[1].IsNull() ? "" : basic::ToText(a[1]));
+}
+
+// Of the two as whole numbers; it has the sign of the first.
+Value Remainder(const Arguments& a) {
+    if (AnyNull(a)) return {};
+    const std::int64_t number = basic::ToLong(a[0]), by = basic::ToLong(a[1]);
+    if (by == 0) basic::Raise(basic::error::DivisionByZero, "ado.Division");
+    return static_cast<std::int32_t>(number % by);
 }
 
 Value Text(const Arguments& a) {
@@ -77,6 +145,15 @@ constexpr Function functions[] = {
     {"qm_left", 2, LeftPart},
     {"qm_cstr", 1, Text},
     {"qm_div", 2, Divide},
+    {"qm_like_sets", 2, LikeSets},
+    {"qm_right", 2, RightPart},
+    {"qm_mid", 2, MidRest},
+    {"qm_mid", 3, MidPart},
+    {"qm_len", 1, Length},
+    {"qm_trim", 1, Trimmed},
+    {"qm_instr", 3, PlaceIn},
+    {"qm_join", 2, Joined},
+    {"qm_mod", 2, Remainder},
     {"qm_bool", 1, As<ColumnType::Boolean>},
     {"qm_int", 1, As<ColumnType::Integer>},
     {"qm_long", 1, As<ColumnType::Long>},

@@ -120,10 +120,99 @@ CREATE OR REPLACE FUNCTION qm_pattern(p text) RETURNS text STABLE PARALLEL SAFE
     RETURN CASE WHEN strpos(p, '[') > 0 THEN qm_fail('QM001', 'The pattern ''' || p ||
         ''' is not supported in statements: Like knows % and _ only', 'ado.Statement', p) ELSE p END;
 
+-- Like with sets of characters, for a host's own condition: % any run, _ any one, [a-f] one of a set, [!a-f] one outside it.
+CREATE OR REPLACE FUNCTION qm_plain(c text) RETURNS text IMMUTABLE PARALLEL SAFE
+    RETURN CASE WHEN ascii(c) < 128 AND c !~ '[a-zA-Z0-9]' THEN chr(92) || c ELSE c END;
+CREATE OR REPLACE FUNCTION qm_set(inside text, pattern text) RETURNS text STABLE PARALLEL SAFE LANGUAGE plpgsql AS $$
+DECLARE
+    place integer := 1;
+    told text := '[';
+    high text;
+BEGIN
+    IF length(inside) > 1 AND left(inside, 1) = '!' THEN
+        told := '[^';
+        place := 2;
+    END IF;
+    WHILE place <= length(inside) LOOP
+        high := substr(inside, place, 1);
+        told := told || qm_plain(high);
+        IF substr(inside, place + 1, 1) = '-' AND place + 2 <= length(inside) THEN
+            IF ascii(high) > ascii(substr(inside, place + 2, 1)) THEN
+                RETURN qm_no_set(pattern);
+            END IF;
+            told := told || '-' || qm_plain(substr(inside, place + 2, 1));
+            place := place + 2;
+        END IF;
+        place := place + 1;
+    END LOOP;
+    RETURN told || ']';
+END $$;
+CREATE OR REPLACE FUNCTION qm_no_set(pattern text) RETURNS text STABLE PARALLEL SAFE
+    RETURN qm_fail('QM001', 'The pattern ''' || pattern ||
+        ''' holds a set of characters that does not read: [abc], [a-f] or [!a-f]', 'ado.Statement', pattern);
+CREATE OR REPLACE FUNCTION qm_like_sets(t text, pattern text) RETURNS boolean STABLE PARALLEL SAFE LANGUAGE plpgsql AS $$
+DECLARE
+    folded text := qm_fold(pattern);
+    place integer := 1;
+    behind integer;
+    told text := '^';
+    c text;
+BEGIN
+    IF t IS NULL OR pattern IS NULL THEN
+        RETURN NULL;
+    END IF;
+    WHILE place <= length(folded) LOOP
+        c := substr(folded, place, 1);
+        IF c = '[' THEN
+            behind := strpos(substr(folded, place + 1), ']');
+            told := told || CASE WHEN behind < 2 THEN qm_no_set(pattern)
+                ELSE qm_set(substr(folded, place + 1, behind - 1), pattern) END;
+            place := place + behind;
+        ELSE
+            told := told || CASE c WHEN '%' THEN '.*' WHEN '_' THEN '.' ELSE qm_plain(c) END;
+        END IF;
+        place := place + 1;
+    END LOOP;
+    RETURN qm_fold(t) COLLATE "C" ~ (told || '$');
+END $$;
+
+-- The functions of texts that a host's own condition may have; places and counts are whole numbers already.
+CREATE OR REPLACE FUNCTION qm_wrong(bad boolean, source text, t text) RETURNS text STABLE PARALLEL SAFE
+    RETURN CASE WHEN bad AND t IS NOT NULL THEN qm_fail('QM005', 'Invalid procedure call or argument', source, t) ELSE t END;
+CREATE OR REPLACE FUNCTION qm_len(t text) RETURNS integer IMMUTABLE PARALLEL SAFE RETURN length(t);
+CREATE OR REPLACE FUNCTION qm_trim(t text) RETURNS text IMMUTABLE PARALLEL SAFE RETURN btrim(t, ' ');
+CREATE OR REPLACE FUNCTION qm_join(a text, b text) RETURNS text IMMUTABLE PARALLEL SAFE
+    RETURN CASE WHEN a IS NOT NULL OR b IS NOT NULL THEN coalesce(a, '') || coalesce(b, '') END;
+CREATE OR REPLACE FUNCTION qm_right(t text, n integer) RETURNS text STABLE PARALLEL SAFE
+    RETURN right(qm_wrong(n < 0, 'ado.Right', t), n);
+CREATE OR REPLACE FUNCTION qm_mid(t text, place integer) RETURNS text STABLE PARALLEL SAFE
+    RETURN substr(qm_wrong(place < 1, 'ado.Mid', t), place);
+CREATE OR REPLACE FUNCTION qm_mid(t text, place integer, n integer) RETURNS text STABLE PARALLEL SAFE
+    RETURN substr(qm_wrong(place < 1 AND n IS NOT NULL OR n < 0 AND place IS NOT NULL, 'ado.Mid', t), place, n);
+CREATE OR REPLACE FUNCTION qm_instr(place integer, t text, sought text) RETURNS integer STABLE PARALLEL SAFE
+    LANGUAGE plpgsql AS $$
+DECLARE
+    found integer;
+BEGIN
+    IF place IS NULL OR t IS NULL OR sought IS NULL THEN
+        RETURN NULL;
+    END IF;
+    PERFORM qm_wrong(place < 1, 'ado.InStr', t);
+    found := CASE WHEN place > length(t) THEN 0 ELSE strpos(qm_fold(substr(t, place)), qm_fold(sought)) END;
+    RETURN CASE WHEN found = 0 THEN 0 ELSE found + place - 1 END;
+END $$;
+CREATE OR REPLACE FUNCTION qm_mod(a double precision, b double precision) RETURNS integer STABLE PARALLEL SAFE
+    RETURN CASE WHEN a IS NULL OR b IS NULL THEN NULL
+        WHEN b::integer = 0 THEN qm_fail('QM011', 'Division by zero', 'ado.Division', a::integer)
+        ELSE (a::integer::bigint % b::integer::bigint)::integer END;
+
 -- The highest text without regard to case; of those that are equal, the first.
 CREATE OR REPLACE FUNCTION qm_later(a text, b text) RETURNS text IMMUTABLE STRICT PARALLEL SAFE
     RETURN CASE WHEN qm_fold(a) COLLATE "C" < qm_fold(b) COLLATE "C" THEN b ELSE a END;
 CREATE OR REPLACE AGGREGATE qm_max(text) (SFUNC = qm_later, STYPE = text);
+CREATE OR REPLACE FUNCTION qm_earlier(a text, b text) RETURNS text IMMUTABLE STRICT PARALLEL SAFE
+    RETURN CASE WHEN qm_fold(b) COLLATE "C" < qm_fold(a) COLLATE "C" THEN b ELSE a END;
+CREATE OR REPLACE AGGREGATE qm_min(text) (SFUNC = qm_earlier, STYPE = text);
 
 -- The counters of tables: a number that was given is never given again, but by an insert that was rolled back. A row that
 -- brings its number moves the counter behind it. PostgresSchema gives each such table a trigger with its counting field.

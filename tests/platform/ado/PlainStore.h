@@ -24,7 +24,8 @@ class PlainStore final : public Catalog {
             sqlite3_result_null(context);
         };
         for (const char* name : {"qm_like", "qm_ucase", "qm_left", "qm_cstr", "qm_div", "qm_bool", "qm_int",
-                                 "qm_long", "qm_real", "qm_text", "qm_truth"})
+                                 "qm_long", "qm_real", "qm_text", "qm_truth", "qm_like_sets", "qm_right",
+                                 "qm_mid", "qm_len", "qm_trim", "qm_instr", "qm_join", "qm_mod"})
             sqlite3_create_function(db_, name, -1, SQLITE_UTF8, nullptr, nothing, nullptr, nullptr);
         sqlite3_create_function(db_, "qm_single", 2, SQLITE_UTF8, nullptr, nullptr, nothing,
                                 [](sqlite3_context*) {});
