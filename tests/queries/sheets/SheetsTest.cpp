@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdio>
+#include <fstream>
 #include <limits>
 #include <sstream>
 
