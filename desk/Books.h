@@ -45,7 +45,7 @@ class Books {
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
-    std::unique_ptr<Worker> worker_;
+    std::shared_ptr<Worker> worker_;
     std::string address_;
 };
 

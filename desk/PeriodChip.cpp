@@ -13,6 +13,7 @@ namespace {
 QDateEdit& AddDay(QFormLayout& form, const QString& caption, basic::Date day) {
     auto* const box = new QDateEdit(ToQt(day), form.parentWidget());
     box->setDisplayFormat("dd-MMM-yyyy");
+    box->setCalendarPopup(true);
     form.addRow(caption, box);
     return *box;
 }

@@ -13,15 +13,13 @@
 namespace desk {
 namespace {
 
-constexpr int Margin = 24, Tight = 15;  // pixels of a cell beside its text
+constexpr int Margin = 24, Tight = 20;  // pixels of a cell beside its text
 
 // Room for the widest cell of the kind that is usual; texts: the least.
 int WidthOf(const queries::Column& column, const QFont& font, int margin) {
     const QFontMetrics metrics(font);
-    QFont head = font;
-    head.setWeight(QFont::DemiBold);
     const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + margin; };
-    const int caption = QFontMetrics(head).horizontalAdvance(QString::fromStdString(column.caption)) + margin;
+    const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + margin;
     switch (column.kind) {
         case queries::Kind::Text:
             return std::max(caption, wide(column.name == "narration" ? "Notebooks and files for"
@@ -90,7 +88,8 @@ bool SheetColumns::IsHiddenAtFirst(int section) const {
 void SheetColumns::Fit() {
     if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
     const QScopedValueRollback quiet(laying_, true);
-    const QFont font = Theme::Figures(header_.font());
+    QFont font = Theme::Figures(header_.font());
+    font.setWeight(QFont::DemiBold);
     int room = 0, shares = 0, margin = Margin;
     const auto each = [&](auto act) {
         for (int section = 0; section < header_.count(); ++section)
