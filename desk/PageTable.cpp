@@ -3,7 +3,9 @@
 #include <QCoreApplication>
 #include <array>
 
+#include "desk/BooksPage.h"
 #include "desk/LedgersPage.h"
+#include "desk/OverviewPage.h"
 #include "desk/ScreensPage.h"
 #include "desk/VouchersPage.h"
 
@@ -18,8 +20,10 @@ Page* Make(Desk& desk) {
 }
 
 constexpr auto Table = std::to_array<PageEntry>({
+    {"overview", QT_TRANSLATE_NOOP("desk::PageTable", "Overview"), Make<OverviewPage>},
     {"vouchers", QT_TRANSLATE_NOOP("desk::PageTable", "Vouchers"), Make<VouchersPage>},
     {"ledgers", QT_TRANSLATE_NOOP("desk::PageTable", "Ledgers"), Make<LedgersPage>},
+    {"books", QT_TRANSLATE_NOOP("desk::PageTable", "Books"), Make<BooksPage>},
     {"screens", QT_TRANSLATE_NOOP("desk::PageTable", "Screens"), Make<ScreensPage>},
 });
 

@@ -10,18 +10,19 @@
 
 namespace desk {
 
-// A sheet as it is shown: its rows in the order of a column, some of its columns. What is copied, written and
-// printed is this, so that paper and files agree with the screen.
+// A sheet as it is shown: its rows in the order of a column, or some of them, some of its columns. What is
+// copied, written and printed is this, so that paper and files agree with the screen.
 class ShownSheet final : public queries::Sheet {
   public:
     using Order = std::vector<std::uint32_t>;  // of rows; a line's number among those shown gives its own
 
     explicit ShownSheet(std::shared_ptr<const queries::Sheet> sheet, std::optional<Order> order = {},
-                        std::optional<std::vector<std::size_t>> columns = {});
+                        std::optional<std::vector<std::size_t>> columns = {},
+                        std::optional<std::string> title = {});
 
-    const std::string& Title() const override { return sheet_->Title(); }
+    const std::string& Title() const override { return title_ ? *title_ : sheet_->Title(); }
     const std::vector<queries::Column>& Columns() const override { return columns_; }
-    std::size_t Rows() const override { return sheet_->Rows(); }
+    std::size_t Rows() const override { return order_ ? order_->size() : sheet_->Rows(); }
     basic::Value At(std::size_t row, std::size_t column) const override {
         if (Watch && column == 0) Watch(row);
         return sheet_->At(RowOf(row), chosen_[column]);
@@ -38,6 +39,7 @@ class ShownSheet final : public queries::Sheet {
   private:
     std::shared_ptr<const queries::Sheet> sheet_;
     std::optional<Order> order_;
+    std::optional<std::string> title_;
     std::vector<std::size_t> chosen_;
     std::vector<queries::Column> columns_;
 };

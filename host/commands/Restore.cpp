@@ -11,6 +11,7 @@
 #include "host/make/Books.h"
 #include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
+#include "host/make/PassingFolder.h"
 #include "platform/ado/store/ServerAddress.h"
 #include "platform/ado/store/SoleUse.h"
 #include "platform/basic/Files.h"
@@ -89,6 +90,17 @@ std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& f
     alone.reset();
     OpenCopy(target)->Close();
     return place.SetAside();
+}
+
+std::vector<ado::TableSums> VerifyBackup(const std::string& file) {
+    const PassingFolder passing;
+    const fs::path copy = passing.Path() / BooksFile;
+    CopyBackup(file, copy);
+    RefuseUnlessWhole(file, copy);
+    const ado::ConnectionPtr books = OpenCopy(copy);
+    std::vector<ado::TableSums> sums = ado::SumTables(*books);
+    books->Close();
+    return sums;
 }
 
 void AddRestore(CommandLine& line) {
