@@ -8,7 +8,8 @@ run: build/build.ninja
 	@tools/run $(BOOKS)
 
 test: build
-	ctest --preset dev
+	ctest --preset dev --output-junit junit.xml
+	@echo "Cases that were skipped, by their reasons:"; grep -oh 'skipped: .*' build/junit.xml | sort | uniq -c
 
 build: build/build.ninja
 	cmake --build --preset dev

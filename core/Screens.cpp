@@ -63,6 +63,12 @@ void WritePage(const std::string& html, const PageNames& names, bool isWide, con
         html.c_str(), names.Title.c_str(), names.Source.c_str(), isWide, file.c_str());
 }
 
+void PrintPage(const std::string& html, const PageNames& names, bool isWide) {
+    auto* print = Library().Need<void(const char*, const char*, const char*, bool)>("qmPrintPage");
+    LoadScreens();
+    print(html.c_str(), names.Title.c_str(), names.Source.c_str(), isWide);
+}
+
 std::vector<std::string> ScreenNames() {
     auto* names = Library().Find<const char*()>("qmScreenNames");
     std::vector<std::string> list;

@@ -41,6 +41,10 @@ struct PageNames {
 // error".
 void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file);
 
+// Shows such a page as it will be printed, modally; from there it goes to a printer. Raises where the screens
+// or a display are missing.
+void PrintPage(const std::string& html, const PageNames& names, bool isWide);
+
 // The names that OpenScreen knows; none where the screens cannot be loaded.
 std::vector<std::string> ScreenNames();
 

@@ -81,6 +81,14 @@ std::vector<std::size_t> ColumnsNamed(const queries::Sheet& sheet,
     return found;
 }
 
+std::shared_ptr<const ShownSheet> Picked(std::shared_ptr<const queries::Sheet> sheet, ShownSheet::Order rows,
+                                         std::optional<std::vector<std::size_t>> columns,
+                                         const std::string& title) {
+    auto picked = std::make_shared<ShownSheet>(std::move(sheet), std::move(rows), std::move(columns));
+    picked->SetTitle(title);
+    return picked;
+}
+
 }  // namespace
 
 std::shared_ptr<const OverviewFigures> OverviewFigures::Read(queries::Reading& books) {
@@ -130,22 +138,21 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Largest(std::size_t most) con
     std::stable_sort(order.begin(), order.end(),
                      [&](std::uint32_t a, std::uint32_t b) { return open(a) > open(b); });
     order.resize(std::min(order.size(), most));
-    return std::make_shared<ShownSheet>(Parties, std::move(order),
-                                        ColumnsNamed(*Parties, {"party", "balance", "older"}),
-                                        "The largest parties");
+    return Picked(Parties, std::move(order), ColumnsNamed(*Parties, {"party", "balance", "older"}),
+                  "The largest parties");
 }
 
-std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age) const {
-    auto order = RowsWhere<queries::PartyRow>(
-        *Parties, [part = desk::Ages.at(age)](const auto& row) { return row.*part != 0; });
-    return std::make_shared<ShownSheet>(
-        Parties, std::move(order), std::nullopt,
-        Parties->Title() + ": " + AgeNames.at(age) + (age == 0 ? "" : " days"));
+std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age, bool owed) const {
+    auto order = RowsWhere<queries::PartyRow>(*Parties, [part = desk::Ages.at(age), owed](const auto& row) {
+        return owed ? row.*part > 0 : row.*part < 0;
+    });
+    return Picked(Parties, std::move(order), std::nullopt,
+                  Parties->Title() + ": " + (owed ? "they owe, " : "we owe, ") + AgeNames.at(age));
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::Short(bool brief) const {
     auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
-    return std::make_shared<ShownSheet>(
+    return Picked(
         Items, std::move(order),
         brief ? std::optional(ColumnsNamed(*Items, {"name", "net", "reorder_level"})) : std::nullopt,
         "Items to reorder");

@@ -34,7 +34,8 @@ struct OverviewFigures {
     ChartData AgesChart() const;
 
     std::shared_ptr<const ShownSheet> Largest(std::size_t most) const;  // parties by what is open
-    std::shared_ptr<const ShownSheet> OfAge(std::size_t age) const;     // parties with an amount of that age
+    std::shared_ptr<const ShownSheet> OfAge(
+        std::size_t age, bool owed) const;  // parties who owe, or whom we owe, an amount of that age
     std::shared_ptr<const ShownSheet> Short(bool brief) const;  // items at or below their reorder level
 };
 

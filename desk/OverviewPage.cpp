@@ -224,8 +224,8 @@ void OverviewPage::OpenAge(ChartView::Place place) {
          .Chapter = "Ledger and Trial Balance",
          .Empty = tr("Nothing is open of this age"),
          .EmptyText = {},
-         .Make = [age = place.Point](queries::Reading& books) -> SheetView::SheetPtr {
-             return OverviewFigures::Read(books)->OfAge(age);
+         .Make = [age = place.Point, owed = place.Line == 0](queries::Reading& books) -> SheetView::SheetPtr {
+             return OverviewFigures::Read(books)->OfAge(age, owed);
          },
          .Activated = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); }}));
 }

@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::size_t MostUpright = 5;  // columns; the sheets of a wider table lie on their side
 
+bool IsWide(const queries::Sheet& sheet) {
+    return sheet.Columns().size() > MostUpright;
+}
+
 QString Translated(const char* text) {
     return QCoreApplication::translate("desk::SheetFiles", text);
 }
@@ -42,10 +46,14 @@ void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file)
     basic::WriteNewFile(file, [&](std::ostream& out) { queries::WriteCsv(sheet, out); });
 }
 
+void Print(const queries::Sheet& sheet, const std::string& books) {
+    qm::PrintPage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books}, IsWide(sheet));
+}
+
 void WritePdf(const queries::Sheet& sheet, const std::string& file, const std::string& books) {
     basic::NewFile place(file);
-    qm::WritePage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books},
-                  sheet.Columns().size() > MostUpright, place.Staging());
+    qm::WritePage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books}, IsWide(sheet),
+                  place.Staging());
     place.Publish();
 }
 

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
@@ -99,6 +100,8 @@ void SheetView::MakeView(Shape shape, const QString& name) {
         columns_->FillMenu(menu);
         menu.exec(header_->mapToGlobal(at));
     });
+    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { desk_.Try([this] { RememberRow(); }); });
     connect(view_, &QAbstractItemView::doubleClicked, this, [this] {
         if (const auto row = Current(); row && Activated) desk_.Try([&] { Activated(*row); });
     });
@@ -132,13 +135,23 @@ void SheetView::MakeButtons() {
         add(tr("Hand over"), tr("Copy, write to a file or print (Ctrl+E)"), [this](QMenu& menu) {
             menu.addAction(tr("Copy the chosen rows\tCtrl+C"), this, [this] { Copy(); });
             menu.addSeparator();
+            menu.addAction(tr("Print\u2026\tCtrl+P"), this, [this] { Print(); });
+            menu.addSeparator();
             menu.addAction(tr("&Spreadsheet\u2026"), this, [this] { AskForFile(SheetFile::Workbook); });
             menu.addAction(tr("&PDF file\u2026"), this, [this] { AskForFile(SheetFile::Pdf); });
             menu.addAction(tr("&CSV file\u2026"), this, [this] { AskForFile(SheetFile::Csv); });
         });
-    auto* const key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_E), this, nullptr, nullptr,
-                                    Qt::WidgetWithChildrenShortcut);
-    connect(key, &QShortcut::activated, out, [out] { out->showMenu(); });
+    AddKey(QKeySequence::Print, [this] { Print(); });
+    AddKey(QKeySequence(Qt::CTRL | Qt::Key_E), [out] { out->showMenu(); });
+}
+
+// Wherever the focus is on the page; of several views there the one that has it.
+void SheetView::AddKey(const QKeySequence& key, const std::function<void()>& act) {
+    auto* const shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, this, act);
+    connect(shortcut, &QShortcut::activatedAmbiguously, this, [this, act] {
+        if (isAncestorOf(QApplication::focusWidget())) act();
+    });
 }
 
 void SheetView::SetEmpty(const QString& title, const QString& text) {
@@ -157,6 +170,12 @@ void SheetView::AskSlowly(Making make) {
     make_ = std::move(make);
     slowly_ = true;
     isNew_ = true;
+    Answer();
+}
+
+void SheetView::AskAgain(Making make) {
+    make_ = std::move(make);
+    slowly_ = false;
     Answer();
 }
 
@@ -229,13 +248,23 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
     Return(back);
 }
 
+// At once: a sheet that reads by window may tell other rows when the books have changed.
+void SheetView::RememberRow() {
+    if (const auto row = Current(); row && KeyOf) key_ = KeyOf(*Sheet(), *row);
+}
+
+void SheetView::Reread() {
+    RememberRow();
+    view_->viewport()->update();
+}
+
 SheetView::Place SheetView::Where() const {
     Place place;
     place.Open = OpenHeads();
     const auto row = Current();
     if (!row) return place;
     place.Row = *row;
-    if (KeyOf) place.Key = KeyOf(*Sheet(), *row);
+    place.Key = key_;
     const int height = std::max(1, view_->visualRect(view_->currentIndex()).height());
     place.Above = view_->visualRect(view_->currentIndex()).top() / height;
     return place;
@@ -338,8 +367,8 @@ void SheetView::Copy() {
         for (const QModelIndex& index : view_->selectionModel()->selectedRows())
             rows.push_back(model_.RowOf(index));
         std::sort(rows.begin(), rows.end());
-        const ShownSheet shown(std::shared_ptr<const queries::Sheet>(std::shared_ptr<void>(), model_.Sheet()),
-                               {}, columns_->Chosen());
+        const SheetPtr sheet(std::shared_ptr<void>(), model_.Sheet());
+        const ShownSheet shown(sheet, {}, columns_->Chosen());
         QApplication::clipboard()->setText(ClipboardText(shown, rows));
     });
 }
@@ -361,11 +390,7 @@ void SheetView::Save(SheetFile kind, const QString& file) {
     const auto columns = columns_->Chosen();
     const auto done = [this, file] { desk_.Note(tr("Written: %1").arg(file)); };
     if (kind == SheetFile::Pdf) {
-        const SheetPtr sheet(std::shared_ptr<void>(), Sheet());
-        if (desk_.Try([&] {
-                WritePdf(ShownSheet(sheet, order, columns), path, desk_.Books().Place().toStdString());
-            }))
-            done();
+        if (desk_.Try([&] { WritePdf(Paper(), path, desk_.Books().Place().toStdString()); })) done();
         return;
     }
     InBackground(
@@ -380,6 +405,20 @@ void SheetView::Save(SheetFile kind, const QString& file) {
             Write(shown, kind, path);
         },
         done);
+}
+
+ShownSheet SheetView::Paper() const {
+    const SheetPtr sheet(std::shared_ptr<void>(), Sheet());  // the model keeps it
+    return ShownSheet(sheet, model_.Sheet()->RowOrder(), columns_->Chosen());
+}
+
+void SheetView::Print() {
+    if (model_.Sheet()) Print(Paper());
+}
+
+void SheetView::Print(const queries::Sheet& paper) {
+    desk_.Try([&] { desk::Print(paper, desk_.Books().Place().toStdString()); });
+    window()->activateWindow();  // not every system gives the focus back
 }
 
 void SheetView::InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,

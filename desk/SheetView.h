@@ -54,7 +54,9 @@ class SheetView : public QWidget {
     // with).
     void Ask(Making make);
     void AskSlowly(Making make);
-    void Refresh();  // the same question again, to the same row
+    void AskAgain(Making make);  // at once, to the same row
+    void Refresh();              // the same question again, to the same row
+    void Reread();               // the sheet tells more of its rows by now
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
     void SetEmpty(const QString& title, const QString& text);  // why there may be no rows, and what to do
@@ -74,6 +76,8 @@ class SheetView : public QWidget {
 
     void Copy();  // the chosen rows
     void Save(SheetFile kind, const QString& file);
+    void Print();  // after the preview
+    void Print(const queries::Sheet& paper);
 
   private:
     struct Place {
@@ -85,11 +89,13 @@ class SheetView : public QWidget {
 
     void MakeView(Shape shape, const QString& name);
     void MakeButtons();
+    void AddKey(const QKeySequence& key, const std::function<void()>& act);
     void Answer();
     void Take(SheetPtr sheet);
     void Sort(int column);
     void SortShown(SheetPtr sheet);
     void Put(std::shared_ptr<const ShownSheet> shown);
+    void RememberRow();
     Place Where() const;
     void Return(const Place& place);
     QSet<QString> OpenHeads() const;
@@ -97,6 +103,7 @@ class SheetView : public QWidget {
     std::optional<std::size_t> Find(const Place& place) const;
     void ShowTotals();
     void AskForFile(SheetFile kind);
+    ShownSheet Paper() const;  // what stands on the screen
     bool eventFilter(QObject* object, QEvent* event) override;
 
     Desk& desk_;
@@ -110,6 +117,7 @@ class SheetView : public QWidget {
     SheetColumns* columns_ = nullptr;
     TotalsStrip* totals_ = nullptr;
     JobBar* jobs_;
+    QVariant key_;  // of the row that is chosen, as it was when it was chosen
     int sortColumn_ = -1;
     bool descending_ = false;
 };

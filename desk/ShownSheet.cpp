@@ -43,8 +43,8 @@ Keys KeysOf(const queries::Sheet& sheet, std::size_t column) {
 }  // namespace
 
 ShownSheet::ShownSheet(std::shared_ptr<const queries::Sheet> sheet, std::optional<Order> order,
-                       std::optional<std::vector<std::size_t>> columns, std::optional<std::string> title)
-    : sheet_(std::move(sheet)), order_(std::move(order)), title_(std::move(title)) {
+                       std::optional<std::vector<std::size_t>> columns)
+    : sheet_(std::move(sheet)), order_(std::move(order)), title_(sheet_->Title()) {
     if (columns) {
         chosen_ = std::move(*columns);
     } else {

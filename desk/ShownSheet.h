@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "queries/Sheet.h"
@@ -17,10 +19,10 @@ class ShownSheet final : public queries::Sheet {
     using Order = std::vector<std::uint32_t>;  // of rows; a line's number among those shown gives its own
 
     explicit ShownSheet(std::shared_ptr<const queries::Sheet> sheet, std::optional<Order> order = {},
-                        std::optional<std::vector<std::size_t>> columns = {},
-                        std::optional<std::string> title = {});
+                        std::optional<std::vector<std::size_t>> columns = {});
 
-    const std::string& Title() const override { return title_ ? *title_ : sheet_->Title(); }
+    const std::string& Title() const override { return title_; }
+    void SetTitle(std::string title) { title_ = std::move(title); }  // at first that of the sheet
     const std::vector<queries::Column>& Columns() const override { return columns_; }
     std::size_t Rows() const override { return order_ ? order_->size() : sheet_->Rows(); }
     basic::Value At(std::size_t row, std::size_t column) const override {
@@ -39,7 +41,7 @@ class ShownSheet final : public queries::Sheet {
   private:
     std::shared_ptr<const queries::Sheet> sheet_;
     std::optional<Order> order_;
-    std::optional<std::string> title_;
+    std::string title_;
     std::vector<std::size_t> chosen_;
     std::vector<queries::Column> columns_;
 };

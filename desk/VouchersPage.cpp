@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desk/Books.h"
+#include "desk/Dates.h"
 #include "desk/SheetView.h"
 #include "desk/VoucherChips.h"
 #include "queries/Ledgers.h"
@@ -24,6 +25,9 @@ constexpr queries::VoucherOrder Orders[] = {queries::VoucherOrder::Date,     que
                                             queries::VoucherOrder::Type,     queries::VoucherOrder::Ledger,
                                             queries::VoucherOrder::Debit,    queries::VoucherOrder::Credit,
                                             queries::VoucherOrder::Narration};
+
+// The columns that differ from line to line of one voucher.
+const std::vector<std::size_t> Lines{3, 4, 5, 6};
 
 std::vector<VoucherChips::Ledger> LedgersOf(queries::Reading& books) {
     std::vector<VoucherChips::Ledger> ledgers;
@@ -67,6 +71,8 @@ void VouchersPage::AddActions() {
     AddAction(tr("Copy as new"), QKeySequence(Qt::CTRL | Qt::Key_D), [this] {
         if (const std::int32_t number = Number(); number > 0) desk().CopyVoucher(number);
     });
+    AddAction(tr("Print voucher"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
+              [this] { PrintVoucher(); });
     AddToHead(view_->Buttons());
     AddKey(QKeySequence::Find, [this] { chips_->findChild<QLineEdit*>("words")->setFocus(); });
 }
@@ -94,6 +100,22 @@ void VouchersPage::Ask() {
     view_->Ask([filter = chips_->Filter(), order = order_, down = descending_](queries::Reading& books) {
         return queries::ListVouchers(books, filter, order, down);
     });
+}
+
+void VouchersPage::PrintVoucher() {
+    const std::int32_t number = Number();
+    if (number < 1) return;
+    queries::Reading& books = desk().Books().Reading();
+    const std::shared_ptr<const queries::VouchersSheet> lines =
+        queries::ListVouchers(books, {.number = number});
+    const queries::VoucherLine first = lines->Typed(0);
+    ShownSheet paper(lines, {}, Lines);
+    paper.SetTitle(tr("%1 voucher %2, %3")
+                       .arg(QString::fromStdString(first.type))
+                       .arg(number)
+                       .arg(first.date ? RangeText({first.date, first.date}, {}) : QString())
+                       .toStdString());
+    view_->Print(paper);
 }
 
 // A million lines are counted and summed while the first of them are read.

@@ -26,6 +26,7 @@ class VouchersPage : public Page {
     void AddActions();
     void Ask();
     void Sum();
+    void PrintVoucher();
     std::int32_t Number() const;  // of the voucher that is chosen, 0 for none
 
     VoucherChips* chips_;

@@ -1,6 +1,7 @@
 #include "queries/LedgerLines.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/LedgerSide.h"
 #include "platform/basic/Dates.h"
@@ -117,11 +118,14 @@ std::vector<LedgerLine> LedgerLines::Page(std::size_t first, std::size_t count) 
     if (first >= end) return page;
     if (first == 0) page.push_back(OpeningLine());
     const std::size_t from = first == 0 ? 0 : first - 1, upto = end - 1;  // among the rows
-    if (!keys_ && upto > Head) ReadBalances();
-    if (keys_) {
-        const ado::KeptRows rows = lines_.Of(keys_->data() + from, upto - from);
+    if (!balances_ && upto > Head) {
+        if (awaits_) return page;
+        Take(ReadBalances());
+    }
+    if (balances_) {
+        const ado::KeptRows rows = lines_.Of(balances_->keys.data() + from, upto - from);
         for (std::int64_t row = 0; row < rows.Count(); ++row)
-            page.push_back(Line(rows, row, balances_[from + static_cast<std::size_t>(row)]));
+            page.push_back(Line(rows, row, balances_->behind[from + static_cast<std::size_t>(row)]));
         return page;
     }
     const ado::KeptRows rows = lines_.From(0, upto);
@@ -134,23 +138,31 @@ std::vector<LedgerLine> LedgerLines::Page(std::size_t first, std::size_t count) 
 }
 
 std::optional<std::size_t> LedgerLines::PlaceOf(ado::RowKey key) {
-    if (!keys_) ReadBalances();
-    const auto place = std::find(keys_->begin(), keys_->end(), key);
-    if (place == keys_->end()) return std::nullopt;
-    return static_cast<std::size_t>(place - keys_->begin()) + 1;
+    if (!balances_) {
+        if (awaits_) return std::nullopt;
+        Take(ReadBalances());
+    }
+    const auto place = std::find(balances_->keys.begin(), balances_->keys.end(), key);
+    if (place == balances_->keys.end()) return std::nullopt;
+    return static_cast<std::size_t>(place - balances_->keys.begin()) + 1;
 }
 
-void LedgerLines::ReadBalances() {
+LedgerLines::Balances LedgerLines::ReadBalances() const {
     const ado::KeptRows rows = amounts_.From(0, count_ - 1);
-    keys_.emplace();
+    Balances balances;
     double balance = opening_;
     for (std::int64_t row = 0; row < rows.Count(); ++row) {
         balance += Move(rows.ValueAt(row, 0), rows.ValueAt(row, 1));
-        keys_->push_back(rows.KeyOf(row));
-        balances_.push_back(balance);
+        balances.keys.push_back(rows.KeyOf(row));
+        balances.behind.push_back(balance);
     }
-    keys_->resize(count_ - 1);  // as it was first counted, whatever others have removed since
-    balances_.resize(count_ - 1, balance);
+    return balances;
+}
+
+void LedgerLines::Take(Balances balances) {
+    balances_ = std::move(balances);
+    balances_->keys.resize(count_ - 1);  // as it was first counted, whatever others have removed since
+    balances_->behind.resize(count_ - 1, balances_->behind.empty() ? opening_ : balances_->behind.back());
 }
 
 std::unique_ptr<LedgerSheet> ListLedger(Reading& books, std::int32_t ledger, const Range& range) {

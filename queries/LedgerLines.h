@@ -36,19 +36,28 @@ class LedgerLines {
     // Where a line stands that Page gave, by its key.
     std::optional<std::size_t> PlaceOf(ado::RowKey key);
 
+    // Each line with the balance behind it, which is read once somebody looks far down. Who must not wait for
+    // it says so: lines far down are empty then, until it has been read on another thread, by a statement of
+    // the same ledger there, and handed over.
+    struct Balances {
+        std::vector<ado::RowKey> keys;
+        std::vector<double> behind;
+    };
+    Balances ReadBalances() const;
+    void Await() { awaits_ = true; }
+    void Take(Balances balances);
+
   private:
     void ReadSums(Reading& books, const std::string& where);
     LedgerLine OpeningLine() const;
-    void ReadBalances();
 
     ado::RowWindow lines_, amounts_;
     std::optional<basic::Date> day_;  // of the opening
     double opening_ = 0, net_ = 0;
     Sides sums_;
     std::size_t count_ = 0;
-    // Once somebody looks far down: each line with the balance behind it.
-    std::optional<std::vector<ado::RowKey>> keys_;
-    std::vector<double> balances_;
+    bool awaits_ = false;
+    std::optional<Balances> balances_;
 };
 
 using LedgerSheet = PagedSheet<LedgerLine, LedgerLines>;

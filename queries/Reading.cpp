@@ -71,7 +71,13 @@ std::vector<std::string> Reading::Years() {
     return years;
 }
 
+void Reading::Cancel() {
+    cancelled_ = true;
+    connection_->Cancel();
+}
+
 std::unique_ptr<ado::Recordset> Reading::Select(const std::string& select) {
+    if (cancelled_) throw basic::Error(ado::error::Cancelled, "The question was cancelled.", Source);
     auto rows = std::make_unique<ado::Recordset>();
     rows->Open(select, connection_, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
     return rows;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -54,6 +55,10 @@ class Reading {
         std::optional<ado::Snapshot> snapshot_;  // of the outermost
     };
 
+    // From any thread: what is being asked ends with Cancelled, and so does all that is asked until GoOn.
+    void Cancel();
+    void GoOn() { cancelled_ = false; }
+
     // For queries: the rows of a select in the books' dialect. Any other statement raises BadArgument.
     std::unique_ptr<ado::Recordset> Select(const std::string& select);
     // A table of the year: "tb_Ledger2001".
@@ -64,6 +69,7 @@ class Reading {
     std::string dataPath_, year_;
     ado::ConnectionPtr connection_;
     int depth_ = 0;  // of moments
+    std::atomic<bool> cancelled_{false};
 };
 
 }  // namespace queries

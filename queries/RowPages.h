@@ -83,6 +83,7 @@ class PagedSheet final : public Sheet {
         return page_.at(row - first_);
     }
     Pages& Source() { return pages_; }
+    void Forget() const { page_.clear(); }  // what was fetched: the source can tell more by now
 
   private:
     static constexpr std::size_t PageRows = 128;

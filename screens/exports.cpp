@@ -1,5 +1,6 @@
 // What the class server finds in this library by name (see core/Screens.cpp).
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "core/MsgBox.h"
@@ -58,14 +59,26 @@ extern "C" void qmWriteReports(const char* folder) {
     qm::WriteAllReports(folder);
 }
 
+namespace {
+
+std::unique_ptr<forms::DHTMLEdit> PageView(const char* html, const forms::html::Paper& paper) {
+    forms::EnsureApplication();
+    auto view = std::make_unique<forms::DHTMLEdit>(nullptr);
+    view->SetDocumentHTML(html);
+    view->SetPaper(paper);
+    return view;
+}
+
+}  // namespace
+
 extern "C" void qmWritePage(const char* html, const char* title, const char* source, bool isWide,
                             const char* file) {
     forms::DrawToMemory();
-    forms::EnsureApplication();
-    forms::DHTMLEdit view(nullptr);
-    view.SetDocumentHTML(html);
-    view.SetPaper({.Title = title, .Source = source, .Period = "", .IsWide = isWide});
-    view.WritePdf(file);
+    PageView(html, {.Title = title, .Source = source, .Period = "", .IsWide = isWide})->WritePdf(file);
+}
+
+extern "C" void qmPrintPage(const char* html, const char* title, const char* source, bool isWide) {
+    PageView(html, {.Title = title, .Source = source, .Period = "", .IsWide = isWide})->PrintDocument(true);
 }
 
 // One form's name a line.

@@ -17,6 +17,7 @@
 #include "queries/Movements.h"
 #include "queries/Narrowed.h"
 #include "queries/Orders.h"
+#include "queries/Parties.h"
 #include "queries/Results.h"
 #include "queries/TrialBalance.h"
 #include "queries/Vouchers.h"
@@ -40,7 +41,7 @@ struct ListOptions {
 };
 
 // Filters that a list takes.
-enum Taken : unsigned { Days = 1, Type = 2, Ledger = 4, Text = 8 };
+enum Taken : unsigned { LastDay = 1, FirstDay = 2, Days = 3, Type = 4, Ledger = 8, Text = 16 };
 
 struct ListKind {
     const char *name, *what, *example;
@@ -78,6 +79,11 @@ SheetPtr TrialBalance(queries::Reading& books, const ListOptions& options) {
 
 SheetPtr Results(queries::Reading& books, const ListOptions& options) {
     return queries::ResultsSheet(books, DaysOf(options.filters));
+}
+
+// By the age of what is open on a day.
+SheetPtr Parties(queries::Reading& books, const ListOptions& options) {
+    return WithWords(queries::PartiesSheet(books, DaysOf(options.filters).upto), options);
 }
 
 SheetPtr Items(queries::Reading& books, const ListOptions& options) {
@@ -119,6 +125,8 @@ constexpr ListKind Kinds[] = {
      "qmhost list trial-balance books --upto 30-Jun-2001", Days | Text, TrialBalance},
     {"results", "Trading, profit and loss, and the balance sheet, down to the ledgers",
      "qmhost list results books --xlsx results.xlsx", Days, Results},
+    {"parties", "What debtors owe and suppliers are owed, by the age of what is open",
+     "qmhost list parties books --upto 30-Sep-2001", LastDay | Text, Parties},
     {"items", "The stock of each item: opening, counters, net stock, worth, what to reorder",
      "qmhost list items books --csv", Text, Items},
     {"movements", "Receipts and issues of stock with the balance behind each",
@@ -138,9 +146,13 @@ std::string NameOf(const std::string& folder) {
     return path.filename().string();
 }
 
-constexpr std::size_t MostUpright = 6;  // columns on a sheet that stands upright
+constexpr std::size_t MostUpright = 6;      // columns on a sheet that stands upright
+constexpr std::size_t MostOnPaper = 50000;  // rows: some 2,000 sheets, laid out in memory
 
 void WritePdf(const queries::Sheet& sheet, const ListOptions& options) {
+    if (sheet.Rows() > MostOnPaper)
+        Fail("the list has " + std::to_string(sheet.Rows()) + " rows, and " + std::to_string(MostOnPaper) +
+             " go onto paper: narrow it, or write a spreadsheet");
     basic::NewFile place(options.pdf);
     qm::WritePage(queries::PageOf(sheet), {sheet.Title(), NameOf(options.folder)},
                   sheet.Columns().size() > MostUpright, place.Staging());
@@ -184,9 +196,8 @@ void AddKind(Subcommand& list, const ListKind& kind) {
     if (kind.needs != nullptr) command.Needs("NAME", options->name, kind.needs);
     command.Needs("DIR", options->folder, "Folder of the books, or their server's URI")
         .Takes("--year", options->year, "Another year than the current one, such as 2001");
-    if (kind.takes & Days)
-        command.Takes("--from", filters.from, "From this day on, such as 01-Apr-2001")
-            .Takes("--upto", filters.upto, "Up to this day");
+    if (kind.takes & FirstDay) command.Takes("--from", filters.from, "From this day on, such as 01-Apr-2001");
+    if (kind.takes & LastDay) command.Takes("--upto", filters.upto, "Up to this day, such as 30-Apr-2001");
     if (kind.takes & Type)
         command.Takes("--type", filters.type, "Only this type, by its word or first letter");
     if (kind.takes & Ledger) command.Takes("--ledger", filters.ledger, "Only this ledger, by name or number");

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <iostream>
@@ -12,7 +11,6 @@
 #include "host/commands/OpenBooks.h"
 #include "host/doors/Counted.h"
 #include "host/doors/Posting.h"
-#include "host/doors/StandingVouchers.h"
 
 namespace host {
 namespace {
@@ -38,27 +36,6 @@ class StopSignals {
   private:
     static inline std::atomic<bool> wanted{false};
 };
-
-// Whether the file may be posted although its vouchers, or some of them, stand in the books already.
-bool MayStandTwice(const PostOptions& options, const VoucherFile& file, std::int16_t year) {
-    if (options.again || file.vouchers.empty()) return true;
-    const std::vector<std::int32_t> numbers = StandingVouchers(file, year);
-    const auto standing = static_cast<std::size_t>(
-        std::count_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }));
-    if (standing == 0) return true;
-    const auto first = static_cast<std::size_t>(
-        std::find_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }) -
-        numbers.begin());
-    const bool all = standing == numbers.size();
-    std::cerr << (all ? "qmhost: every voucher of the file stands"
-                      : "qmhost: warning: " + std::to_string(standing) + " of " +
-                            Counted(numbers.size(), "voucher") + " stand")
-              << " in the books already, with the same day, type, ledgers and amounts: voucher "
-              << file.vouchers[first].key << " as number " << numbers[first]
-              << (standing > 1 ? " is the first" : "") << "\n";
-    if (all) std::cerr << "qmhost: nothing was posted; --again posts them a second time\n";
-    return !all;
-}
 
 void TellPosted(const PostingResult& result, const std::string& size) {
     if (!result.failure) {
@@ -95,7 +72,7 @@ int Post(const PostOptions& options) {
     const std::int16_t year = YearToWriteInto(options.year);
     const VoucherFile file = Checked(options, books.Host(), year);
     if (!file.faults.empty()) return TellFaults(options.file, file.faults, "posted");
-    if (!MayStandTwice(options, file, year)) return ExitFailed;
+    if (!MayStandTwice(file, year, options.again)) return ExitFailed;
     const std::string size =
         Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");
     if (options.dryRun) {

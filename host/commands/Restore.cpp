@@ -12,6 +12,7 @@
 #include "host/make/BooksFolder.h"
 #include "host/make/Fail.h"
 #include "host/make/PassingFolder.h"
+#include "platform/ado/Maintenance.h"
 #include "platform/ado/store/ServerAddress.h"
 #include "platform/ado/store/SoleUse.h"
 #include "platform/basic/Files.h"
@@ -55,6 +56,28 @@ void RefuseUnlessWhole(const std::string& file, const fs::path& copy) {
         if (!entry.path().filename().string().starts_with(BooksFile)) fs::remove(entry.path());
 }
 
+// The backup, or the books of a server as of one moment, as a file of their own.
+void CopyWhole(const std::string& from, const fs::path& copy) {
+    if (ado::IsServerAddress(from)) {
+        const ado::ConnectionPtr books = OpenCopy(from.ends_with("/") ? from : from + "/");
+        ado::CopyBooks(*books, copy);
+        books->Close();
+    } else {
+        CopyBackup(from, copy);
+    }
+    RefuseUnlessWhole(from, copy);
+}
+
+std::vector<fs::path> RestoreOnServer(const std::string& file, const std::string& server) {
+    const PassingFolder folder;
+    const fs::path copy = folder.Path() / BooksFile;
+    CopyWhole(file, copy);
+    const ado::ConnectionPtr books = OpenCopy(copy);
+    const std::string aside = ado::ReplaceBooks(*books, server);
+    books->Close();
+    return aside.empty() ? std::vector<fs::path>{} : std::vector<fs::path>{aside};
+}
+
 // The folder in which the books really stand: a link in their place is not to be replaced.
 fs::path RealFolder(const fs::path& folder) {
     std::error_code none;
@@ -68,7 +91,8 @@ fs::path RealFolder(const fs::path& folder) {
 
 int Restore(const std::string& file, const std::string& folder) {
     const std::vector<fs::path> setAside = RestoreBooks(file, folder);
-    std::cout << (fs::path(folder) / BooksFile).string() << ": restored from " << file << "\n";
+    std::cout << (ado::IsServerAddress(folder) ? folder : (fs::path(folder) / BooksFile).string())
+              << ": restored from " << file << "\n";
     for (const fs::path& aside : setAside) std::cout << "set aside: " << aside.string() << "\n";
     return ExitOk;
 }
@@ -76,13 +100,10 @@ int Restore(const std::string& file, const std::string& folder) {
 }  // namespace
 
 std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& folder) {
-    if (ado::IsServerAddress(folder))
-        Fail("books on a server are never replaced: copy the backup into a new database (qmhost copy " +
-             file + " URI)");
+    if (ado::IsServerAddress(folder)) return RestoreOnServer(file, folder);
     BooksFolder place(RealFolder(folder), BooksFile, BooksFolder::Taken::SetAside);
     const fs::path copy = place.Staging() / BooksFile, target = RealFolder(folder) / BooksFile;
-    CopyBackup(file, copy);
-    RefuseUnlessWhole(file, copy);
+    CopyWhole(file, copy);
     std::optional<ado::SoleUse> alone;
     if (fs::is_regular_file(target) && !alone.emplace(target).Held())
         Fail("a program has " + target.string() + " open: close it first; nothing was changed");
@@ -95,8 +116,7 @@ std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& f
 std::vector<ado::TableSums> VerifyBackup(const std::string& file) {
     const PassingFolder passing;
     const fs::path copy = passing.Path() / BooksFile;
-    CopyBackup(file, copy);
-    RefuseUnlessWhole(file, copy);
+    CopyWhole(file, copy);
     const ado::ConnectionPtr books = OpenCopy(copy);
     std::vector<ado::TableSums> sums = ado::SumTables(*books);
     books->Close();
@@ -109,13 +129,15 @@ void AddRestore(CommandLine& line) {
     };
     const auto options = std::make_shared<Options>();
     line.Add("restore", "Put a backup in the place of the books")
-        .Needs("FILE", options->file, "The backup; it is only read")
-        .Needs("DIR", options->folder, "Folder of the books, made where it is missing")
+        .Needs("FILE", options->file, "The backup, or the URI of books on a server; it is only read")
+        .Needs("DIR", options->folder, "Folder of the books, made where it is missing, or their server's URI")
         .Footer(
             "The backup is checked first. The books that stand there are set aside under a name with the "
             "date, "
             "with\n"
-            "the log of a crash if there is one: nothing is lost. No program may have them open.\n"
+            "the log of a crash if there is one: nothing is lost. No program may have them open. On a server "
+            "their\n"
+            "database gets the dated name.\n"
             "Example: qmhost restore books-2025-04-01.mdb books")
         .Does([options] { return Restore(options->file, options->folder); });
 }

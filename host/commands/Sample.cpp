@@ -85,7 +85,7 @@ void PostSampleVouchers(qm::clQm& books, int year) {
 
 void FillWithSample(const std::filesystem::path& folder, int year) {
     qm::clQm books;
-    books.dataPath(folder.string() + "/");
+    books.dataPath(folder.string() + (folder.has_filename() ? "/" : ""));
     books.StartDataConn();
     qm::Conn().BeginTrans();
     const auto ledgers = ParseCsv(Embedded("sample/ledgers.csv"));

@@ -20,9 +20,9 @@ int Run(int argc, char** argv) {
         "Without a command it opens the desk on the user's own books.\n"
         "Exit codes: 0 done, 1 failed or found something, 2 the command line does not read.");
     for (const auto add : {host::AddDesk, host::AddMenu, host::AddOpen, host::AddPictures, host::AddReports,
-                           host::AddCreate, host::AddPost, host::AddImport, host::AddLists, host::AddLedgers,
-                           host::AddYears, host::AddYearSwitch, host::AddAddYear, host::AddCheck,
-                           host::AddCopy, host::AddBackup, host::AddRestore})
+                           host::AddCreate, host::AddPost, host::AddImport, host::AddExport, host::AddLists,
+                           host::AddLedgers, host::AddYears, host::AddYearSwitch, host::AddAddYear,
+                           host::AddCheck, host::AddCopy, host::AddBackup, host::AddRestore, host::AddRenew})
         add(line);
     const host::Command chosen = line.Read(argc, argv);
     return chosen ? chosen() : host::ShowDesk();

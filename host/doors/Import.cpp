@@ -10,7 +10,6 @@
 #include "host/doors/OpeningImport.h"
 #include "host/doors/QuietBoxes.h"
 #include "host/make/Fail.h"
-#include "platform/basic/Error.h"
 
 namespace host {
 namespace {
@@ -66,16 +65,24 @@ ImportFile CheckImport(const std::string& kind, const std::filesystem::path& fil
     return checked;
 }
 
+void RequireYear(const std::string& checkedFor) {
+    qm::LoadCurrentYear();
+    if (qm::shared().FinYear != checkedFor)
+        Fail("the file was checked for " + checkedFor + ", and another program has made " +
+             qm::shared().FinYear + " the current year");
+}
+
+Fault NotWritten(int line, const basic::Error& error) {
+    return {line, "", "could not be written (" + error.Description + "); nothing of the file was written"};
+}
+
 std::optional<Fault> WriteImport(const ImportFile& file, const CheckProgress& progress) {
     const QuietBoxes boxes;
     int line = 1;
     std::size_t done = 0;
     try {
         AllOrNothing([&] {
-            qm::LoadCurrentYear();
-            if (qm::shared().FinYear != file.year)
-                Fail("the file was checked for " + file.year + ", and another program has made " +
-                     qm::shared().FinYear + " the current year");
+            RequireYear(file.year);
             for (const ImportRow& row : file.rows) {
                 line = row.line;
                 row.write();
@@ -84,8 +91,7 @@ std::optional<Fault> WriteImport(const ImportFile& file, const CheckProgress& pr
             return true;
         });
     } catch (const basic::Error& error) {
-        return Fault{line, "",
-                     "could not be written (" + error.Description + "); nothing of the file was written"};
+        return NotWritten(line, error);
     }
     return {};
 }

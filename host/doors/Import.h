@@ -9,6 +9,7 @@
 #include "core/clQm.h"
 #include "host/doors/CsvTable.h"
 #include "host/doors/Faults.h"
+#include "platform/basic/Error.h"
 
 namespace host {
 
@@ -37,6 +38,11 @@ ImportFile CheckImport(const std::string& kind, const std::filesystem::path& fil
 
 // The names of a kind's columns, those that are needed first marked by "*".
 std::string ImportColumns(const std::string& kind);
+
+// Reads the current year again and raises where it is no longer the one that a file was checked for.
+void RequireYear(const std::string& checkedFor);
+// The fault of a row that could not be written.
+Fault NotWritten(int line, const basic::Error& error);
 
 // Writes all rows in one transaction, while nobody else can write. Where one fails, where the current year is
 // no longer the file's, or where the disk fails, nothing is written but the error log, and the fault says

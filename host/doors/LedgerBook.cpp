@@ -19,6 +19,12 @@ LedgerBook::LedgerBook(qm::clQm& books) {
     rows->Close();
 }
 
+void LedgerBook::Expect(const std::string& name) {
+    const int id = -static_cast<int>(++expected_);
+    byId_.emplace(id, Entry{0, name});
+    byFoldedName_.emplace(basic::FoldCase(name), id);
+}
+
 const LedgerBook::Entry* LedgerBook::Find(const std::string& cell, std::string& reason) const {
     const std::string text = basic::Trim(cell);
     const auto [from, to] = byFoldedName_.equal_range(basic::FoldCase(text));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -21,8 +22,12 @@ class LedgerBook {
     // two.
     const Entry* Find(const std::string& cell, std::string& reason) const;
 
+    // Makes a name known that the books do not hold yet; its number is 0.
+    void Expect(const std::string& name);
+
   private:
-    std::map<std::int32_t, Entry> byId_;
+    std::map<std::int32_t, Entry> byId_;  // those that are expected below 0
+    std::size_t expected_ = 0;
     std::multimap<std::string, std::int32_t> byFoldedName_;
 };
 

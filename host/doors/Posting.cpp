@@ -1,5 +1,6 @@
 #include "host/doors/Posting.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/DBCode.h"
@@ -55,7 +56,7 @@ class Poster {
     bool Draw(const FileVoucher& voucher) {
         const std::string refused = "voucher " + voucher.key + " could not be posted (";
         try {
-            number_ = books_.GetNextTrnID();
+            number_ = std::max(books_.GetNextTrnID(), voucher.wanted);
         } catch (const basic::Error& error) {
             Stop(voucher.rows.front(), "voucher", refused + error.Description + ")");
             return false;

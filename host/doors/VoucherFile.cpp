@@ -33,8 +33,8 @@ std::string Rupees(std::int64_t paise) {
 
 class Checker {
   public:
-    Checker(qm::clQm& books, std::int16_t year, DateOrder order)
-        : books_(books), ledgers_(books), year_(year), order_(order) {}
+    Checker(qm::clQm& books, const LedgerBook& ledgers, std::int16_t year, DateOrder order)
+        : books_(books), ledgers_(ledgers), year_(year), order_(order) {}
 
     bool Header(const CsvRow& row) {
         for (std::size_t i = 0; i < Columns.size(); ++i) {
@@ -127,7 +127,7 @@ class Checker {
 
     FileVoucher& VoucherOf(const std::string& key) {
         const auto [place, isNew] = places_.try_emplace(key, file_.vouchers.size());
-        if (isNew) file_.vouchers.push_back({key, {}});
+        if (isNew) file_.vouchers.push_back({key, {}, 0});
         return file_.vouchers[place->second];
     }
 
@@ -165,7 +165,7 @@ class Checker {
     }
 
     qm::clQm& books_;
-    LedgerBook ledgers_;
+    const LedgerBook& ledgers_;
     std::int16_t year_;
     DateOrder order_;
     VoucherFile file_;
@@ -183,7 +183,12 @@ std::size_t VoucherFile::RowCount() const {
 
 VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
                           DateOrder order, const CheckProgress& progress) {
-    Checker checker(books, year, order);
+    return CheckVouchers(rows, books, LedgerBook(books), year, order, progress);
+}
+
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, const LedgerBook& ledgers,
+                          std::int16_t year, DateOrder order, const CheckProgress& progress) {
+    Checker checker(books, ledgers, year, order);
     if (rows.empty()) {
         checker.Blame({1, {}}, Columns[Voucher], "the file is empty");
         return checker.Finish();

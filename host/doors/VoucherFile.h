@@ -8,6 +8,7 @@
 #include "core/clQm.h"
 #include "host/doors/CsvTable.h"
 #include "host/doors/Faults.h"
+#include "host/doors/LedgerBook.h"
 #include "host/doors/VoucherCells.h"
 #include "host/make/CsvFile.h"
 
@@ -27,6 +28,7 @@ struct VoucherRow {
 struct FileVoucher {
     std::string key;  // the file's own number of the voucher
     std::vector<VoucherRow> rows;
+    std::int32_t wanted = 0;  // the number that it takes where none as high stands; 0 for the next
 };
 
 // A file of vouchers with the columns voucher, date, type, side, ledger, amount, narration, checked as a
@@ -42,6 +44,10 @@ struct VoucherFile {
 VoucherFile CheckVouchers(
     const std::vector<CsvRow>& rows, qm::clQm& books, std::int16_t year,
     DateOrder order = DateOrder::DayFirst, const CheckProgress& progress = [](std::size_t, std::size_t) {});
+
+// The same against the ledgers given, some of which may be expected only.
+VoucherFile CheckVouchers(const std::vector<CsvRow>& rows, qm::clQm& books, const LedgerBook& ledgers,
+                          std::int16_t year, DateOrder order, const CheckProgress& progress);
 
 // The same of a file. What is no comma-separated text at all is one fault, at the line where it shows.
 VoucherFile ReadVoucherFile(const std::filesystem::path& file, qm::clQm& books, std::int16_t year,

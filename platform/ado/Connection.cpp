@@ -96,6 +96,10 @@ bool Connection::ChangedByOthers() {
     return Opened()->engine().ChangedByOthers();
 }
 
+void Connection::Cancel() {
+    Opened()->engine().Cancel();
+}
+
 const std::shared_ptr<Session>& Connection::Opened() {
     if (!session_)
         throw basic::Error(error::ObjectClosed, "Operation is not allowed when the object is closed.",

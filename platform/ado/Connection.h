@@ -72,6 +72,10 @@ class Connection {
     // Whether another program has written since Open, or since this was last asked. Raises ObjectClosed.
     bool ChangedByOthers();
 
+    // From any thread, while the connection is open: the statement that it runs raises Cancelled; where none
+    // runs, nothing. The only call that may come from elsewhere.
+    void Cancel();
+
     const std::shared_ptr<Session>& Opened();  // for this layer: the open store; raises ObjectClosed
 
   private:

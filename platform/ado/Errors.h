@@ -24,6 +24,7 @@ inline constexpr std::int32_t Damaged = -2147467256;   // a page of the file doe
 inline constexpr std::int32_t DiskFull = -2147467255;  // no room for the change
 inline constexpr std::int32_t ReadOnly = -2147467254;  // the file or its folder cannot be written
 inline constexpr std::int32_t ConnectionLost = -2147467253;  // the server went away
+inline constexpr std::int32_t Cancelled = -2147217842;       // Connection::Cancel stopped the statement
 inline constexpr std::int32_t Unspecified = -2147467259;     // whatever else the library reports
 inline constexpr std::int32_t NoTransaction = -2147168242;  // CommitTrans or RollbackTrans without BeginTrans
 }  // namespace ado::error

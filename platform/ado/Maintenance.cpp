@@ -36,6 +36,16 @@ void RemoveCopy(const std::string& file) {
         std::filesystem::remove(file + suffix, ignored);
 }
 
+// Gives the name of books that were set aside.
+std::string CopyInto(Connection& connection, std::unique_ptr<NewStore> made) {
+    Engine& from = connection.Opened()->engine();
+    std::optional<Snapshot> moment;
+    if (!from.InTransaction()) moment.emplace(connection);
+    CopyStore(from, *made);
+    made->Finish();
+    return made->SetAside();
+}
+
 }  // namespace
 
 std::vector<std::string> CheckIntegrity(Connection& connection) {
@@ -97,14 +107,13 @@ void BackUp(Connection& connection, const std::string& file) {
 }
 
 void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles) {
-    const std::unique_ptr<NewStore> made =
-        IsServerAddress(target) ? NewOnServer(target, roles == CopyRoles::Make)
-                                : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password"));
-    Engine& from = connection.Opened()->engine();
-    std::optional<Snapshot> moment;
-    if (!from.InTransaction()) moment.emplace(connection);
-    CopyStore(from, *made);
-    made->Finish();
+    CopyInto(connection, IsServerAddress(target)
+                             ? NewOnServer(target, roles == CopyRoles::Make)
+                             : NewFile(target, connection.Properties.Get("Jet OLEDB:Database Password")));
+}
+
+std::string ReplaceBooks(Connection& connection, const std::string& server) {
+    return CopyInto(connection, NewOnServer(server, false, Standing::SetAside));
 }
 
 std::vector<TableSums> SumTables(Connection& connection) {

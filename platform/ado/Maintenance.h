@@ -53,6 +53,11 @@ enum class CopyRoles { None, Make };
 // already, and what reading and writing raises.
 void CopyBooks(Connection& connection, const std::string& target, CopyRoles roles = CopyRoles::None);
 
+// The same onto a server, in the place of books that may stand there: their database gets a dated name, which
+// is given; "" where none stood. They are left as they are where it fails. Raises Locked where a program has
+// them open.
+std::string ReplaceBooks(Connection& connection, const std::string& server);
+
 struct TableSums {
     std::string name;
     std::int64_t rows = 0;

@@ -23,6 +23,7 @@ namespace {
 
 NewFile::NewFile(fs::path file) : file_(std::move(file)) {
     if (fs::is_directory(file_)) FailToWrite(file_.string(), EISDIR);
+    if (fs::exists(file_) && !fs::is_regular_file(file_)) FailToWrite(file_.string(), ENOTSUP);
     std::string folder = (fs::absolute(file_).parent_path() / ".new-file-XXXXXX").string();
     if (mkdtemp(folder.data()) == nullptr) FailToWrite(file_.string(), errno);
     staging_ = fs::path(folder) / file_.filename();

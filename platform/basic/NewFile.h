@@ -11,7 +11,8 @@ namespace basic {
 // its name only when it is whole: until then, and where anything fails, what bore the name stands unchanged.
 class NewFile {
   public:
-    // Raises 5 with the system's reason where the file's folder is missing or cannot be written.
+    // Raises 5 with the system's reason where the file's folder is missing or cannot be written, and where a
+    // device or a pipe bears the name.
     explicit NewFile(std::filesystem::path file);
     ~NewFile();  // takes away what was not published
     NewFile(const NewFile&) = delete;

@@ -50,7 +50,8 @@ std::optional<double> FigureOf(Kind kind, const basic::Value& value) {
     if (value.IsNull()) return {};
     const double number = basic::ToDouble(value);
     if (!std::isfinite(number)) return {};
-    return kind == Kind::Amount ? basic::RoundHalfUp(number, 2) : number;
+    const double shown = kind == Kind::Amount ? basic::RoundHalfUp(number, 2) : number;
+    return shown == 0 ? 0 : shown;  // nought has no sign
 }
 
 std::optional<basic::Date> CalendarDate(const basic::Value& value) {

@@ -18,6 +18,7 @@ namespace {
 // What a box told is on the disk when it stands: the log is counted on its way there. A reader who holds an
 // older moment keeps a checkpoint from writing it.
 TEST(MsgBox, StandsWhenWhatItTellsIsOnTheDisk) {
+    QM_FILE_ONLY("its disk is watched");
     int logSyncs = 0;
     bool diskFails = false;
     test::WatchDisk([&](const std::string&, const std::string& file) {

@@ -97,6 +97,7 @@ TEST_F(ClassObject, ARefusedPostingIsFalseAfterItsBox) {
 
 // A host that nobody watches is told of a log set aside on its error stream: nothing waits, no error stands.
 TEST_F(ClassObject, ANoticeOfTheOpeningDisturbsNoCall) {
+    QM_FILE_ONLY("its log");
     const std::string file = books.DataPath() + qm::BooksFile, copy = file + ".copy";
     host = LateBound(nullptr);
     std::filesystem::copy_file(file, copy);

@@ -2,9 +2,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QSettings>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 #include <string>
 
@@ -80,6 +82,20 @@ class DeskTest : public testing::Test {
     std::string Title() const { return desk->Shown() ? desk->Shown()->Title().toStdString() : "none"; }
     std::string Told() const {
         return desk->Notice().isVisible() ? desk->Notice().Text().toStdString() : "nothing";
+    }
+    // The title of the toolkit's own dialog that the key brings; it is dismissed at once.
+    std::string DialogOf(int key, Qt::KeyboardModifiers modifiers) {
+        std::string title = "none";
+        QTimer user;
+        QObject::connect(&user, &QTimer::timeout, [&] {
+            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                if (title == "none") title = dialog->windowTitle().toStdString();
+                dialog->reject();
+            }
+        });
+        user.start(50);
+        Key(key, modifiers);
+        return title;
     }
     template <class W>
     W& Child(const char* name) {

@@ -31,4 +31,37 @@ TEST_F(LedgersPageTest, LeadsFromAFigureToItsVoucherAndBackToTheSameRows) {
     EXPECT_EQ(desk->focusWidget(), &Sheet().View());
 }
 
+// The balances of a long statement are read beside the window: its end is empty until they are there.
+TEST_F(LedgersPageTest, ALongStatementHasItsBalancesSoonAndKeepsItsRowWhenAnotherLineComes) {
+    FillWithSample();
+    books.OpenHost();
+    for (int i = 0; i < 8; ++i)
+        test::FreshBooks::Run(
+            "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
+            "LedgerDrAmt, "
+            "LedgerCrAmt, LedgerNarration) Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, "
+            "LedgerName, "
+            "LedgerDrAmt, LedgerCrAmt, LedgerNarration From tb_Ledger2001 Where LedgerName = 'Model School "
+            "Stores'");
+    Start();
+    Key(Qt::Key_2, Qt::AltModifier);
+    WaitForTotals("rows");
+    Type("model");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_End, Qt::ControlModifier);
+    const std::string closing = Sheet().TotalsText().section(' ', -1).toStdString();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return CurrentLine().ends_with("|" + closing); })) << CurrentLine();
+    const std::string last = CurrentLine();
+    const std::size_t row = *Sheet().Current();
+    test::FreshBooks::Run(
+        "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
+        "LedgerDrAmt, "
+        "LedgerCrAmt) Select 900, 36981, 'Journal', LedgerCode, LedgerName, 0, 1 From tb_Ledger2001 Where "
+        "LedgerTrnNo = "
+        "4 And LedgerName = 'Model School Stores' And LedgerDrAmt > 0");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return *Sheet().Current() > row; }));
+    EXPECT_EQ(CurrentLine().substr(0, 30), last.substr(0, 30));
+    EXPECT_NE(CurrentLine(), last);  // one more in credit, each
+}
+
 }  // namespace

@@ -42,7 +42,8 @@ TEST_F(OverviewPageTest, EachFigureOpensWhatItIsMadeOfAndBackIsTheSameFigure) {
          "2 lines, Debit 0.00, Credit 56,750.00", 1, 0},
         {"Receipts and payments", "May 2001, Payments: 4,500.00", "Vouchers", "2 lines, Debit 4,500.00", 1,
          1},
-        {"Owed and owing by age", "?", "Parties: Over 90", "?", 3, 0},
+        {"Owed and owing by age", "Over 90, Owed to us: 42,152.00", "Parties: Over 90", "Over 90 42,152.00",
+         3, 0},
     };
     for (const auto& figure : figures) {
         SCOPED_TRACE(figure.Chart);

@@ -98,6 +98,23 @@ TEST_F(VouchersPageTest, AHeadSortsAndWhatIsCopiedIsWhatIsShown) {
     EXPECT_EQ(text.section('\n', 1, 1).section('\t', 0, 0).toStdString(), "95000.00");
 }
 
+TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
+    StartOnVouchers();
+    EXPECT_EQ(DialogOf(Qt::Key_P, Qt::ControlModifier), "Print");
+    EXPECT_EQ(DialogOf(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier), "Print");
+    EXPECT_EQ(Told(), "nothing");
+    const auto written = [this](desk::SheetFile kind, const char* name) {
+        const std::filesystem::path file = settings / name;
+        Sheet().Save(kind, QString::fromStdString(file.string()));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Told() == "Written: " + file.string(); })) << Told();
+        return test::Bytes(file);
+    };
+    EXPECT_THAT(written(desk::SheetFile::Csv, "a.csv"),
+                testing::StartsWith("date,voucher,type,ledger,debit,credit,narration\r\n2001-04-02,1,"));
+    EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
+    EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
+}
+
 TEST_F(VouchersPageTest, ACopyStandsAsANewVoucherAndPostsNothingBeforeSave) {
     StartOnVouchers();
     const auto lines = [] { return test::FreshBooks::One("Select Sum(1) From tb_Ledger2001"); };

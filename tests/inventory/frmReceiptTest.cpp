@@ -64,11 +64,17 @@ class ReceiptTest : public ReceiptScreensTest {
     }
     // A save while another program holds the books: for a moment, with a voucher that bears the number.
     void SaveBesideAnotherProgram(const std::string& number) {
-        const std::string command =
-            "printf '%s\\n' \"PRAGMA key = '" + std::string(host::BooksPassword) +
-            "';\" 'BEGIN IMMEDIATE;' 'INSERT INTO tb_Ledger2001 (LedgerTrnNo) VALUES (" + number +
-            ");' '.system echo held; sleep 0.3' 'COMMIT;' | sqlcipher -batch " + books.DataPath() +
-            host::BooksFile;
+        const std::string begin = test::OnServer() ? "BEGIN; SELECT pg_advisory_xact_lock(29037)"
+                                                   : "PRAGMA key = '" + std::string(host::BooksPassword) +
+                                                         "'; BEGIN IMMEDIATE",
+                          hold =
+                              test::OnServer() ? "\\! echo held; sleep 0.3" : ".system echo held; sleep 0.3",
+                          shell = test::OnServer()
+                                      ? "psql -q " + books.DataPath().erase(books.DataPath().size() - 1)
+                                      : "sqlcipher -batch " + books.DataPath() + host::BooksFile,
+                          command = "printf '%s\\n' \"" + begin +
+                                    ";\" 'INSERT INTO \"tb_Ledger2001\" (\"LedgerTrnNo\") VALUES (" + number +
+                                    ");' '" + hold + "' 'COMMIT;' | " + shell;
         FILE* const other = popen(command.c_str(), "r");
         char line[256];
         while (fgets(line, sizeof line, other) && !std::strstr(line, "held")) {

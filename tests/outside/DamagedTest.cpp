@@ -31,6 +31,7 @@ PostedRows Rows(const PostedBooks& books, std::initializer_list<int> vouchers) {
 
 // A page that holds the rest of a table's definition is read when the books open.
 TEST(Damaged, APageThatTellsOfTheTablesIsNamedAsThat) {
+    QM_FILE_ONLY("its pages");
     const PostedBooks books;
     const std::string whole = Bytes(books.File());
     std::string told;
@@ -49,6 +50,7 @@ TEST(Damaged, APageThatTellsOfTheTablesIsNamedAsThat) {
 
 // A limit on file sizes stands for the disk that is full from here on, in the middle of voucher 3.
 TEST(Damaged, AFullDiskFailsThePostingAndLeavesTheBooksAsBefore) {
+    QM_FILE_ONLY("the limit is one of files");
     PostedBooks books;
     EXPECT_EQ(InChild([&] {
                   std::signal(SIGXFSZ, SIG_IGN);

@@ -51,7 +51,7 @@ const std::vector<Layer>& Layers() {
         {"queries", {"platform/basic", "platform/ado", "core"}},
         {"host/make", {"platform/basic", "core/DBCode.h"}},
         {"host/audit", {"platform/basic", "platform/ado", "core", "host/make"}},
-        {"host/doors", {"platform/basic", "platform/ado", "core", "host/make"}},
+        {"host/doors", {"platform/basic", "platform/ado", "core", "queries", "host/make"}},
         {"host", {"platform/basic", "platform/ado", "platform/com", "core", "queries"}},
         {"desk",
          {"platform/basic", "core", "queries", "host/audit", "host/commands", "host/doors", "host/make"}},

@@ -12,7 +12,7 @@ TEST(LedgerLines, BalancesRunOnBeyondTheHead) {
     qm::Conn().BeginTrans();
     for (int row = 0; row < 1200; ++row) books.Post(row, cash, 37100 - row % 100, row % 2 == 0 ? 2 : -1);
     qm::Conn().CommitTrans();
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     queries::LedgerLines head(reading, cash), deep(reading, cash);
     EXPECT_EQ(head.Count(), 1201u);
     EXPECT_EQ(deep.Page(1200, 9).front().balance, 599.5);

@@ -1,6 +1,10 @@
+#include <atomic>
+#include <thread>
+
 #include <gmock/gmock.h>
 
 #include "platform/ado/Errors.h"
+#include "queries/LedgerSums.h"
 #include "queries/Ledgers.h"
 #include "tests/queries/QueryBooks.h"
 
@@ -22,7 +26,7 @@ TEST(Ledgers, RowsAndRunningTotalsAreKeptApart) {
         "= " +
         std::to_string(cash));
     books.Run("Update Ledger_Master Set Deleted = True Where Ledger_ID = " + std::to_string(owner));
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const auto sheet = queries::LedgersSheet(reading);
     EXPECT_EQ(sheet->Title(), "Ledgers, 2001-2002");
     EXPECT_THAT(test::LinesOf(*sheet), ElementsAre("Cash|Cash In Hand|10|0.3|0|10.3|7|0|8|False",
@@ -34,7 +38,7 @@ TEST(Ledgers, RowsAndRunningTotalsAreKeptApart) {
 TEST(Reading, OneMomentHoldsThoughOthersWrite) {
     test::QueryBooks books;
     const int cash = books.AddLedger("Cash", "Cash In Hand");
-    const std::string place = books.Place();
+    const std::string place = books.DataPath();
     queries::Reading reading(place), later(place);
     ado::Connection writer;
     writer.Properties("Data Source") = place + "QmAccount.mdb";
@@ -55,10 +59,34 @@ TEST(Reading, OneMomentHoldsThoughOthersWrite) {
     EXPECT_EQ(queries::Ledgers(reading).front().debit, 5);
 }
 
+// From another thread while a long question runs; the next one is answered.
+TEST(Reading, ALongQuestionIsCancelled) {
+    test::QueryBooks books;
+    qm::Conn().BeginTrans();
+    for (int row = 0; row < 600; ++row) books.Post(row, 1, 36980, 1);
+    qm::Conn().CommitTrans();
+    queries::Reading reading(books.DataPath());
+    const std::string endless =
+        "Select Sum(a.LedgerDrAmt) As Total From tb_Ledger2001 As a, tb_Ledger2001 As b, tb_Ledger2001 As c";
+    std::atomic<bool> ended{false};
+    std::thread other([&] {
+        while (!ended) reading.Cancel();
+    });
+    EXPECT_EQ(test::ErrorOf([&] { reading.Connection()->Execute(endless); }), ado::error::Cancelled);
+    ended = true;
+    other.join();
+    // What a server was told last may come late.
+    test::ErrorOf(
+        [&] { reading.Connection()->Execute("Select Max(LedgerCode) As High From tb_Ledger2001"); });
+    EXPECT_EQ(test::ErrorOf([&] { queries::Ledgers(reading); }), ado::error::Cancelled);
+    reading.GoOn();
+    EXPECT_EQ(queries::SumsByLedger(reading)[1].debit, 600);
+}
+
 TEST(Reading, KnowsItsYearAndRefusesAnother) {
     test::QueryBooks books;
     books.Run("Insert Into Fnncl_Yr_Mstr (Fnncl_Yr, Crrnt_Yr_Flg) Values ('2002-2003', False)");
-    const std::string place = books.Place();
+    const std::string place = books.DataPath();
     queries::Reading now(place), next(place, "2002");
     EXPECT_EQ(now.LongYear(), "2001-2002");
     EXPECT_EQ(queries::DayOf(next.FirstDay()), 37345);

@@ -22,7 +22,7 @@ TEST(Months, SumWhatWasTradedAndMoved) {
     books.Post(4, web, 37010, 0.1, "Payment"), books.Post(4, bank, 37010, -0.1, "Payment");
     books.Post(5, goods, 37011, 12, "Payment"), books.Post(5, cash, 37011, -12, "Payment");
     books.Post(6, bank, 37041, 20, "Contra"), books.Post(6, cash, 37041, -20, "Contra");
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const queries::Range spring{.from = basic::MakeDate(2001, 4, 2), .upto = basic::MakeDate(2001, 6, 1)};
     EXPECT_THAT(test::LinesOf(*queries::MonthsSheet(reading, spring)),
                 ElementsAre("02/04/2001|30/04/2001|30.1|0|30.1|0", "01/05/2001|31/05/2001|-0.1|12|0|12.1",

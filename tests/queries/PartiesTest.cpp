@@ -25,7 +25,7 @@ TEST(Parties, OweTheirNewestRows) {
     books.Post(3, early, 37080, 25);      // they have paid 15 too much
     books.Post(4, depot, 36990, -5), books.Post(4, depot, 37039, -2), books.Post(5, depot, 37099, 8);
     books.Post(6, even, 37000, 0.3), books.Post(6, even, 37001, -0.1), books.Post(6, even, 37002, -0.2);
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     EXPECT_THAT(test::LinesOf(*queries::PartiesSheet(reading, queries::DateOf(day))),
                 ElementsAre("Depot|Suppliers|-9|-|-|-2|-7", "Early|debtors|-15|-|-|-|-15",
                             "Model|Debtors|87|40.1|30|16.9|-"));

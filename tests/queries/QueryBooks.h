@@ -1,42 +1,18 @@
 #pragma once
 
-#include <cstdlib>
 #include <string>
 
-#include <unistd.h>
-
 #include "core/modGeneral.h"
-#include "platform/ado/Maintenance.h"
-#include "platform/ado/store/Flight.h"
-#include "platform/ado/store/ServerAddress.h"
 #include "platform/basic/Number.h"
 #include "queries/Reading.h"
 #include "queries/Sheet.h"
 #include "tests/support/FreshBooks.h"
-#include "tests/support/Server.h"
 
 namespace test {
 
-// Fresh books of 2001 on which queries are asked; a run with QM_TEST_STORE=server asks a copy of them there.
+// Fresh books of 2001 on which queries are asked.
 class QueryBooks : public FreshBooks {
   public:
-    ~QueryBooks() {
-        if (database_.empty()) return;
-        ado::Flight flight;
-        flight.Connect(ado::ReadServerAddress(ServerUri() + "postgres/"));
-        flight.Script("DROP DATABASE " + database_ + " WITH (FORCE)");
-    }
-
-    // Where the books as they stand now are read.
-    std::string Place() {
-        const char* const store = std::getenv("QM_TEST_STORE");
-        if (store == nullptr || std::string(store) != "server") return DataPath();
-        static int made = 0;
-        database_ = "queries_" + std::to_string(getpid()) + "_" + std::to_string(++made);
-        ado::CopyBooks(qm::Conn(), ServerUri() + database_ + "/");
-        return ServerUri() + database_ + "/";
-    }
-
     // A row of a voucher: debit positive.
     static void Post(int voucher, int ledger, int day, double amount, const std::string& type = "Journal",
                      const std::string& narration = "") {
@@ -49,9 +25,6 @@ class QueryBooks : public FreshBooks {
             "', " + std::to_string(day) + ", '" + type + "', '" + narration + "', " +
             basic::NumberText(amount > 0 ? amount : -amount) + ", 0)");
     }
-
-  private:
-    std::string database_;
 };
 
 // A sheet as lines, cells joined by "|", two blanks for each level; Null reads "-".

@@ -23,7 +23,7 @@ TEST(Results, OfALaterRangeHoldWhatWasPostedWithinIt) {
         books.Post(2, cash, day, sale), books.Post(2, sold, day, -sale);
     }
     books.Post(3, owner, 37021, 5), books.Post(3, cash, 37021, -5);
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const queries::Range may{.from = basic::MakeDate(2001, 5, 1), .upto = basic::MakeDate(2001, 5, 31)};
     const auto sheet = queries::ResultsSheet(reading, may);
     EXPECT_EQ(sheet->Title(), "Final results, 01-May-2001 to 31-May-2001");
@@ -52,7 +52,7 @@ TEST(Results, WithoutTradingOnlyTheBalanceSheetIsGiven) {
     books.AddLedger("Bank", "Bank", 12.5);
     const int lost = books.AddLedger("Lost", "Capital", 4);
     books.Run("Update Ledger_Master Set PrimaryGrp = 'Nowhere' Where Ledger_ID = " + std::to_string(lost));
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     EXPECT_THAT(test::LinesOf(*queries::ResultsSheet(reading)),
                 ElementsAre("Balance Sheet|-|-", "  Bank|12.5|-", "    Bank|12.5|-",
                             "  Difference In Opening|-|12.5", "  Total|12.5|12.5"));

@@ -18,7 +18,7 @@ TEST(Search, FindsNumbersNamesAndNarrations) {
     for (const int ledger : {rent, cash}) books.Post(14, ledger, 36990, 1, "Payment", "The rent of April");
     for (const int ledger : {rent, cash})
         books.Post(15, ledger, 37020, 1, "Payment", "Rent of May, as of 14");
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const struct {
         const char* text;
         std::vector<std::string> hits;

@@ -60,7 +60,7 @@ class StockQueries : public Test {
 };
 
 TEST_F(StockQueries, TellWhatTheTablesHold) {
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     EXPECT_THAT(
         test::LinesOf(*queries::ItemsSheet(reading)),
         ElementsAre("1|Coal|||-|3|-|3|3|-|0|-|False", "2|Sand|Material|Bag|10|1|4|7|9|2.125|14.875|8|True",
@@ -83,7 +83,7 @@ TEST_F(StockQueries, TellWhatTheTablesHold) {
 
 // What is left out still moves the balances, and what lies before the range by both its quantities.
 TEST_F(StockQueries, AreNarrowed) {
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const auto numbers = [&](const queries::MovementFilter& filter) {
         std::vector<std::string> lines;
         for (const auto& row : queries::Movements(reading, filter))
@@ -95,7 +95,7 @@ TEST_F(StockQueries, AreNarrowed) {
     EXPECT_THAT(numbers({.item = 1}), ElementsAre("1:3"));
     EXPECT_THAT(numbers({.words = "SITE san"}), ElementsAre("2:7"));
     books.Run("Update tblItemLed2001 Set ItemLedTrnDate = 36979 Where ItemLedTrnNo = 4");
-    queries::Reading again(books.Place());
+    queries::Reading again(books.DataPath());
     EXPECT_EQ(queries::Movements(again, {.days = {Second, Second}}).front().balance, 10 + 2 - 9 + 1);
 
     const auto found = [](const auto& rows) { return rows.size(); };
@@ -110,7 +110,7 @@ TEST_F(StockQueries, AreNarrowed) {
 
 TEST_F(StockQueries, SayThatAYearHasNoStock) {
     books.Run("Insert Into Fnncl_Yr_Mstr (Fnncl_Yr, Crrnt_Yr_Flg) Values ('2002-2003', False)");
-    queries::Reading reading(books.Place(), "2002");
+    queries::Reading reading(books.DataPath(), "2002");
     EXPECT_EQ(test::TextOfError([&] { queries::Items(reading); }),
               "The year 2002 was made without stock tables.");
 }

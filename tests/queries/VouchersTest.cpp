@@ -25,7 +25,7 @@ TEST(Vouchers, AreNarrowedAndOrdered) {
     books.Post(1, bank, 36990, -500, "Payment", "Rent of the shop, 100% paid");
     books.Post(3, bank, 36980, 70.5, "Receipt", "It''s ÄPFEL [two]");
     books.Post(2, rent, 37000, -0.25, "Journal", "shop and rent put right");
-    queries::Reading reading(books.Place());
+    queries::Reading reading(books.DataPath());
     const auto day = [](int number) { return std::optional(queries::DateOf(number)); };
     const struct {
         VoucherFilter filter;
@@ -64,7 +64,7 @@ TEST(Vouchers, AMillionLinesAreReadByPage) {
     qm::Conn().BeginTrans();
     for (int line = 0; line < 1500; ++line) books.Post(line, 1, 36980 + (line % 300), 1);
     qm::Conn().CommitTrans();
-    const std::string place = books.Place();
+    const std::string place = books.DataPath();
     queries::Reading reading(place);
     queries::VoucherLines lines = queries::Vouchers(reading);
     EXPECT_EQ(lines.Count(), 1500u);

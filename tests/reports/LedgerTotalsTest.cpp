@@ -96,14 +96,16 @@ TEST_F(LedgerTotalsTest, HoldTheDigitsOfTheText) {
 
 // In no transaction: what was done before the statement that fails stays. A row that bears no ledger makes
 // the first update of the sums fail; debits beyond a number make that of their ledger fail, behind the one
-// before it.
+// before it, but on a server already the question for them.
 TEST_F(LedgerTotalsTest, AFailureLeavesWhatWasDoneBeforeIt) {
     const int early = AddLedger("Early", 100), late = AddLedger("Late", 20, "C");
     Post(std::to_string(early), 5, "50", "1");
     for (int i = 0; i < 2; ++i) Post(std::to_string(late), 5, "1.7E+308", "2");
     const auto rebuild = [] { qm::RebuildLedgerTotals({}, qm::BeforeRebuild::ZeroTotals); };
     EXPECT_EQ(test::ErrorOf(rebuild), basic::error::Overflow);
-    EXPECT_EQ(Totals(), (Lines{"Early|50|90|9", "Late|0|90|9"}));
+    EXPECT_EQ(Totals(), test::OnServer() ? (Lines{"Early|900|90|9", "Late|900|90|9"})
+                                         : (Lines{"Early|50|90|9", "Late|0|90|9"}));
+    Run("Delete From tb_Ledger2001 Where LedgerDrAmt > 50");
     Post("Null", 5, "50", "0");
     Run("Update Ledger_Details Set LedDetDRTxnTot = 900");
     EXPECT_EQ(test::ErrorOf(rebuild), ado::error::Statement);

@@ -16,9 +16,11 @@
 #include "queries/TrialBalance.h"
 #include "reports/frmPartyLedger.h"
 #include "reports/frmTPL.h"
+#include "tests/reports/PageCells.h"
 #include "tests/reports/ReportScreens.h"
 
 using namespace testing;
+using test::CellsOf;
 using test::Lines;
 
 namespace {
@@ -28,26 +30,6 @@ std::string Money(double amount) {
 }
 std::string Money(const std::optional<double>& amount) {
     return amount ? Money(*amount) : "";
-}
-
-// The rows of a page from the one behind `from` on, cells joined by "|"; those without text or with one cell
-// alone are left out.
-std::vector<std::string> CellsOf(const std::string& page, const std::string& from = "") {
-    static const std::regex cell("<td[^>]*>"), tag("<[^>]*>");
-    std::vector<std::string> lines;
-    std::size_t at = page.find("<tr");
-    while (at != std::string::npos) {
-        const std::size_t next = page.find("<tr", at + 1);
-        std::string text = std::regex_replace(page.substr(at, next - at), cell, "|");
-        text = basic::Replace(std::regex_replace(text, tag, ""), "\r\n", "");
-        at = next;
-        if (text.find_first_not_of("| ") == std::string::npos || text.find('|', 1) == std::string::npos)
-            continue;
-        lines.push_back(text);
-    }
-    const auto head = std::find_if(lines.begin(), lines.end(),
-                                   [&](const std::string& line) { return line.find(from) != line.npos; });
-    return from.empty() || head == lines.end() ? lines : std::vector<std::string>(head + 1, lines.end());
 }
 
 class QueriesAgreeTest : public ReportScreensTest, public WithParamInterface<unsigned> {

@@ -1,13 +1,61 @@
 #include "tests/support/FreshBooks.h"
 
+#include <functional>
+
 #include "core/modGeneral.h"
 #include "host/make/Books.h"
+#include "host/make/Embedded.h"
+#include "platform/ado/Errors.h"
+#include "platform/ado/Maintenance.h"
+#include "platform/ado/store/PostgresFunctions.h"
 #include "platform/basic/Number.h"
 
 namespace test {
+namespace {
+
+// Books made once on the server, of which each test takes a copy: of this year, and of what the program lays
+// down.
+std::string PatternOf(std::optional<int> year) {
+    const std::size_t laidDown =
+        std::hash<std::string>()(std::string(host::Embedded("schema.sql")) + ado::ServerFunctions());
+    return "pattern_" + (year ? std::to_string(*year) : "delivered") + "_" + std::to_string(laidDown);
+}
+
+// Several programs may find it missing at once: whichever is whole first stands.
+void MakePattern(const std::string& pattern, std::optional<int> year) {
+    const TempFolder folder;
+    host::CreateBooks(folder.Path(), year);
+    ado::Connection books;
+    books.Properties("Data Source") = folder / host::BooksFile;
+    books.Properties("Jet OlEDB:Database Password") = host::BooksPassword;
+    books.Open();
+    const std::string own = pattern + "_" + std::to_string(getpid());
+    ado::CopyBooks(books, ServerUri() + own + "/");
+    const bool stands =
+        ErrorOf([&] {
+            ServerDatabase::RunOn("postgres", "ALTER DATABASE " + own + " RENAME TO " + pattern);
+        }) != 0;
+    if (stands) ServerDatabase::RunOn("postgres", "DROP DATABASE " + own);
+}
+
+std::unique_ptr<ServerDatabase> CopyOfPattern(std::optional<int> year) {
+    const std::string pattern = PatternOf(year);
+    try {
+        return std::make_unique<ServerDatabase>(pattern);
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::FileNotFound) throw;
+    }
+    MakePattern(pattern, year);
+    return std::make_unique<ServerDatabase>(pattern);
+}
+
+}  // namespace
 
 FreshBooks::FreshBooks(std::optional<int> year) {
-    host::CreateBooks(folder_.Path(), year);
+    if (OnServer())
+        database_ = CopyOfPattern(year);
+    else
+        host::CreateBooks(folder_.Path(), year);
     OpenHost();
 }
 
@@ -17,7 +65,7 @@ FreshBooks::~FreshBooks() {
 }
 
 std::string FreshBooks::DataPath() const {
-    return folder_.Path().string() + "/";
+    return database_ ? database_->Uri() : folder_.Path().string() + "/";
 }
 
 void FreshBooks::OpenHost() {

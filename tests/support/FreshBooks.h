@@ -7,12 +7,13 @@
 
 #include "core/clQm.h"
 #include "tests/support/ErrorOf.h"
+#include "tests/support/Server.h"
 #include "tests/support/TempFolder.h"
 
 namespace test {
 
-// Books laid down for one test, and a class instance on them. Without a year they are exactly the delivered
-// books.
+// Books laid down for one test, in a folder or, where the run is on the server, in a database of their own,
+// and a class instance on them. Without a year they are exactly the delivered books.
 class FreshBooks {
   public:
     explicit FreshBooks(std::optional<int> year = 2001);
@@ -34,6 +35,7 @@ class FreshBooks {
 
   private:
     TempFolder folder_;
+    std::unique_ptr<ServerDatabase> database_;
     std::unique_ptr<qm::clQm> host_;
 };
 

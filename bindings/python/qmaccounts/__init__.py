@@ -3,9 +3,9 @@
     from qmaccounts import Books
 
     with Books("firm") as books:
-        number = books.next_number()
-        books.insert_voucher(number, date(2001, 4, 1), "R", "D", "Counter sale", Decimal("1500.50"), 33, "Cash")
-        books.insert_voucher(number, date(2001, 4, 1), "R", "C", "Counter sale", Decimal("1500.50"), 38, "Sales")
+        number, day, amount = books.next_number(), date(2001, 4, 1), Decimal("1500.50")
+        books.insert_voucher(number, day, "Receipt", "Debit", "Counter sale", amount, 33, "Cash")
+        books.insert_voucher(number, day, "Receipt", "Credit", "Counter sale", amount, 37, "Sales of Goods")
         books.suppliers().to_csv("suppliers.csv")
 
 It needs nothing but Python's own library and libqmcls.so.

@@ -22,7 +22,7 @@ DISPID_PROPERTYPUT = -3
 DISP_E_EXCEPTION = -0x7FFDFFF7
 CLASSIC = 0x800A0000  # a classic number is added to it
 
-EMPTY, NULL, I2, I4, R8, CY, DATE, TEXT, OBJECT, MISSING, BOOL, DECIMAL, UNKNOWN = 0, 1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14, 13
+NULL, I2, I4, R8, CY, DATE, TEXT, OBJECT, MISSING, BOOL, DECIMAL = 1, 2, 3, 5, 6, 7, 8, 9, 10, 11, 14
 ARRAY_OF_VARIANTS = 0x200C
 PARAMETER_NOT_FOUND = -0x7FFDFFFC
 FIRST_DAY = datetime.datetime(1899, 12, 30)
@@ -92,7 +92,7 @@ _KIND_AT, _COUNT_AT = 28, 36
 BoxHandler = ctypes.CFUNCTYPE(ctypes.c_int32, ctypes.c_void_p, ctypes.c_void_p, ctypes.c_int32, ctypes.c_void_p)
 
 
-def _member(pointer: ctypes.c_void_p, routine: tuple) -> Callable[..., int]:
+def _member(pointer: ctypes.c_void_p, routine: tuple[int, tuple[Any, ...]]) -> Callable[..., int]:
     place, kinds = routine
     table = ctypes.cast(pointer, ctypes.POINTER(ctypes.POINTER(ctypes.c_void_p)))[0]
     call = ctypes.CFUNCTYPE(ctypes.c_int32, ctypes.c_void_p, *kinds)(table[place])
@@ -177,7 +177,7 @@ class Library:
             return list(self._records(ctypes.cast(variant.pointer, ctypes.POINTER(_Array)).contents))
         return {I2: variant.short, I4: variant.long, R8: variant.double}.get(variant.vt)
 
-    def _records(self, array: _Array) -> Iterator[tuple]:
+    def _records(self, array: _Array) -> Iterator[tuple[Any, ...]]:
         """An array of two dimensions, by the second one."""
         width, height = array.first.count, array.last.count
         cells = (Variant * (width * height)).from_address(array.data)
@@ -245,15 +245,16 @@ class Object:
         return self._invoke(name, METHOD | GET, arguments, named)
 
     def _find(self, names: tuple[str, ...]) -> list[int]:
-        if names not in self._ids:
+        known: list[int] | None = self._ids.get(names)
+        if known is None:
             texts = [ctypes.create_string_buffer((name + "\0").encode("utf-16-le")) for name in names]
             pointers = (ctypes.c_void_p * len(names))(*[ctypes.addressof(text) for text in texts])
             ids = (ctypes.c_int32 * len(names))()
             result = _member(self._pointer, _GET_IDS)(IID_NULL, pointers, len(names), 0, ids)
             if result < 0:
                 raise AttributeError(", ".join(names))
-            self._ids[names] = list(ids)
-        return self._ids[names]
+            self._ids[names] = known = list(ids)
+        return known
 
     def _invoke(self, name: str, flags: int, positional: Any, named: dict[str, Any]) -> Any:
         own, *names = self._find((name, *named))

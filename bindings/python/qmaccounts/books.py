@@ -48,7 +48,7 @@ class Books:
         """Opens the books; `library` is the path of libqmcls.so, else QM_LIBRARY or the system names it."""
         if Books._open is not None:
             raise RuntimeError(f"the books in {Books._open.path} are open: close them first")
-        self.path = os.fspath(path).rstrip("/") + "/"
+        self.path: str = os.fspath(path).rstrip("/") + "/"
         #: what message boxes have said so far
         self.boxes: list[str] = []
         self._library = Library(library)
@@ -115,29 +115,29 @@ class Books:
         """All ledgers, or those of the current year that meet a condition, such as "PrimaryGrp = 'Bank'".
 
         The condition is a piece of SQL: put no user's input into it unchecked."""
-        return self.Ledgers(where)
+        return Records(self._class.call("Ledgers", where))
 
     def suppliers(self) -> Records:
         """Suppliers and debtors of the current year, retired ones too: Ledger_ID, Name, Deleted."""
-        return self.GetSuppliers()
+        return Records(self._class.call("GetSuppliers"))
 
     def purchase_ledgers(self) -> Records:
         """Ledgers under Purchase."""
-        return self.GetPurchaseLedgers()
+        return Records(self._class.call("GetPurchaseLedgers"))
 
     def debit_ledgers(self) -> Records:
         """Ledgers under Cash In Hand, Bank and Income(Direct)."""
-        return self.GetDebitLedgers()
+        return Records(self._class.call("GetDebitLedgers"))
 
     def credit_ledgers(self) -> Records:
         """Ledgers under Sales."""
-        return self.GetCreditLedgers()
+        return Records(self._class.call("GetCreditLedgers"))
 
     # Vouchers.
 
     def next_number(self) -> int:
         """The number of the next voucher of the current year. Nothing is reserved."""
-        return self.GetNextTrnID()
+        return int(self._class.call("GetNextTrnID"))
 
     def insert_voucher(self, number: int, day: Day, category: str, side: str, narration: str, amount: Amount,
                        ledger: int, name: str) -> None:
@@ -160,17 +160,17 @@ class Books:
 
     def voucher_number(self) -> int:
         """The next number of the year as it stands, without reading the current year again."""
-        return self.VchrTrnNo()
+        return int(self._class.call("VchrTrnNo"))
 
     # Years.
 
     def in_year(self, day: datetime.date, year: int) -> bool:
         """Whether a date lies from 1 April of the year to 31 March of the next."""
-        return self.FinYearValidate(day, year)
+        return bool(self._class.call("FinYearValidate", day, year))
 
     def switch_year(self, year: int | str) -> str:
         """Makes a known year (2002, "2002") the current one and works in it; BooksError for an unknown one."""
-        now = self.SetGetFinancialYear(str(year))
+        now = str(self._class.call("SetGetFinancialYear", str(year)))
         if not now:
             raise BooksError(0, f"the books have no year {year}", "qmaccounts")
         self.StartDataConn()
@@ -187,7 +187,7 @@ class Books:
     @property
     def data_path(self) -> str:
         """The folder of the books."""
-        return self._class.dataPath
+        return str(self._class.dataPath)
 
     def _done(self, member: str, *arguments: Any) -> None:
         """Calls a member that answers True; the box of a refusal has its reason."""

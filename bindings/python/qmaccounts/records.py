@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import collections
 import csv
+import importlib
 import os
 from typing import IO, Any, Iterator, NamedTuple
 
@@ -37,7 +38,7 @@ class Records:
             Field(field.Name, _TYPES.get(field.Type, str))
             for field in (fields.Item(index) for index in range(fields.Count)))
         self.__dict__["Row"] = collections.namedtuple(
-            "Row", [field.name for field in self.fields], rename=True)  # type: ignore[misc]
+            "Row", [field.name for field in self.fields], rename=True)
 
     def __enter__(self) -> Records:
         return self
@@ -51,7 +52,7 @@ class Records:
 
     def __len__(self) -> int:
         """The number of rows that pass the filter, wherever it stands."""
-        return self._rows.RecordCount
+        return int(self._rows.RecordCount)
 
     def __getattr__(self, name: str) -> Any:
         return getattr(self._rows, name)
@@ -108,6 +109,5 @@ class Records:
 
     def to_frame(self) -> Any:
         """The rows from here on as a data frame of pandas; ImportError where that library is not installed."""
-        import pandas
-
+        pandas = importlib.import_module("pandas")
         return pandas.DataFrame.from_records(list(self), columns=[field.name for field in self.fields])

@@ -80,6 +80,9 @@ class Engine {
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
     // Whether another program has written since Open, or since this was last asked.
     virtual bool ChangedByOthers() = 0;
+    // From any thread, while the store is open: the statement that runs fails with error::Cancelled; else
+    // nothing.
+    virtual void Cancel() = 0;
     virtual void Flush() = 0;  // loose writes are on the disk when it returns; in none, nothing
 };
 

@@ -25,6 +25,10 @@ Failure Locked() {
                                " seconds for it to finish; please try again."};
 }
 
+Failure WasCancelled() {
+    return {error::Cancelled, "The question was cancelled."};
+}
+
 Failure OutOfRoom() {
     return {error::DiskFull, "There is no room left on the disk for the change. Nothing of it was stored."};
 }

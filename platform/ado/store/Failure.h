@@ -16,7 +16,8 @@ struct Failure {
 // How long a statement waits for another program before it gives up.
 std::chrono::milliseconds LockWait();
 
-Failure Locked();     // another program held the books for that long
+Failure Locked();  // another program held the books for that long
+Failure WasCancelled();
 Failure OutOfRoom();  // on the disk
 Failure TableMissing(const std::string& table);
 Failure ValueRefused(const std::string& reason);  // by a field, for a reason in the store's words

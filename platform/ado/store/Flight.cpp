@@ -1,5 +1,7 @@
 #include "platform/ado/store/Flight.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <utility>
@@ -64,8 +66,10 @@ std::pair<std::string, std::string> StateIn(std::string_view message) {
     return {};
 }
 
-std::string WithoutEnd(std::string text) {
+// Without its end, and in one line.
+std::string Phrase(std::string text) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '.')) text.pop_back();
+    std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
 }
 
@@ -89,7 +93,7 @@ void Flight::Connect(const ServerAddress& address) {
         if (!state.empty()) throw PostgresFailure(state, text);
         throw basic::Error(error::FileNotFound,
                            "The server of the books at '" + address.shown + "' could not be reached (" +
-                               WithoutEnd(message) + ").",
+                               Phrase(message) + ").",
                            "ado.Engine");
     }
     if (address.isElsewhere && Pq().PQconnectionUsedPassword(connection_) != 0 &&
@@ -104,10 +108,26 @@ void Flight::Connect(const ServerAddress& address) {
     Pq().PQsetNoticeProcessor(
         connection_, [](void*, const char*) {}, nullptr);
     Pq().PQenterPipelineMode(connection_);
+    KeepCancel(Pq().PQgetCancel(connection_));
+}
+
+void Flight::KeepCancel(PGcancel* cancel) {
+    const std::lock_guard lock(guard_);
+    if (cancel_ != nullptr) Pq().PQfreeCancel(cancel_);
+    cancel_ = cancel;
+}
+
+void Flight::Cancel() {
+    const std::lock_guard lock(guard_);
+    std::array<char, 256> reason{};  // nobody asks for it: what cannot be cancelled goes on
+    if (cancel_ != nullptr) Pq().PQcancel(cancel_, reason.data(), static_cast<int>(reason.size()));
 }
 
 void Flight::Disconnect() noexcept {
-    if (connection_ != nullptr) Pq().PQfinish(std::exchange(connection_, nullptr));
+    if (connection_ != nullptr) {
+        KeepCancel(nullptr);
+        Pq().PQfinish(std::exchange(connection_, nullptr));
+    }
     byKey_.clear();
     names_.clear();
     unused_.clear();

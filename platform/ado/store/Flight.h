@@ -5,6 +5,7 @@
 #include <deque>
 #include <list>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,6 +34,7 @@ class Flight {
     void Connect(const ServerAddress& address);  // raises what the server says, or that there is none
     void Disconnect() noexcept;
     bool IsUp() const;
+    void Cancel();  // from any thread: the packet that is out fails with error::Cancelled, if one is
     bool InTransaction() const;  // as the last answer tells, one that failed included
     bool IsStillUp();            // the same, having looked whether the server hung up meanwhile
 
@@ -78,10 +80,13 @@ class Flight {
     void Queue(std::string prepares, bool main);
     void Fail(basic::Error failure, std::size_t at);
     void End();
+    void KeepCancel(PGcancel* cancel);
     basic::Error Lost() const;
 
     PGconn* connection_ = nullptr;
-    std::list<Named> names_;  // of prepared statements, the last used one first
+    std::mutex guard_;            // of what follows
+    PGcancel* cancel_ = nullptr;  // made with the connection, which another thread must not touch
+    std::list<Named> names_;      // of prepared statements, the last used one first
     std::unordered_map<std::string_view, std::list<Named>::iterator> byKey_;
     std::size_t namedBytes_ = 0;
     std::int64_t lastName_ = 0;

@@ -27,6 +27,9 @@ struct Libpq {
     CALL(PQsslInUse)               \
     CALL(PQconnectionUsedPassword) \
     CALL(PQbackendPID)             \
+    CALL(PQgetCancel)              \
+    CALL(PQcancel)                 \
+    CALL(PQfreeCancel)             \
     CALL(PQenterPipelineMode)      \
     CALL(PQexitPipelineMode)       \
     CALL(PQexec)                   \

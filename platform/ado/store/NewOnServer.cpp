@@ -9,6 +9,8 @@
 #include "platform/ado/store/PostgresFunctions.h"
 #include "platform/ado/store/PostgresSchema.h"
 #include "platform/ado/store/ServerAddress.h"
+#include "platform/basic/Files.h"
+#include "platform/basic/Text.h"
 
 namespace ado {
 namespace {
@@ -81,13 +83,21 @@ std::string InsertOf(const SchemaTable& table) {
 
 class ServerStore final : public NewStore {
   public:
-    ServerStore(const std::string& source, bool roles)
+    ServerStore(const std::string& source, bool roles, Standing standing)
         : address_(ReadServerAddress(source.ends_with("/") ? source : source + "/")) {
+        constexpr std::size_t roleEnding = 6;
+        if (roles && Setting("dbname").size() + roleEnding > LongestServerName)
+            Refuse(error::BadArgument,
+                   "The name of the database is too long for its roles, NAME_books and NAME_read");
         try {
             Connect();
             server_.Begin();  // another that makes books in the same database waits here, and then finds them
-            RefuseTaken();
-            if (roles) MakeRoles();
+            RefuseOtherEncoding();
+            if (standing == Standing::SetAside && Taken())
+                MakeBeside();
+            else
+                RefuseTaken();
+            if (roles) MakeRoles(Ask("SELECT current_database()::text"));
             server_.Script(ServerFunctions());
         } catch (...) {
             TakeAway();
@@ -113,7 +123,7 @@ class ServerStore final : public NewStore {
     void EndTable() override {
         Send();
         insert_.reset();
-        server_.Script(IndexDefinitions(table_));
+        server_.Script(PostgresIndexes(table_));
         if (table_.counted > 0)
             server_.Script("UPDATE qm_counter SET last = " + std::to_string(table_.counted) +
                            " WHERE name = '" + table_.name + "'");
@@ -124,10 +134,12 @@ class ServerStore final : public NewStore {
     }
     void Finish() override {
         server_.Commit();
-        made_.reset();
+        if (old_.empty()) made_.reset();
         SkipFailure([&] { server_.Script("VACUUM ANALYZE"); });  // so that sums are read from an index alone
         server_.Close();
+        if (!old_.empty()) TakePlace();
     }
+    std::string SetAside() const override { return aside_; }
 
   private:
     template <class Work>
@@ -160,13 +172,58 @@ class ServerStore final : public NewStore {
         } catch (const basic::Error& failure) {
             if (failure.Number != error::FileNotFound || Setting("dbname").empty()) throw;
         }
-        const std::string name = Setting("dbname");
-        PostgresEngine server;
-        server.Connect(Administration());
-        server.Script("CREATE DATABASE " + QuotedName(name) +
-                      " TEMPLATE template0 ENCODING 'UTF8' LOCALE 'C'");
+        Make(Setting("dbname"));
+    }
+
+    void Make(const std::string& name) {
+        Administrate("CREATE DATABASE " + QuotedName(name) +
+                     " TEMPLATE template0 ENCODING 'UTF8' LOCALE 'C'");
         made_ = name;
         server_.Connect(address_);
+    }
+
+    void Administrate(const std::string& sql) const {
+        PostgresEngine server;
+        server.Connect(Administration());
+        server.Script(sql);
+    }
+
+    // Leaves the books that stand, for a new database beside them that has their roles and what these set in
+    // it. One that a killed program left is taken away.
+    void MakeBeside() {
+        old_ = Ask("SELECT current_database()::text");
+        const std::string beside = old_ + "-new", name = "'" + basic::Replace(old_, "'", "''") + "'";
+        const bool roles =
+            !Ask("SELECT 1::text FROM pg_database JOIN pg_roles ON pg_roles.oid = datdba WHERE "
+                 "datname = " +
+                 name + " AND rolname = " + name + " || '_books'")
+                 .empty();
+        const std::string settings =
+            Ask("SELECT string_agg(format('ALTER ROLE %I IN DATABASE %s SET %I TO %L', rolname, '" +
+                basic::Replace(QuotedName(beside), "'", "''") +
+                "', split_part(setting, '=', 1), substr(setting, strpos(setting, '=') + 1)), '; ') FROM "
+                "pg_db_role_setting JOIN pg_roles ON pg_roles.oid = setrole JOIN pg_database ON "
+                "pg_database.oid = setdatabase, unnest(setconfig) AS setting WHERE datname = " +
+                name);
+        server_.Rollback();
+        server_.Close();
+        std::erase_if(address_.settings, [](const auto& setting) { return setting.first == "dbname"; });
+        address_.settings.emplace_back("dbname", beside);
+        Administrate("DROP DATABASE IF EXISTS " + QuotedName(beside));
+        Make(beside);
+        server_.Begin();
+        if (!settings.empty()) server_.Script(settings);
+        if (roles) UseRoles(old_);
+    }
+
+    // Both get their names, or neither.
+    void TakePlace() {
+        const std::string aside = basic::DatedName(old_).string();
+        Administrate("BEGIN; ALTER DATABASE " + QuotedName(old_) + " RENAME TO " + QuotedName(aside) +
+                     "; ALTER DATABASE " + QuotedName(*made_) + " RENAME TO " + QuotedName(old_) +
+                     "; COMMIT");
+        made_.reset();
+        aside_ = aside;
     }
 
     std::string Ask(const std::string& sql) {
@@ -174,22 +231,31 @@ class ServerStore final : public NewStore {
         return rows->Step() ? std::string(rows->Text(0)) : "";
     }
 
-    void RefuseTaken() {
+    void RefuseOtherEncoding() {
         if (Ask("SELECT current_setting('server_encoding')") != "UTF8")
             Refuse(error::BadArgument,
                    "The database at '" + address_.shown + "' does not keep its texts as UTF-8");
-        if (!Ask("SELECT tablename::text FROM pg_tables WHERE schemaname = current_schema()").empty())
+    }
+    bool Taken() {
+        return !Ask("SELECT tablename::text FROM pg_tables WHERE schemaname = current_schema()").empty();
+    }
+    void RefuseTaken() {
+        if (Taken())
             Refuse(error::BadArgument,
                    "The database at '" + address_.shown + "' holds tables already; nothing was changed");
     }
 
     // Who writes and who reads. Everything belongs to those who write, so that a table made by one is
     // everyone's.
-    void MakeRoles() {
-        const std::string name = Ask("SELECT current_database()::text"), books = QuotedName(name + "_books"),
-                          read = QuotedName(name + "_read"), database = QuotedName(name);
-        server_.Script("CREATE ROLE " + books + " NOLOGIN; CREATE ROLE " + read + " NOLOGIN; GRANT " + books +
-                       " TO CURRENT_USER; REVOKE ALL ON DATABASE " + database +
+    void MakeRoles(const std::string& name) {
+        server_.Script("CREATE ROLE " + QuotedName(name + "_books") + " NOLOGIN; CREATE ROLE " +
+                       QuotedName(name + "_read") + " NOLOGIN");
+        UseRoles(name);
+    }
+    void UseRoles(const std::string& name) {
+        const std::string books = QuotedName(name + "_books"), read = QuotedName(name + "_read"),
+                          database = QuotedName(Ask("SELECT current_database()::text"));
+        server_.Script("GRANT " + books + " TO CURRENT_USER; REVOKE ALL ON DATABASE " + database +
                        " FROM PUBLIC; GRANT CONNECT ON DATABASE " + database + " TO " + books + ", " + read +
                        "; ALTER DATABASE " + database + " OWNER TO " + books + "; SET LOCAL ROLE " + books +
                        "; GRANT USAGE ON SCHEMA public TO " + read +
@@ -215,17 +281,14 @@ class ServerStore final : public NewStore {
         insert_.reset();
         SkipFailure([&] { server_.Rollback(); });
         SkipFailure([&] { server_.Close(); });
-        SkipFailure([&] {
-            PostgresEngine server;
-            server.Connect(Administration());
-            server.Script("DROP DATABASE " + QuotedName(*made_));
-        });
+        SkipFailure([&] { Administrate("DROP DATABASE " + QuotedName(*made_)); });
         made_.reset();
     }
 
     ServerAddress address_;
     PostgresEngine server_;
     std::optional<std::string> made_;  // the database, until it stands
+    std::string old_, aside_;          // that of the books that stand, and the name that it gets
     SchemaTable table_;
     std::unique_ptr<EngineStatement> insert_;
     std::vector<Cells> cells_;
@@ -234,8 +297,8 @@ class ServerStore final : public NewStore {
 
 }  // namespace
 
-std::unique_ptr<NewStore> NewOnServer(const std::string& source, bool roles) {
-    return std::make_unique<ServerStore>(source, roles);
+std::unique_ptr<NewStore> NewOnServer(const std::string& source, bool roles, Standing standing) {
+    return std::make_unique<ServerStore>(source, roles, standing);
 }
 
 }  // namespace ado

@@ -73,6 +73,7 @@ void PostgresEngine::Start() {
     started_ = false;
     Connect(address_);
     RequireBooks();
+    if (!hears_) marks_ = Marks();
     started_ = true;
 }
 
@@ -105,7 +106,7 @@ void PostgresEngine::RequireConnection() {
 
 // What the server was told to wait for at a commit is what ours wait for: at the least its own disk.
 void PostgresEngine::Configure() {
-    flight_.Run({"LISTEN qm_books"});
+    hears_ = Listen();
     const std::string waits =
         Ask("SELECT current_setting('synchronous_commit'), set_config('synchronous_commit', 'off', FALSE), "
             "set_config('lock_timeout', '" +
@@ -116,14 +117,31 @@ void PostgresEngine::Configure() {
              "', TRUE), pg_logical_emit_message(TRUE, 'qm', '')::text";
 }
 
-void PostgresEngine::RequireBooks() {
+// A standby takes no listeners.
+bool PostgresEngine::Listen() {
+    try {
+        flight_.Run({"LISTEN qm_books"});
+    } catch (const basic::Error& failure) {
+        if (failure.Number != error::ReadOnly) throw;
+        return false;
+    }
+    return true;
+}
+
+int PostgresEngine::FunctionsVersion() {
     if (Ask("SELECT coalesce(to_regproc('qm_version')::text, '')").empty())
         RefuseBooks("The database at '" + address_.shown + "' holds no books.");
-    const std::string version = Ask("SELECT qm_version()::text");
-    if (version != std::to_string(ServerFunctionsVersion))
-        RefuseBooks("The books at '" + address_.shown + "' were made for version " + version +
-                    " of the server's functions, and this program needs version " +
-                    std::to_string(ServerFunctionsVersion) + ".");
+    return std::stoi("0" + Ask("SELECT qm_version()::text"));
+}
+
+void PostgresEngine::RequireBooks() {
+    const int version = FunctionsVersion();
+    if (version == ServerFunctionsVersion) return;
+    RefuseBooks(
+        "The books at '" + address_.shown + "' were made for version " + std::to_string(version) +
+        " of the server's functions, and this program needs version " +
+        std::to_string(ServerFunctionsVersion) +
+        (version < ServerFunctionsVersion ? ": renew them (qmhost renew)." : ": use the newer program."));
 }
 
 std::string PostgresEngine::Ask(const std::string& sql, int column) {
@@ -140,7 +158,7 @@ void PostgresEngine::Close() {
         throw;
     }
     try {
-        if (mark_ > 0 && flight_.IsStillUp()) {
+        if (mark_ > 0 && hears_ && flight_.IsStillUp()) {
             flight_.Add(ForgetMark, {TextValue(host_)});
             flight_.Send();
             flight_.Finish();
@@ -401,7 +419,7 @@ void PostgresEngine::CopyTo(const std::string&, const std::string&) {
 void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
     Settle();
     RequireConnection();
-    loosely_ = looseWritten_ = true;
+    loosely_ = true;
     try {
         write();
     } catch (...) {
@@ -409,6 +427,7 @@ void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
         throw;
     }
     loosely_ = false;
+    looseWritten_ = true;
 }
 
 // Loose writes that go ahead are transactions of their own, in one packet: the first that fails stops those
@@ -440,9 +459,19 @@ void PostgresEngine::TellAhead() {
 bool PostgresEngine::ChangedByOthers() {
     Settle();
     RequireConnection();
-    Run({"SELECT 1"});  // what was notified before comes with the answer
-    const bool changed = flight_.Notified();
+    std::string marks = marks_;
+    if (hears_)
+        Run({"SELECT 1"});  // what was notified before comes with the answer
+    else
+        marks = Marks();
+    const bool changed = flight_.Notified() || marks != marks_;
+    marks_ = std::move(marks);
     return std::exchange(missed_, false) || changed;
+}
+
+// Each change bears its host's mark. A host that closes takes its mark away, which counts as a change, too.
+std::string PostgresEngine::Marks() {
+    return Ask("SELECT concat(sum(last), ' ', max(at)) FROM qm_host");
 }
 
 void PostgresEngine::Flush() {

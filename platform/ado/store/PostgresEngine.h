@@ -70,9 +70,12 @@ class PostgresEngine final : public Engine {
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;
+    void Cancel() override { flight_.Cancel(); }
 
     // Open without the books: for those that are being made.
     void Connect(const ServerAddress& address);
+    // Of the functions that were installed with the books; raises NotABooksFile where there are none.
+    int FunctionsVersion();
     // Several statements in one text, without parameters.
     void Script(const std::string& sql);
 
@@ -82,6 +85,8 @@ class PostgresEngine final : public Engine {
 
   private:
     void Configure();
+    bool Listen();
+    std::string Marks();
     void Start();
     void Reconnect();
     void RequireConnection();
@@ -118,6 +123,8 @@ class PostgresEngine final : public Engine {
     std::int64_t mark_ = 0;  // of the last write
     bool started_ = false;   // a connection stands that has seen the books
     bool missed_ = false;    // what others wrote while there was no connection
+    bool hears_ = false;     // is notified of changes; else they show by all hosts' marks
+    std::string marks_;
 };
 
 }  // namespace ado

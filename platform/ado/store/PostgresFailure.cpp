@@ -70,11 +70,17 @@ constexpr Rule rules[] = {
      [](const std::string& message) {
          return OfEngine({error::ReadOnly, "The server lets this user not do that (" + message + ")."});
      }},
+    {"57014", [](const std::string&) { return OfEngine(WasCancelled()); }},
     {"53100", [](const std::string&) { return OfEngine(OutOfRoom()); }},
     {"28",
      [](const std::string& message) {
          return OfEngine(
              {error::WrongPassword, "The server refuses this user or password (" + message + ")."});
+     }},
+    {"55006",
+     [](const std::string& message) {
+         return OfEngine({error::Locked, "Programs have the books open (" + message +
+                                             "): close them first. Nothing was changed."});
      }},
     {"3D000",
      [](const std::string& message) {

@@ -50,6 +50,18 @@ std::string CounterOf(const SchemaTable& table, const std::string& column) {
 
 }  // namespace
 
+// In the order of Order By, where Nulls are the least, so that it may walk along them.
+std::string PostgresIndexes(const SchemaTable& table) {
+    std::string statements;
+    for (const SchemaIndex& index : table.indexes) {
+        std::string fields;
+        for (const std::string& field : index.columns)
+            fields += (fields.empty() ? "" : ", ") + Name(field) + " NULLS FIRST";
+        statements += "CREATE INDEX " + Name(index.name) + " ON " + Name(table.name) + " (" + fields + ");\n";
+    }
+    return statements;
+}
+
 std::string PostgresDefinition(const SchemaTable& table) {
     std::string columns, rowid = "bigint GENERATED ALWAYS AS IDENTITY PRIMARY KEY", rest;
     for (const SchemaColumn& column : table.columns) {
@@ -58,12 +70,8 @@ std::string PostgresDefinition(const SchemaTable& table) {
         rowid = "bigint GENERATED ALWAYS AS (" + Name(column.name) + "::bigint) STORED PRIMARY KEY";
         rest += CounterOf(table, column.name);
     }
-    for (const SchemaIndex& index : table.indexes) {
-        std::string fields;
-        for (const std::string& field : index.columns) fields += (fields.empty() ? "" : ", ") + Name(field);
-        rest += "CREATE INDEX " + Name(index.name) + " ON " + Name(table.name) + " (" + fields + ");\n";
-    }
-    return "CREATE TABLE " + Name(table.name) + " (\n" + columns + "    rowid " + rowid + "\n);\n" + rest;
+    return "CREATE TABLE " + Name(table.name) + " (\n" + columns + "    rowid " + rowid + "\n);\n" + rest +
+           PostgresIndexes(table);
 }
 
 }  // namespace ado

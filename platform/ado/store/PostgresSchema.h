@@ -14,5 +14,6 @@ inline constexpr std::size_t LongestServerName = 63;
 // what they do not take, so there are no checks. A counter draws from qm_counter (see functions.sql). Raises
 // error::Statement for a name that is too long and for a column without a type.
 std::string PostgresDefinition(const SchemaTable& table);
+std::string PostgresIndexes(const SchemaTable& table);  // those alone, for rows that came first
 
 }  // namespace ado

@@ -37,7 +37,7 @@ ColumnType TypeOfWord(std::string_view word);
 // else.
 std::vector<SchemaTable> ReadSchema(std::string_view script);
 
-std::string IndexDefinitions(const SchemaTable& table);  // the statements, the same for both stores
+std::string IndexDefinitions(const SchemaTable& table);  // the statements of a file
 std::string ColumnList(const SchemaTable& table);        // "a", "b"
 
 // The same definition under another name, its indexes named after it.

@@ -6,6 +6,7 @@
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/Libpq.h"
+#include "platform/ado/store/PostgresSchema.h"
 #include "platform/basic/Error.h"
 
 namespace ado {
@@ -51,6 +52,9 @@ class Reader {
                 "The address of the server's books holds a password, and addresses are shown: put it into "
                 "the "
                 "file ~/.pgpass instead.");
+        if (Setting("dbname").size() > LongestServerName)
+            Refuse("The name of the server's database is longer than " + std::to_string(LongestServerName) +
+                   " bytes, which a server would cut off.");
         address_.shown = uri;
         const std::string service = Or("service", "PGSERVICE");
         address_.isElsewhere =
@@ -86,7 +90,7 @@ class Reader {
         if (!Environment("PGPASSWORD").empty())
             Refuse("A password would go to another machine without encryption: leave sslmode=disable out.");
         std::erase_if(address_.settings, [](const auto& setting) { return setting.first == "passfile"; });
-        address_.settings.emplace_back("passfile", "/dev/null");
+        address_.settings.emplace_back("passfile", "/dev/null/none");  // /dev/null itself brings a warning
     }
 
     ServerAddress address_;

@@ -244,6 +244,10 @@ bool SqlCipherEngine::ChangedByOthers() {
     return std::exchange(version_, version) != version;
 }
 
+void SqlCipherEngine::Cancel() {
+    sqlite3_interrupt(store_.Get());
+}
+
 // A checkpoint would not do: beside a reader of an older moment it may sync nothing.
 void SqlCipherEngine::SyncLog() {
     sqlite3_file* log = nullptr;

@@ -53,6 +53,7 @@ class SqlCipherEngine final : public Engine {
     void WriteLoosely(const std::function<void()>& write) override;
     std::string Notice() const override { return notice_; }
     bool ChangedByOthers() override;
+    void Cancel() override;
     void Flush() override;
 
   private:

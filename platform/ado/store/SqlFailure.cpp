@@ -51,6 +51,8 @@ Failure Describe(int code, int systemError, const std::string& message) {
             return Locked();
         case SQLITE_FULL:
             return OutOfRoom();
+        case SQLITE_INTERRUPT:
+            return WasCancelled();
         case SQLITE_IOERR:
             return InputOutput(systemError);
         case SQLITE_READONLY:

@@ -5,7 +5,9 @@
 #include "core/VoucherReversal.h"
 #include "core/modGeneral.h"
 #include "host/audit/Audit.h"
+#include "platform/ado/Errors.h"
 #include "platform/basic/Dates.h"
+#include "platform/basic/Text.h"
 #include "tests/support/Cases.h"
 #include "tests/support/FreshBooks.h"
 
@@ -40,8 +42,13 @@ TEST_F(AuditOfBooks, NamesEachFaultAndNothingElse) {
     for (const test::Block& broken : test::Blocks("host/audit/cases.txt")) {
         SCOPED_TRACE(testing::PrintToString(broken.given));
         qm::Conn().BeginTrans();
-        for (const std::string& statement : broken.given) books.Run(statement);
-        EXPECT_EQ(Findings(), broken.expected);
+        bool kept = true;  // but for a text that cannot stand there
+        for (const std::string& statement : broken.given)
+            if (test::OnServer() && !basic::IsUtf8(statement))
+                kept = test::ErrorOf([&] { books.Run(statement); }) != ado::error::BadValue;
+            else
+                books.Run(statement);
+        EXPECT_EQ(Findings(), kept ? broken.expected : Lines{});
         qm::Conn().RollbackTrans();
     }
 }

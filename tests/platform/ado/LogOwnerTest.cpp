@@ -84,7 +84,7 @@ class LogOwner : public testing::Test {
 
 // From a log that was never in the file to one that was begun anew several times.
 TEST_F(LogOwner, TheFilesOwnLogIsTakenInWhateverItsAge) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     int last = 40;
     for (const int rows : {1, 2, 30, 600, 7}) {
         Crash(store, last + 1, rows);
@@ -98,7 +98,7 @@ TEST_F(LogOwner, TheFilesOwnLogIsTakenInWhateverItsAge) {
 }
 
 TEST_F(LogOwner, ALogOfTheFileThatACopyReplacedIsSetAside) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     for (const int rows : {1, 30, 600}) {
         Keep();
         Crash(store, 41, rows);
@@ -122,7 +122,7 @@ TEST_F(LogOwner, ALogOfTheFileThatACopyReplacedIsSetAside) {
 }
 
 TEST_F(LogOwner, ALogWithoutAMarkIsTriedOnACopyFirst) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     const std::string many =
         "WITH RECURSIVE n(i) AS (SELECT 41 UNION ALL SELECT i + 1 FROM n WHERE i < 240) INSERT INTO Small "
         "SELECT i, hex(randomblob(50)) FROM n; CREATE INDEX ix ON Small (Remark);";
@@ -136,7 +136,7 @@ TEST_F(LogOwner, ALogWithoutAMarkIsTriedOnACopyFirst) {
 }
 
 TEST_F(LogOwner, NothingIsTouchedWhereTheFirstPageCannotBeRead) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     Keep();
     Live(41, 100);
     Crash(store, 141, 30);
@@ -154,7 +154,7 @@ TEST_F(LogOwner, NothingIsTouchedWhereTheFirstPageCannotBeRead) {
 
 // A power cut while the log is brought into the file: the first page is half of the old, half of the new.
 TEST_F(LogOwner, ATornFirstPageIsHealedByItsLog) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     Crash(store, 41, 30);
     const std::string log = Bytes(Log());
     std::string page;
@@ -165,7 +165,7 @@ TEST_F(LogOwner, ATornFirstPageIsHealedByItsLog) {
 }
 
 TEST_F(LogOwner, TheLogOfAProgramThatIsAtWorkIsLeftAlone) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     const ConnectionPtr here = store.Connect();
     Write(here, 41, 30);
     EXPECT_EQ(InChild([&] {

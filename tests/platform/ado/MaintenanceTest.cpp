@@ -50,7 +50,7 @@ TEST_F(MaintenanceTest, ACopyIsOfOneMomentAndOpensWithThePassword) {
 }
 
 TEST_F(MaintenanceTest, ACopyThatFailsLeavesNothing) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("copied as a file");
     EXPECT_NE(ErrorOf([&] { BackUp(*c, (store.Folder() / "no" / "such" / "folder").string()); }), 0);
     c->Close();
     store.Flip(10 * 1024 + 100);

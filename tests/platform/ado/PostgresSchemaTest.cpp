@@ -33,11 +33,14 @@ TEST_F(PostgresSchemaTest, HoldsTheDeliveredTables) {
         ElementsAre(
             "poNumber integer, poSupplierID integer, PoDate integer, poSupplierName text, PoDlvTerm text, "
             "poCancelled boolean, rowid bigint"));
-    EXPECT_THAT(server->Rows("SELECT replace(indexdef, schemaname || '.', '') FROM pg_indexes WHERE "
-                             "schemaname = current_schema() AND indexname = "
-                             "'ix_tblsysLedgerstr_Totals'"),
-                ElementsAre("CREATE INDEX \"ix_tblsysLedgerstr_Totals\" ON \"tblsysLedgerstr\" USING btree "
-                            "(\"LedgerCode\", \"LedgerTxnDate\", \"LedgerDrAmt\", \"LedgerCrAmt\")"));
+    EXPECT_THAT(
+        server->Rows("SELECT replace(indexdef, schemaname || '.', '') FROM pg_indexes WHERE "
+                     "schemaname = current_schema() AND indexname = "
+                     "'ix_tblsysLedgerstr_Totals'"),
+        ElementsAre(
+            "CREATE INDEX \"ix_tblsysLedgerstr_Totals\" ON \"tblsysLedgerstr\" USING btree "
+            "(\"LedgerCode\" NULLS FIRST, \"LedgerTxnDate\" NULLS FIRST, \"LedgerDrAmt\" NULLS FIRST, "
+            "\"LedgerCrAmt\" NULLS FIRST)"));
     server->Run("INSERT INTO \"tblsysTPL\" (\"Type\") VALUES ('T')");
     EXPECT_THAT(server->Rows("SELECT \"ParticularDr\" || '|' || \"AmtCr\" FROM \"tblsysTPL\""),
                 ElementsAre(" |0"));

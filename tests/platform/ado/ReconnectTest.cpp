@@ -139,5 +139,59 @@ TEST_F(ReconnectTest, AChangeOfWhichNoServerTellsIsCalledUnknown) {
     EXPECT_EQ(Rows(store.Connect(), remarks), "a a a");
 }
 
+// A server of its own beside the tests', by the script that makes that one, in one of the script's ways.
+class OwnServer {
+  public:
+    explicit OwnServer(const std::string& way) { Run(way); }
+    ~OwnServer() { Run("stop"); }
+    OwnServer(const OwnServer&) = delete;
+    OwnServer& operator=(const OwnServer&) = delete;
+    std::string File() const { return (folder_ / "server").string(); }
+    std::string Uri() const {
+        const std::string uri = ::test::Bytes(File());
+        return uri.substr(0, uri.find('\n'));
+    }
+
+  private:
+    void Run(const std::string& way) const {
+        const std::size_t end = way.find(' ');
+        const std::string command = "env -u QM_TEST_SERVER " TESTS_FOLDER "/support/server " +
+                                    way.substr(0, end) + " " + File() +
+                                    (end == std::string::npos ? "" : way.substr(end));
+        if (std::system(command.c_str()) != 0) ADD_FAILURE() << command;
+    }
+    ::test::TempFolder folder_;
+};
+
+// Readers may work on a standby, which takes no listeners: what others changed shows by their marks.
+TEST(StandbyTest, IsReadAndTellsOfChangesButTakesNone) {
+    QM_SERVER_ONLY();
+    QM_NEEDS_SERVER();
+    const OwnServer primary("start");
+    const std::string others = ::test::ServerUri();
+    const auto name = [](const std::string& uri) { setenv("QM_TEST_SERVER", uri.c_str(), 1); };
+    name(primary.Uri());
+    const std::shared_ptr<void> again(nullptr, [&](void*) { name(others); });
+    const TestStore store;
+    const ConnectionPtr writer = store.Connect();
+    const OwnServer standby("standby " + primary.File());
+    Connection reader;
+    reader.Properties("Data Source") = standby.Uri() + store.Path().substr(primary.Uri().size());
+    reader.Open();
+    EXPECT_FALSE(reader.ChangedByOthers());
+    Add(writer, "a");
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!reader.ChangedByOthers() && std::chrono::steady_clock::now() < end) continue;
+    EXPECT_EQ(test::RowsOf(*reader.Execute(remarks)), "a");
+    EXPECT_FALSE(reader.ChangedByOthers()) << "told once";
+    const auto add = [&] { reader.Execute("Insert Into Small (Remark) Values ('b')"); };
+    EXPECT_EQ(ErrorOf(add), error::ReadOnly);
+    std::int32_t failure = ErrorOf([&] { reader.BeginTrans(); });
+    if (failure == 0) failure = ErrorOf(add);
+    EXPECT_EQ(failure, error::ReadOnly);
+    while (reader.TransDepth() > 0) reader.RollbackTrans();
+    EXPECT_NO_THROW(reader.Close());
+}
+
 }  // namespace
 }  // namespace ado

@@ -1,21 +1,18 @@
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <sqlcipher/sqlite3.h>
-#include <unistd.h>
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Recordset.h"
-#include "platform/ado/store/Flight.h"
 #include "platform/ado/store/PostgresFunctions.h"
 #include "platform/ado/store/PostgresSchema.h"
 #include "platform/basic/Error.h"
@@ -42,38 +39,23 @@ inline constexpr const char* tables = R"(
     CREATE TABLE Groups (Group_Id INTEGER PRIMARY KEY AUTOINCREMENT, Head TEXT);
 )";
 
-// Whether the stores of this run are on the tests' server: each case runs once on a file and once there.
-inline bool OnServer() {
-    const char* named = std::getenv("QM_TEST_STORE");
-    return named != nullptr && std::string(named) == "server";
-}
-
-#define QM_FILE_ONLY() \
-    if (::ado::test::OnServer()) GTEST_SKIP() << "of the file alone"
-#define QM_SERVER_ONLY() \
-    if (!::ado::test::OnServer()) GTEST_SKIP() << "of the server alone"
-
 // A fresh store, as new books are: an encrypted file in a folder of its own, or a database of its own.
 class TestStore {
   public:
     static constexpr const char* password = "it's a secret";
 
-    explicit TestStore(const std::string& definitions = tables, bool onServer = OnServer())
-        : onServer_(onServer) {
-        if (onServer_)
+    explicit TestStore(const std::string& definitions = tables, bool onServer = ::test::OnServer()) {
+        if (onServer)
             MakeDatabase(definitions);
         else
             Administer("PRAGMA journal_mode = WAL; BEGIN; " + definitions + "; COMMIT;");
-    }
-    ~TestStore() {
-        if (!database_.empty()) RunOnServer("DROP DATABASE " + database_ + " WITH (FORCE)", "postgres");
     }
     TestStore(const TestStore&) = delete;
     TestStore& operator=(const TestStore&) = delete;
 
     const std::filesystem::path& Folder() const { return folder_.Path(); }
     std::string Path() const {  // of the file, or the data source that names the database
-        return onServer_ ? ::test::ServerUri() + database_ + "/books.mdb" : (folder_ / "books.mdb").string();
+        return database_ ? database_->Uri() + "books.mdb" : (folder_ / "books.mdb").string();
     }
 
     ConnectionPtr Connect(const std::string& key = password) const {
@@ -86,7 +68,7 @@ class TestStore {
 
     // A script in the store's own words, by whoever administers it.
     void Administer(const std::string& script) const {
-        onServer_ ? RunOnServer(script, database_) : RunOnFile(script);
+        database_ ? database_->Run(script) : RunOnFile(script);
     }
 
     // Changes one byte of the file.
@@ -99,12 +81,6 @@ class TestStore {
     }
 
   private:
-    static void RunOnServer(const std::string& script, const std::string& database) {
-        Flight flight;
-        flight.Connect(ReadServerAddress(::test::ServerUri() + database + "/"));
-        flight.Script(script);
-    }
-
     void RunOnFile(const std::string& script) const {
         sqlite3* store = nullptr;
         sqlite3_open(Path().c_str(), &store);
@@ -116,21 +92,14 @@ class TestStore {
     }
 
     void MakeDatabase(const std::string& definitions) {
-        if (::test::ServerUri().empty()) {
-            std::puts("[  SKIPPED ] no server");
-            std::exit(0);
-        }
-        static int made = 0;
-        database_ = "store_" + std::to_string(getpid()) + "_" + std::to_string(++made);
-        RunOnServer("CREATE DATABASE " + database_ + " TEMPLATE template0", "postgres");
+        database_.emplace();
         std::string script = ServerFunctions();
         for (const SchemaTable& table : ReadSchema(definitions)) script += PostgresDefinition(table);
         Administer(script);
     }
 
-    const bool onServer_;
     ::test::TempFolder folder_;
-    std::string database_;
+    std::optional<::test::ServerDatabase> database_;
 };
 
 // The rows of a set from its current one, as "a|b a|b"; Null reads "-".

@@ -197,7 +197,7 @@ std::int32_t FillUntilFull(const ConnectionPtr& c) {
 }
 
 TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("the limit is one of files");
     TestStore store;
     EXPECT_EQ(test::InChild([&] {
                   const ConnectionPtr c = store.Connect();
@@ -214,7 +214,7 @@ TEST(DiskFullTest, OutsideATransactionTheStatementFailsAndTheRestStands) {
 class DiskFullInTransaction : public testing::TestWithParam<int> {};
 
 TEST_P(DiskFullInTransaction, LosesAllLevelsAndNeverReportsSuccess) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("the limit is one of files");
     TestStore store;
     const int depth = GetParam();
     EXPECT_EQ(test::InChild([&] {
@@ -258,7 +258,7 @@ TEST(DurabilityTest, WhatIsCommittedOutlivesAKilledProcess) {
 
 // The disk does not confirm the commit, and perhaps not its undoing either; then the power goes.
 TEST(DurabilityTest, WhatWasToldAsFailedDoesNotComeBackAfterACrash) {
-    QM_FILE_ONLY();
+    QM_FILE_ONLY("its log");
     const std::pair<int, const char*> cases[] = {
         {1, "The disk could not be read or written (Input/output error). The change was undone."},
         {1000,

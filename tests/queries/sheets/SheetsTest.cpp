@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdio>
+#include <fstream>
 #include <limits>
 #include <sstream>
 
@@ -64,7 +65,8 @@ queries::SheetOf<Line> Tree() {
                   {{"Bank", 1, 10.1, {}, {}, {}}, 1},
                   {{"Cash", 2, 19.9, {}, {}, {}}, 1},
                   {{"Dues", {}, 5.0, {}, {}, {}}, 0},
-                  {{"Ends", {}, 0.5, {}, {}, {}}, 0}});
+                  {{"Ends", {}, 0.5, {}, {}, {}}, 0},
+                  {{"Fees", {}, -0.001, {}, {}, {}}, 1}});
 }
 
 template <class Write>
@@ -90,7 +92,10 @@ TEST(Sheets, ATableStandsInColumnsThatATerminalKeeps) {
     basic::SetNumberLocale("C");
     EXPECT_THAT(Written(Tree(), queries::WriteTable), HasSubstr("\nAssets               30.00\n"
                                                                 "  Bank           1   10.10\n"));
-    EXPECT_THAT(Written(Tree(), queries::WriteTable), EndsWith("\nTotal                35.50\n"));
+    EXPECT_THAT(Written(Tree(), queries::WriteTable),
+                EndsWith("\n  Fees                0.00\n"
+                         "-------------  ---  ------  ----  ----  ----\n"
+                         "Total                35.50\n"));
 }
 
 TEST(Sheets, FilesForProgramsKeepFiguresAndRunNothing) {
