@@ -44,7 +44,7 @@ TEST_F(LedgersPageTest, ALongStatementHasItsBalancesSoonAndKeepsItsRowWhenAnothe
             "LedgerDrAmt, LedgerCrAmt, LedgerNarration From tb_Ledger2001 Where LedgerName = 'Model School "
             "Stores'");
     Start();
-    Key(Qt::Key_2, Qt::AltModifier);
+    Key(Qt::Key_3, Qt::AltModifier);
     WaitForTotals("rows");
     Type("model");
     Key(Qt::Key_Return);
