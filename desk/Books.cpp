@@ -44,7 +44,7 @@ void Books::Read() {
 }
 
 Worker& Books::Background() {
-    if (!worker_) worker_ = std::make_unique<Worker>(address_, YearInForce());
+    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce());
     return *worker_;
 }
 

@@ -49,7 +49,7 @@ class Books {
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
-    std::unique_ptr<Worker> worker_;
+    std::shared_ptr<Worker> worker_;
     std::unique_ptr<BooksCheck> check_;
     std::string address_;
 };

@@ -372,7 +372,7 @@ std::vector<Found> DeskWindow::FindPages(const QString& words) {
 void DeskWindow::Find(const QString& words, const SearchField::Take& take) {
     take(FindPages(words), !books_.AreOpen());
     if (!books_.AreOpen()) return;
-    if (search_) search_->Cancelled = true;
+    books_.Background().Cancel(search_);
     const auto hits = std::make_shared<std::vector<queries::SearchHit>>();
     search_ = books_.Background().Start(
         head_->Search(),

@@ -13,7 +13,7 @@
 namespace desk {
 namespace {
 
-constexpr int Margin = 24, Tight = 15;  // pixels of a cell beside its text
+constexpr int Margin = 24, Tight = 20;  // pixels of a cell beside its text
 
 // Room for the widest cell of the kind that is usual; texts: the least.
 int WidthOf(const queries::Column& column, const QFontMetrics& metrics, int margin) {
@@ -81,7 +81,9 @@ void SheetColumns::Lay(const queries::Sheet& sheet) {
 void SheetColumns::Fit() {
     if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
     const QScopedValueRollback quiet(laying_, true);
-    const QFontMetrics metrics(Theme::Figures(header_.font()));
+    QFont heads = Theme::Figures(header_.font());
+    heads.setWeight(QFont::DemiBold);
+    const QFontMetrics metrics(heads);
     int room = 0, shares = 0, margin = Margin;
     const auto each = [&](auto act) {
         for (int section = 0; section < header_.count(); ++section)

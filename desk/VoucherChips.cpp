@@ -102,7 +102,10 @@ void VoucherChips::FillPeriods(QMenu& menu) {
     AddForm(menu, [&](QWidget& panel, QFormLayout& form) {
         auto* const from = new QDateEdit(ToQt(filter_.days.from.value_or(*year_.from)), &panel);
         auto* const upto = new QDateEdit(ToQt(filter_.days.upto.value_or(*year_.upto)), &panel);
-        for (QDateEdit* const box : {from, upto}) box->setDisplayFormat("dd-MMM-yyyy");
+        for (QDateEdit* const box : {from, upto}) {
+            box->setDisplayFormat("dd-MMM-yyyy");
+            box->setCalendarPopup(true);
+        }
         form.addRow(tr("From"), from);
         form.addRow(tr("Up to"), upto);
         auto* const take = new QPushButton(tr("Show these days"), &panel);

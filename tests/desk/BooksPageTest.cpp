@@ -49,7 +49,7 @@ TEST_F(BooksPageTest, AFileWithAFaultIsShownAndWritesNothingAndOneWithoutIsBroug
         Shown().Import("ledgers", folder / "ledgers.csv");
     };
     const auto count = [] {
-        return test::FreshBooks::One("Select Sum(1) From Ledger_Master Where Ledger_Name = 'Hill School'");
+        return test::FreshBooks::One("Select Sum(1) From Ledger_Master Where Name = 'Hill School'");
     };
     write("X");
     EXPECT_EQ(Title(), "Import of ledgers");
