@@ -109,6 +109,7 @@ void VoucherChips::FillLedgers(QMenu& menu) {
             const int id = item->data(Qt::UserRole).toInt();
             filter_.ledger = id > 0 ? std::optional(id) : std::nullopt;
             ledgerName_ = id > 0 ? item->text() : QString();
+            filter_.group.clear();
             menu.close();
             Changed();
         };
@@ -148,7 +149,7 @@ void VoucherChips::FillAmounts(QMenu& menu) {
 
 void VoucherChips::Set(const queries::VoucherFilter& filter, const QString& ledger) {
     filter_ = filter;
-    ledgerName_ = ledger;
+    ledgerName_ = ledger.isEmpty() ? QString::fromStdString(filter.group) : ledger;
     const QSignalBlocker quiet(words_);
     words_->setText(QString::fromStdString(filter.words));
     Changed();

@@ -32,7 +32,8 @@ class VoucherChips : public QWidget {
                  std::function<void()> changed);
 
     const queries::VoucherFilter& Filter() const { return filter_; }
-    void Set(const queries::VoucherFilter& filter, const QString& ledger = {});  // from elsewhere
+    // From elsewhere; the chip of the ledger shows its name, or that of the filter's group.
+    void Set(const queries::VoucherFilter& filter, const QString& ledger = {});
     void Clear();
     bool Any() const;
     QString Text() const;  // all that narrows, "April 2001, Receipt"
