@@ -39,6 +39,7 @@ void JobBar::Run(Worker& worker, const QString& what,
     text_->setText(what);
     bar_->setAccessibleName(what);
     bar_->setRange(0, 0);
+    worker_ = worker.weak_from_this();
     job_ = worker.Start(*this, std::move(work), [this, end = std::move(end)](std::exception_ptr failure) {
         job_.reset();
         Cancel();
@@ -48,8 +49,8 @@ void JobBar::Run(Worker& worker, const QString& what,
 }
 
 void JobBar::Cancel() {
-    if (job_) job_->Cancelled = true;
-    job_.reset();
+    const auto job = std::exchange(job_, nullptr);
+    if (const auto worker = worker_.lock()) worker->Cancel(job);
     tick_.stop();
     hide();
 }

@@ -34,6 +34,7 @@ class JobBar : public QWidget {
     QLabel* text_;
     QProgressBar* bar_;
     QTimer tick_;
+    std::weak_ptr<Worker> worker_;  // of the job; gone when the books are
     std::shared_ptr<Worker::Job> job_;
 };
 

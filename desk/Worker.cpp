@@ -18,6 +18,7 @@ Worker::~Worker() {
         const std::lock_guard lock(guard_);
         ending_ = true;
         if (running_) running_->Cancelled = true;
+        if (running_ && books_) books_->Cancel();
     }
     wake_.notify_all();
     thread_.join();
@@ -34,6 +35,13 @@ std::shared_ptr<Worker::Job> Worker::Start(QObject& owner, std::function<void(qu
     return job;
 }
 
+void Worker::Cancel(const std::shared_ptr<Job>& job) {
+    if (!job) return;
+    const std::lock_guard lock(guard_);
+    job->Cancelled = true;
+    if (job == running_ && books_) books_->Cancel();
+}
+
 void Worker::Loop() {
     std::unique_lock lock(guard_);
     for (;;) {
@@ -42,6 +50,7 @@ void Worker::Loop() {
         const Task task = std::move(tasks_.front());
         tasks_.pop_front();
         running_ = task.Of;
+        if (books_) books_->GoOn();
         lock.unlock();
         Run(task);
         lock.lock();
@@ -56,7 +65,11 @@ void Worker::Run(const Task& task) {
     std::exception_ptr failure;
     try {
         task.Of->Step(0);
-        if (!books_) books_ = std::make_unique<queries::Reading>(dataPath_, year_);
+        if (!books_) {
+            auto books = std::make_unique<queries::Reading>(dataPath_, year_);
+            const std::lock_guard lock(guard_);
+            books_ = std::move(books);
+        }
         task.Work(*books_, *task.Of);
     } catch (const Stop&) {
         return;

@@ -18,7 +18,7 @@ namespace desk {
 
 // What takes longer than a moment: one thread with a read-only connection of its own. Jobs run one after the
 // other; the class is never called from here.
-class Worker {
+class Worker : public std::enable_shared_from_this<Worker> {
   public:
     // One job, as both sides see it.
     struct Job {
@@ -39,6 +39,9 @@ class Worker {
     // job that was cancelled, or where `owner` is gone by then.
     std::shared_ptr<Job> Start(QObject& owner, std::function<void(queries::Reading&, Job&)> work,
                                std::function<void(std::exception_ptr)> end);
+
+    // Ends the job, in the middle of a statement too, or drops it where it has not begun; null is none.
+    void Cancel(const std::shared_ptr<Job>& job);
 
   private:
     struct Task {

@@ -6,6 +6,7 @@
 
 #include "core/DBCode.h"
 #include "platform/ado/Connection.h"
+#include "platform/basic/Dates.h"
 #include "tests/desk/DeskFixture.h"
 #include "vouchers/VoucherGrid.h"
 #include "vouchers/frmVoucher.h"
@@ -17,7 +18,7 @@ class VouchersPageTest : public test::DeskTest {
     void StartOnVouchers() {
         FillWithSample();
         Start();
-        Key(Qt::Key_1, Qt::AltModifier);
+        Key(Qt::Key_2, Qt::AltModifier);
         ASSERT_EQ(Title(), "Vouchers");
         WaitForTotals("142 lines");
     }
@@ -115,18 +116,27 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
 }
 
-TEST_F(VouchersPageTest, ACopyStandsAsANewVoucherAndPostsNothingBeforeSave) {
+TEST_F(VouchersPageTest, ACopyPostsNothingBeforeSaveAndThenAsANewVoucher) {
     StartOnVouchers();
-    const auto lines = [] { return test::FreshBooks::One("Select Sum(1) From tb_Ledger2001"); };
-    script.Modal("frmVoucher", [](forms::Form& form) {
+    const auto posted = [] {
+        return test::FreshBooks::One(
+            "Select Sum(1), Sum(LedgerDrAmt) From tb_Ledger2001 Where LedgerNarration = 'Salaries of March'");
+    };
+    script.Modal("frmVoucher", [&](forms::Form& form) {
         auto& ui = static_cast<qm::frmVoucher&>(form).ui();
         EXPECT_EQ(ui.txtVoucherNo->Text(), "<New>");
         EXPECT_EQ(ui.cmbVoucherType->Text(), "Payment");
         EXPECT_EQ(ui.vsVoucher->TextMatrix(1, qm::Ledger), "Salaries Payable");
-        EXPECT_EQ(ui.vsVoucher->TextMatrix(1, qm::Number), "");
+        EXPECT_EQ(posted(), "2|21000");
+        ui.dtpDate->SetValue(basic::MakeDate(2001, 4, 30));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(static_cast<QWidget*>(form.Window())));
+        QTest::keyClick(form.Window()->focusWidget(), Qt::Key_S, Qt::ControlModifier);
     });
+    script.Box("Voucher Saved with no. '" +
+               test::FreshBooks::One("Select Max(LedgerTrnNo) + 1 From tb_Ledger2001") + "'");
     Key(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_EQ(lines(), "142");
+    EXPECT_EQ(posted(), "4|42000");
+    WaitForTotals("144 lines");
 }
 
 }  // namespace

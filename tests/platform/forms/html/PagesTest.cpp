@@ -152,8 +152,7 @@ TEST(Pages, TheMarginTellsWhoseFiguresTheseAre) {
 
 // One in no folder, and one on a full disk.
 TEST(Pages, APathThatCannotBeWrittenIsTold) {
-    for (const char* path : {"/nowhere/report.pdf", "/dev/full"})
-        try {
+    for (const char* path : {"/nowhere/report.pdf", "/dev/full"}) try {
             WritePdf("x", QApplication::font(), {}, path);
             ADD_FAILURE() << path;
         } catch (const basic::Error& error) {
