@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <string>
 
 #include "desk/Books.h"
 #include "desk/SheetView.h"
@@ -35,7 +36,7 @@ LedgersPage::LedgersPage(Desk& desk)
         const auto row = view_->Current();
         if (!row) return;
         const queries::TreeRow line = RowOf(*view_->Sheet(), *row);
-        if (line.ledger > 0) this->desk().OpenScreen("Ledger_Master", line.name);
+        if (line.ledger > 0) this->desk().OpenScreen("Ledger_Master", std::to_string(line.ledger));
     });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
