@@ -31,12 +31,14 @@ void Books::Open(const std::string& address) {
 }
 
 void Books::Close() {
+    check_.reset();
     worker_.reset();
     reading_.reset();
     host_.reset();
 }
 
 void Books::Read() {
+    check_.reset();
     worker_.reset();
     reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
 }
@@ -44,6 +46,15 @@ void Books::Read() {
 Worker& Books::Background() {
     if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce());
     return *worker_;
+}
+
+BooksCheck& Books::Check() {
+    if (!check_) check_ = std::make_unique<BooksCheck>(address_, YearInForce());
+    return *check_;
+}
+
+bool Books::OnServer() const {
+    return IsServer(address_);
 }
 
 QString Books::Name() const {

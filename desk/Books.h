@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/clQm.h"
+#include "desk/BooksCheck.h"
 #include "desk/Worker.h"
 #include "host/audit/YearList.h"
 #include "queries/Reading.h"
@@ -27,8 +28,11 @@ class Books {
     QString Name() const;                // "firm": the folder's last part, or the server's database
     QString Place() const;               // the whole address
     const std::string& Address() const;  // as the class has it
+    qm::clQm& Host() { return *host_; }  // for what changes the books
+    bool OnServer() const;
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
+    BooksCheck& Check();   // has a thread of its own: it may take minutes
 
     std::vector<host::Year> Years();         // as they stand in the books now
     std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
@@ -46,6 +50,7 @@ class Books {
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
     std::shared_ptr<Worker> worker_;
+    std::unique_ptr<BooksCheck> check_;
     std::string address_;
 };
 

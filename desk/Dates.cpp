@@ -25,13 +25,17 @@ QString MonthText(basic::Date day) {
     return QLocale(QLocale::English).toString(ToQt(day), "MMMM yyyy");
 }
 
+QString DayText(basic::Date day) {
+    return QLocale(QLocale::English).toString(ToQt(day), "dd-MMM-yyyy");
+}
+
 QString RangeText(const queries::Range& days, const queries::Range& year) {
     const QDate from = ToQt(days.from ? *days.from : *year.from),
                 upto = ToQt(days.upto ? *days.upto : *year.upto);
     if (from.day() == 1 && upto == from.addMonths(1).addDays(-1)) return MonthText(FromQt(from));
-    const auto text = [](const QDate& day) { return QLocale(QLocale::English).toString(day, "dd-MMM-yyyy"); };
-    if (from == upto) return text(from);
-    return QCoreApplication::translate("desk::Dates", "%1 to %2").arg(text(from), text(upto));
+    if (from == upto) return DayText(FromQt(from));
+    return QCoreApplication::translate("desk::Dates", "%1 to %2")
+        .arg(DayText(FromQt(from)), DayText(FromQt(upto)));
 }
 
 }  // namespace desk

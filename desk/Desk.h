@@ -23,6 +23,10 @@ class Desk {
     virtual void Push(Page* page) = 0;
     virtual void Back() = 0;
 
+    // Closes the books with all pages, does what needs them closed, and opens those of an address, after the
+    // event that asked for it. What `meanwhile` gives is told in the bar; so is its failure, in place of it.
+    virtual void Reopen(const std::string& address, const std::function<QString()>& meanwhile = {}) = 0;
+
     // Opens a screen of the module by its form's name, on a record where one is named, and comes back to the
     // same row, brought up to date.
     virtual void OpenScreen(const std::string& form, const std::string& record = {}) = 0;

@@ -17,10 +17,13 @@
 #include "desk/Cures.h"
 #include "desk/DeskHead.h"
 #include "desk/EmptyState.h"
+#include "desk/HelpPage.h"
+#include "desk/KeyList.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
 #include "desk/PageList.h"
 #include "desk/PageTable.h"
+#include "desk/RecentBooks.h"
 #include "desk/ScreenList.h"
 #include "desk/StatementPage.h"
 #include "desk/Theme.h"
@@ -100,6 +103,10 @@ void DeskWindow::AddKeys() {
     add(QKeySequence(Qt::Key_F5), [this] {
         if (shown_) shown_->Refresh();
     });
+    add(QKeySequence::HelpContents, [this] {
+        if (!dynamic_cast<HelpPage*>(shown_)) Push(new HelpPage(*this, shown_ ? shown_->Chapter() : ""));
+    });
+    add(QKeySequence(Qt::Key_Question), [this] { TellKeys(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFolder(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
 }
@@ -110,6 +117,9 @@ void DeskWindow::FillMenu() {
     menu.addAction(tr("Bring up to date\tF5"), this, [this] {
         if (shown_) Try([this] { shown_->Refresh(); });
     });
+    menu.addAction(tr("Manual\tF1"), this,
+                   [this] { Push(new HelpPage(*this, shown_ ? shown_->Chapter() : "")); });
+    menu.addAction(tr("Keys of this page\t?"), this, [this] { TellKeys(); });
     menu.addSeparator();
     auto* const choices = new QActionGroup(&menu);
     const std::pair<Theme::Choice, QString> looks[] = {{Theme::Choice::System, tr("Colours of the system")},
@@ -129,6 +139,10 @@ void DeskWindow::FillMenu() {
     menu.addAction(tr("Leave\tCtrl+Q"), this, [this] { close(); });
 }
 
+void DeskWindow::TellKeys() {
+    if (shown_) ShowKeys(*this, *shown_);
+}
+
 void DeskWindow::AskForFolder() {
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the books"), books_.Place());
     if (!folder.isEmpty()) OpenBooks(folder.toStdString());
@@ -141,6 +155,7 @@ void DeskWindow::OpenBooks(const std::string& address) {
     head_->ShowBooks(books_);
     list_->setEnabled(books_.AreOpen());
     if (books_.AreOpen()) {
+        RecentBooks::Add(books_.Place());
         setWindowTitle(tr("%1 \u2013 Accounts").arg(books_.Name()));
         watch_.start();
         Go(QString::fromLatin1(PageTable().front().Key));
@@ -150,6 +165,25 @@ void DeskWindow::OpenBooks(const std::string& address) {
         stack_->setCurrentWidget(empty_);
         empty_->setFocus();
     }
+}
+
+void DeskWindow::Reopen(const std::string& address, const std::function<QString()>& meanwhile) {
+    QTimer::singleShot(0, this, [this, address, meanwhile] {
+        DropPages();
+        books_.Close();
+        QString note;
+        std::exception_ptr failure;
+        try {
+            if (meanwhile) note = meanwhile();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        OpenBooks(address);
+        if (failure)
+            Try([&] { std::rethrow_exception(failure); });
+        else if (books_.AreOpen() && !note.isEmpty())
+            Note(note);
+    });
 }
 
 void DeskWindow::Run() {

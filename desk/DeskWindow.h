@@ -39,6 +39,7 @@ class DeskWindow : public QWidget, public Desk {
     void Go(const QString& page) override;
     void Push(Page* page) override;
     void Back() override;
+    void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
     void OpenScreen(const std::string& form, const std::string& record) override;
     void CopyVoucher(std::int32_t number) override;
     bool Try(const std::function<void()>& work) override;
@@ -56,6 +57,7 @@ class DeskWindow : public QWidget, public Desk {
   private:
     void AddKeys();
     void FillMenu();
+    void TellKeys();
     void AskForFolder();
     void Escape();
     void Show(Page* page);

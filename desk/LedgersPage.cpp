@@ -1,7 +1,6 @@
 #include "desk/LedgersPage.h"
 
 #include <QCoreApplication>
-#include <QTreeView>
 #include <QVBoxLayout>
 #include <string>
 
@@ -52,8 +51,7 @@ void LedgersPage::Activate(std::size_t row) {
     const queries::TreeRow line = RowOf(*view_->Sheet(), row);
     if (line.ledger > 0)
         return desk().Push(new StatementPage(desk(), line.ledger, QString::fromStdString(line.name)));
-    QTreeView& tree = *view_->Tree();
-    tree.setExpanded(tree.currentIndex(), !tree.isExpanded(tree.currentIndex()));
+    view_->Toggle();
 }
 
 }  // namespace desk

@@ -16,7 +16,8 @@ namespace {
 constexpr int Margin = 24, Tight = 20;  // pixels of a cell beside its text
 
 // Room for the widest cell of the kind that is usual; texts: the least.
-int WidthOf(const queries::Column& column, const QFontMetrics& metrics, int margin) {
+int WidthOf(const queries::Column& column, const QFont& font, int margin) {
+    const QFontMetrics metrics(font);
     const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + margin; };
     const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + margin;
     switch (column.kind) {
@@ -73,17 +74,22 @@ void SheetColumns::Lay(const queries::Sheet& sheet) {
     columns_ = columns;
     const QScopedValueRollback quiet(laying_, true);
     isOwn_ = header_.restoreState(Settings().value(Key()).toByteArray());
-    for (int section = 0; section < header_.count(); ++section)
+    for (int section = 0; section < header_.count(); ++section) {
         header_.setSectionResizeMode(section, QHeaderView::Interactive);
+        if (!isOwn_) header_.setSectionHidden(section, IsHiddenAtFirst(section));
+    }
     Fit();
+}
+
+bool SheetColumns::IsHiddenAtFirst(int section) const {
+    return std::ranges::count(hidden_, columns_[static_cast<std::size_t>(section)].name) > 0;
 }
 
 void SheetColumns::Fit() {
     if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
     const QScopedValueRollback quiet(laying_, true);
-    QFont heads = Theme::Figures(header_.font());
-    heads.setWeight(QFont::DemiBold);
-    const QFontMetrics metrics(heads);
+    QFont font = Theme::Figures(header_.font());
+    font.setWeight(QFont::DemiBold);
     int room = 0, shares = 0, margin = Margin;
     const auto each = [&](auto act) {
         for (int section = 0; section < header_.count(); ++section)
@@ -93,7 +99,7 @@ void SheetColumns::Fit() {
         room = header_.viewport()->width();
         shares = 0;
         each([&](int, const queries::Column& column) {
-            room -= WidthOf(column, metrics, margin);
+            room -= WidthOf(column, font, margin);
             shares += ShareOf(column);
         });
     };
@@ -104,7 +110,7 @@ void SheetColumns::Fit() {
     }
     each([&](int section, const queries::Column& column) {
         const int more = room > 0 && shares > 0 ? room * ShareOf(column) / shares : 0;
-        header_.resizeSection(section, WidthOf(column, metrics, margin) + more);
+        header_.resizeSection(section, WidthOf(column, font, margin) + more);
     });
 }
 
@@ -117,7 +123,7 @@ void SheetColumns::Forget() {
     const QScopedValueRollback quiet(laying_, true);
     isOwn_ = false;
     for (int section = 0; section < header_.count(); ++section) {
-        header_.setSectionHidden(section, false);
+        header_.setSectionHidden(section, IsHiddenAtFirst(section));
         header_.moveSection(header_.visualIndex(section), section);
     }
     Fit();

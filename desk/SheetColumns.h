@@ -2,6 +2,8 @@
 
 #include <QObject>
 #include <QString>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "queries/Sheet.h"
@@ -18,6 +20,8 @@ class SheetColumns : public QObject {
   public:
     SheetColumns(QHeaderView& header, QString name);
 
+    // Columns that are not shown until the user chooses them; set before the first Lay.
+    void HideAtFirst(std::vector<std::string> names) { hidden_ = std::move(names); }
     void Lay(const queries::Sheet& sheet);    // for its columns; where they were laid before, nothing happens
     void Fit();                               // to the room, where the user has not sized them
     void FillMenu(QMenu& menu);               // a line for each column, and one that forgets all choices
@@ -30,7 +34,10 @@ class SheetColumns : public QObject {
 
     QHeaderView& header_;
     QString name_;
+    bool IsHiddenAtFirst(int section) const;
+
     std::vector<queries::Column> columns_;
+    std::vector<std::string> hidden_;
     bool isOwn_ = false;   // the user has sized or moved them
     bool laying_ = false;  // what changes comes from here
 };

@@ -85,7 +85,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
         case Qt::TextAlignmentRole:
             return headerData(index.column(), Qt::Horizontal, role);
         case Qt::FontRole:
-            if (shape_ == Shape::Tree && !nodes_[RowOf(index)].Below.empty()) {
+            if (shape_ == Shape::Tree && nodes_[RowOf(index)].Head == None) {
                 QFont bold;
                 bold.setBold(true);
                 return bold;

@@ -160,13 +160,17 @@ void SheetView::SetEmpty(const QString& title, const QString& text) {
 }
 
 void SheetView::Ask(Making make) {
-    make_ = std::move(make);
+    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
     slowly_ = false;
     isNew_ = true;
     Answer();
 }
 
 void SheetView::AskSlowly(Making make) {
+    AskSlowly([make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); });
+}
+
+void SheetView::AskSlowly(SlowMaking make) {
     make_ = std::move(make);
     slowly_ = true;
     isNew_ = true;
@@ -174,7 +178,7 @@ void SheetView::AskSlowly(Making make) {
 }
 
 void SheetView::AskAgain(Making make) {
-    make_ = std::move(make);
+    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
     slowly_ = false;
     Answer();
 }
@@ -185,13 +189,14 @@ void SheetView::Refresh() {
 
 void SheetView::Answer() {
     if (!slowly_) {
-        desk_.Try([&] { Take(make_(desk_.Books().Reading())); });
+        Worker::Job job;
+        desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); });
         return;
     }
     const auto answer = std::make_shared<SheetPtr>();
     InBackground(
         tr("Adding up\u2026"),
-        [make = make_, answer](queries::Reading& books, Worker::Job&) { *answer = make(books); },
+        [make = make_, answer](queries::Reading& books, Worker::Job& job) { *answer = make(books, job); },
         [this, answer] { Take(*answer); });
 }
 
@@ -222,8 +227,8 @@ void SheetView::SortShown(SheetPtr sheet) {
     const auto order = std::make_shared<ShownSheet::Order>();
     InBackground(
         tr("Sorting %1 rows\u2026").arg(QLocale().toString(qulonglong(sheet->Rows()))),
-        [make = make_, order, column, down = descending_](queries::Reading& books, Worker::Job&) {
-            *order = OrderBy(*make(books), column, down);
+        [make = make_, order, column, down = descending_](queries::Reading& books, Worker::Job& job) {
+            *order = OrderBy(*make(books, job), column, down);
         },
         [this, sheet, order] {
             if (order->size() == sheet->Rows()) Put(std::make_shared<ShownSheet>(sheet, std::move(*order)));
@@ -360,6 +365,11 @@ QTreeView* SheetView::Tree() const {
     return qobject_cast<QTreeView*>(view_);
 }
 
+void SheetView::Toggle() {
+    if (QTreeView* const tree = Tree())
+        tree->setExpanded(tree->currentIndex(), !tree->isExpanded(tree->currentIndex()));
+}
+
 void SheetView::Copy() {
     if (!model_.Sheet()) return;
     desk_.Try([&] {
@@ -397,7 +407,7 @@ void SheetView::Save(SheetFile kind, const QString& file) {
         tr("Writing %1\u2026").arg(file),
         [=, make = make_](queries::Reading& reading, Worker::Job& job) {
             const queries::Reading::Moment moment(reading);
-            const SheetPtr sheet = make(reading);
+            const SheetPtr sheet = make(reading, job);
             job.Total = sheet->Rows();
             const bool fits = order && order->size() == sheet->Rows();
             ShownSheet shown(sheet, fits ? order : std::nullopt, columns);

@@ -35,6 +35,7 @@ class SheetView : public QWidget {
     using Shape = SheetModel::Shape;
     using SheetPtr = std::shared_ptr<const queries::Sheet>;
     using Making = std::function<SheetPtr(queries::Reading&)>;
+    using SlowMaking = std::function<SheetPtr(queries::Reading&, Worker::Job&)>;
 
     // What the user chooses about columns is kept under the view's name.
     SheetView(Desk& desk, const QString& name, Shape shape = Shape::Table);
@@ -54,9 +55,10 @@ class SheetView : public QWidget {
     // with).
     void Ask(Making make);
     void AskSlowly(Making make);
-    void AskAgain(Making make);  // at once, to the same row
-    void Refresh();              // the same question again, to the same row
-    void Reread();               // the sheet tells more of its rows by now
+    void AskSlowly(SlowMaking make);  // which tells the job how far it is
+    void AskAgain(Making make);       // at once, to the same row
+    void Refresh();                   // the same question again, to the same row
+    void Reread();                    // the sheet tells more of its rows by now
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
     void SetEmpty(const QString& title, const QString& text);  // why there may be no rows, and what to do
@@ -64,9 +66,11 @@ class SheetView : public QWidget {
     const queries::Sheet* Sheet() const;         // null before the first answer
     std::optional<std::size_t> Current() const;  // of the sheet, whatever the order
     void SetCurrent(std::size_t row);
+    SheetColumns& Columns() const { return *columns_; }
     QWidget* Buttons() const { return buttons_; }  // for the page's head: columns, files, paper
     QAbstractItemView& View() const { return *view_; }
     QTreeView* Tree() const;  // null for a table
+    void Toggle();            // opens or closes the head of a tree that is chosen
     QString TotalsText() const;
     JobBar& Jobs() const { return *jobs_; }
     // Runs a job of the worker under the view, instead of one that still runs; `then` on the main thread.
@@ -108,7 +112,7 @@ class SheetView : public QWidget {
 
     Desk& desk_;
     SheetModel model_;
-    Making make_;
+    SlowMaking make_;
     bool slowly_ = false, totalsSet_ = false, isFirst_ = true, isNew_ = true;
     QStackedWidget* stack_;
     QWidget *empty_ = nullptr, *buttons_ = nullptr;

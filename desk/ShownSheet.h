@@ -12,8 +12,8 @@
 
 namespace desk {
 
-// A sheet as it is shown: its rows in the order of a column, some of its columns. What is copied, written and
-// printed is this, so that paper and files agree with the screen.
+// A sheet as it is shown: its rows in the order of a column, or some of them, some of its columns. What is
+// copied, written and printed is this, so that paper and files agree with the screen.
 class ShownSheet final : public queries::Sheet {
   public:
     using Order = std::vector<std::uint32_t>;  // of rows; a line's number among those shown gives its own
@@ -24,7 +24,7 @@ class ShownSheet final : public queries::Sheet {
     const std::string& Title() const override { return title_; }
     void SetTitle(std::string title) { title_ = std::move(title); }  // at first that of the sheet
     const std::vector<queries::Column>& Columns() const override { return columns_; }
-    std::size_t Rows() const override { return sheet_->Rows(); }
+    std::size_t Rows() const override { return order_ ? order_->size() : sheet_->Rows(); }
     basic::Value At(std::size_t row, std::size_t column) const override {
         if (Watch && column == 0) Watch(row);
         return sheet_->At(RowOf(row), chosen_[column]);

@@ -1,7 +1,6 @@
 #include "desk/VoucherChips.h"
 
 #include <QCoreApplication>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -10,30 +9,16 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QWidgetAction>
 #include <algorithm>
 
-#include "desk/Dates.h"
+#include "desk/PeriodChip.h"
 
 namespace desk {
 namespace {
 
 constexpr int TypingPause = 200;  // milliseconds, until the list follows
-
-// A page of boxes in a chip's menu, with a button that takes what they hold.
-template <class Fill>
-void AddForm(QMenu& menu, Fill fill) {
-    auto* const panel = new QWidget(&menu);
-    auto* const form = new QFormLayout(panel);
-    form->setContentsMargins(12, 8, 12, 8);
-    fill(*panel, *form);
-    auto* const action = new QWidgetAction(&menu);
-    action->setDefaultWidget(panel);
-    menu.addAction(action);
-}
 
 std::optional<double> AmountOf(const QLineEdit& box) {
     bool reads = false;
@@ -45,7 +30,7 @@ std::optional<double> AmountOf(const QLineEdit& box) {
 
 VoucherChips::VoucherChips(const queries::Range& year, std::function<std::vector<Ledger>()> ledgers,
                            std::function<void()> changed)
-    : year_(year), ledgers_(std::move(ledgers)), changed_(std::move(changed)), words_(new QLineEdit(this)) {
+    : ledgers_(std::move(ledgers)), changed_(std::move(changed)), words_(new QLineEdit(this)) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     words_->setObjectName("words");
@@ -61,61 +46,21 @@ VoucherChips::VoucherChips(const queries::Range& year, std::function<std::vector
         filter_.words = words_->text().simplified().toStdString();
         Changed();
     });
-    period_ = AddChip("period", [this](QMenu& menu) { FillPeriods(menu); });
-    type_ = AddChip("type", [this](QMenu& menu) { FillTypes(menu); });
-    ledger_ = AddChip("ledger", [this](QMenu& menu) { FillLedgers(menu); });
-    amount_ = AddChip("amount", [this](QMenu& menu) { FillAmounts(menu); });
+    period_ = new PeriodChip(year, [this] {
+        filter_.days = period_->Days();
+        Changed();
+    });
+    type_ = new Chip("type", tr("&Type"), [this](QMenu& menu) { FillTypes(menu); });
+    ledger_ = new Chip("ledger", tr("&Ledger"), [this](QMenu& menu) { FillLedgers(menu); });
+    amount_ = new Chip("amount", tr("A&mount"), [this](QMenu& menu) { FillAmounts(menu); });
+    for (Chip* const chip : std::initializer_list<Chip*>{period_, type_, ledger_, amount_})
+        row->addWidget(chip);
     clear_ = new QToolButton(this);
     clear_->setObjectName("clear");
     clear_->setText(tr("Show &all"));
     connect(clear_, &QToolButton::clicked, this, [this] { Clear(); });
     row->addWidget(clear_);
     Show();
-}
-
-QToolButton* VoucherChips::AddChip(const QString& name, std::function<void(QMenu&)> fill) {
-    auto* const chip = new QToolButton(this);
-    auto* const menu = new QMenu(chip);
-    chip->setObjectName("chip");
-    menu->setObjectName(name);
-    chip->setPopupMode(QToolButton::InstantPopup);
-    chip->setMenu(menu);
-    connect(menu, &QMenu::aboutToShow, this, [menu, fill = std::move(fill)] {
-        menu->clear();
-        fill(*menu);
-    });
-    layout()->addWidget(chip);
-    return chip;
-}
-
-void VoucherChips::FillPeriods(QMenu& menu) {
-    const auto add = [&](const QString& caption, const queries::Range& days) {
-        connect(menu.addAction(caption), &QAction::triggered, this, [this, days] {
-            filter_.days = days;
-            Changed();
-        });
-    };
-    add(tr("Whole year"), {});
-    menu.addSeparator();
-    for (const queries::Range& month : MonthsOf(year_)) add(MonthText(*month.from), month);
-    menu.addSeparator();
-    AddForm(menu, [&](QWidget& panel, QFormLayout& form) {
-        auto* const from = new QDateEdit(ToQt(filter_.days.from.value_or(*year_.from)), &panel);
-        auto* const upto = new QDateEdit(ToQt(filter_.days.upto.value_or(*year_.upto)), &panel);
-        for (QDateEdit* const box : {from, upto}) {
-            box->setDisplayFormat("dd-MMM-yyyy");
-            box->setCalendarPopup(true);
-        }
-        form.addRow(tr("From"), from);
-        form.addRow(tr("Up to"), upto);
-        auto* const take = new QPushButton(tr("Show these days"), &panel);
-        form.addRow(take);
-        connect(take, &QPushButton::clicked, this, [this, from, upto, &menu] {
-            filter_.days = {FromQt(from->date()), FromQt(upto->date())};
-            menu.close();
-            Changed();
-        });
-    });
 }
 
 void VoucherChips::FillTypes(QMenu& menu) {
@@ -164,6 +109,7 @@ void VoucherChips::FillLedgers(QMenu& menu) {
             const int id = item->data(Qt::UserRole).toInt();
             filter_.ledger = id > 0 ? std::optional(id) : std::nullopt;
             ledgerName_ = id > 0 ? item->text() : QString();
+            filter_.group.clear();
             menu.close();
             Changed();
         };
@@ -203,7 +149,7 @@ void VoucherChips::FillAmounts(QMenu& menu) {
 
 void VoucherChips::Set(const queries::VoucherFilter& filter, const QString& ledger) {
     filter_ = filter;
-    ledgerName_ = ledger;
+    ledgerName_ = ledger.isEmpty() ? QString::fromStdString(filter.group) : ledger;
     const QSignalBlocker quiet(words_);
     words_->setText(QString::fromStdString(filter.words));
     Changed();
@@ -219,8 +165,9 @@ bool VoucherChips::Any() const {
 
 QString VoucherChips::Text() const {
     QStringList parts;
-    for (const QString& part : {PeriodText(), filter_.type ? QString(qm::WordOf(*filter_.type)) : QString(),
-                                ledgerName_, AmountText(), QString::fromStdString(filter_.words)})
+    for (const QString& part :
+         {period_->Text(), filter_.type ? QString(qm::WordOf(*filter_.type)) : QString(), ledgerName_,
+          AmountText(), QString::fromStdString(filter_.words)})
         if (!part.isEmpty()) parts << part;
     return parts.join(", ");
 }
@@ -229,11 +176,6 @@ void VoucherChips::Changed() {
     typed_.stop();
     Show();
     changed_();
-}
-
-QString VoucherChips::PeriodText() const {
-    if (!filter_.days.from && !filter_.days.upto) return {};
-    return RangeText(filter_.days, year_);
 }
 
 QString VoucherChips::AmountText() const {
@@ -246,21 +188,10 @@ QString VoucherChips::AmountText() const {
 }
 
 void VoucherChips::Show() {
-    const auto set = [](QToolButton& chip, const QString& caption, const QString& value) {
-        chip.setText(value.isEmpty() ? caption + QString::fromUtf8(" \u25BE")
-                                     : value + QString::fromUtf8(" \u25BE"));
-        chip.setAccessibleName(value.isEmpty() ? QString(caption).remove('&')
-                                               : QString(caption).remove('&') + ": " + value);
-        chip.setProperty("set", !value.isEmpty());
-        chip.style()->unpolish(&chip);
-        chip.style()->polish(&chip);
-        // The letter goes on working where the caption has given way to the value.
-        chip.setShortcut(QKeySequence::mnemonic(caption));
-    };
-    set(*period_, tr("&Period"), PeriodText());
-    set(*type_, tr("&Type"), filter_.type ? QString(qm::WordOf(*filter_.type)) : QString());
-    set(*ledger_, tr("&Ledger"), ledgerName_);
-    set(*amount_, tr("A&mount"), AmountText());
+    period_->Set(filter_.days);
+    type_->SetValue(filter_.type ? QString(qm::WordOf(*filter_.type)) : QString());
+    ledger_->SetValue(ledgerName_);
+    amount_->SetValue(AmountText());
     clear_->setVisible(Any());
 }
 

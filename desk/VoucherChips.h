@@ -16,6 +16,9 @@ class QToolButton;
 
 namespace desk {
 
+class Chip;
+class PeriodChip;
+
 // What the list of vouchers is narrowed to, as a row of chips: words, period, type, ledger, amount. A chip
 // that narrows shows to what, and is coloured.
 class VoucherChips : public QWidget {
@@ -29,29 +32,28 @@ class VoucherChips : public QWidget {
                  std::function<void()> changed);
 
     const queries::VoucherFilter& Filter() const { return filter_; }
-    void Set(const queries::VoucherFilter& filter, const QString& ledger = {});  // from elsewhere
+    // From elsewhere; the chip of the ledger shows its name, or that of the filter's group.
+    void Set(const queries::VoucherFilter& filter, const QString& ledger = {});
     void Clear();
     bool Any() const;
     QString Text() const;  // all that narrows, "April 2001, Receipt"
 
   private:
-    QToolButton* AddChip(const QString& name, std::function<void(QMenu&)> fill);
-    void FillPeriods(QMenu& menu);
     void FillTypes(QMenu& menu);
     void FillLedgers(QMenu& menu);
     void FillAmounts(QMenu& menu);
     void Show();
     void Changed();
-    QString PeriodText() const;
     QString AmountText() const;
 
-    queries::Range year_;
     std::function<std::vector<Ledger>()> ledgers_;
     std::function<void()> changed_;
     queries::VoucherFilter filter_;
     QString ledgerName_;
     QLineEdit* words_;
-    QToolButton *period_, *type_, *ledger_, *amount_, *clear_;
+    PeriodChip* period_;
+    Chip *type_, *ledger_, *amount_;
+    QToolButton* clear_;
     QTimer typed_;
 };
 

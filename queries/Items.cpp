@@ -24,8 +24,13 @@ ItemRow Row(ado::Recordset& item, const std::map<std::int32_t, double>& moved) {
     row.reorderLevel = FigureOf(item, "Reorder_Level");
     row.overflowLevel = FigureOf(item, "Overflow_Level");
     row.reorder = row.reorderLevel.value_or(0) > 0 && row.net <= *row.reorderLevel;
+    row.over = row.overflowLevel.value_or(0) > 0 && row.net > *row.overflowLevel;
     row.notes = TextOf(item, "Notes");
     return row;
+}
+
+bool Fits(const ItemRow& row, ItemStock stock) {
+    return stock == ItemStock::Any || (stock == ItemStock::Over ? row.over : row.reorder);
 }
 
 const std::vector<Filled<ItemRow>>& Columns() {
@@ -51,7 +56,7 @@ const std::vector<Filled<ItemRow>>& Columns() {
 
 }  // namespace
 
-std::vector<ItemRow> Items(Reading& books, const std::string& words) {
+std::vector<ItemRow> Items(Reading& books, const std::string& words, ItemStock stock) {
     const Reading::Moment moment(books);
     const auto moved = MovedQuantities(books);
     const Words wanted(words);
@@ -59,13 +64,14 @@ std::vector<ItemRow> Items(Reading& books, const std::string& words) {
     for (const auto items =
              SelectStock(books, "Select * From " + books.Table("ItemMaster") + " Order By Item_ID");
          !items->Eof(); items->MoveNext())
-        if (ItemRow row = Row(*items, moved); wanted.In({row.name, row.type, row.notes}))
+        if (ItemRow row = Row(*items, moved); Fits(row, stock) && wanted.In({row.name, row.type, row.notes}))
             rows.push_back(std::move(row));
     return rows;
 }
 
-std::unique_ptr<SheetOf<ItemRow>> ItemsSheet(Reading& books, const std::string& words) {
-    return std::make_unique<SheetOf<ItemRow>>("Items, " + books.LongYear(), Columns(), Items(books, words));
+std::unique_ptr<SheetOf<ItemRow>> ItemsSheet(Reading& books, const std::string& words, ItemStock stock) {
+    return std::make_unique<SheetOf<ItemRow>>("Items, " + books.LongYear(), Columns(),
+                                              Items(books, words, stock));
 }
 
 }  // namespace queries

@@ -24,11 +24,15 @@ struct ItemRow {
     double worth = 0;  // of the net stock at the item's price
     std::optional<double> reorderLevel, overflowLevel;
     bool reorder = false;  // the net stock is not above its reorder level
+    bool over = false;     // it is above its overflow level
     std::string notes;
 };
 
+enum class ItemStock { Any, ToReorder, Over };
+
 // The items of the year, by number. `words` each stand in the name, the type or the notes.
-std::vector<ItemRow> Items(Reading& books, const std::string& words = {});
-std::unique_ptr<SheetOf<ItemRow>> ItemsSheet(Reading& books, const std::string& words = {});
+std::vector<ItemRow> Items(Reading& books, const std::string& words = {}, ItemStock stock = ItemStock::Any);
+std::unique_ptr<SheetOf<ItemRow>> ItemsSheet(Reading& books, const std::string& words = {},
+                                             ItemStock stock = ItemStock::Any);
 
 }  // namespace queries

@@ -71,6 +71,7 @@ std::vector<OrderRow> Orders(Reading& books, const OrderFilter& filter) {
     const Words words(filter.words);
     std::vector<OrderRow> kept;
     const auto keep = [&](OrderRow row) {
+        if (filter.outstanding && row.outstanding <= 0) return;
         if (words.In({row.name, row.description, row.terms})) kept.push_back(std::move(row));
     };
     for (const auto orders =

@@ -29,7 +29,8 @@ struct OrderRow {
 struct OrderFilter {
     Range days{};
     std::optional<std::int32_t> supplier{};
-    std::string words{};  // each stands in the supplier's or the item's name or in the terms
+    bool outstanding = false;  // only lines of which something is still to come
+    std::string words{};       // each stands in the supplier's or the item's name or in the terms
 };
 
 // The lines of the year's orders, by the orders' numbers, an order's as they were written.

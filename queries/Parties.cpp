@@ -88,6 +88,17 @@ PartyRow Aged(const LedgerDetails& ledger, const ByAge& sums, std::size_t openin
     return row;
 }
 
+bool Fits(const PartyRow& row, const PartyFilter& filter) {
+    if (row.balance == 0 ||
+        (filter.owing != Owing::Both && (row.balance > 0) != (filter.owing == Owing::ToUs)))
+        return false;
+    double older = row.balance;
+    const std::array parts{row.upto30, row.upto60, row.upto90};
+    for (std::size_t part = 0; part < Ages.size() && Ages[part] <= filter.olderThan; ++part)
+        older -= parts[part];
+    return Paise(older) != 0;
+}
+
 basic::Date DayOrToday(const Reading& books, std::optional<basic::Date> asOf) {
     return asOf.value_or(std::min(basic::Clock::Today(), books.LastDay()));
 }
@@ -109,7 +120,7 @@ const std::vector<Filled<PartyRow>>& Columns() {
 
 }  // namespace
 
-std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf) {
+std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf, const PartyFilter& filter) {
     const Reading::Moment moment(books);
     const basic::Date day = DayOrToday(books, asOf);
     const auto sums = SumsByAge(books, day);
@@ -122,15 +133,16 @@ std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf) {
         if (!party || !met.insert(ledger.id).second) continue;
         const auto found = sums.find(ledger.id);
         PartyRow row = Aged(ledger, found == sums.end() ? ByAge() : found->second, opening);
-        if (row.balance != 0) rows.push_back(std::move(row));
+        if (Fits(row, filter)) rows.push_back(std::move(row));
     }
     return rows;
 }
 
-std::unique_ptr<SheetOf<PartyRow>> PartiesSheet(Reading& books, std::optional<basic::Date> asOf) {
+std::unique_ptr<SheetOf<PartyRow>> PartiesSheet(Reading& books, std::optional<basic::Date> asOf,
+                                                const PartyFilter& filter) {
     const basic::Date day = DayOrToday(books, asOf);
     return std::make_unique<SheetOf<PartyRow>>("Parties by age, " + basic::Format(day, qm::DateMask),
-                                               Columns(), Parties(books, day));
+                                               Columns(), Parties(books, day, filter));
 }
 
 }  // namespace queries

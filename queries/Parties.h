@@ -22,9 +22,19 @@ struct PartyRow {
     double upto30 = 0, upto60 = 0, upto90 = 0, older = 0;
 };
 
+// Which parties: both sides, those that owe, or those that something is owed to.
+enum class Owing { Both, ToUs, ByUs };
+
+struct PartyFilter {
+    Owing owing = Owing::Both;
+    int olderThan = 0;  // days: 30, 60 or 90 for those of whose balance a part is older; 0 for all
+};
+
 // The ledgers of Debtors and Suppliers with a balance, by name. Without a day it is today's, at latest the
 // last of the year; what is dated later is left out.
-std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf = {});
-std::unique_ptr<SheetOf<PartyRow>> PartiesSheet(Reading& books, std::optional<basic::Date> asOf = {});
+std::vector<PartyRow> Parties(Reading& books, std::optional<basic::Date> asOf = {},
+                              const PartyFilter& filter = {});
+std::unique_ptr<SheetOf<PartyRow>> PartiesSheet(Reading& books, std::optional<basic::Date> asOf = {},
+                                                const PartyFilter& filter = {});
 
 }  // namespace queries

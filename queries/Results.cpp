@@ -25,12 +25,6 @@ constexpr const char* LetterOf(Statement statement) {
     return statement == Statement::Trading ? "T" : statement == Statement::ProfitAndLoss ? "P" : "B";
 }
 
-const char* HeadOf(Statement statement) {
-    return statement == Statement::Trading         ? "Trading Account"
-           : statement == Statement::ProfitAndLoss ? "Profit & Loss Account"
-                                                   : "Balance Sheet";
-}
-
 // The digits with which a result goes into the next statement.
 double HandedOn(double result) {
     return basic::PrefixValue(basic::NumberText(result));
@@ -149,6 +143,12 @@ const std::vector<Filled<ResultRow>>& Columns() {
 
 }  // namespace
 
+const char* HeadOf(Statement statement) {
+    return statement == Statement::Trading         ? "Trading Account"
+           : statement == Statement::ProfitAndLoss ? "Profit & Loss Account"
+                                                   : "Balance Sheet";
+}
+
 std::vector<ResultRow> Results(Reading& books, const Range& range) {
     const Reading::Moment moment(books);
     const Chart chart{PrimaryGroups(books), ReadDetails(books, LedgerOrder::AsDetailed)};
@@ -174,6 +174,23 @@ std::unique_ptr<SheetOf<ResultRow>> ResultsSheet(Reading& books, const Range& ra
     return std::make_unique<SheetOf<ResultRow>>("Final results, " + TitleOf(books, range), Columns(),
                                                 Results(books, range),
                                                 [](const ResultRow& row) { return row.Level(); });
+}
+
+std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range) {
+    std::vector<ResultRow> rows = Results(books, range);
+    std::erase_if(rows,
+                  [&](const ResultRow& row) { return row.statement != statement || row.part == Part::Head; });
+    return rows;
+}
+
+std::unique_ptr<SheetOf<ResultRow>> StatementSheet(Reading& books, Statement statement, const Range& range) {
+    auto columns = Columns();
+    const bool balance = statement == Statement::BalanceSheet;
+    columns[1].column.caption = balance ? "Assets" : "Debit";
+    columns[2].column.caption = balance ? "Liabilities" : "Credit";
+    return std::make_unique<SheetOf<ResultRow>>(HeadOf(statement) + (", " + TitleOf(books, range)), columns,
+                                                StatementOf(books, statement, range),
+                                                [](const ResultRow& row) { return row.Level() - 1; });
 }
 
 }  // namespace queries

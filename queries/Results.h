@@ -35,4 +35,10 @@ struct ResultRow {
 std::vector<ResultRow> Results(Reading& books, const Range& range = {});
 std::unique_ptr<SheetOf<ResultRow>> ResultsSheet(Reading& books, const Range& range = {});
 
+// One of the statements alone, without its head.
+const char* HeadOf(Statement statement);  // "Trading Account"
+std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range = {});
+std::unique_ptr<SheetOf<ResultRow>> StatementSheet(Reading& books, Statement statement,
+                                                   const Range& range = {});
+
 }  // namespace queries

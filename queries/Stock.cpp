@@ -14,6 +14,16 @@ std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& s
     }
 }
 
+bool HasStock(Reading& books) {
+    try {
+        SelectStock(books, "Select * From " + books.Table("ItemMaster") + " Where 1 = 0");
+        return true;
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::NoSuchTable) throw;
+        return false;
+    }
+}
+
 std::optional<double> FigureOf(ado::Recordset& row, const char* field) {
     const basic::Value value = row[field];
     return value.IsNull() ? std::nullopt : std::optional(basic::ToDouble(value));

@@ -14,6 +14,9 @@ namespace queries {
 // was made without them.
 std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& select);
 
+// Whether the year was made with stock.
+bool HasStock(Reading& books);
+
 // Of the current row: none for Null.
 std::optional<double> FigureOf(ado::Recordset& row, const char* field);
 std::int32_t NumberOf(ado::Recordset& row, const char* field);  // 0 for Null

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
 
 namespace host {
@@ -27,12 +28,20 @@ struct Finding {
 // AuditYears, AuditVouchers, AuditStock and AuditBills; each adds its findings here.
 class Audit {
   public:
-    static std::vector<Finding> Run();
+    // Called between rows; what it raises ends the audit.
+    using Step = std::function<void()>;
+
+    static std::vector<Finding> Run();  // on the class's connection
+    // On any connection, whose books others may go on posting to: rows and totals are looked at as of one
+    // moment, and a voucher that has one side because another program is just posting the other is looked at
+    // until it has both, for a second.
+    static std::vector<Finding> RunBesideOthers(ado::Connection& books, const Step& step = {});
 
     void Error(std::string text) { findings_.push_back({Severity::Error, std::move(text)}); }
     void PassingError(std::string text) { findings_.push_back({Severity::Error, std::move(text), true}); }
     void Note(std::string text) { findings_.push_back({Severity::Note, std::move(text)}); }
 
+    ado::Connection& Books() { return books_; }
     bool HasErrors() const;
     const std::vector<std::string>& Years() const { return years_; }  // short forms, each once
     bool HasTable(const std::string& table);
@@ -43,6 +52,11 @@ class Audit {
     void SetYears(std::vector<std::string> years) { years_ = std::move(years); }
 
   private:
+    Audit(ado::Connection& books, const Step& step) : books_(books), step_(step) {}
+    static std::vector<Finding> Run(ado::Connection& books, const Step& step);
+
+    ado::Connection& books_;
+    const Step& step_;
     std::vector<Finding> findings_;
     std::vector<std::string> years_;
 };

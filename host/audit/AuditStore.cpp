@@ -7,9 +7,9 @@
 namespace host {
 
 void AuditFile(Audit& audit) {
-    for (const std::string& fault : ado::CheckIntegrity(qm::Conn())) audit.Error("file: " + fault);
+    for (const std::string& fault : ado::CheckIntegrity(audit.Books())) audit.Error("file: " + fault);
     if (audit.HasErrors()) return;
-    for (const ado::BadText& bad : ado::FindBadTexts(qm::Conn()))
+    for (const ado::BadText& bad : ado::FindBadTexts(audit.Books()))
         audit.Error(bad.table + ", row " + std::to_string(bad.row) + ": " + bad.column + " '" + bad.text +
                     "' holds bytes that are no UTF-8");
 }

@@ -44,30 +44,40 @@ void NarrowRights(const fs::path& copy, const fs::path& books) {
 }
 
 // Others may go on writing: the sums and the copy are of one moment.
-void CopyFile(const fs::path& copy) {
+void CopyFile(ado::Connection& books, const fs::path& copy) {
     std::string sums;
     {
-        const ado::Snapshot moment(qm::Conn());
-        sums = Sums(qm::Conn());
-        ado::BackUp(qm::Conn(), copy);
+        const ado::Snapshot moment(books);
+        sums = Sums(books);
+        ado::BackUp(books, copy);
     }
     Compare(copy, sums);
-    NarrowRights(copy, qm::Conn().Properties.Get("Data Source"));
+    NarrowRights(copy, books.Properties.Get("Data Source"));
+}
+
+// The folder of a backup, where one can be written under this name.
+fs::path FolderFor(const std::string& file) {
+    if (fs::exists(fs::symlink_status(file))) Fail("'" + file + "' exists; a backup never overwrites");
+    const fs::path target = fs::absolute(file).parent_path();
+    if (!fs::is_directory(target)) Fail("there is no folder '" + target.string() + "' for the backup");
+    return target;
 }
 
 }  // namespace
 
 void BackUpBooks(const std::string& folder, const std::string& file) {
-    if (fs::exists(fs::symlink_status(file))) Fail("'" + file + "' exists; a backup never overwrites");
-    const fs::path target = fs::absolute(file).parent_path();
-    if (!fs::is_directory(target)) Fail("there is no folder '" + target.string() + "' for the backup");
+    FolderFor(file);
     const ReadOnlyBooks books(folder);
-    BooksFolder place(target, fs::path(file).filename());
+    BackUpOpenBooks(qm::Conn(), ado::IsServerAddress(folder), file);
+}
+
+void BackUpOpenBooks(ado::Connection& books, bool onServer, const std::string& file) {
+    BooksFolder place(FolderFor(file), fs::path(file).filename());
     const fs::path copy = place.Staging() / fs::path(file).filename();
-    if (ado::IsServerAddress(folder))
-        ado::CopyBooks(qm::Conn(), copy);  // each row compared
+    if (onServer)
+        ado::CopyBooks(books, copy);  // each row compared
     else
-        CopyFile(copy);
+        CopyFile(books, copy);
     place.Publish();
 }
 

@@ -113,6 +113,16 @@ std::vector<fs::path> RestoreBooks(const std::string& file, const std::string& f
     return place.SetAside();
 }
 
+std::vector<ado::TableSums> VerifyBackup(const std::string& file) {
+    const PassingFolder passing;
+    const fs::path copy = passing.Path() / BooksFile;
+    CopyWhole(file, copy);
+    const ado::ConnectionPtr books = OpenCopy(copy);
+    std::vector<ado::TableSums> sums = ado::SumTables(*books);
+    books->Close();
+    return sums;
+}
+
 void AddRestore(CommandLine& line) {
     struct Options {
         std::string file, folder;

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/ado/Maintenance.h"
+
 namespace host {
 
 // Puts a copy of books in the place of those of a folder, which is made where it is missing. The copy is read
@@ -13,5 +15,9 @@ namespace host {
 // stand gets the dated name. Gives the dated names. Raises where the copy does not open or is
 // damaged, and where somebody has the books open; nothing is changed then.
 std::vector<std::filesystem::path> RestoreBooks(const std::string& file, const std::string& folder);
+
+// Rows and sums of a backup's tables, once a copy of it in a passing folder has been found whole, as before a
+// restore. Nothing is written beside the file. Raises where it could not be restored.
+std::vector<ado::TableSums> VerifyBackup(const std::string& file);
 
 }  // namespace host

@@ -52,7 +52,12 @@ class DeskTest : public testing::Test {
         books.CloseHost();
         host::FillWithSample(books.DataPath(), 2001);
     }
-    desk::SheetView& Sheet() { return *desk->Shown()->findChild<desk::SheetView*>("sheet"); }
+    // The one that is shown, of several.
+    desk::SheetView& Sheet() {
+        for (auto* const view : desk->Shown()->findChildren<desk::SheetView*>("sheet"))
+            if (view->isVisible()) return *view;
+        throw std::runtime_error("no table is shown");
+    }
     // The texts of a shown row, "|" between them.
     std::string Line(int row) {
         const QAbstractItemModel& model = *Sheet().View().model();

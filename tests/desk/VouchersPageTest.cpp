@@ -18,7 +18,7 @@ class VouchersPageTest : public test::DeskTest {
     void StartOnVouchers() {
         FillWithSample();
         Start();
-        Key(Qt::Key_1, Qt::AltModifier);
+        Key(Qt::Key_2, Qt::AltModifier);
         ASSERT_EQ(Title(), "Vouchers");
         WaitForTotals("142 lines");
     }

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QFormLayout>
+#include <QMenu>
+#include <QString>
+#include <QStringList>
+#include <QToolButton>
+#include <QWidgetAction>
+#include <functional>
+
+namespace desk {
+
+// A filter as a small button with a menu. One that narrows shows to what, and is coloured.
+class Chip : public QToolButton {
+  public:
+    // `name` is the menu's; the caption's letter with & opens it, whatever the chip shows.
+    Chip(const QString& name, const QString& caption, std::function<void(QMenu&)> fill);
+    void SetValue(const QString& value);  // "" where nothing is narrowed
+
+  private:
+    QString caption_;
+};
+
+// A chip with a few choices, of which the first narrows nothing.
+class ChoiceChip : public Chip {
+  public:
+    ChoiceChip(const QString& name, const QString& caption, QStringList choices,
+               std::function<void()> changed);
+    int Choice() const { return choice_; }
+    void Choose(int choice);
+    void Forbid(int choice) { forbidden_ << choice; }  // it stands greyed
+
+  private:
+    QStringList choices_;
+    std::function<void()> changed_;
+    QList<int> forbidden_;
+    int choice_ = 0;
+};
+
+// A panel of boxes in a chip's menu.
+template <class Fill>
+void AddForm(QMenu& menu, Fill fill) {
+    auto* const panel = new QWidget(&menu);
+    auto* const form = new QFormLayout(panel);
+    form->setContentsMargins(12, 8, 12, 8);
+    fill(*panel, *form);
+    auto* const action = new QWidgetAction(&menu);
+    action->setDefaultWidget(panel);
+    menu.addAction(action);
+}
+
+}  // namespace desk

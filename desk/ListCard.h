@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFrame>
+#include <functional>
+#include <memory>
+
+#include "desk/SheetView.h"
+
+namespace desk {
+
+// A few rows under a title, with a button that opens the whole list.
+class ListCard : public QFrame {
+  public:
+    struct Contents {
+        QString Name, Title, Caption;  // under which the columns are kept; of the card; of the button
+        QString Empty, EmptyText;
+        std::function<void(const queries::Sheet&, std::size_t row)> Activated;
+        std::function<void()> All;
+    };
+
+    ListCard(Desk& desk, Contents contents);
+    void Set(std::shared_ptr<const queries::Sheet> sheet);
+    SheetView& View() const { return *view_; }
+
+  private:
+    SheetView* view_;
+};
+
+}  // namespace desk

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desk/ChartView.h"
+#include "desk/ShownSheet.h"
+#include "queries/CashAndBank.h"
+#include "queries/Items.h"
+#include "queries/Months.h"
+#include "queries/Parties.h"
+
+namespace desk {
+
+// What is owed to the firm and what it owes, in rupees, of one age.
+struct AgeRow {
+    std::string age;  // "31 to 60"
+    double owed = 0, owing = 0;
+};
+
+// All that the overview shows, of one moment.
+struct OverviewFigures {
+    std::shared_ptr<const queries::SheetOf<queries::MonthRow>> Months;
+    std::shared_ptr<const queries::SheetOf<queries::MoneyRow>> Money;
+    std::shared_ptr<const queries::SheetOf<queries::PartyRow>> Parties;
+    std::shared_ptr<const queries::SheetOf<queries::ItemRow>> Items;
+    std::shared_ptr<const queries::SheetOf<AgeRow>> Ages;
+
+    static std::shared_ptr<const OverviewFigures> Read(queries::Reading& books);
+
+    ChartData MoneyChart() const;
+    ChartData TradeChart() const;
+    ChartData PaidChart() const;
+    ChartData AgesChart() const;
+
+    std::shared_ptr<const ShownSheet> Largest(std::size_t most) const;  // parties by what is open
+    std::shared_ptr<const ShownSheet> OfAge(
+        std::size_t age, bool owed) const;  // parties who owe, or whom we owe, an amount of that age
+    std::shared_ptr<const ShownSheet> Short(bool brief) const;  // items at or below their reorder level
+};
+
+}  // namespace desk

@@ -1,0 +1,237 @@
+#include "desk/OverviewPage.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "desk/Books.h"
+#include "desk/FindingsPage.h"
+#include "desk/LastBackup.h"
+#include "desk/ListCard.h"
+#include "desk/ListPage.h"
+#include "desk/StatementPage.h"
+#include "desk/StatusCard.h"
+#include "desk/VouchersPage.h"
+#include "queries/GroupLedgers.h"
+
+namespace desk {
+namespace {
+
+constexpr int Narrow = 820;  // pixels, for one column
+constexpr std::size_t LargestParties = 10;
+constexpr int StaleDays = 7;  // after which a backup is old
+
+// The sheet that a card or a list shows stands in an order of its own over the whole.
+std::size_t RowBehind(const queries::Sheet& sheet, std::size_t row) {
+    return static_cast<const ShownSheet&>(sheet).RowOf(row);
+}
+
+}  // namespace
+
+OverviewPage::OverviewPage(Desk& desk)
+    : Page(desk, tr("Overview")), scroll_(new QScrollArea(this)), jobs_(new JobBar(this)) {
+    SetSubtitle(QString::fromStdString(desk.Books().Reading().LongYear()));
+    scroll_->setObjectName("overview");
+    scroll_->setWidgetResizable(true);
+    scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    auto* const body = new QWidget(scroll_);
+    body->setObjectName("overviewBody");
+    grid_ = new QGridLayout(body);
+    grid_->setContentsMargins(0, 0, 8, 0);
+    grid_->setSpacing(12);
+    MakeCards();
+    LayCards(false);
+    scroll_->setWidget(body);
+    Body().addWidget(scroll_, 1);
+    Body().addWidget(jobs_);
+    SetFirstFocus(money_);
+    TellBackup();
+    Ask();
+}
+
+void OverviewPage::MakeCards() {
+    using queries::VoucherFilter;
+    check_ = new StatusCard(tr("Check of the books"), "check");
+    check_->AddButton(tr("&Findings"), [this] { OpenFindings(desk()); }).setObjectName("findings");
+    check_->AddButton(tr("Check &now"), [this] { RunCheck(); });
+    backup_ = new StatusCard(tr("Last backup"), "backup");
+    backup_->AddButton(tr("&Back up\u2026"), [this] { desk().Go("books"); });
+    const auto monthly = [this](VoucherFilter (*filter)(ChartView::Place)) {
+        return [this, filter](ChartView::Place place) {
+            VoucherFilter wanted = filter(place);
+            wanted.days = figures_->Months->Typed()[place.Point].days;
+            OpenVouchers(wanted);
+        };
+    };
+    money_ = new ChartCard(desk(), "overviewMoney", tr("Cash and bank"), monthly([](ChartView::Place place) {
+                               VoucherFilter filter;
+                               filter.group = place.Line == 0 ? queries::CashGroup : queries::BankGroup;
+                               return filter;
+                           }));
+    trade_ =
+        new ChartCard(desk(), "overviewTrade", tr("Sales and purchases"), monthly([](ChartView::Place place) {
+                          VoucherFilter filter;
+                          filter.group = place.Line == 0 ? queries::SalesGroup : queries::PurchaseGroup;
+                          return filter;
+                      }));
+    paid_ = new ChartCard(
+        desk(), "overviewPaid", tr("Receipts and payments"), monthly([](ChartView::Place place) {
+            VoucherFilter filter;
+            filter.type = place.Line == 0 ? qm::VoucherType::Receipt : qm::VoucherType::Payment;
+            return filter;
+        }));
+    ages_ = new ChartCard(desk(), "overviewAges", tr("Owed and owing by age"),
+                          [this](ChartView::Place place) { OpenAge(place); });
+    const auto openParty = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); };
+    parties_ = new ListCard(desk(), {.Name = "overviewParties",
+                                     .Title = tr("The largest parties"),
+                                     .Caption = tr("&Parties"),
+                                     .Empty = tr("Nobody owes, and nothing is owed"),
+                                     .EmptyText = {},
+                                     .Activated = openParty,
+                                     .All = [this] { desk().Push(AllParties()); }});
+    short_ = new ListCard(
+        desk(),
+        {.Name = "overviewShort",
+         .Title = tr("Items to reorder"),
+         .Caption = tr("&Items"),
+         .Empty = tr("Nothing is short"),
+         .EmptyText = tr("Every item stands above its reorder level."),
+         .Activated = [this](const queries::Sheet&, std::size_t) { desk().OpenScreen("ItemMaster"); },
+         .All =
+             [this] {
+                 desk().Push(new ListPage(
+                     desk(), {.Name = "short",
+                              .Title = tr("Items to reorder"),
+                              .Subtitle = {},
+                              .Chapter = "Item Master",
+                              .Empty = tr("Nothing is short"),
+                              .EmptyText = tr("Every item stands above its reorder level."),
+                              .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
+                                  return OverviewFigures::Read(books)->Short(false);
+                              },
+                              .Activated = [this](const queries::Sheet&,
+                                                  std::size_t) { desk().OpenScreen("ItemMaster"); }}));
+             }});
+}
+
+void OverviewPage::LayCards(bool narrow) {
+    const int columns = narrow ? 1 : 2;
+    if (columns == columns_) return;
+    columns_ = columns;
+    QWidget* const cards[] = {check_, backup_, money_, trade_, paid_, ages_, parties_, short_};
+    int place = 0;
+    for (QWidget* const card : cards) {
+        grid_->removeWidget(card);
+        grid_->addWidget(card, place / columns, place % columns);
+        grid_->setRowStretch(place / columns, place < 2 ? 0 : 1);
+        ++place;
+    }
+    grid_->setColumnStretch(0, 1);
+    grid_->setColumnStretch(1, narrow ? 0 : 1);
+}
+
+void OverviewPage::resizeEvent(QResizeEvent* event) {
+    Page::resizeEvent(event);
+    LayCards(width() < Narrow);
+}
+
+void OverviewPage::showEvent(QShowEvent* event) {
+    Page::showEvent(event);
+    TellBackup();
+    TellCheck();
+}
+
+void OverviewPage::Ask() {
+    const auto figures = std::make_shared<std::shared_ptr<const OverviewFigures>>();
+    jobs_->Run(
+        desk().Books().Background(), tr("Adding up the year\u2026"),
+        [figures](queries::Reading& books, Worker::Job&) { *figures = OverviewFigures::Read(books); },
+        [this, figures](std::exception_ptr failure) {
+            if (failure) return (void)desk().Try([&] { std::rethrow_exception(failure); });
+            Take(*figures);
+        });
+}
+
+void OverviewPage::Take(std::shared_ptr<const OverviewFigures> figures) {
+    figures_ = std::move(figures);
+    money_->Set(figures_->MoneyChart(), figures_->Money);
+    trade_->Set(figures_->TradeChart(), figures_->Months);
+    paid_->Set(figures_->PaidChart(), figures_->Months);
+    ages_->Set(figures_->AgesChart(), figures_->Ages);
+    parties_->Set(figures_->Largest(LargestParties));
+    short_->Set(figures_->Short(true));
+}
+
+void OverviewPage::Refresh() {
+    Ask();
+}
+
+void OverviewPage::RunCheck() {
+    desk().Books().Check().Run(*this, [this](std::exception_ptr failure) {
+        TellCheck();
+        if (failure) desk().Try([&] { std::rethrow_exception(failure); });
+    });
+    TellCheck();
+}
+
+void OverviewPage::TellCheck() {
+    const BooksCheck& check = desk().Books().Check();
+    findChild<QPushButton*>("findings")->setEnabled(check.Last() && !check.Last()->Findings.empty());
+    check_->Say(check.Text(), check.Last() && check.Last()->Errors > 0);
+}
+
+void OverviewPage::TellBackup() {
+    const auto last = LastBackup::Of(desk().Books().Address());
+    if (!last) return backup_->Say(tr("None was made at this desk yet"), false);
+    const bool old = last->At.daysTo(QDateTime::currentDateTime()) > StaleDays;
+    backup_->Say(tr("%1, %2").arg(last->At.toString("dd-MMM-yyyy HH:mm"), last->File), old);
+}
+
+void OverviewPage::OpenVouchers(const queries::VoucherFilter& filter) {
+    auto* const page = new VouchersPage(desk());
+    page->Narrow(filter);
+    desk().Push(page);
+}
+
+Page* OverviewPage::AllParties() {
+    return new ListPage(desk(), {.Name = "parties",
+                                 .Title = tr("Parties"),
+                                 .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
+                                 .Chapter = "Ledger and Trial Balance",
+                                 .Empty = tr("Nobody owes, and nothing is owed"),
+                                 .EmptyText = {},
+                                 .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
+                                     return std::make_shared<ShownSheet>(queries::PartiesSheet(books));
+                                 },
+                                 .Activated = [this](const queries::Sheet& sheet,
+                                                     std::size_t row) { OpenParties(sheet, row); }});
+}
+
+void OverviewPage::OpenAge(ChartView::Place place) {
+    desk().Push(new ListPage(
+        desk(),
+        {.Name = "age",
+         .Title = tr("Parties: %1").arg(figures_->AgesChart().PointNames.at(int(place.Point))),
+         .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
+         .Chapter = "Ledger and Trial Balance",
+         .Empty = tr("Nothing is open of this age"),
+         .EmptyText = {},
+         .Make = [age = place.Point, owed = place.Line == 0](queries::Reading& books) -> SheetView::SheetPtr {
+             return OverviewFigures::Read(books)->OfAge(age, owed);
+         },
+         .Activated = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); }}));
+}
+
+void OverviewPage::OpenParties(const queries::Sheet& sheet, std::size_t row) {
+    const auto& shown = static_cast<const ShownSheet&>(sheet);
+    const auto& all = static_cast<const queries::SheetOf<queries::PartyRow>&>(shown.Of());
+    const queries::PartyRow& party = all.Typed()[RowBehind(sheet, row)];
+    desk().Push(new StatementPage(desk(), party.id, QString::fromStdString(party.name)));
+}
+
+}  // namespace desk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+
+#include "desk/ChartCard.h"
+#include "desk/OverviewFigures.h"
+#include "desk/Page.h"
+#include "queries/Vouchers.h"
+
+class QGridLayout;
+class QScrollArea;
+
+namespace desk {
+
+class ListCard;
+class StatusCard;
+
+// The first page: the year at a glance. Each figure opens the list behind it.
+class OverviewPage : public Page {
+    Q_DECLARE_TR_FUNCTIONS(desk::OverviewPage)
+
+  public:
+    explicit OverviewPage(Desk& desk);
+    QString Chapter() const override { return "The desk"; }
+    void Refresh() override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void MakeCards();
+    void LayCards(bool narrow);
+    void Ask();
+    void Take(std::shared_ptr<const OverviewFigures> figures);
+    void RunCheck();
+    void TellCheck();
+    void TellBackup();
+    void OpenVouchers(const queries::VoucherFilter& filter);
+    Page* AllParties();
+    void OpenAge(ChartView::Place place);
+    void OpenParties(const queries::Sheet& sheet, std::size_t row);
+
+    std::shared_ptr<const OverviewFigures> figures_;
+    QScrollArea* scroll_;
+    QGridLayout* grid_;
+    ChartCard *money_, *trade_, *paid_, *ages_;
+    ListCard *parties_, *short_;
+    StatusCard *check_, *backup_;
+    JobBar* jobs_;
+    int columns_ = 0;
+};
+
+}  // namespace desk

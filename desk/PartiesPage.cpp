@@ -1,0 +1,81 @@
+#include "desk/PartiesPage.h"
+
+#include <QCoreApplication>
+
+#include "desk/Books.h"
+#include "desk/PeriodChip.h"
+#include "desk/StatementPage.h"
+
+namespace desk {
+namespace {
+
+const queries::PartyRow& RowOf(const queries::Sheet& sheet, std::size_t row) {
+    return static_cast<const queries::SheetOf<queries::PartyRow>&>(sheet).Typed()[row];
+}
+
+constexpr int Ages[] = {0, 30, 60, 90};
+
+}  // namespace
+
+PartiesPage::PartiesPage(Desk& desk) : TabPage(desk, tr("Parties")) {
+    queries::Reading& books = desk.Books().Reading();
+    AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] {
+        if (const auto row = View().Current())
+            this->desk().OpenScreen("Ledger_Master", RowOf(*View().Sheet(), *row).name);
+    });
+    day_ = new DayChip({books.FirstDay(), books.LastDay()}, [this] { Narrowed(); });
+    age_ = new ChoiceChip(
+        "age", tr("&Older than"),
+        {tr("&Any age"), tr("Older than &30 days"), tr("Older than &60 days"), tr("Older than &90 days")},
+        [this] { Narrowed(); });
+    AddFilter(age_);
+    AddFilter(day_);
+    AddSide(tr("The&y owe us"), "debtors", queries::Owing::ToUs);
+    AddSide(tr("&We owe them"), "creditors", queries::Owing::ByUs);
+    AddSide(tr("&Both"), "parties", queries::Owing::Both);
+    Turn(0);
+}
+
+void PartiesPage::AddSide(const QString& caption, const QString& name, queries::Owing owing) {
+    SheetView& view = AddTab(caption, name, SheetView::Shape::Table, [this, owing](SheetView& of) {
+        of.AskSlowly([day = day_->Day(), filter = queries::PartyFilter{owing, OlderThan()}](
+                         queries::Reading& books) { return queries::PartiesSheet(books, day, filter); });
+    });
+    view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) { return QVariant(RowOf(sheet, row).id); };
+    view.Activated = [this](std::size_t row) { Activate(row); };
+    view.Filled = [this, &view, owing] {
+        if (&view != &View()) return;
+        const QString day = QString::fromStdString(view.Sheet()->Title()).section(", ", -1);
+        SetSubtitle(owing == queries::Owing::ToUs ? tr("As of %1").arg(day)
+                                                  : tr("As of %1; a minus is what we owe").arg(day));
+    };
+    if (owing != queries::Owing::Both) view.Columns().HideAtFirst({"group"});
+}
+
+int PartiesPage::OlderThan() const {
+    return Ages[age_->Choice()];
+}
+
+void PartiesPage::Narrow(queries::Owing owing, int olderThan) {
+    age_->Choose(static_cast<int>(std::ranges::find(Ages, olderThan) - std::begin(Ages)) % 4);
+    Turn(owing == queries::Owing::ToUs ? 0 : owing == queries::Owing::ByUs ? 1 : 2);
+    Narrowed();
+}
+
+void PartiesPage::Turned() {
+    if (OlderThan() > 0)
+        View().SetEmpty(
+            tr("Nothing is that old"),
+            tr("No balance has a part older than %1 days. Alt+O chooses another age.").arg(OlderThan()));
+    else
+        View().SetEmpty(tr("Nobody has a balance here"),
+                        tr("Parties are ledgers of Debtors and Suppliers: F4 adds them."));
+}
+
+void PartiesPage::Activate(std::size_t row) {
+    const queries::PartyRow party = RowOf(*View().Sheet(), row);
+    desk().Push(new StatementPage(desk(), party.id, QString::fromStdString(party.name),
+                                  {.from = {}, .upto = day_->Day()}));
+}
+
+}  // namespace desk

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFrame>
+#include <functional>
+
+class QLabel;
+class QPushButton;
+
+namespace desk {
+
+// How something stands, in one line, with what can be done about it.
+class StatusCard : public QFrame {
+  public:
+    StatusCard(const QString& title, const QString& name);
+
+    void Say(const QString& text, bool fault = false);
+    // The first is the main one.
+    QPushButton& AddButton(const QString& caption, std::function<void()> act);
+    QString Text() const;
+
+  private:
+    QLabel* text_;
+};
+
+}  // namespace desk
