@@ -35,14 +35,12 @@ class LogIndex {
 
 // Another program may bring the rest into the file at this moment. But whether a log begins hangs on what the
 // transaction found when it began, which was before this look.
-bool LogMayBegin(const SqlHandle& store) {
+LogStart StartOfLog(const SqlHandle& store) {
     const LogIndex index(store);
-    return !index.Stands() || index.Frames() == index.InTheFile();
-}
-
-bool LogIsEmpty(const SqlHandle& store) {
-    const LogIndex index(store);
-    return index.Stands() && index.Frames() == 0;
+    if (!index.Stands()) return LogStart::May;
+    const std::uint32_t frames = index.Frames();
+    if (frames == 0) return LogStart::Empty;
+    return frames == index.InTheFile() ? LogStart::May : LogStart::No;
 }
 
 void WriteMark(SqlHandle& store) {

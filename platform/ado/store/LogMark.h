@@ -14,10 +14,14 @@ struct Mark {
     std::string before, own;  // random numbers; "0" where nothing was ever marked
 };
 
-// Whether the transaction that has just begun may be the first of a log: all that the log held is in the
-// file. The connection holds the write lock.
-bool LogMayBegin(const SqlHandle& store);
-bool LogIsEmpty(const SqlHandle& store);  // the same, and nothing was ever written to it
+enum class LogStart {
+    No,     // the log holds what is not in the file yet: it goes on
+    May,    // all that it held is in the file
+    Empty,  // the same, and nothing was ever written to it
+};
+
+// Whether the transaction that has just begun may be the first of a log. The connection holds the write lock.
+LogStart StartOfLog(const SqlHandle& store);
 
 void WriteMark(SqlHandle& store);  // within a transaction
 Mark ReadMark(SqlHandle& store);

@@ -72,6 +72,7 @@ void PostgresEngine::Connect(const ServerAddress& address) {
 void PostgresEngine::Start() {
     started_ = false;
     Connect(address_);
+    if (hears_) flight_.Add("LISTEN qm_books");  // goes out with the first question
     RequireBooks();
     if (!hears_) marks_ = Marks();
     started_ = true;
@@ -104,33 +105,26 @@ void PostgresEngine::RequireConnection() {
     if (!begun_ && !flight_.IsOut() && !flight_.IsStillUp()) Reconnect();
 }
 
-// What the server was told to wait for at a commit is what ours wait for: at the least its own disk.
+// What the server was told to wait for at a commit is what ours wait for: at the least its own disk. What
+// else is to be known of the server comes in the same trip; a standby takes no listeners.
 void PostgresEngine::Configure() {
-    hears_ = Listen();
-    const std::string waits =
-        Ask("SELECT current_setting('synchronous_commit'), set_config('synchronous_commit', 'off', FALSE), "
-            "set_config('lock_timeout', '" +
+    PostgresStatement settings(
+        *this,
+        "SELECT current_setting('synchronous_commit'), pg_is_in_recovery(), to_regproc('qm_version') IS NOT "
+        "NULL, set_config('synchronous_commit', 'off', FALSE), set_config('lock_timeout', '" +
             std::to_string(LockWait().count()) +
             "', FALSE), set_config('jit', 'off', FALSE), "
             "set_config('max_parallel_workers_per_gather', '0', FALSE)");
+    settings.Step();
+    const std::string waits(settings.Text(0));
+    hears_ = settings.Integer(1) == 0;
+    hasFunctions_ = settings.Integer(2) != 0;
     flush_ = "SELECT set_config('synchronous_commit', '" + (waits == "off" ? "on" : waits) +
              "', TRUE), pg_logical_emit_message(TRUE, 'qm', '')::text";
 }
 
-// A standby takes no listeners.
-bool PostgresEngine::Listen() {
-    try {
-        flight_.Run({"LISTEN qm_books"});
-    } catch (const basic::Error& failure) {
-        if (failure.Number != error::ReadOnly) throw;
-        return false;
-    }
-    return true;
-}
-
 int PostgresEngine::FunctionsVersion() {
-    if (Ask("SELECT coalesce(to_regproc('qm_version')::text, '')").empty())
-        RefuseBooks("The database at '" + address_.shown + "' holds no books.");
+    if (!hasFunctions_) RefuseBooks("The database at '" + address_.shown + "' holds no books.");
     return std::stoi("0" + Ask("SELECT qm_version()::text"));
 }
 

@@ -74,7 +74,8 @@ class PostgresEngine final : public Engine {
 
     // Open without the books: for those that are being made.
     void Connect(const ServerAddress& address);
-    // Of the functions that were installed with the books; raises NotABooksFile where there are none.
+    // Of the functions that were installed with the books; raises NotABooksFile where there were none when it
+    // was connected.
     int FunctionsVersion();
     // Several statements in one text, without parameters.
     void Script(const std::string& sql);
@@ -85,7 +86,6 @@ class PostgresEngine final : public Engine {
 
   private:
     void Configure();
-    bool Listen();
     std::string Marks();
     void Start();
     void Reconnect();
@@ -119,11 +119,12 @@ class PostgresEngine final : public Engine {
     bool wrote_ = false;         // the transaction, so far
     bool looseWritten_ = false;  // commits may still be on their way to the disk
     std::int64_t lastRow_ = 0;
-    std::string host_;       // by which the server knows this connection's marks
-    std::int64_t mark_ = 0;  // of the last write
-    bool started_ = false;   // a connection stands that has seen the books
-    bool missed_ = false;    // what others wrote while there was no connection
-    bool hears_ = false;     // is notified of changes; else they show by all hosts' marks
+    std::string host_;           // by which the server knows this connection's marks
+    std::int64_t mark_ = 0;      // of the last write
+    bool started_ = false;       // a connection stands that has seen the books
+    bool missed_ = false;        // what others wrote while there was no connection
+    bool hears_ = false;         // is notified of changes; else they show by all hosts' marks
+    bool hasFunctions_ = false;  // when it was connected
     std::string marks_;
 };
 

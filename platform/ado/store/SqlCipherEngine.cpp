@@ -20,6 +20,9 @@ namespace {
 
 constexpr const char* source = "ado.Engine";
 
+constexpr const char* BeginSql = "BEGIN IMMEDIATE";
+constexpr const char* CommitSql = "COMMIT";
+
 // What is kept of the file in memory, in KiB: reports read the same pages again and again.
 constexpr int PagesOfReader = 65536;
 constexpr int PagesOfWriter = 10240;  // behind a commit
@@ -155,15 +158,17 @@ void SqlCipherEngine::Begin() {
 // file itself gets one, so that a copy made while nobody had the books open is never taken for the file of
 // the log.
 void SqlCipherEngine::BeginWriting() {
-    store_.Run("BEGIN IMMEDIATE");
+    store_.RunAgain(BeginSql);
     try {
-        if (LogIsEmpty(store_)) {
+        LogStart start = StartOfLog(store_);
+        if (start == LogStart::Empty) {
             WriteMark(store_);
-            store_.Run("COMMIT");
+            store_.RunAgain(CommitSql);
             store_.Run("PRAGMA wal_checkpoint(PASSIVE)");
-            store_.Run("BEGIN IMMEDIATE");
+            store_.RunAgain(BeginSql);
+            start = StartOfLog(store_);
         }
-        if (LogMayBegin(store_)) WriteMark(store_);
+        if (start != LogStart::No) WriteMark(store_);
     } catch (...) {
         if (InTransaction()) Rollback();
         throw;
@@ -172,7 +177,7 @@ void SqlCipherEngine::BeginWriting() {
 
 void SqlCipherEngine::Commit() {
     try {
-        store_.Run("COMMIT");
+        store_.RunAgain(CommitSql);
     } catch (const basic::Error& failure) {
         if (InTransaction()) throw;
         throw basic::Error(failure.Number, TextOfLostCommit(failure.Description), failure.Source);
@@ -192,16 +197,16 @@ void SqlCipherEngine::Rollback() {
 }
 
 void SqlCipherEngine::Savepoint(int level) {
-    store_.Run("SAVEPOINT " + Level(level));
+    store_.RunAgain("SAVEPOINT " + Level(level));
 }
 
 void SqlCipherEngine::Release(int level) {
-    store_.Run("RELEASE " + Level(level));
+    store_.RunAgain("RELEASE " + Level(level));
 }
 
 void SqlCipherEngine::RollbackTo(int level) {
     undone_ = true;  // the count of changes no longer tells whether anything is left to write
-    store_.Run("ROLLBACK TO " + Level(level));
+    store_.RunAgain("ROLLBACK TO " + Level(level));
     Release(level);
 }
 
@@ -209,7 +214,7 @@ void SqlCipherEngine::RollbackTo(int level) {
 // would take it in, long after it was told as failed. So it is cut off before anything is told.
 std::string SqlCipherEngine::TextOfLostCommit(const std::string& text) {
     try {
-        store_.Run("BEGIN IMMEDIATE");  // nobody writes behind the end meanwhile
+        store_.RunAgain(BeginSql);  // nobody writes behind the end meanwhile
         const bool cut = CutLog(store_);
         Rollback();
         if (cut) return text + " The change was undone.";
@@ -226,7 +231,7 @@ void SqlCipherEngine::WriteLoosely(const std::function<void()>& write) {
     BeginWriting();
     try {
         write();
-        store_.Run("COMMIT");
+        store_.RunAgain(CommitSql);
     } catch (...) {
         if (InTransaction()) Rollback();
         throw;
@@ -271,7 +276,7 @@ void SqlCipherEngine::BeginRead() {
 }
 
 void SqlCipherEngine::EndRead() {
-    store_.Run("COMMIT");
+    store_.RunAgain(CommitSql);
 }
 
 void SqlCipherEngine::CopyTo(const std::string& file, const std::string& password) {

@@ -117,6 +117,7 @@ void SqlHandle::GiveKey(const std::string& password) {
 }
 
 void SqlHandle::Close() noexcept {
+    kept_.clear();
     sqlite3_close_v2(std::exchange(store_, nullptr));
 }
 
@@ -126,6 +127,13 @@ std::unique_ptr<EngineStatement> SqlHandle::Prepare(const std::string& sql) {
 
 void SqlHandle::Run(const std::string& sql) {
     if (sqlite3_exec(store_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail();
+}
+
+void SqlHandle::RunAgain(std::string_view sql) {
+    auto kept = kept_.find(sql);
+    if (kept == kept_.end()) kept = kept_.emplace(sql, Prepare(std::string(sql))).first;
+    kept->second->Step();
+    kept->second->Reset();
 }
 
 std::string SqlHandle::Ask(const std::string& sql) {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/ado/store/Engine.h"
 #include "platform/basic/Error.h"
@@ -27,6 +30,7 @@ class SqlHandle {
 
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql);
     void Run(const std::string& sql);
+    void RunAgain(std::string_view sql);      // the same, for what comes with each write: stays prepared
     std::string Ask(const std::string& sql);  // the first value of the first row as text, else ""
     [[noreturn]] void Fail();                 // the library's last failure
 
@@ -37,7 +41,8 @@ class SqlHandle {
     static int WaitForOthers(void* handle, int looks);
 
     sqlite3* store_ = nullptr;
-    std::chrono::steady_clock::time_point waitingSince_;  // for another program's lock
+    std::map<std::string, std::unique_ptr<EngineStatement>, std::less<>> kept_;  // for RunAgain
+    std::chrono::steady_clock::time_point waitingSince_;                         // for another program's lock
     std::optional<basic::Error> raised_;  // by a function of ours, on its way out through the library
 };
 
