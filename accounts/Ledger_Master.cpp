@@ -25,12 +25,29 @@ bool IsParty(const std::string& group) {
 }  // namespace
 
 void Ledger_Master::Load(const std::string& GroupName, const std::string& LedgerName) {
-    FillComboFromQuery(*ui().Combo1, "Select Group_Head_Name from Group_Head_Master Where Parent_Id=0",
-                       false);
+    FillGroups();
     if (basic::Trim(GroupName).empty())
         IsNewLedger = true;
     else
         ShowGroup(GroupName, LedgerName);
+    OpenForPaging();
+    Show(forms::vbModal);
+}
+
+void Ledger_Master::LoadLedger(std::int32_t ledgerId) {
+    FillGroups();
+    ShowLedger(std::to_string(ledgerId));
+    IsNewLedger = false;
+    OpenForPaging();
+    Show(forms::vbModal);
+}
+
+void Ledger_Master::FillGroups() {
+    FillComboFromQuery(*ui().Combo1, "Select Group_Head_Name from Group_Head_Master Where Parent_Id=0",
+                       false);
+}
+
+void Ledger_Master::OpenForPaging() {
     LedgerRecordset = std::make_shared<ado::Recordset>();
     LedgerRecordset->Open(
         "Select * from Ledger_Master, Ledger_Details Where Ledger_Master.Ledger_Id = "
@@ -38,7 +55,6 @@ void Ledger_Master::Load(const std::string& GroupName, const std::string& Ledger
         "and Fnncl_Yr = " +
             shared().FinYear + " And Ledger_Master.Deleted = False",
         shared().Connection, ado::adOpenStatic, ado::adLockReadOnly);
-    Show(forms::vbModal);
 }
 
 // Paging does not start at the ledger shown here, but at the first one of the books. Kept 27.
@@ -128,7 +144,10 @@ void Ledger_Master::ucAddPanel1_FindRec() {
     lookUp.Show(forms::vbModal);
     const std::string ledgerId = SearchResultKey;
     ui().txtLedgerId->SetText(ledgerId);
-    if (basic::Trim(ledgerId).empty()) return;
+    if (!basic::Trim(ledgerId).empty()) ShowLedger(ledgerId);
+}
+
+void Ledger_Master::ShowLedger(const std::string& ledgerId) {
     const ado::RecordsetPtr found = GetResultSet(
         "SELECT  *  FROM ledger_Details, Ledger_Master  WHERE  Ledger_Master.Ledger_ID = "
         "Ledger_Details.Ledger_ID And Ledger_Details.ledger_ID=" +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "core/LedgerRows.h"
@@ -17,6 +18,10 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     // ledger or both are empty, ready for a new one.
     void Load(const std::string& GroupName, const std::string& LedgerName);
 
+    // Shows the screen modally on a ledger of the year, with all of its boxes, as Find does. Raises
+    // NoCurrentRecord where the year has none of that number.
+    void LoadLedger(std::int32_t ledgerId);
+
     ado::RecordsetPtr GetResultSet(const std::string& sql);  // runs it through the shared connection
 
   protected:
@@ -24,6 +29,9 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     void Form_Unload() override;
 
   private:
+    void FillGroups();
+    void OpenForPaging();
+    void ShowLedger(const std::string& ledgerId);
     void ShowGroup(const std::string& groupName, const std::string& ledgerName);
     void ShowLedgerRecord(ado::Recordset& record);
     void ShowBalance(ado::Recordset& record);

@@ -66,7 +66,7 @@ std::unique_ptr<queries::Sheet> FindingsSheet(const BooksCheck::Result& result) 
 // A finding names its record first: "voucher 12 of 2001: ...", "bill 'B 7' of receipt 4 in 2001: ...".
 FoundRecord RecordOf(const std::string& finding, const std::string& year) {
     static const std::regex ofYear("\\b(voucher|receipt) (\\d+) (?:of|in) (\\d{4})\\b"),
-        ledger("^ledger \\d+ '([^']*)'"), item("\\bitem (\\d+)\\b"), order("\\border (\\d+)\\b");
+        ledger("^ledger (\\d+)\\b"), item("\\bitem (\\d+)\\b"), order("\\border (\\d+)\\b");
     std::smatch found;
     if (std::regex_search(finding, found, ofYear)) {
         if (found[3] != year) return {};

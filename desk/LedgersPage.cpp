@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QVBoxLayout>
+#include <string>
 
 #include "desk/Books.h"
 #include "desk/SheetView.h"
@@ -34,7 +35,7 @@ LedgersPage::LedgersPage(Desk& desk)
         const auto row = view_->Current();
         if (!row) return;
         const queries::TreeRow line = RowOf(*view_->Sheet(), *row);
-        if (line.ledger > 0) this->desk().OpenScreen("Ledger_Master", line.name);
+        if (line.ledger > 0) this->desk().OpenScreen("Ledger_Master", std::to_string(line.ledger));
     });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);

@@ -1,6 +1,7 @@
 #include "desk/PartiesPage.h"
 
 #include <QCoreApplication>
+#include <string>
 
 #include "desk/Books.h"
 #include "desk/PeriodChip.h"
@@ -21,7 +22,7 @@ PartiesPage::PartiesPage(Desk& desk) : TabPage(desk, tr("Parties")) {
     queries::Reading& books = desk.Books().Reading();
     AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] {
         if (const auto row = View().Current())
-            this->desk().OpenScreen("Ledger_Master", RowOf(*View().Sheet(), *row).name);
+            this->desk().OpenScreen("Ledger_Master", std::to_string(RowOf(*View().Sheet(), *row).id));
     });
     day_ = new DayChip({books.FirstDay(), books.LastDay()}, [this] { Narrowed(); });
     age_ = new ChoiceChip(

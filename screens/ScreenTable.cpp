@@ -35,7 +35,7 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmFinYear", "frmFinYear", ShowModal<frmFinYear>},
     {"frmGrpMain", "frmGrpMain", ShowModal<frmGrpMain>},
     {"Ledger_Master", "Ledger_Master", [] { forms::Default<Ledger_Master>().Load("", ""); },
-     [](const std::string& name) { forms::Default<Ledger_Master>().Load("", name); }},
+     [](const std::string& number) { forms::Default<Ledger_Master>().LoadLedger(Number(number)); }},
     {"frmVoucher", "fVoucher", [] { forms::Default<frmVoucher>().Load(0); },
      [](const std::string& number) { forms::Default<frmVoucher>().Load(Number(number)); }},
     {"frmTPL", "frmTPL", ShowModal<frmTPL>},

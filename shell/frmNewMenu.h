@@ -15,7 +15,7 @@ struct ScreenEntry {
     std::string_view Form;  // "frmVoucher"
     std::string_view Key;   // "fVoucher"; "": no row and no dispatch leads to it
     void (*Open)();         // modally, through the screen's own opening operation; returns when it has closed
-    // The same on one record, a number or a name; null where the screen shows none by itself.
+    // The same on one record, by its number; null where the screen shows none by itself.
     void (*OpenRecord)(const std::string& record) = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include <QTreeView>
 
+#include "accounts/Ledger_Master.h"
 #include "tests/desk/DeskFixture.h"
 #include "vouchers/frmVoucher.h"
 
@@ -29,6 +30,14 @@ TEST_F(LedgersPageTest, LeadsFromAFigureToItsVoucherAndBackToTheSameRows) {
     EXPECT_EQ(Title(), "Ledgers");
     EXPECT_THAT(CurrentLine(), testing::StartsWith("Model School Stores|"));
     EXPECT_EQ(desk->focusWidget(), &Sheet().View());
+    script.Modal("Ledger_Master", [](forms::Form& form) {
+        auto& ledger = static_cast<qm::Ledger_Master&>(form);
+        EXPECT_EQ(ledger.ui().txtLedName->Text(), "Model School Stores");
+        EXPECT_EQ(ledger.ui().Combo1->Text(), "Debtors");
+        EXPECT_EQ(ledger.ui().Text2->Text(), "46200");
+        EXPECT_EQ(ledger.ui().Text1_12->Text(), " stores@example.org");
+    });
+    Key(Qt::Key_M, Qt::ControlModifier);
 }
 
 // The balances of a long statement are read beside the window: its end is empty until they are there.

@@ -79,7 +79,7 @@ TEST(FindingsTest, AFindingLeadsToTheRecordThatItNames) {
         {"voucher 12 of 2002: debit 5, credit 4", {}},
         {"receipt 4 of 2001: has no bill", {"frmReceipt", "4"}},
         {"bill 'B: 7' of receipt 4 in 2001: its voucher 9 does not stand", {"frmReceipt", "4"}},
-        {"ledger 7 'Shop Rent': has no leaf in the group tree", {"Ledger_Master", "Shop Rent"}},
+        {"ledger 7 'Shop Rent': has no leaf in the group tree", {"Ledger_Master", "7"}},
         {"file: page 3 is damaged", {}},
     };
     for (const auto& [text, record] : cases) EXPECT_EQ(desk::RecordOf(text, "2001"), record) << text;
