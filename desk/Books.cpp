@@ -72,7 +72,7 @@ const std::string& Books::Address() const {
 }
 
 std::vector<host::Year> Books::Years() {
-    return host::ReadYears();
+    return host::ReadYears(qm::Conn());
 }
 
 std::string Books::YearInForce() const {

@@ -22,7 +22,8 @@ namespace {
 
 constexpr int Narrow = 820;  // pixels, for one column
 constexpr std::size_t LargestParties = 10;
-constexpr int StaleDays = 7;  // after which a backup is old
+constexpr qint64 Quick = 2000;  // milliseconds that a check may take to be run again by itself
+constexpr int StaleDays = 7;    // after which a backup is old
 
 // The sheet that a card or a list shows stands in an order of its own over the whole.
 std::size_t RowBehind(const queries::Sheet& sheet, std::size_t row) {
@@ -165,6 +166,8 @@ void OverviewPage::Take(std::shared_ptr<const OverviewFigures> figures) {
     ages_->Set(figures_->AgesChart(), figures_->Ages);
     parties_->Set(figures_->Largest(LargestParties));
     short_->Set(figures_->Short(true));
+    BooksCheck& check = desk().Books().Check();
+    if (!check.Running() && (!check.Last() || check.Last()->Took <= Quick)) RunCheck();
 }
 
 void OverviewPage::Refresh() {

@@ -14,7 +14,7 @@ constexpr const char* NotFinished = ": a new year was not finished";
 std::vector<std::string> CheckRegister(Audit& audit) {
     std::vector<std::string> known;
     int flags = 0;
-    const std::vector<Year> years = ReadYears();
+    const std::vector<Year> years = ReadYears(audit.Books());
     for (const Year& year : years) {
         flags += year.current ? 1 : 0;
         if (std::find(known.begin(), known.end(), year.ShortForm()) != known.end())

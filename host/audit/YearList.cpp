@@ -4,16 +4,16 @@
 
 namespace host {
 
-std::vector<Year> ReadYears() {
+std::vector<Year> ReadYears(ado::Connection& books) {
     std::vector<Year> years;
-    const ado::RecordsetPtr rows = qm::Conn().Execute("Select Fnncl_Yr, Crrnt_Yr_Flg From Fnncl_Yr_Mstr");
+    const ado::RecordsetPtr rows = books.Execute("Select Fnncl_Yr, Crrnt_Yr_Flg From Fnncl_Yr_Mstr");
     for (; !rows->Eof(); rows->MoveNext())
         years.push_back({basic::TextOrEmpty((*rows)["Fnncl_Yr"]), basic::ToBoolean((*rows)["Crrnt_Yr_Flg"])});
     return years;
 }
 
 std::string CurrentYear() {
-    for (const Year& year : ReadYears())
+    for (const Year& year : ReadYears(qm::Conn()))
         if (year.current) return year.ShortForm();
     return {};
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/clQm.h"
+#include "platform/ado/Connection.h"
 
 namespace host {
 
@@ -15,10 +16,10 @@ struct Year {
 };
 
 // The known years in the order in which they were added. No member of the class gives them, so the register
-// is read as it stands.
-std::vector<Year> ReadYears();
+// is read as it stands, on the connection of who asks: a check on another thread has its own.
+std::vector<Year> ReadYears(ado::Connection& books);
 
-// The short form of the year with the flag, "" if none bears it.
+// The short form of the year with the flag, read on the class's connection; "" if none bears it.
 std::string CurrentYear();
 
 }  // namespace host

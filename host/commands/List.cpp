@@ -3,6 +3,7 @@
 #include <iostream>
 #include <memory>
 
+#include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
@@ -27,7 +28,7 @@ int ListLedgers(const ListOptions& options) {
 
 int ListYears(const ListOptions& options) {
     OpenBooks books(options.folder);
-    const std::vector<Year> years = ReadYears();
+    const std::vector<Year> years = ReadYears(qm::Conn());
     books.Close();  // the first start may have begun the first one
     for (const Year& year : years) std::cout << year.longForm << (year.current ? "  current" : "") << "\n";
     return ExitOk;

@@ -33,7 +33,7 @@ void TellYear(OpenBooks& books, const std::string& current) {
 }
 
 bool Known(const std::string& shortForm) {
-    const std::vector<Year> years = ReadYears();
+    const std::vector<Year> years = ReadYears(qm::Conn());
     return std::any_of(years.begin(), years.end(),
                        [&](const Year& year) { return year.ShortForm() == shortForm; });
 }
