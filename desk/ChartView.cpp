@@ -116,6 +116,7 @@ void ChartView::AddAxes() {
     auto* const across = new QBarCategoryAxis;
     across->append(data_.Points);
     across->setGridLineVisible(false);
+    across->setTruncateLabels(false);
     auto* const up = new QCategoryAxis;
     const double bottom = std::floor(least / step) * step,
                  top = std::max(std::ceil(most / step) * step, bottom + step);

@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -46,7 +47,8 @@ DeskWindow::DeskWindow() {
     setObjectName("desk");
     setWindowTitle(tr("Accounts"));
     setMinimumSize(640, 480);
-    resize(1200, 760);
+    const QSize frame(16, 40);  // what a window manager puts around it
+    resize(QSize(1200, 760).boundedTo(screen()->availableSize() - frame));
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

@@ -29,8 +29,8 @@ void AddButtons(QTreeWidget& list, Page& page) {
         caption.remove('&').remove(QString::fromUtf8(" \u25BE"));
         const QKeySequence tip = QKeySequence::fromString(button->toolTip(), QKeySequence::NativeText);
         const QKeySequence letter = QKeySequence::mnemonic(button->text());
-        if (const QKeySequence key = tip.isEmpty() || tip[0].key() == Qt::Key_unknown ? letter : tip;
-            !key.isEmpty())
+        const bool isKey = tip.toString(QKeySequence::NativeText) == button->toolTip();  // and nothing more
+        if (const QKeySequence key = isKey && !tip.isEmpty() ? tip : letter; !key.isEmpty())
             new QTreeWidgetItem(&list, {key.toString(QKeySequence::NativeText), caption});
     }
 }
