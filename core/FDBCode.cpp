@@ -44,9 +44,9 @@ std::int32_t PostVoucherRow(std::int32_t voucherNo, const basic::Value& date, st
                                 Quoted(narration) + ", " + TypeWord(typeCode) + Amounts(sideCode, amount) +
                                 ")";
         Conn().BeginTrans();
-        ExecuteCounted(sql);  // an insert of given values: one record
-        Conn().CommitTrans();
-        return voucherNo;
+        const std::int64_t count = Affected(sql);
+        Conn().CommitTrans();  // also when no record was affected
+        return count > 0 ? voucherNo : 0;
     } catch (const basic::Error& error) {
         RollbackOpen();
         LogError("Module-FDBCode", error);

@@ -153,6 +153,8 @@ constexpr const char* BelowHeads =
     "height='12'></td></tr>";
 
 void AddTemplateRows(ado::Recordset& ledgers) {
+    ado::Recordset lines;  // its rows are read by nobody
+    lines.Open("tblsysTPL", shared().Connection, ado::adOpenDynamic, ado::adLockOptimistic, -1);
     for (; !ledgers.Eof(); ledgers.MoveNext()) {
         const double closing = basic::ToDouble(ledgers["closing_Bal"]);
         const bool debit = closing > 0;
@@ -162,6 +164,7 @@ void AddTemplateRows(ado::Recordset& ledgers) {
                      {debit ? "amtdr" : "amtCr", debit ? closing : -closing},
                      {"Type", ledgers["grpType"]}});
     }
+    lines.Close();
 }
 
 }  // namespace
