@@ -33,6 +33,7 @@ void Books::Open(const std::string& address) {
 void Books::Close() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
     reading_.reset();
     host_.reset();
 }
@@ -40,12 +41,21 @@ void Books::Close() {
 void Books::Read() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
     reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
 }
 
 Worker& Books::Background() {
-    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce());
-    return *worker_;
+    return Started(worker_);
+}
+
+Worker& Books::Writer() {
+    return Started(writer_);
+}
+
+Worker& Books::Started(std::shared_ptr<Worker>& worker) {
+    if (!worker) worker = std::make_shared<Worker>(address_, YearInForce());
+    return *worker;
 }
 
 BooksCheck& Books::Check() {

@@ -32,6 +32,7 @@ class Books {
     bool OnServer() const;
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
+    Worker& Writer();      // for files, so that nothing that is looked at waits for them
     BooksCheck& Check();   // has a thread of its own: it may take minutes
 
     std::vector<host::Year> Years();         // as they stand in the books now
@@ -46,10 +47,11 @@ class Books {
 
   private:
     void Read();
+    Worker& Started(std::shared_ptr<Worker>& worker);
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
-    std::shared_ptr<Worker> worker_;
+    std::shared_ptr<Worker> worker_, writer_;
     std::unique_ptr<BooksCheck> check_;
     std::string address_;
 };

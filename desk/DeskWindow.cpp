@@ -19,6 +19,7 @@
 #include "desk/DeskHead.h"
 #include "desk/EmptyState.h"
 #include "desk/HelpPage.h"
+#include "desk/JobBar.h"
 #include "desk/KeyList.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
@@ -195,6 +196,7 @@ void DeskWindow::Run() {
 
 void DeskWindow::DropPages() {
     watch_.stop();
+    qDeleteAll(std::exchange(writing_, {}));
     shown_ = nullptr;
     history_.clear();
     pages_.clear();
@@ -275,6 +277,22 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
     LookForChanges();
     activateWindow();
     if (shown_) shown_->TakeFocus();
+}
+
+void DeskWindow::WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                           const QString& done) {
+    std::erase_if(writing_, [](JobBar* bar) {
+        if (!bar->Running()) bar->deleteLater();
+        return !bar->Running();
+    });
+    JobBar* const bar = writing_.emplace_back(new JobBar(this));
+    layout()->addWidget(bar);
+    bar->Run(books_.Writer(), what, std::move(work), [this, done](std::exception_ptr failure) {
+        const bool stands = Try([&] {
+            if (failure) std::rethrow_exception(failure);
+        });
+        if (stands) Note(done);
+    });
 }
 
 bool DeskWindow::Try(const std::function<void()>& work) {

@@ -17,6 +17,7 @@ class QStackedWidget;
 namespace desk {
 
 class DeskHead;
+class JobBar;
 class NoticeBar;
 class PageList;
 
@@ -42,6 +43,8 @@ class DeskWindow : public QWidget, public Desk {
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
     void OpenScreen(const std::string& form, const std::string& record) override;
     void CopyVoucher(std::int32_t number) override;
+    void WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                   const QString& done) override;
     bool Try(const std::function<void()>& work) override;
     void Tell(const basic::Error& error) override;
     void Note(const QString& text) override;
@@ -77,6 +80,7 @@ class DeskWindow : public QWidget, public Desk {
     PageList* list_;
     QStackedWidget* stack_;
     QWidget* empty_;
+    std::vector<JobBar*> writing_;    // a line for each file; below the page
     std::map<QString, Page*> pages_;  // of the list, by their keys, once they have been gone to
     std::vector<Page*> history_;      // the page before last; Back goes to the last of them
     Page* shown_ = nullptr;

@@ -392,29 +392,23 @@ void SheetView::AskForFile(SheetFile kind) {
     Save(kind, file);
 }
 
-// The report view lays out on the main thread alone. Anything else is written by the worker, from a sheet of
-// its own of one moment.
+// From a sheet of its own, of one moment.
 void SheetView::Save(SheetFile kind, const QString& file) {
-    const std::string path = file.toStdString();
-    const auto order = model_.Sheet()->RowOrder();
-    const auto columns = columns_->Chosen();
-    const auto done = [this, file] { desk_.Note(tr("Written: %1").arg(file)); };
-    if (kind == SheetFile::Pdf) {
-        if (desk_.Try([&] { WritePdf(Paper(), path, desk_.Books().Place().toStdString()); })) done();
-        return;
-    }
-    InBackground(
-        tr("Writing %1\u2026").arg(file),
-        [=, make = make_](queries::Reading& reading, Worker::Job& job) {
-            const queries::Reading::Moment moment(reading);
-            const SheetPtr sheet = make(reading, job);
-            job.Total = sheet->Rows();
-            const bool fits = order && order->size() == sheet->Rows();
-            ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
-            shown.Watch = [&job](std::size_t row) { job.Step(row); };
-            Write(shown, kind, path);
-        },
-        done);
+    const auto write = [kind, make = make_, path = file.toStdString(), order = model_.Sheet()->RowOrder(),
+                        columns = columns_->Chosen(), place = desk_.Books().Place().toStdString()](
+                           queries::Reading& books, Worker::Job& job) {
+        const queries::Reading::Moment moment(books);
+        const SheetPtr sheet = make(books, job);
+        const std::size_t rows = sheet->Rows();
+        job.Total = kind == SheetFile::Pdf ? 2 * rows : rows;
+        const bool fits = order && order->size() == rows;
+        ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
+        shown.Watch = [&job](std::size_t row) { job.Step(row); };
+        Write(shown, kind, path, place, [&job, rows](double part) {
+            job.Step(rows + static_cast<std::size_t>(part * static_cast<double>(rows)));
+        });
+    };
+    desk_.WriteFile(tr("Writing %1\u2026").arg(file), write, tr("Written: %1").arg(file));
 }
 
 ShownSheet SheetView::Paper() const {

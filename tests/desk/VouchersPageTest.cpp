@@ -2,9 +2,12 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QMenu>
+#include <QPushButton>
 #include <QTableView>
+#include <future>
 
 #include "core/DBCode.h"
+#include "desk/Books.h"
 #include "platform/ado/Connection.h"
 #include "platform/basic/Dates.h"
 #include "tests/desk/DeskFixture.h"
@@ -114,6 +117,39 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
                 testing::StartsWith("date,voucher,type,ledger,debit,credit,narration\r\n2001-04-02,1,"));
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
+}
+
+// The thread that writes files is held up as by a million lines.
+TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCancelled) {
+    StartOnVouchers();
+    const auto hold = [this](std::future<void>& until) {
+        desk->Books().Writer().Start(
+            *desk, [&until](queries::Reading&, desk::Worker::Job&) { until.wait(); },
+            [](std::exception_ptr) {});
+    };
+    const std::filesystem::path file = settings / "a.csv";
+    const auto save = [&] { Sheet().Save(desk::SheetFile::Csv, QString::fromStdString(file.string())); };
+    for (const bool cancelled : {true, false}) {
+        std::promise<void> go;
+        std::future<void> gone = go.get_future();
+        hold(gone);
+        save();
+        Key(Qt::Key_F, Qt::ControlModifier);
+        Type(cancelled ? "rent" : " shop");
+        WaitForTotals("24 lines");
+        Key(Qt::Key_3, Qt::AltModifier);
+        auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
+        if (cancelled) QTest::mouseClick(cancel.findChild<QPushButton*>("cancelJob"), Qt::LeftButton);
+        go.set_value();
+        bool ended = false;
+        desk->Books().Writer().Start(
+            *desk, [](queries::Reading&, desk::Worker::Job&) {}, [&](std::exception_ptr) { ended = true; });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return ended; }));
+        EXPECT_EQ(std::filesystem::exists(file), !cancelled);
+        EXPECT_EQ(Told(), cancelled ? "nothing" : "Written: " + file.string());
+        Key(Qt::Key_2, Qt::AltModifier);
+    }
 }
 
 TEST_F(VouchersPageTest, ACopyPostsNothingBeforeSaveAndThenAsANewVoucher) {
