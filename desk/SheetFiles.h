@@ -14,6 +14,7 @@ enum class SheetFile { Csv, Workbook, Pdf };
 
 QString FilterOf(SheetFile kind);     // of the dialog that asks for its name: "Spreadsheet (*.xlsx)"
 QString ExtensionOf(SheetFile kind);  // ".xlsx"
+QString FileNameOf(const std::string& title, SheetFile kind);  // "Rao and Sons.xlsx"
 // On any thread. `books` stands in the margin of paper, the heads on each sheet. `laidOut` hears how much of
 // the paper is done, from 0 to 1, and is asked a last time before a file takes its name; it may raise to end
 // that.

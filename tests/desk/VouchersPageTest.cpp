@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
+#include <clocale>
 #include <future>
 
 #include "core/DBCode.h"
@@ -115,6 +116,8 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
     };
     EXPECT_THAT(written(desk::SheetFile::Csv, "a.csv"),
                 testing::StartsWith("date,voucher,type,ledger,debit,credit,narration\r\n2001-04-02,1,"));
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr),
+                 "C");  // a spreadsheet's figures bear a point in every language
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
 }
