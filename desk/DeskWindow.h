@@ -54,6 +54,7 @@ class DeskWindow : public QWidget, public Desk {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -71,7 +72,11 @@ class DeskWindow : public QWidget, public Desk {
     void Drop(Page* page);
     void DropPages();
     void InScreen(const std::function<void()>& open);
+    void Watch();
     void LookForChanges();
+    void TakeLook(const std::function<bool()>& changed);
+    void ShowChanges();
+    void TellLost(const basic::Error& error);
     void TellOtherYear();
     void WantYear(const std::string& shortForm);
     void SwitchYear(const std::string& shortForm);
@@ -92,6 +97,7 @@ class DeskWindow : public QWidget, public Desk {
     std::map<const Page*, int> upToDate_;  // which change of the books a page has seen
     int changes_ = 0;
     QTimer watch_;
+    std::weak_ptr<Worker::Job> look_;  // at a server; gone when it has ended
     bool watchFailed_ = false;
     std::string toldYear_;  // another year that the bar has told of
     std::shared_ptr<Worker::Job> search_;

@@ -248,19 +248,21 @@ void SheetView::SortShown(SheetPtr sheet) {
         });
 }
 
-// The user may have moved on while the answer was on its way: the row is that of now.
+// The user may have moved on while the answer was on its way: the row is that of now. The rows are counted
+// first: what cannot be read must not stand behind a view, which asks for them as it paints.
 void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
+    const std::size_t rows = shown->Rows();
     Place back = Where();
     if (std::exchange(isNew_, false)) {
         back.Key = {};
-        back.Row = shown->Rows() > 0 ? shown->RowOf(0) : 0;
+        back.Row = rows > 0 ? shown->RowOf(0) : 0;
         back.Above = 0;
     }
     isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
-    stack_->setCurrentWidget(model_.Sheet()->Rows() > 0 ? static_cast<QWidget*>(view_) : empty_);
-    totals_->setVisible(model_.Sheet()->Rows() > 0);
+    stack_->setCurrentWidget(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
+    totals_->setVisible(rows > 0);
     totalsSet_ = false;
     if (Filled) Filled();
     if (!totalsSet_) ShowTotals();

@@ -1,6 +1,9 @@
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
@@ -60,6 +63,35 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotals) {
     Key(Qt::Key_Escape);
     desk->Shown()->findChild<QAbstractButton*>("clear")->click();
     WaitForTotals("142 lines");
+}
+
+// A name is never markup, nor its & the mark of a letter.
+TEST_F(VouchersPageTest, ANameStandsAsItIsWhereverItIsShown) {
+    StartOnVouchers();
+    test::FreshBooks::Run("Update Ledger_Master Set Name = 'Shop & <b>Rent</b>' Where Name = 'Shop Rent'");
+    auto& menu = *desk->Shown()->findChild<QMenu*>("ledger");
+    menu.popup({});
+    auto& part = *menu.findChild<QLineEdit*>();
+    QTest::keyClicks(&part, "shop");
+    QTest::keyClick(&part, Qt::Key_Return);
+    WaitForTotals("12 lines");
+    EXPECT_THAT(static_cast<QAbstractButton*>(menu.parentWidget())->text().toStdString(),
+                testing::StartsWith("Shop && <b>Rent</b>"));
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("none");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Sheet().View().isVisible(); }));
+    for (const QLabel* const label : desk->Shown()->findChildren<QLabel*>())
+        EXPECT_FALSE(label->textFormat() != Qt::PlainText && Qt::mightBeRichText(label->text()))
+            << label->text().toStdString();
+}
+
+// The toolkit has some of them for itself there: Ctrl+Y takes back what was undone.
+TEST_F(VouchersPageTest, TheDesksKeysWorkInATextBoxToo) {
+    StartOnVouchers();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("rent");
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(desk->findChild<QComboBox*>("year")->view()->isVisible());
 }
 
 TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
