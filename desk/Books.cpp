@@ -9,10 +9,11 @@
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
-#include "platform/ado/Errors.h"
 
 namespace desk {
 namespace {
+
+constexpr std::int32_t FileNotFound = 53;
 
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
@@ -106,8 +107,8 @@ bool Books::IsFileThere() const {
 void Books::RequireFile() const {
     if (!IsFileThere())
         throw basic::Error(
-            ado::error::FileNotFound,
-            "The books in '" + address_ + "' were taken away or replaced while they were open.", "desk");
+            FileNotFound, "The books in '" + address_ + "' were taken away or replaced while they were open.",
+            "desk");
 }
 
 std::vector<host::Year> Books::Years() {
