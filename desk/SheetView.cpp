@@ -53,6 +53,7 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     totals_ = new TotalsStrip(*header_, this);
     column->addWidget(totals_);
     jobs_ = new JobBar(this);
+    jobs_->Left = [this] { view_->setFocus(); };
     column->addWidget(jobs_);
     unread_ = new EmptyState(tr("This was not read to its end"), tr("F5 asks again."));
     stack_->addWidget(unread_);

@@ -175,13 +175,16 @@ TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCanc
         Key(Qt::Key_3, Qt::AltModifier);
         auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
         ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
-        if (cancelled) QTest::mouseClick(cancel.findChild<QPushButton*>("cancelJob"), Qt::LeftButton);
+        QWidget* const worked = desk->focusWidget();
+        cancel.findChild<QPushButton*>("cancelJob")->setFocus();
+        if (cancelled) Key(Qt::Key_Space);
         go.set_value();
         bool ended = false;
         desk->Books().Writer().Start(
             *desk, [](queries::Reading&, desk::Worker::Job&) {}, [&](std::exception_ptr) { ended = true; });
         ASSERT_TRUE(QTest::qWaitFor([&] { return ended; }));
         EXPECT_EQ(std::filesystem::exists(file), !cancelled);
+        EXPECT_EQ(desk->focusWidget(), worked);
         EXPECT_EQ(Told(), cancelled ? "nothing" : "Written: " + file.string());
         Key(Qt::Key_2, Qt::AltModifier);
     }
