@@ -139,6 +139,12 @@ void ChartView::AddAxes() {
     }
 }
 
+bool ChartView::IsFlat() const {
+    return std::ranges::all_of(data_.Lines, [](const ChartData::Series& series) {
+        return std::ranges::all_of(series.Figures, [](double figure) { return figure == 0; });
+    });
+}
+
 void ChartView::Mark(Place place) {
     marked_ = place;
     setAccessibleDescription(MarkedText());
@@ -245,7 +251,13 @@ void ChartView::changeEvent(QEvent* event) {
 
 void ChartView::drawForeground(QPainter* painter, const QRectF& rect) {
     QChartView::drawForeground(painter, rect);
-    if (data_.Points.isEmpty() || !(hasFocus() || underMouse())) return;
+    if (data_.Points.isEmpty()) return;
+    if (IsFlat()) {
+        painter->setPen(Theme::Now().faint);
+        painter->drawText(chart()->plotArea(), Qt::AlignCenter | Qt::TextWordWrap,
+                          tr("No figures yet. Vouchers bring them: F2."));
+    }
+    if (!hasFocus() && !underMouse()) return;
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(Theme::Now().ink, 2));
     painter->drawRoundedRect(BoxOf(marked_), 3, 3);

@@ -34,6 +34,8 @@ DeskHead::DeskHead(QWidget& window, Handlers handlers) : QFrame(&window), menu_(
 
     year_ = new QComboBox(this);
     year_->setObjectName("year");
+    year_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    year_->setMinimumContentsLength(9);
     year_->setAccessibleName(tr("Financial year"));
     year_->setToolTip(tr("Financial year (Ctrl+Y)"));
     connect(year_, &QComboBox::activated, this, [this, want = std::move(handlers.WantYear)](int index) {

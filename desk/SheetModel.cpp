@@ -3,6 +3,7 @@
 #include <QFont>
 #include <utility>
 
+#include "desk/Heads.h"
 #include "queries/sheets/Cell.h"
 
 namespace desk {
@@ -99,7 +100,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (!sheet_ || orientation != Qt::Horizontal) return {};
     const queries::Column& column = sheet_->Columns()[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return QString::fromStdString(column.caption);
+    if (role == Qt::DisplayRole) return HeadOf(column);
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(Qt::AlignVCenter |
                                 (queries::IsFigure(column.kind) ? Qt::AlignRight : Qt::AlignLeft));

@@ -1,7 +1,6 @@
 #include "desk/StatementPage.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -95,7 +94,7 @@ void StatementPage::ShowTotals() {
             .arg(QString::fromStdString(view_->Sheet()->Title()).section(", ", -1), Amount(lines.Closing())));
     const auto count = SourceOf(*view_->Sheet()).Count() - 1;
     view_->SetTotals(
-        count == 1 ? tr("1 line") : tr("%1 lines").arg(QLocale().toString(qulonglong(count))),
+        tr("%Ln line(s)", nullptr, static_cast<int>(count)),
         {{}, {}, {}, {}, Amount(lines.Sums().debit), Amount(lines.Sums().credit), Amount(lines.Closing())});
 }
 

@@ -85,6 +85,8 @@ void VoucherChips::FillLedgers(QMenu& menu) {
         part->setAccessibleName(tr("Part of the ledger's name"));
         list->setAccessibleName(tr("Ledgers"));
         list->setMinimumSize(280, 240);
+        list->setProperty("spaced", true);
+        list->ensurePolished();  // lines measured before would stay too low
         auto* const first = new QListWidgetItem(tr("All ledgers"), list);
         first->setData(Qt::UserRole, 0);
         for (const auto& [id, name] : ledgers_()) {

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -131,8 +130,7 @@ void VouchersPage::Sum() {
             const auto amount = [](double rupees) {
                 return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
             };
-            const QString count = QLocale().toString(qulonglong(sums->lines));
-            view_->SetTotals(sums->lines == 1 ? tr("1 line") : tr("%1 lines").arg(count),
+            view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
                              {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
         });
 }

@@ -83,6 +83,8 @@ class Walker {
         visit_(name, shown);
     }
     void Search(const QString& words) {
+        desk_.activateWindow();
+        Rest();
         auto& field = *desk_.findChild<desk::SearchField*>("search");
         field.Begin();
         field.setText(words);
@@ -211,6 +213,7 @@ DeskTour::DeskTour(const fs::path& folder)
 
 void DeskTour::Walk(desk::DeskWindow& desk, const Visit& visit) const {
     Walker walker(desk, visit);
+    walker.Open(list_);  // no folder
     walker.Visit("no-books");
     walker.Open(sample_);
     ShowOverview(walker);
