@@ -39,7 +39,12 @@ std::vector<VoucherChips::Ledger> LedgersOf(queries::Reading& books) {
 VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new SheetView(desk, "vouchers")) {
     queries::Reading& books = desk.Books().Reading();
     chips_ = new VoucherChips(
-        {books.FirstDay(), books.LastDay()}, [this] { return LedgersOf(this->desk().Books().Reading()); },
+        {books.FirstDay(), books.LastDay()},
+        [this] {
+            std::vector<VoucherChips::Ledger> ledgers;
+            this->desk().Try([&] { ledgers = LedgersOf(this->desk().Books().Reading()); });
+            return ledgers;
+        },
         [this] { Ask(); });
     view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
@@ -132,7 +137,8 @@ void VouchersPage::Sum() {
             };
             view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
                              {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
-        });
+        },
+        [this] { view_->SetTotals(tr("Not added up: F5 tries again"), {}); });
 }
 
 }  // namespace desk
