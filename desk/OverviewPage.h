@@ -21,7 +21,7 @@ class OverviewPage : public Page {
 
   public:
     explicit OverviewPage(Desk& desk);
-    QString Chapter() const override { return "The desk"; }
+    QString Chapter() const override { return "Overview"; }
     void Refresh() override;
 
   protected:

@@ -1535,6 +1535,14 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>Writing %1…</source>
             <translation>Writing %1…</translation>
         </message>
+        <message>
+            <source>This was not read to its end</source>
+            <translation>This was not read to its end</translation>
+        </message>
+        <message>
+            <source>F5 asks again.</source>
+            <translation>F5 asks again.</translation>
+        </message>
     </context>
     <context>
         <name>desk::StatementPage</name>
@@ -1804,6 +1812,10 @@ The books that stand there are set aside under a name with the date.</translatio
                 <numerusform>%Ln line</numerusform>
                 <numerusform>%Ln lines</numerusform>
             </translation>
+        </message>
+        <message>
+            <source>Not added up: F5 tries again</source>
+            <translation>Not added up: F5 tries again</translation>
         </message>
     </context>
 </TS>
