@@ -1,5 +1,6 @@
 #include "desk/ChartCard.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -48,6 +49,7 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
     table_->Buttons()->hide();
     turn_->setText(tr("Table"));
     chart_->setAccessibleName(title);
+    table_->View().setAccessibleName(title);
     chart_->Activated = open;
     chart_->Moved = [this] { Tell(); };
     table_->Activated = [this, open = std::move(open)](std::size_t row) { open({row, 0}); };

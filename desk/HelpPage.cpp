@@ -50,6 +50,7 @@ void ColourLinks(QTextDocument& text) {
 HelpPage::HelpPage(Desk& desk, const QString& chapter)
     : Page(desk, tr("Manual")), text_(new QTextBrowser(this)) {
     text_->setObjectName("manual");
+    text_->setAccessibleName(Title());
     text_->setOpenLinks(false);
     text_->setFont(font());
     text_->document()->setDocumentMargin(16);

@@ -45,6 +45,7 @@ void ShowKeys(QWidget& window, Page& page) {
     auto* const column = new QVBoxLayout(&dialog);
     auto* const list = new QTreeWidget(&dialog);
     list->setHeaderLabels({Words::tr("Key"), Words::tr("Does")});
+    list->setAccessibleName(dialog.windowTitle());
     list->setRootIsDecorated(false);
     list->setProperty("spaced", true);
     list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);

@@ -29,6 +29,7 @@ class OverviewPage : public Page {
     void showEvent(QShowEvent* event) override;
 
   private:
+    bool TabsAsRead() const override { return false; }  // Tab goes from chart to chart
     void MakeCards();
     void LayCards(bool narrow);
     void Ask();

@@ -5,7 +5,9 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace desk {
 
@@ -72,6 +74,28 @@ void Page::AddKey(const QKeySequence& key, std::function<void()> act) {
 
 void Page::AddToHead(QWidget* widget) {
     head_->addWidget(widget);
+}
+
+// Once everything has its place.
+void Page::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (TabsAsRead())
+        QMetaObject::invokeMethod(
+            this, [this] { OrderTabs(); }, Qt::QueuedConnection);
+}
+
+void Page::OrderTabs() {
+    std::vector<std::pair<QPoint, QWidget*>> stops;
+    for (QWidget* const widget : findChildren<QWidget*>()) {
+        const QPoint corner = widget->mapTo(this, QPoint());
+        if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+            stops.push_back({corner, widget});
+    }
+    std::ranges::stable_sort(stops, [](const auto& a, const auto& b) {
+        return std::pair(a.first.y(), a.first.x()) < std::pair(b.first.y(), b.first.x());
+    });
+    for (std::size_t next = 1; next < stops.size(); ++next)
+        setTabOrder(stops[next - 1].second, stops[next].second);
 }
 
 void Page::KeepFocus() {

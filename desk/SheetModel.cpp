@@ -3,6 +3,7 @@
 #include <QFont>
 #include <utility>
 
+#include "desk/Figures.h"
 #include "desk/Heads.h"
 #include "queries/sheets/Cell.h"
 
@@ -68,8 +69,7 @@ QVariant SheetModel::Text(std::size_t row, std::size_t column, int role) const {
     try {
         const queries::Kind kind = sheet_->Columns()[column].kind;
         const basic::Value value = sheet_->At(row, column);
-        return QString::fromStdString(role == CellRole ? queries::Plain(kind, value)
-                                                       : queries::Shown(kind, value));
+        return role == CellRole ? QString::fromStdString(queries::Plain(kind, value)) : CellText(kind, value);
     } catch (...) {
         failed_(std::current_exception());
         return {};

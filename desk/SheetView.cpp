@@ -20,9 +20,9 @@
 
 #include "desk/Books.h"
 #include "desk/EmptyState.h"
+#include "desk/Figures.h"
 #include "desk/Theme.h"
 #include "desk/TotalsStrip.h"
-#include "queries/sheets/Cell.h"
 #include "queries/sheets/Totals.h"
 
 namespace desk {
@@ -347,8 +347,7 @@ void SheetView::ShowTotals() {
         queries::Totals totals(sheet);
         for (std::size_t row = 0; row < sheet.Rows(); ++row) totals.Add(row);
         for (std::size_t column = 0; column < texts.size(); ++column)
-            texts[column] =
-                QString::fromStdString(queries::Shown(sheet.Columns()[column].kind, totals.Of(column)));
+            texts[column] = CellText(sheet.Columns()[column].kind, totals.Of(column));
     }
     totals_->Set(words, std::move(texts));
 }

@@ -1,5 +1,6 @@
 #include "desk/VouchersPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -7,10 +8,10 @@
 
 #include "desk/Books.h"
 #include "desk/Dates.h"
+#include "desk/Figures.h"
 #include "desk/SheetView.h"
 #include "desk/VoucherChips.h"
 #include "queries/Ledgers.h"
-#include "queries/sheets/Cell.h"
 
 namespace desk {
 namespace {
@@ -66,6 +67,7 @@ VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new S
     AddActions();
     Body().addWidget(chips_);
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     Ask();
 }
@@ -132,11 +134,8 @@ void VouchersPage::Sum() {
             *sums = queries::SumVouchers(books, filter);
         },
         [this, sums] {
-            const auto amount = [](double rupees) {
-                return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
-            };
             view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
-                             {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
+                             {{}, {}, {}, {}, AmountText(sums->debit), AmountText(sums->credit), {}});
         },
         [this] { view_->SetTotals(tr("Not added up: F5 tries again"), {}); });
 }

@@ -802,6 +802,10 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>Imported: %1.</source>
             <translation>Imported: %1.</translation>
         </message>
+        <message>
+            <source>What is wrong</source>
+            <translation>What is wrong</translation>
+        </message>
     </context>
     <context>
         <name>desk::ItemPage</name>
