@@ -426,6 +426,14 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>Bill</source>
             <translation>Bill</translation>
         </message>
+        <message>
+            <source>The books can be read again.</source>
+            <translation>The books can be read again.</translation>
+        </message>
+        <message>
+            <source>Open what stands there</source>
+            <translation>Open what stands there</translation>
+        </message>
     </context>
     <context>
         <name>desk::FindingsPage</name>
