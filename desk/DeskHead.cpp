@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -73,7 +74,9 @@ void DeskHead::ShowBooks(Books& books) {
 }
 
 void DeskHead::ElidePlace() {
-    place_->setText(place_->fontMetrics().elidedText(address_, Qt::ElideMiddle, place_->width()));
+    const QString home = QDir::homePath() + '/';
+    const QString shown = address_.startsWith(home) ? "~/" + address_.mid(home.size()) : address_;
+    place_->setText(place_->fontMetrics().elidedText(shown, Qt::ElideMiddle, place_->width()));
     place_->setToolTip(address_);
 }
 

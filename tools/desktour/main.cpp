@@ -11,11 +11,14 @@
 
 namespace {
 
-// With the head's settings of its own, so that what a user chose neither shows nor changes.
-void Draw(const std::filesystem::path& to, const QSize& size, desk::Theme::Choice look) {
+namespace fs = std::filesystem;
+
+// With settings of its own, so that what a user chose neither shows nor changes.
+void Draw(const fs::path& to, const QSize& size, desk::Theme::Choice look) {
     const QTemporaryDir folder;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.filePath("settings"));
     desk::Theme::Choose(look);
+    qputenv("HOME", folder.path().toUtf8());  // the place of the books is seen
     const tour::DeskTour desks(folder.path().toStdString());
     desk::DeskWindow window;
     window.resize(size);
@@ -42,8 +45,8 @@ int main(int argc, char** argv) {
     }
     try {
         qmAttachScreens();
-        const std::filesystem::path to(argv[1]);
-        std::filesystem::create_directories(to);
+        const fs::path to = fs::absolute(argv[1]);
+        fs::create_directories(to);
         for (const auto look : {desk::Theme::Choice::Light, desk::Theme::Choice::Dark})
             Draw(to, {width, height}, look);
     } catch (const std::exception& error) {
