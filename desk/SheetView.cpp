@@ -338,6 +338,7 @@ void SheetView::OpenAgain(const Place& place) {
 
 void SheetView::SetTotals(const QString& words, std::vector<QString> totals) {
     totalsSet_ = true;
+    columns_->MakeRoom(totals);
     totals_->Set(words, std::move(totals));
 }
 
@@ -351,6 +352,7 @@ void SheetView::ShowTotals() {
         for (std::size_t column = 0; column < texts.size(); ++column)
             texts[column] = CellText(sheet.Columns()[column].kind, totals.Of(column));
     }
+    columns_->MakeRoom(texts);
     totals_->Set(words, std::move(texts));
 }
 

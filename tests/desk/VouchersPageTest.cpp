@@ -94,6 +94,14 @@ TEST_F(VouchersPageTest, TheDesksKeysWorkInATextBoxToo) {
     EXPECT_TRUE(desk->findChild<QComboBox*>("year")->view()->isVisible());
 }
 
+TEST_F(VouchersPageTest, AFigureOfFifteenDigitsIsNotCut) {
+    StartOnVouchers();
+    test::FreshBooks::Run("Update tb_Ledger2001 Set LedgerDrAmt = 999999999999999 Where LedgerTrnNo = 1");
+    WaitForTotals("Debit 2,000,000,001,675,300.00");
+    const auto& table = dynamic_cast<QTableView&>(Sheet().View());
+    EXPECT_GT(table.columnWidth(4), table.fontMetrics().horizontalAdvance("2,000,000,001,675,300.00"));
+}
+
 TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
     StartOnVouchers();
     Key(Qt::Key_F, Qt::ControlModifier);
