@@ -10,6 +10,10 @@
 namespace desk {
 namespace {
 
+// KB of the file in memory: to show, the pages around the rows that are looked at; in the background, the
+// index of a large year, which all sums go through.
+constexpr int KeptToShow = 6144, KeptInBackground = 40960;
+
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
 }
@@ -40,11 +44,11 @@ void Books::Close() {
 void Books::Read() {
     check_.reset();
     worker_.reset();
-    reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
+    reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear, KeptToShow);
 }
 
 Worker& Books::Background() {
-    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce());
+    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce(), KeptInBackground);
     return *worker_;
 }
 

@@ -30,7 +30,8 @@ class Worker : public std::enable_shared_from_this<Worker> {
     };
     struct Stop {};
 
-    Worker(std::string dataPath, std::string year);
+    // `keptKb`: see queries::Reading.
+    Worker(std::string dataPath, std::string year, int keptKb);
     ~Worker();  // cancels what runs and waits for it
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -54,6 +55,7 @@ class Worker : public std::enable_shared_from_this<Worker> {
     void Run(const Task& task);
 
     std::string dataPath_, year_;
+    int keptKb_;
     std::unique_ptr<queries::Reading> books_;  // opened by the first job
     std::mutex guard_;
     std::condition_variable wake_;

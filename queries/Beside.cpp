@@ -132,11 +132,12 @@ Range YearBefore(const Reading& books, const Range& days) {
 
 std::unique_ptr<BesideSheet> BesideLastYear(Reading& books, std::optional<Statement> statement,
                                             const Range& days, TrialBy by, const BesideStep& step) {
+    const Reading::Moment moment(books);
     step(0, 2);
     Merged merged(3);
     merged.Add(LinesOf(books, statement, days, by), 0);
     step(1, 2);
-    Reading before(books.DataPath(), LastYearOf(books).value_or("0"));
+    Reading before(books, LastYearOf(books).value_or("0"));
     merged.Add(LinesOf(before, statement, YearBefore(books, days), by), 1);
     std::vector<BesideRow> rows = merged.Rows();
     for (BesideRow& row : rows)
