@@ -35,6 +35,7 @@ namespace {
 constexpr int LookEvery = 1000;      // milliseconds
 constexpr int Narrow = 960;          // pixels
 constexpr std::size_t MostHits = 6;  // of each kind
+constexpr std::size_t MostWaysBack = 40;
 
 QString LongForm(const std::string& shortForm) {
     const int year = QString::fromStdString(shortForm).toInt();
@@ -105,9 +106,7 @@ void DeskWindow::AddKeys() {
     add(QKeySequence(Qt::Key_F5), [this] {
         if (shown_) shown_->Refresh();
     });
-    add(QKeySequence::HelpContents, [this] {
-        if (!dynamic_cast<HelpPage*>(shown_)) Push(new HelpPage(*this, shown_ ? shown_->Chapter() : ""));
-    });
+    add(QKeySequence::HelpContents, [this] { ShowManual(); });
     add(QKeySequence(Qt::Key_Question), [this] { TellKeys(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFolder(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
@@ -115,12 +114,11 @@ void DeskWindow::AddKeys() {
 
 void DeskWindow::FillMenu() {
     QMenu& menu = head_->Menu();
-    menu.addAction(tr("Open a folder\u2026\tCtrl+O"), this, [this] { AskForFolder(); });
+    menu.addAction(tr("Open a folder\u2026\tCtrl+O"), this, [this] { Try([this] { AskForFolder(); }); });
     menu.addAction(tr("Bring up to date\tF5"), this, [this] {
         if (shown_) Try([this] { shown_->Refresh(); });
     });
-    menu.addAction(tr("Manual\tF1"), this,
-                   [this] { Push(new HelpPage(*this, shown_ ? shown_->Chapter() : "")); });
+    menu.addAction(tr("Manual\tF1"), this, [this] { ShowManual(); });
     menu.addAction(tr("Keys of this page\t?"), this, [this] { TellKeys(); });
     menu.addSeparator();
     auto* const choices = new QActionGroup(&menu);
@@ -145,6 +143,10 @@ void DeskWindow::TellKeys() {
     if (shown_) ShowKeys(*this, *shown_);
 }
 
+void DeskWindow::ShowManual() {
+    if (!dynamic_cast<HelpPage*>(shown_)) Push(new HelpPage(*this, shown_ ? shown_->Chapter() : ""));
+}
+
 void DeskWindow::AskForFolder() {
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the books"), books_.Place());
     if (!folder.isEmpty()) OpenBooks(folder.toStdString());
@@ -154,7 +156,7 @@ void DeskWindow::OpenBooks(const std::string& address) {
     DropPages();
     toldYear_.clear();
     if (Try([&] { books_.Open(address); })) notice_->Dismiss();
-    head_->ShowBooks(books_);
+    ShowHead();
     list_->setEnabled(books_.AreOpen());
     if (books_.AreOpen()) {
         RecentBooks::Add(books_.Place());
@@ -164,8 +166,7 @@ void DeskWindow::OpenBooks(const std::string& address) {
     } else {
         watch_.stop();
         setWindowTitle(tr("Accounts"));
-        stack_->setCurrentWidget(empty_);
-        empty_->setFocus();
+        ShowNone();
     }
 }
 
@@ -215,7 +216,7 @@ void DeskWindow::Go(const QString& key) {
             stack_->addWidget(page);
             upToDate_[page] = changes_;
         }
-        if (shown_ && shown_ != page) history_.push_back(shown_);
+        if (shown_ != page) KeepWayBack();
         Show(page);
     });
 }
@@ -223,22 +224,39 @@ void DeskWindow::Go(const QString& key) {
 void DeskWindow::Push(Page* page) {
     stack_->addWidget(page);
     upToDate_[page] = changes_;
-    if (shown_) history_.push_back(shown_);
+    KeepWayBack();
     Show(page);
 }
 
+// To what is shown now. Of very many the oldest is given up: a page may hold the rows of a long list.
+void DeskWindow::KeepWayBack() {
+    if (!shown_) return;
+    history_.push_back(shown_);
+    if (history_.size() <= MostWaysBack) return;
+    Page* const oldest = history_.front();
+    history_.erase(history_.begin());
+    Drop(oldest);
+}
+
 void DeskWindow::Back() {
-    if (history_.empty()) return;
     Page* const left = shown_;
-    Page* const to = history_.back();
-    history_.pop_back();
-    Show(to);
-    const bool ofTheList =
-        std::any_of(pages_.begin(), pages_.end(), [&](const auto& each) { return each.second == left; });
-    if (!ofTheList && std::find(history_.begin(), history_.end(), left) == history_.end()) {
-        upToDate_.erase(left);
-        left->deleteLater();
+    if (!history_.empty()) {
+        Page* const to = history_.back();
+        history_.pop_back();
+        Show(to);
+    } else if (!books_.AreOpen()) {
+        ShowNone();
     }
+    if (left && left != shown_) Drop(left);
+}
+
+// A page of the list stays, and so does one to which a way leads back.
+void DeskWindow::Drop(Page* page) {
+    const bool ofTheList =
+        std::any_of(pages_.begin(), pages_.end(), [&](const auto& each) { return each.second == page; });
+    if (ofTheList || page == shown_ || std::ranges::count(history_, page) > 0) return;
+    upToDate_.erase(page);
+    page->deleteLater();
 }
 
 void DeskWindow::Show(Page* page) {
@@ -249,6 +267,16 @@ void DeskWindow::Show(Page* page) {
         if (each == page) list_->Mark(key);
     if (std::exchange(upToDate_[page], changes_) != changes_) Try([&] { page->Refresh(); });
     page->TakeFocus();
+}
+
+void DeskWindow::ShowNone() {
+    shown_ = nullptr;
+    stack_->setCurrentWidget(empty_);
+    empty_->setFocus();
+}
+
+bool DeskWindow::ShowHead() {
+    return Try([this] { head_->ShowBooks(books_); });
 }
 
 void DeskWindow::Escape() {
@@ -332,7 +360,7 @@ void DeskWindow::TellOtherYear() {
 }
 
 void DeskWindow::WantYear(const std::string& shortForm) {
-    head_->ShowBooks(books_);  // the list shows the year in force until it is another
+    if (!ShowHead()) return;  // the list shows the year in force until it is another
     if (shortForm == books_.YearInForce()) return;
     const QString wanted = LongForm(shortForm), now = LongForm(books_.YearInForce());
     notice_->Show(
@@ -351,7 +379,7 @@ void DeskWindow::SwitchYear(const std::string& shortForm) {
     if (!Try([&] { books_.SwitchYear(shortForm); })) return;
     DropPages();  // what they show is of the year before
     toldYear_.clear();
-    head_->ShowBooks(books_);
+    ShowHead();
     watch_.start();
     Go(key);
 }

@@ -61,6 +61,11 @@ class DeskWindow : public QWidget, public Desk {
     void AskForFolder();
     void Escape();
     void Show(Page* page);
+    void ShowNone();
+    bool ShowHead();
+    void ShowManual();
+    void KeepWayBack();
+    void Drop(Page* page);
     void DropPages();
     void InScreen(const std::function<void()>& open);
     void LookForChanges();

@@ -1,6 +1,7 @@
 #include "desk/SheetFiles.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include "core/Screens.h"
@@ -39,6 +40,11 @@ QString FilterOf(SheetFile kind) {
 
 QString ExtensionOf(SheetFile kind) {
     return kind == SheetFile::Csv ? ".csv" : kind == SheetFile::Workbook ? ".xlsx" : ".pdf";
+}
+
+QString FileNameOf(const std::string& title, SheetFile kind) {
+    static const QRegularExpression notInNames(R"([\\/:*?"<>|])");
+    return QString::fromStdString(title).section(',', 0, 0).replace(notInNames, "-") + ExtensionOf(kind);
 }
 
 void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file) {

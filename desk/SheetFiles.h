@@ -15,6 +15,7 @@ enum class SheetFile { Csv, Workbook, Pdf };
 
 QString FilterOf(SheetFile kind);     // of the dialog that asks for its name: "Spreadsheet (*.xlsx)"
 QString ExtensionOf(SheetFile kind);  // ".xlsx"
+QString FileNameOf(const std::string& title, SheetFile kind);                      // "Rao and Sons.xlsx"
 void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file);  // no Pdf; on any thread
 // Both by the report view, on the main thread; `books` stands in the margin, the heads on each sheet of
 // paper.

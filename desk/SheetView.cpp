@@ -53,7 +53,10 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     totals_ = new TotalsStrip(*header_, this);
     column->addWidget(totals_);
     jobs_ = new JobBar(this);
-    column->addWidget(jobs_);
+    files_ = new JobBar(this);
+    for (JobBar* const bar : {jobs_, files_}) column->addWidget(bar);
+    unread_ = new EmptyState(tr("This was not read to its end"), tr("F5 asks again."));
+    stack_->addWidget(unread_);
     MakeButtons();
     SetEmpty(tr("Nothing here yet"), {});
     setObjectName("sheet");
@@ -155,14 +158,16 @@ void SheetView::AddKey(const QKeySequence& key, const std::function<void()>& act
 }
 
 void SheetView::SetEmpty(const QString& title, const QString& text) {
+    const bool stands = empty_ && stack_->currentWidget() == empty_;
     delete std::exchange(empty_, new EmptyState(title, text));
     stack_->addWidget(empty_);
+    if (stands) stack_->setCurrentWidget(empty_);
 }
 
 void SheetView::Ask(Making make) {
     make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
     slowly_ = false;
-    isNew_ = true;
+    isNew_ = isOld_ = true;
     Answer();
 }
 
@@ -173,7 +178,7 @@ void SheetView::AskSlowly(Making make) {
 void SheetView::AskSlowly(SlowMaking make) {
     make_ = std::move(make);
     slowly_ = true;
-    isNew_ = true;
+    isNew_ = isOld_ = true;
     Answer();
 }
 
@@ -184,14 +189,23 @@ void SheetView::Refresh() {
 void SheetView::Answer() {
     if (!slowly_) {
         Worker::Job job;
-        desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); });
+        if (!desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); })) TellUnread();
         return;
     }
     const auto answer = std::make_shared<SheetPtr>();
     InBackground(
         tr("Adding up\u2026"),
         [make = make_, answer](queries::Reading& books, Worker::Job& job) { *answer = make(books, job); },
-        [this, answer] { Take(*answer); });
+        [this, answer] { Take(*answer); }, [this] { TellUnread(); });
+}
+
+// The rows of the question before would stand below the words of the new one.
+void SheetView::TellUnread() {
+    if (!isOld_) return;
+    columns_->Drop();
+    model_.Set(nullptr);
+    totals_->hide();
+    stack_->setCurrentWidget(unread_);
 }
 
 void SheetView::Take(SheetPtr sheet) {
@@ -237,6 +251,7 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
         back.Row = shown->Rows() > 0 ? shown->RowOf(0) : 0;
         back.Above = 0;
     }
+    isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
     stack_->setCurrentWidget(model_.Sheet()->Rows() > 0 ? static_cast<QWidget*>(view_) : empty_);
@@ -374,8 +389,8 @@ void SheetView::Copy() {
 
 void SheetView::AskForFile(SheetFile kind) {
     if (!model_.Sheet()) return;
-    const QString name = QString::fromStdString(Sheet()->Title()).section(',', 0, 0) + ExtensionOf(kind);
-    QString file = QFileDialog::getSaveFileName(this, tr("Write to"), name, FilterOf(kind));
+    QString file = QFileDialog::getSaveFileName(this, tr("Write to"), FileNameOf(Sheet()->Title(), kind),
+                                                FilterOf(kind));
     if (file.isEmpty()) return;
     if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) file += ExtensionOf(kind);
     Save(kind, file);
@@ -392,8 +407,8 @@ void SheetView::Save(SheetFile kind, const QString& file) {
         if (desk_.Try([&] { WritePdf(Paper(), path, desk_.Books().Place().toStdString()); })) done();
         return;
     }
-    InBackground(
-        tr("Writing %1\u2026").arg(file),
+    RunJob(
+        *files_, tr("Writing %1\u2026").arg(file),
         [=, make = make_](queries::Reading& reading, Worker::Job& job) {
             const queries::Reading::Moment moment(reading);
             const SheetPtr sheet = make(reading, job);
@@ -421,14 +436,21 @@ void SheetView::Print(const queries::Sheet& paper) {
 }
 
 void SheetView::InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-                             std::function<void()> then) {
-    jobs_->Run(desk_.Books().Background(), what, std::move(work),
-               [this, then = std::move(then)](std::exception_ptr failure) {
-                   desk_.Try([&] {
-                       if (failure) std::rethrow_exception(failure);
-                       then();
-                   });
-               });
+                             std::function<void()> then, std::function<void()> without) {
+    RunJob(*jobs_, what, std::move(work), std::move(then), std::move(without));
+}
+
+void SheetView::RunJob(JobBar& bar, const QString& what,
+                       std::function<void(queries::Reading&, Worker::Job&)> work, std::function<void()> then,
+                       std::function<void()> without) {
+    const auto end = [this, then = std::move(then), without](std::exception_ptr failure) {
+        const bool went = desk_.Try([&] {
+            if (failure) std::rethrow_exception(failure);
+            then();
+        });
+        if (!went && without) without();
+    };
+    bar.Run(desk_.Books().Background(), what, std::move(work), end, without);
 }
 
 bool SheetView::eventFilter(QObject* object, QEvent* event) {

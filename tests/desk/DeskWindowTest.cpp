@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QMenu>
 #include <QPushButton>
 
 #include "core/Screens.h"
@@ -82,6 +83,37 @@ TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
     EXPECT_EQ(Title(), "none");
     Key(Qt::Key_Escape);
     EXPECT_EQ(Told(), "nothing");
+    Key(Qt::Key_F1);
+    EXPECT_EQ(Title(), "Manual");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Title(), "none");
+}
+
+// Each page may hold rows of a long list.
+TEST_F(DeskTest, OfTheWaysBackOnlyTheLastAreKept) {
+    Start();
+    for (int way = 0; way < 200; ++way) {
+        desk->Push(new desk::Page(*desk, "Page " + QString::number(way)));
+        desk->Go(way % 2 == 0 ? "screens" : "books");
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_LT(desk->findChildren<QWidget*>("pageHead").size(), 60);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Title(), "Page 199");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Title(), "Screens");
+}
+
+// What a menu or a list asks for goes by the bar as well.
+TEST_F(DeskTest, BooksThatFailWhileAChipOrTheYearIsOpenedAreToldOf) {
+    Start();
+    desk->Go("vouchers");
+    desk->Books().Reading().Cancel();
+    EXPECT_NO_THROW(Q_EMIT Child<QMenu>("ledger").aboutToShow());
+    EXPECT_THAT(Told(), testing::StartsWith("The question was cancelled."));
+    qm::Conn().Close();
+    EXPECT_NO_THROW(Q_EMIT desk->findChild<QComboBox*>("year")->activated(0));
+    EXPECT_THAT(Told(), testing::HasSubstr("closed"));
 }
 
 }  // namespace

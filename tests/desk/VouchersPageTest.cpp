@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QTableView>
+#include <clocale>
 
 #include "core/DBCode.h"
 #include "platform/ado/Connection.h"
@@ -112,6 +113,8 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
     };
     EXPECT_THAT(written(desk::SheetFile::Csv, "a.csv"),
                 testing::StartsWith("date,voucher,type,ledger,debit,credit,narration\r\n2001-04-02,1,"));
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr),
+                 "C");  // a spreadsheet's figures bear a point in every language
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
 }
