@@ -10,7 +10,7 @@ void Worker::Job::Step(std::size_t done) {
     if (Cancelled) throw Stop{};
 }
 
-Worker::Worker(std::string dataPath, std::string year, int keptKb)
+Worker::Worker(std::string dataPath, std::string year, std::optional<int> keptKb)
     : dataPath_(std::move(dataPath)), year_(std::move(year)), keptKb_(keptKb), thread_([this] { Loop(); }) {}
 
 Worker::~Worker() {

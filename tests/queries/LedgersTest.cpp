@@ -80,7 +80,7 @@ TEST(Reading, ALongQuestionIsCancelled) {
         [&] { reading.Connection()->Execute("Select Max(LedgerCode) As High From tb_Ledger2001"); });
     EXPECT_EQ(test::ErrorOf([&] { queries::Ledgers(reading); }), ado::error::Cancelled);
     reading.GoOn();
-    EXPECT_EQ(queries::SumsByLedger(reading)[1].debit, 600);
+    EXPECT_EQ(queries::LedgerSums(reading).Of({}).at(1).debit, 600);
 }
 
 TEST(Reading, KnowsItsYearAndRefusesAnother) {
