@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QUrl>
 
+#include <sys/stat.h>
+
+#include "core/DBCode.h"
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
@@ -10,12 +13,21 @@
 namespace desk {
 namespace {
 
-// KB of the file in memory: to show, the pages around the rows that are looked at; in the background, the
-// index of a large year, which all sums go through.
-constexpr int KeptToShow = 6144, KeptInBackground = 40960;
+constexpr std::int32_t FileNotFound = 53;
+
+// KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
+// background, the index of a large year, which all sums go through.
+constexpr int KeptToShow = 6144, KeptToWatch = 512, KeptInBackground = 40960;
 
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
+}
+
+// Which file stands there, whatever it is called; none where there is none.
+std::optional<std::pair<dev_t, ino_t>> FileAt(const std::string& path) {
+    struct stat found {};
+    if (::stat(path.c_str(), &found) != 0) return {};
+    return std::pair(found.st_dev, found.st_ino);
 }
 
 }  // namespace
@@ -27,6 +39,7 @@ void Books::Open(const std::string& address) {
         host_ = std::make_unique<qm::clQm>();
         host_->dataPath(address_);
         host_->StartDataConn();
+        file_ = FileAt(address_ + qm::BooksFile);
         Read();
     } catch (...) {
         Close();
@@ -37,6 +50,8 @@ void Books::Open(const std::string& address) {
 void Books::Close() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
+    watcher_.reset();
     reading_.reset();
     host_.reset();
 }
@@ -44,12 +59,26 @@ void Books::Close() {
 void Books::Read() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
+    watcher_.reset();
     reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear, KeptToShow);
 }
 
 Worker& Books::Background() {
-    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce(), KeptInBackground);
-    return *worker_;
+    return Started(worker_, KeptInBackground);
+}
+
+Worker& Books::Writer() {
+    return Started(writer_, KeptToShow);
+}
+
+Worker& Books::Watcher() {
+    return Started(watcher_, KeptToWatch);
+}
+
+Worker& Books::Started(std::shared_ptr<Worker>& worker, int keptKb) {
+    if (!worker) worker = std::make_shared<Worker>(address_, YearInForce(), keptKb);
+    return *worker;
 }
 
 BooksCheck& Books::Check() {
@@ -73,6 +102,17 @@ QString Books::Place() const {
 
 const std::string& Books::Address() const {
     return address_;
+}
+
+bool Books::IsFileThere() const {
+    return !AreOpen() || OnServer() || FileAt(address_ + qm::BooksFile) == file_;
+}
+
+void Books::RequireFile() const {
+    if (!IsFileThere())
+        throw basic::Error(
+            FileNotFound, "The books in '" + address_ + "' were taken away or replaced while they were open.",
+            "desk");
 }
 
 std::vector<host::Year> Books::Years() {

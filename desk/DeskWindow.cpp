@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QShortcut>
@@ -19,6 +21,7 @@
 #include "desk/DeskHead.h"
 #include "desk/EmptyState.h"
 #include "desk/HelpPage.h"
+#include "desk/JobBar.h"
 #include "desk/KeyList.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
@@ -79,8 +82,9 @@ DeskWindow::DeskWindow() {
     AddKeys();
     Theme::Apply(*this);
     head_->ShowBooks(books_);
+    QCoreApplication::instance()->installEventFilter(this);
     watch_.setInterval(LookEvery);
-    connect(&watch_, &QTimer::timeout, this, [this] { LookForChanges(); });
+    connect(&watch_, &QTimer::timeout, this, [this] { Watch(); });
 }
 
 DeskWindow::~DeskWindow() {
@@ -196,6 +200,8 @@ void DeskWindow::Run() {
 
 void DeskWindow::DropPages() {
     watch_.stop();
+    watchFailed_ = false;
+    qDeleteAll(std::exchange(writing_, {}));
     shown_ = nullptr;
     history_.clear();
     pages_.clear();
@@ -299,10 +305,31 @@ void DeskWindow::CopyVoucher(std::int32_t number) {
 void DeskWindow::InScreen(const std::function<void()>& open) {
     if (!books_.AreOpen()) return;
     if (shown_) shown_->KeepFocus();
+    try {
+        books_.RequireFile();
+    } catch (const basic::Error& error) {
+        return TellLost(error);  // what a screen wrote would go where nobody looks for it
+    }
     Try(open);
-    LookForChanges();
+    Watch();
     activateWindow();
     if (shown_) shown_->TakeFocus();
+}
+
+void DeskWindow::WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                           const QString& done) {
+    std::erase_if(writing_, [](JobBar* bar) {
+        if (!bar->Running()) bar->deleteLater();
+        return !bar->Running();
+    });
+    JobBar* const bar = writing_.emplace_back(new JobBar(this));
+    layout()->addWidget(bar);
+    bar->Run(books_.Writer(), what, std::move(work), [this, done](std::exception_ptr failure) {
+        const bool stands = Try([&] {
+            if (failure) std::rethrow_exception(failure);
+        });
+        if (stands) Note(done);
+    });
 }
 
 bool DeskWindow::Try(const std::function<void()>& work) {
@@ -327,24 +354,56 @@ void DeskWindow::Note(const QString& text) {
     notice_->Show(NoticeBar::Kind::Note, text);
 }
 
-// A failure is told once, not every second.
+// A server may be long in answering: it is asked aside.
+void DeskWindow::Watch() {
+    if (!books_.OnServer()) return LookForChanges();
+    if (!look_.expired()) return;
+    const auto changed = std::make_shared<bool>();
+    look_ = books_.Watcher().Start(
+        *this, [changed](queries::Reading& books, Worker::Job&) { *changed = books.ChangedByOthers(); },
+        [this, changed](std::exception_ptr failure) {
+            TakeLook([&] {
+                if (failure) std::rethrow_exception(failure);
+                return *changed;
+            });
+        });
+}
+
 void DeskWindow::LookForChanges() {
+    TakeLook([this] {
+        books_.RequireFile();
+        return books_.Changed();
+    });
+}
+
+// A failure is told once, not every second.
+void DeskWindow::TakeLook(const std::function<bool()>& changed) {
     try {
-        if (!books_.Changed()) {
-            watchFailed_ = false;
-            return;
-        }
-        watchFailed_ = false;
-        ++changes_;
-        head_->ShowBooks(books_);
-        TellOtherYear();
-        if (shown_) {
-            upToDate_[shown_] = changes_;
-            shown_->Refresh();
-        }
+        const bool changedNow = changed();
+        const bool isBack = std::exchange(watchFailed_, false);
+        if (isBack) Note(tr("The books can be read again."));
+        if (changedNow || isBack) ShowChanges();
     } catch (const basic::Error& error) {
-        if (!std::exchange(watchFailed_, true)) Tell(error);
+        if (!std::exchange(watchFailed_, true)) TellLost(error);
     }
+}
+
+void DeskWindow::ShowChanges() {
+    ++changes_;
+    head_->ShowBooks(books_);
+    TellOtherYear();
+    if (!shown_) return;
+    upToDate_[shown_] = changes_;
+    shown_->Refresh();
+}
+
+// Where another file stands in the place of the books, it is a key away.
+void DeskWindow::TellLost(const basic::Error& error) {
+    if (books_.IsFileThere()) return Tell(error);
+    const auto cure = CureOf(error);
+    notice_->Show(NoticeBar::Kind::Fault, QString::fromStdString(error.Description),
+                  cure ? tr("Why: %1. What to do: %2.").arg(cure->Cause, cure->Remedy) : QString(),
+                  {{tr("Open what stands there"), [this] { OpenBooks(std::string(books_.Address())); }}});
 }
 
 // The flag of the current year was moved elsewhere: this program goes on in its own until the user follows.
@@ -450,6 +509,21 @@ bool DeskWindow::event(QEvent* event) {
         Theme::Apply(*this);
     }
     return QWidget::event(event);
+}
+
+// The desk's own keys work in its text boxes, too, where the toolkit takes some for itself: Ctrl+E to go to
+// the end of the line, Ctrl+K to delete up to there.
+bool DeskWindow::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    const auto* const box = qobject_cast<QLineEdit*>(object);
+    const QKeyCombination key = static_cast<QKeyEvent*>(event)->keyCombination();
+    if (!box || !isAncestorOf(box) || !(key.keyboardModifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        return false;
+    const auto own = findChildren<QShortcut*>();
+    const bool isOwn = std::any_of(own.begin(), own.end(),
+                                   [&](const QShortcut* shortcut) { return shortcut->key() == key; });
+    if (isOwn) event->ignore();
+    return isOwn;
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event) {

@@ -53,8 +53,7 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     totals_ = new TotalsStrip(*header_, this);
     column->addWidget(totals_);
     jobs_ = new JobBar(this);
-    files_ = new JobBar(this);
-    for (JobBar* const bar : {jobs_, files_}) column->addWidget(bar);
+    column->addWidget(jobs_);
     unread_ = new EmptyState(tr("This was not read to its end"), tr("F5 asks again."));
     stack_->addWidget(unread_);
     MakeButtons();
@@ -243,19 +242,21 @@ void SheetView::SortShown(SheetPtr sheet) {
         });
 }
 
-// The user may have moved on while the answer was on its way: the row is that of now.
+// The user may have moved on while the answer was on its way: the row is that of now. The rows are counted
+// first: what cannot be read must not stand behind a view, which asks for them as it paints.
 void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
+    const std::size_t rows = shown->Rows();
     Place back = Where();
     if (std::exchange(isNew_, false)) {
         back.Key = {};
-        back.Row = shown->Rows() > 0 ? shown->RowOf(0) : 0;
+        back.Row = rows > 0 ? shown->RowOf(0) : 0;
         back.Above = 0;
     }
     isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
-    stack_->setCurrentWidget(model_.Sheet()->Rows() > 0 ? static_cast<QWidget*>(view_) : empty_);
-    totals_->setVisible(model_.Sheet()->Rows() > 0);
+    stack_->setCurrentWidget(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
+    totals_->setVisible(rows > 0);
     totalsSet_ = false;
     if (Filled) Filled();
     if (!totalsSet_) ShowTotals();
@@ -396,29 +397,23 @@ void SheetView::AskForFile(SheetFile kind) {
     Save(kind, file);
 }
 
-// The report view lays out on the main thread alone. Anything else is written by the worker, from a sheet of
-// its own of one moment.
+// From a sheet of its own, of one moment.
 void SheetView::Save(SheetFile kind, const QString& file) {
-    const std::string path = file.toStdString();
-    const auto order = model_.Sheet()->RowOrder();
-    const auto columns = columns_->Chosen();
-    const auto done = [this, file] { desk_.Note(tr("Written: %1").arg(file)); };
-    if (kind == SheetFile::Pdf) {
-        if (desk_.Try([&] { WritePdf(Paper(), path, desk_.Books().Place().toStdString()); })) done();
-        return;
-    }
-    RunJob(
-        *files_, tr("Writing %1\u2026").arg(file),
-        [=, make = make_](queries::Reading& reading, Worker::Job& job) {
-            const queries::Reading::Moment moment(reading);
-            const SheetPtr sheet = make(reading, job);
-            job.Total = sheet->Rows();
-            const bool fits = order && order->size() == sheet->Rows();
-            ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
-            shown.Watch = [&job](std::size_t row) { job.Step(row); };
-            Write(shown, kind, path);
-        },
-        done);
+    const auto write = [kind, make = make_, path = file.toStdString(), order = model_.Sheet()->RowOrder(),
+                        columns = columns_->Chosen(), place = desk_.Books().Place().toStdString()](
+                           queries::Reading& books, Worker::Job& job) {
+        const queries::Reading::Moment moment(books);
+        const SheetPtr sheet = make(books, job);
+        const std::size_t rows = sheet->Rows();
+        job.Total = kind == SheetFile::Pdf ? 2 * rows : rows;
+        const bool fits = order && order->size() == rows;
+        ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
+        shown.Watch = [&job](std::size_t row) { job.Step(row); };
+        Write(shown, kind, path, place, [&job, rows](double part) {
+            job.Step(rows + static_cast<std::size_t>(part * static_cast<double>(rows)));
+        });
+    };
+    desk_.WriteFile(tr("Writing %1\u2026").arg(file), write, tr("Written: %1").arg(file));
 }
 
 ShownSheet SheetView::Paper() const {
@@ -437,12 +432,6 @@ void SheetView::Print(const queries::Sheet& paper) {
 
 void SheetView::InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                              std::function<void()> then, std::function<void()> without) {
-    RunJob(*jobs_, what, std::move(work), std::move(then), std::move(without));
-}
-
-void SheetView::RunJob(JobBar& bar, const QString& what,
-                       std::function<void(queries::Reading&, Worker::Job&)> work, std::function<void()> then,
-                       std::function<void()> without) {
     const auto end = [this, then = std::move(then), without](std::exception_ptr failure) {
         const bool went = desk_.Try([&] {
             if (failure) std::rethrow_exception(failure);
@@ -450,7 +439,7 @@ void SheetView::RunJob(JobBar& bar, const QString& what,
         });
         if (!went && without) without();
     };
-    bar.Run(desk_.Books().Background(), what, std::move(work), end, without);
+    jobs_->Run(desk_.Books().Background(), what, std::move(work), end, without);
 }
 
 bool SheetView::eventFilter(QObject* object, QEvent* event) {

@@ -92,8 +92,6 @@ class SheetView : public QWidget {
     void MakeView(Shape shape, const QString& name);
     void MakeButtons();
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
-    void RunJob(JobBar& bar, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-                std::function<void()> then, std::function<void()> without = {});
     void Answer();
     void TellUnread();
     void Take(SheetPtr sheet);
@@ -122,8 +120,8 @@ class SheetView : public QWidget {
     QHeaderView* header_ = nullptr;
     SheetColumns* columns_ = nullptr;
     TotalsStrip* totals_ = nullptr;
-    JobBar *jobs_, *files_;  // the last: what writes a file goes on while the list is asked for again
-    QVariant key_;           // of the row that is chosen, as it was when it was chosen
+    JobBar* jobs_;
+    QVariant key_;  // of the row that is chosen, as it was when it was chosen
     int sortColumn_ = -1;
     bool descending_ = false;
 };

@@ -2,8 +2,10 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include "core/DBCode.h"
 #include "core/Screens.h"
 #include "core/modGeneral.h"
+#include "desk/Books.h"
 #include "desk/Cures.h"
 #include "desk/DeskWindow.h"
 #include "desk/ScreenList.h"
@@ -72,6 +74,24 @@ TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {
     EXPECT_EQ(years.currentText(), "2002-2003");
     EXPECT_EQ(qm::shared().FinYear, "2002");
     EXPECT_EQ(test::FreshBooks::One("Select Fnncl_Yr From Fnncl_Yr_Mstr Where Crrnt_Yr_Flg"), "2002-2003");
+}
+
+// What a screen wrote into a file that was taken away would be lost.
+TEST_F(DeskTest, BooksThatAreReplacedBelowTheDeskAreToldAndOpenedByAKey) {
+    Start();
+    if (desk->Books().OnServer()) GTEST_SKIP() << "a server keeps its files to itself";
+    const std::filesystem::path file = books.DataPath() + qm::BooksFile, aside = settings / "aside.mdb";
+    std::filesystem::rename(file, aside);
+    const auto told = testing::HasSubstr("were taken away or replaced while they were open");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return testing::Matches(told)(Told()); })) << Told();
+    Key(Qt::Key_F2);  // no screen, or the script would fail
+    EXPECT_THAT(Told(), told);
+    std::filesystem::copy(aside, file);
+    Key(Qt::Key_Space);
+    EXPECT_EQ(Told(), "nothing");
+    script.Modal("frmVoucher");
+    Key(Qt::Key_F2);
+    EXPECT_EQ(script.LeftOver(), 0u);
 }
 
 TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {

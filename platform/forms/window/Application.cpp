@@ -65,6 +65,10 @@ void EnsureApplication() {
         Refuse("The screens can be shown only on the thread that runs the application's windows.");
 }
 
+bool ApplicationStands() {
+    return QCoreApplication::instance() != nullptr;
+}
+
 void SetMousePointer(int pointer) {
     if (pointer == screenPointer) return;
     screenPointer = pointer;
