@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QObject>
 #include <functional>
@@ -15,6 +16,8 @@ namespace desk {
 
 // The audit of the open books, as qmhost check runs it, beside everything else; what it found last is kept.
 class BooksCheck {
+    Q_DECLARE_TR_FUNCTIONS(desk::BooksCheck)
+
   public:
     struct Result {
         std::vector<host::Finding> Findings;
@@ -30,6 +33,7 @@ class BooksCheck {
     void Run(QObject& owner, const std::function<void(std::exception_ptr)>& end);
     bool Running() const { return job_ != nullptr; }
     QString Text() const;                            // "1 error, 2 notes, at 10:15"
+    static QString CountsOf(const Result& result);   // "1 error, 2 notes"
     const ResultPtr& Last() const { return last_; }  // null before the first
 
   private:

@@ -1,14 +1,14 @@
 #include "desk/StatementPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QLocale>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "desk/Books.h"
+#include "desk/Figures.h"
 #include "desk/SheetView.h"
 #include "queries/LedgerLines.h"
-#include "queries/sheets/Cell.h"
 
 namespace desk {
 namespace {
@@ -20,10 +20,6 @@ const queries::LedgerLine& LineOf(const queries::Sheet& sheet, std::size_t row) 
 // The sheet reads by window, and its pages remember what they have read.
 queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
     return const_cast<queries::LedgerSheet&>(static_cast<const queries::LedgerSheet&>(sheet)).Source();
-}
-
-QString Amount(double rupees) {
-    return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
 }
 
 }  // namespace
@@ -41,6 +37,7 @@ StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& nam
     view_->Filled = [this] { ShowTotals(); };
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     view_->Ask(
         [ledger, range](queries::Reading& books) { return queries::ListLedger(books, ledger, range); });
@@ -57,13 +54,17 @@ void StatementPage::Activate(std::size_t row) {
 
 void StatementPage::ShowTotals() {
     const queries::LedgerLines& lines = SourceOf(*view_->Sheet());
-    SetSubtitle(
-        tr("%1; closing balance %2")
-            .arg(QString::fromStdString(view_->Sheet()->Title()).section(", ", -1), Amount(lines.Closing())));
+    SetSubtitle(tr("%1; closing balance %2")
+                    .arg(QString::fromStdString(view_->Sheet()->Title()).section(", ", -1),
+                         AmountText(lines.Closing())));
     const auto count = SourceOf(*view_->Sheet()).Count() - 1;
-    view_->SetTotals(
-        count == 1 ? tr("1 line") : tr("%1 lines").arg(QLocale().toString(qulonglong(count))),
-        {{}, {}, {}, {}, Amount(lines.Sums().debit), Amount(lines.Sums().credit), Amount(lines.Closing())});
+    view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(count)), {{},
+                                                                           {},
+                                                                           {},
+                                                                           {},
+                                                                           AmountText(lines.Sums().debit),
+                                                                           AmountText(lines.Sums().credit),
+                                                                           AmountText(lines.Closing())});
 }
 
 }  // namespace desk

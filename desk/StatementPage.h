@@ -16,7 +16,7 @@ class StatementPage : public Page {
 
   public:
     StatementPage(Desk& desk, std::int32_t ledger, const QString& name, const queries::Range& range = {});
-    QString Chapter() const override { return "Ledger and Trial Balance"; }
+    QString Chapter() const override { return "Ledgers"; }
     void Refresh() override;
 
   private:

@@ -42,6 +42,11 @@ void Worker::Cancel(const std::shared_ptr<Job>& job) {
     if (job == running_ && books_) books_->Cancel();
 }
 
+bool Worker::IsIdle() {
+    const std::lock_guard lock(guard_);
+    return tasks_.empty() && !running_;
+}
+
 void Worker::Loop() {
     std::unique_lock lock(guard_);
     for (;;) {

@@ -46,6 +46,8 @@ class Worker : public std::enable_shared_from_this<Worker> {
     // Ends the job, in the middle of a statement too, or drops it where it has not begun; null is none.
     void Cancel(const std::shared_ptr<Job>& job);
 
+    bool IsIdle();  // nothing runs or waits; the last end may still be on its way
+
   private:
     struct Task {
         std::shared_ptr<Job> Of;
