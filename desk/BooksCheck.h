@@ -27,7 +27,7 @@ class BooksCheck {
     };
     using ResultPtr = std::shared_ptr<const Result>;
 
-    BooksCheck(const std::string& dataPath, const std::string& year) : worker_(dataPath, year) {}
+    BooksCheck(const std::string& dataPath, const std::string& year) : worker_(dataPath, year, KeptKb) {}
 
     // `end` is called on the main thread, while `owner` lives. An older run that still goes on is left.
     void Run(QObject& owner, const std::function<void(std::exception_ptr)>& end);
@@ -37,6 +37,8 @@ class BooksCheck {
     const ResultPtr& Last() const { return last_; }  // null before the first
 
   private:
+    static constexpr int KeptKb = 4096;  // each page is read once
+
     ResultPtr last_;
     std::shared_ptr<Worker::Job> job_;
     Worker worker_;

@@ -180,12 +180,6 @@ void SheetView::AskSlowly(SlowMaking make) {
     Answer();
 }
 
-void SheetView::AskAgain(Making make) {
-    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
-    slowly_ = false;
-    Answer();
-}
-
 void SheetView::Refresh() {
     if (make_) Answer();
 }
@@ -271,11 +265,6 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
 // At once: a sheet that reads by window may tell other rows when the books have changed.
 void SheetView::RememberRow() {
     if (const auto row = Current(); row && KeyOf) key_ = KeyOf(*Sheet(), *row);
-}
-
-void SheetView::Reread() {
-    RememberRow();
-    view_->viewport()->update();
 }
 
 SheetView::Place SheetView::Where() const {

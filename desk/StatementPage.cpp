@@ -22,13 +22,11 @@ queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
     return const_cast<queries::LedgerSheet&>(static_cast<const queries::LedgerSheet&>(sheet)).Source();
 }
 
-constexpr std::size_t Short = 1000;  // lines whose balances are added up in a moment
-
 }  // namespace
 
 StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& name,
                              const queries::Range& range)
-    : Page(desk, name), ledger_(ledger), range_(range), view_(new SheetView(desk, "statement")) {
+    : Page(desk, name), view_(new SheetView(desk, "statement")) {
     view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
@@ -41,43 +39,12 @@ StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& nam
     Body().addWidget(view_);
     view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
-    Ask(nullptr);
-}
-
-void StatementPage::Ask(std::shared_ptr<queries::LedgerLines::Balances> balances) {
-    const queries::Reading* const here = &desk().Books().Reading();
-    const auto make = [=, ledger = ledger_, range = range_](queries::Reading& books) {
-        std::shared_ptr<queries::LedgerSheet> sheet = queries::ListLedger(books, ledger, range);
-        if (&books == here && balances)
-            sheet->Source().Take(*balances);
-        else if (&books == here)
-            sheet->Source().Await();
-        return sheet;
-    };
-    if (balances) return view_->AskAgain(make);
-    view_->Ask(make);
-    if (!view_->Sheet() || view_->Sheet()->Rows() <= Short) return;
-    const auto* const asked = view_->Sheet();
-    ReadBalances([this, asked](const std::shared_ptr<queries::LedgerLines::Balances>& read) {
-        if (view_->Sheet() != asked) return;
-        SourceOf(*asked).Take(*read);
-        static_cast<const queries::LedgerSheet&>(*asked).Forget();
-        view_->Reread();
-    });
-}
-
-void StatementPage::ReadBalances(std::function<void(std::shared_ptr<queries::LedgerLines::Balances>)> then) {
-    const auto read = std::make_shared<queries::LedgerLines::Balances>();
-    view_->InBackground(
-        tr("Adding up the balance\u2026"),
-        [read, ledger = ledger_, range = range_](queries::Reading& books, Worker::Job&) {
-            *read = queries::LedgerLines(books, ledger, range).ReadBalances();
-        },
-        [read, then = std::move(then)] { then(read); });
+    view_->Ask(
+        [ledger, range](queries::Reading& books) { return queries::ListLedger(books, ledger, range); });
 }
 
 void StatementPage::Refresh() {
-    ReadBalances([this](std::shared_ptr<queries::LedgerLines::Balances> read) { Ask(std::move(read)); });
+    view_->Refresh();
 }
 
 void StatementPage::Activate(std::size_t row) {

@@ -10,8 +10,8 @@ void Worker::Job::Step(std::size_t done) {
     if (Cancelled) throw Stop{};
 }
 
-Worker::Worker(std::string dataPath, std::string year)
-    : dataPath_(std::move(dataPath)), year_(std::move(year)), thread_([this] { Loop(); }) {}
+Worker::Worker(std::string dataPath, std::string year, std::optional<int> keptKb)
+    : dataPath_(std::move(dataPath)), year_(std::move(year)), keptKb_(keptKb), thread_([this] { Loop(); }) {}
 
 Worker::~Worker() {
     {
@@ -72,7 +72,7 @@ void Worker::Run(Task task) {
     try {
         task.Of->Step(0);
         if (!books_) {
-            auto books = std::make_unique<queries::Reading>(dataPath_, year_);
+            auto books = std::make_unique<queries::Reading>(dataPath_, year_, keptKb_);
             const std::lock_guard lock(guard_);
             books_ = std::move(books);
         }
