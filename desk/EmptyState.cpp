@@ -29,6 +29,7 @@ EmptyState::EmptyState(const QString& title, const QString& text, const QString&
         setFocusProxy(button);
     }
     column->addStretch(3);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 }  // namespace desk

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 #include <utility>
@@ -15,9 +14,15 @@ namespace {
 
 using queries::Kind;
 
-constexpr std::array Ages{&queries::PartyRow::upto30, &queries::PartyRow::upto60, &queries::PartyRow::upto90,
-                          &queries::PartyRow::older};
-constexpr std::array AgeNames{"Up to 30 days", "31 to 60", "61 to 90", "Over 90"};
+struct Age {
+    double queries::PartyRow::*Part;
+    const char* Name;
+    int OlderThan, Upto;  // days, 0 without an end
+};
+constexpr Age Ages[] = {{&queries::PartyRow::upto30, "Up to 30 days", 0, 30},
+                        {&queries::PartyRow::upto60, "31 to 60", 30, 60},
+                        {&queries::PartyRow::upto90, "61 to 90", 60, 90},
+                        {&queries::PartyRow::older, "Over 90", 90, 0}};
 
 QString Tr(const char* text) {
     return QCoreApplication::translate("desk::OverviewFigures", text);
@@ -25,10 +30,10 @@ QString Tr(const char* text) {
 
 std::unique_ptr<queries::SheetOf<AgeRow>> AgesOf(const std::vector<queries::PartyRow>& parties) {
     std::vector<AgeRow> rows;
-    for (std::size_t age = 0; age < Ages.size(); ++age) {
-        AgeRow row{AgeNames[age]};
+    for (const Age& age : Ages) {
+        AgeRow row{age.Name};
         for (const queries::PartyRow& party : parties)
-            (party.*Ages[age] > 0 ? row.owed : row.owing) += std::abs(party.*Ages[age]);
+            (party.*age.Part > 0 ? row.owed : row.owing) += std::abs(party.*age.Part);
         rows.push_back(row);
     }
     static const std::vector<queries::Filled<AgeRow>> columns{
@@ -81,9 +86,9 @@ std::vector<std::size_t> ColumnsNamed(const queries::Sheet& sheet,
     return found;
 }
 
-std::shared_ptr<const ShownSheet> Picked(std::shared_ptr<const queries::Sheet> sheet, ShownSheet::Order rows,
-                                         std::optional<std::vector<std::size_t>> columns,
-                                         const std::string& title) {
+std::shared_ptr<const ShownSheet> Picked(std::shared_ptr<const queries::Sheet> sheet,
+                                         std::optional<ShownSheet::Order> rows,
+                                         std::vector<std::size_t> columns, const std::string& title) {
     auto picked = std::make_shared<ShownSheet>(std::move(sheet), std::move(rows), std::move(columns));
     picked->SetTitle(title);
     return picked;
@@ -142,20 +147,24 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Largest(std::size_t most) con
                   "The largest parties");
 }
 
-std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age, bool owed) const {
-    auto order = RowsWhere<queries::PartyRow>(*Parties, [part = desk::Ages.at(age), owed](const auto& row) {
-        return owed ? row.*part > 0 : row.*part < 0;
-    });
-    return Picked(Parties, std::move(order), std::nullopt,
-                  Parties->Title() + ": " + (owed ? "they owe, " : "we owe, ") + AgeNames.at(age));
+std::shared_ptr<const ShownSheet> OverviewFigures::Short() const {
+    auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
+    return Picked(Items, std::move(order), ColumnsNamed(*Items, {"name", "net", "reorder_level"}),
+                  "Items to reorder");
 }
 
-std::shared_ptr<const ShownSheet> OverviewFigures::Short(bool brief) const {
-    auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
-    return Picked(
-        Items, std::move(order),
-        brief ? std::optional(ColumnsNamed(*Items, {"name", "net", "reorder_level"})) : std::nullopt,
-        "Items to reorder");
+std::shared_ptr<const ShownSheet> OverviewFigures::Trade() const {
+    return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "sales", "purchases"}),
+                  "Sales and purchases");
+}
+
+std::shared_ptr<const ShownSheet> OverviewFigures::Paid() const {
+    return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "receipts", "payments"}),
+                  "Receipts and payments");
+}
+
+queries::PartyFilter OverviewFigures::OfAge(std::size_t point, queries::Owing owing) {
+    return {owing, desk::Ages[point].OlderThan, desk::Ages[point].Upto};
 }
 
 }  // namespace desk

@@ -94,6 +94,7 @@ class SheetView : public QWidget {
     void MakeView(Shape shape, const QString& name);
     void MakeButtons();
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
+    void Turn(QWidget* to);  // to the rows or to why there are none
     void Answer();
     void TellUnread();
     void Take(SheetPtr sheet);
