@@ -30,7 +30,7 @@ std::optional<std::pair<dev_t, ino_t>> FileAt(const std::string& path) {
 
 void Books::Open(const std::string& address) {
     Close();
-    address_ = IsServer(address) || address.ends_with("/") ? address : address + "/";
+    address_ = address.ends_with("/") ? address : address + "/";
     try {
         host_ = std::make_unique<qm::clQm>();
         host_->dataPath(address_);
@@ -93,7 +93,7 @@ QString Books::Name() const {
 
 QString Books::Place() const {
     const QString address = QString::fromStdString(address_);
-    return IsServer(address_) ? address : QDir(address).absolutePath();
+    return IsServer(address_) ? address.chopped(1) : QDir(address).absolutePath();
 }
 
 const std::string& Books::Address() const {

@@ -36,7 +36,7 @@ class Books {
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
     Worker& Writer();      // for files, so that nothing that is looked at waits for them
-    Worker& Watcher();     // to look at a server, which may be long in answering
+    Worker& Watcher();     // to see whether a server answers
     BooksCheck& Check();   // has a thread of its own: it may take minutes
 
     // Whether the file that was opened still stands in its place. What is written into one that was taken

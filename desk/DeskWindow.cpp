@@ -311,7 +311,7 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
         return TellLost(error);  // what a screen wrote would go where nobody looks for it
     }
     Try(open);
-    Watch();
+    LookForChanges();
     activateWindow();
     if (shown_) shown_->TakeFocus();
 }
@@ -354,17 +354,16 @@ void DeskWindow::Note(const QString& text) {
     notice_->Show(NoticeBar::Kind::Note, text);
 }
 
-// A server may be long in answering: it is asked aside.
+// A server may be long in answering: whether it does is seen aside first.
 void DeskWindow::Watch() {
     if (!books_.OnServer()) return LookForChanges();
     if (!look_.expired()) return;
-    const auto changed = std::make_shared<bool>();
     look_ = books_.Watcher().Start(
-        *this, [changed](queries::Reading& books, Worker::Job&) { *changed = books.ChangedByOthers(); },
-        [this, changed](std::exception_ptr failure) {
+        *this, [](queries::Reading& books, Worker::Job&) { books.ChangedByOthers(); },
+        [this](std::exception_ptr failure) {
             TakeLook([&] {
                 if (failure) std::rethrow_exception(failure);
-                return *changed;
+                return books_.Changed();
             });
         });
 }

@@ -146,6 +146,15 @@ TEST_F(DeskTest, BooksThatAreReplacedBelowTheDeskAreToldAndOpenedByAKey) {
     EXPECT_EQ(script.LeftOver(), 0u);
 }
 
+TEST_F(DeskTest, AnAddressNeedsNoSlashAtItsEnd) {
+    Start();
+    const std::string address = books.DataPath();
+    desk->OpenBooks(address.substr(0, address.size() - 1));
+    EXPECT_EQ(Told(), "nothing");
+    EXPECT_EQ(Title(), "Overview");
+    EXPECT_THAT(address, testing::EndsWith(desk->Books().Name().toStdString() + "/"));
+}
+
 TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
     Start();
     desk->OpenBooks("/nowhere");

@@ -70,11 +70,13 @@ void PostgresEngine::Connect(const ServerAddress& address) {
 }
 
 void PostgresEngine::Start() {
-    started_ = false;
-    Connect(address_);
-    if (hears_) flight_.Add("LISTEN qm_books");  // goes out with the first question
-    RequireBooks();
-    if (!hears_) marks_ = Marks();
+    {
+        const SetAside first(started_);  // what is lost of the first words is not asked again
+        Connect(address_);
+        if (hears_) flight_.Add("LISTEN qm_books");  // goes out with the first question
+        RequireBooks();
+        if (!hears_) marks_ = Marks();
+    }
     started_ = true;
 }
 
