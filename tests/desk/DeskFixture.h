@@ -81,7 +81,7 @@ class DeskTest : public testing::Test {
             << Sheet().TotalsText().toStdString();
     }
     void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-        ASSERT_TRUE(QTest::qWaitForWindowActive(desk.get()));  // a screen that closed may still be going
+        Activate(*desk);
         QWidget* const focus = desk->focusWidget() ? desk->focusWidget() : desk.get();
         QTest::keyClick(focus, static_cast<Qt::Key>(key), modifiers);
     }
@@ -113,16 +113,20 @@ class DeskTest : public testing::Test {
         EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 20'000));
         return counted;
     }
+    // A screen or a menu that closed may still be going.
+    static void Activate(QWidget& window) {
+        ASSERT_TRUE(QTest::qWaitFor([&window] {
+            if (QApplication::activeWindow() != &window) window.activateWindow();
+            return QApplication::activeWindow() == &window;
+        }));
+    }
     // What a key goes to: an open menu, a dialog, or the desk, which some platforms do not make active again
     // by themselves.
     QWidget& Taker() {
         QWidget* window = QApplication::activePopupWidget();
         if (!window) {
             window = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : desk.get();
-            EXPECT_TRUE(QTest::qWaitFor([window] {
-                if (QApplication::activeWindow() != window) window->activateWindow();
-                return QApplication::activeWindow() == window;
-            }));
+            Activate(*window);
         }
         return window->focusWidget() ? *window->focusWidget() : *window;
     }
