@@ -58,6 +58,7 @@ class ChartView : public QChartView {
   private:
     void Draw();
     void AddAxes();
+    bool IsFlat() const;  // nothing but noughts
     std::optional<Place> At(const QPointF& position) const;
     QRectF BoxOf(Place place) const;
     double Figure(Place place) const { return data_.Lines[place.Line].Figures[place.Point]; }

@@ -46,6 +46,7 @@ QAction* AddForm(QMenu& menu, Fill fill) {
     auto* const panel = new QWidget(&menu);
     auto* const form = new QFormLayout(panel);
     form->setContentsMargins(12, 8, 12, 8);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     fill(*panel, *form);
     // The arrows of the menu lead into the panel's first box; what is typed goes there where it is alone.
     panel->setFocusPolicy(Qt::StrongFocus);

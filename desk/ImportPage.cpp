@@ -1,5 +1,6 @@
 #include "desk/ImportPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -53,6 +54,7 @@ ImportPage::ImportPage(Desk& desk, const std::string& kind, const std::string& p
                     {});
     AddToHead(view->Buttons());
     Body().addWidget(view, 1);
+    view->View().setAccessibleName(tr("What is wrong"));
     SetFirstFocus(view);
 }
 

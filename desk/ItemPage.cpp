@@ -1,5 +1,6 @@
 #include "desk/ItemPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QVBoxLayout>
 #include <string>
@@ -45,6 +46,7 @@ ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
               [this, item] { this->desk().OpenScreen("ItemMaster", std::to_string(item)); });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     view_->AskSlowly(
         [item](queries::Reading& books) { return queries::MovementsSheet(books, {.item = item}); });

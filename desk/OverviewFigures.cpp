@@ -19,19 +19,20 @@ struct Age {
     const char* Name;
     int OlderThan, Upto;  // days, 0 without an end
 };
-constexpr Age Ages[] = {{&queries::PartyRow::upto30, "Up to 30 days", 0, 30},
-                        {&queries::PartyRow::upto60, "31 to 60", 30, 60},
-                        {&queries::PartyRow::upto90, "61 to 90", 60, 90},
-                        {&queries::PartyRow::older, "Over 90", 90, 0}};
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(desk::OverviewFigures)
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("desk::OverviewFigures", text);
-}
+  public:
+    static constexpr Age Ages[] = {{&queries::PartyRow::upto30, QT_TR_NOOP("Up to 30 days"), 0, 30},
+                                   {&queries::PartyRow::upto60, QT_TR_NOOP("31 to 60"), 30, 60},
+                                   {&queries::PartyRow::upto90, QT_TR_NOOP("61 to 90"), 60, 90},
+                                   {&queries::PartyRow::older, QT_TR_NOOP("Over 90"), 90, 0}};
+};
 
 std::unique_ptr<queries::SheetOf<AgeRow>> AgesOf(const std::vector<queries::PartyRow>& parties) {
     std::vector<AgeRow> rows;
-    for (const Age& age : Ages) {
-        AgeRow row{age.Name};
+    for (const Age& age : Words::Ages) {
+        AgeRow row{Words::tr(age.Name).toStdString()};
         for (const queries::PartyRow& party : parties)
             (party.*age.Part > 0 ? row.owed : row.owing) += std::abs(party.*age.Part);
         rows.push_back(row);
@@ -108,26 +109,26 @@ std::shared_ptr<const OverviewFigures> OverviewFigures::Read(queries::Reading& b
 }
 
 ChartData OverviewFigures::MoneyChart() const {
-    return ByMonth<queries::MoneyRow>(
-        *Money, ChartData::Shape::Lines,
-        {{Tr("Cash"), &queries::MoneyRow::cashBalance}, {Tr("Bank"), &queries::MoneyRow::bankBalance}});
+    return ByMonth<queries::MoneyRow>(*Money, ChartData::Shape::Lines,
+                                      {{Words::tr("Cash"), &queries::MoneyRow::cashBalance},
+                                       {Words::tr("Bank"), &queries::MoneyRow::bankBalance}});
 }
 
 ChartData OverviewFigures::TradeChart() const {
-    return ByMonth<queries::MonthRow>(
-        *Months, ChartData::Shape::Bars,
-        {{Tr("Sales"), &queries::MonthRow::sales}, {Tr("Purchases"), &queries::MonthRow::purchases}});
+    return ByMonth<queries::MonthRow>(*Months, ChartData::Shape::Bars,
+                                      {{Words::tr("Sales"), &queries::MonthRow::sales},
+                                       {Words::tr("Purchases"), &queries::MonthRow::purchases}});
 }
 
 ChartData OverviewFigures::PaidChart() const {
-    return ByMonth<queries::MonthRow>(
-        *Months, ChartData::Shape::Bars,
-        {{Tr("Receipts"), &queries::MonthRow::receipts}, {Tr("Payments"), &queries::MonthRow::payments}});
+    return ByMonth<queries::MonthRow>(*Months, ChartData::Shape::Bars,
+                                      {{Words::tr("Receipts"), &queries::MonthRow::receipts},
+                                       {Words::tr("Payments"), &queries::MonthRow::payments}});
 }
 
 ChartData OverviewFigures::AgesChart() const {
     ChartData data;
-    data.Lines = {{Tr("Owed to us"), {}}, {Tr("We owe"), {}}};
+    data.Lines = {{Words::tr("Owed to us"), {}}, {Words::tr("We owe"), {}}};
     for (const AgeRow& row : Ages->Typed()) {
         data.Points << QString::fromStdString(row.age);
         data.PointNames << QString::fromStdString(row.age);
@@ -144,27 +145,27 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Largest(std::size_t most) con
                      [&](std::uint32_t a, std::uint32_t b) { return open(a) > open(b); });
     order.resize(std::min(order.size(), most));
     return Picked(Parties, std::move(order), ColumnsNamed(*Parties, {"party", "balance", "older"}),
-                  "The largest parties");
+                  Words::tr("The largest parties").toStdString());
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::Short() const {
     auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
     return Picked(Items, std::move(order), ColumnsNamed(*Items, {"name", "net", "reorder_level"}),
-                  "Items to reorder");
+                  Words::tr("Items to reorder").toStdString());
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::Trade() const {
     return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "sales", "purchases"}),
-                  "Sales and purchases");
+                  Words::tr("Sales and purchases").toStdString());
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::Paid() const {
     return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "receipts", "payments"}),
-                  "Receipts and payments");
+                  Words::tr("Receipts and payments").toStdString());
 }
 
 queries::PartyFilter OverviewFigures::OfAge(std::size_t point, queries::Owing owing) {
-    return {owing, desk::Ages[point].OlderThan, desk::Ages[point].Upto};
+    return {owing, Words::Ages[point].OlderThan, Words::Ages[point].Upto};
 }
 
 }  // namespace desk
