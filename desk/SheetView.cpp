@@ -186,6 +186,12 @@ void SheetView::AskSlowly(SlowMaking make) {
     Answer();
 }
 
+void SheetView::AskAgain(Making make) {
+    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
+    slowly_ = false;
+    Answer();
+}
+
 void SheetView::Refresh() {
     if (make_) Answer();
 }
@@ -209,7 +215,7 @@ void SheetView::TellUnread() {
     columns_->Drop();
     model_.Set(nullptr);
     totals_->hide();
-    stack_->setCurrentWidget(unread_);
+    Turn(unread_);
 }
 
 void SheetView::Take(SheetPtr sheet) {
