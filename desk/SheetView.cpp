@@ -163,7 +163,8 @@ void SheetView::SetEmpty(const QString& title, const QString& text) {
 
 // The keys stay with the list, also while it is empty.
 void SheetView::Turn(QWidget* to) {
-    const bool hadFocus = stack_->currentWidget() == window()->focusWidget();
+    const QWidget* const at = window()->focusWidget();
+    const bool hadFocus = at == stack_->currentWidget() || stack_->currentWidget()->isAncestorOf(at);
     stack_->setCurrentWidget(to);
     if (hadFocus) to->setFocus();
 }
