@@ -84,9 +84,8 @@ void StockPage::AddItems() {
 void StockPage::AddMovements() {
     SheetView& view = AddTab(tr("Mo&vements"), "movements", SheetView::Shape::Table, [this](SheetView& of) {
         const char* const types[] = {"", "Receipt", "Issue"};
-        const queries::MovementFilter filter{
-            .days = period_->Days(), .type = types[type_->Choice()], .words = Words()};
-        of.AskSlowly([filter](queries::Reading& books) { return queries::MovementsSheet(books, filter); });
+        AskForMovements(
+            of, {.days = period_->Days(), .type = types[type_->Choice()], .item = {}, .words = Words()});
     });
     ShowMovements(desk(), view);
 }
