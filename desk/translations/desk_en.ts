@@ -1559,10 +1559,6 @@ The books that stand there are set aside under a name with the date.</translatio
     <context>
         <name>desk::StatementPage</name>
         <message>
-            <source>Adding up the balance…</source>
-            <translation>Adding up the balance…</translation>
-        </message>
-        <message>
             <source>%1; closing balance %2</source>
             <translation>%1; closing balance %2</translation>
         </message>
