@@ -26,6 +26,7 @@ class ItemPage : public Page {
 
 // How any list of movements is shown and opens what stands in a line.
 void ShowMovements(Desk& desk, SheetView& view);
+void AskForMovements(SheetView& view, const queries::MovementFilter& filter);
 
 // A receipt of goods on the module's screen: on that of its order, which has the receipts against it, where
 // there is one.

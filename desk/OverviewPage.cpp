@@ -91,6 +91,7 @@ void OverviewPage::MakeCards() {
         }));
     ages_ = new ChartCard(desk(), "overviewAges", tr("Owed and owing by age"),
                           [this](ChartView::Place place) { OpenAge(place); });
+    for (const ChartCard* const card : {money_, trade_, paid_}) card->Table().Columns().HideAtFirst({"upto"});
     const auto openParty = [this](const queries::Sheet& sheet, std::size_t row) { OpenParty(sheet, row); };
     parties_ = new ListCard(desk(), {.Name = "overviewParties",
                                      .Title = tr("The largest parties"),
