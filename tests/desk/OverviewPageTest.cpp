@@ -134,7 +134,7 @@ TEST_F(OverviewPageTest, AChartThatTabComesToIsSeenWhole) {
     QCoreApplication::processEvents();
     for (const char* const chart :
          {"Sales and purchases", "Receipts and payments", "Owed and owing by age"}) {
-        TabToCard(chart);
+        TabTo(chart);
         auto& view = *dynamic_cast<desk::ChartView*>(desk->focusWidget());
         EXPECT_EQ(view.viewport()->visibleRegion().boundingRect(), view.viewport()->rect()) << chart;
     }
