@@ -30,8 +30,8 @@ class DeskWindow : public QWidget, public Desk {
     DeskWindow();
     ~DeskWindow() override;
 
-    // Opens the books and goes to the first page. What fails is told in the bar; the window stays, without
-    // books.
+    // Opens the books and goes to the first page. What fails is told in the bar; the books that were open
+    // before are opened again then, and where that fails, too, or there were none, the window stays without.
     void OpenBooks(const std::string& address);
     void Run();  // shows the window and returns when it has been closed
 
@@ -40,7 +40,9 @@ class DeskWindow : public QWidget, public Desk {
     void Push(Page* page) override;
     void Back() override;
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
+    void AskForFolder() override;
     void OpenScreen(const std::string& form, const std::string& record) override;
+    void LookForChanges() override;
     void CopyVoucher(std::int32_t number) override;
     bool Try(const std::function<void()>& work) override;
     void Tell(const basic::Error& error) override;
@@ -58,12 +60,11 @@ class DeskWindow : public QWidget, public Desk {
     void AddKeys();
     void FillMenu();
     void TellKeys();
-    void AskForFolder();
     void Escape();
+    void ShowBooks();
     void Show(Page* page);
     void DropPages();
     void InScreen(const std::function<void()>& open);
-    void LookForChanges();
     void TellOtherYear();
     void WantYear(const std::string& shortForm);
     void SwitchYear(const std::string& shortForm);
