@@ -211,7 +211,7 @@ void Ledger_Master::ApplyGroupLayout() {
 }
 
 // For a ledger that stands, however it came to the screen; only such a one has a number. IsNewLedger does not
-// tell: it is still set when the first ledger is found, and cleared when an Add is refused.
+// tell: it is still set when the first ledger is found, and cleared when an Add is refused. Kept 91.
 void Ledger_Master::ShowStockButton() {
     const bool stands = !basic::Trim(ui().txtLedgerId->Text()).empty();
     ui().cmdStkClBal->SetVisible(stands && ui().Combo1->Text() == "Stock in Hand");

@@ -58,9 +58,11 @@ void WriteReports(const std::string& folder) {
     Library().Need<void(const char*)>("qmWriteReports")(folder.c_str());
 }
 
-void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file) {
-    Library().Need<void(const char*, const char*, const char*, bool, const char*)>("qmWritePage")(
-        html.c_str(), names.Title.c_str(), names.Source.c_str(), isWide, file.c_str());
+void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file,
+               const Progress& progress) {
+    using Write = void(const char*, const char*, const char*, bool, const char*, const Progress*);
+    Library().Need<Write>("qmWritePage")(html.c_str(), names.Title.c_str(), names.Source.c_str(), isWide,
+                                         file.c_str(), &progress);
 }
 
 void PrintPage(const std::string& html, const PageNames& names, bool isWide) {

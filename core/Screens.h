@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,10 +37,15 @@ struct PageNames {
     std::string Source;  // whose figures these are: left in the bottom margin
 };
 
-// Writes a page, in the markup of reports, as a PDF file through the report view; no display is needed. The
-// sheets lie on their side where it is wide. Raises where the screens are missing, and 75 "Path/File access
-// error".
-void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file);
+// How much of a piece of work is done, from 0 to 1. May raise to end it.
+using Progress = std::function<void(double part)>;
+
+// Writes a page, in the markup of reports, as a PDF file, laid out as the report view does; no display is
+// needed. The sheets lie on their side where it is wide. On any thread, once LoadScreens has been called on
+// that of the windows. Raises where the screens are missing, 75 "Path/File access error", and what `progress`
+// raises.
+void WritePage(const std::string& html, const PageNames& names, bool isWide, const std::string& file,
+               const Progress& progress = {});
 
 // Shows such a page as it will be printed, modally; from there it goes to a printer. Raises where the screens
 // or a display are missing.

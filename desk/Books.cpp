@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QUrl>
 
+#include <sys/stat.h>
+
+#include "core/DBCode.h"
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
@@ -10,19 +13,29 @@
 namespace desk {
 namespace {
 
+constexpr std::int32_t FileNotFound = 53;
+
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
+}
+
+// Which file stands there, whatever it is called; none where there is none.
+std::optional<std::pair<dev_t, ino_t>> FileAt(const std::string& path) {
+    struct stat found {};
+    if (::stat(path.c_str(), &found) != 0) return {};
+    return std::pair(found.st_dev, found.st_ino);
 }
 
 }  // namespace
 
 void Books::Open(const std::string& address) {
     Close();
-    address_ = IsServer(address) || address.ends_with("/") ? address : address + "/";
+    address_ = address.ends_with("/") ? address : address + "/";
     try {
         host_ = std::make_unique<qm::clQm>();
         host_->dataPath(address_);
         host_->StartDataConn();
+        file_ = FileAt(address_ + qm::BooksFile);
         Read();
     } catch (...) {
         Close();
@@ -33,6 +46,8 @@ void Books::Open(const std::string& address) {
 void Books::Close() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
+    watcher_.reset();
     reading_.reset();
     host_.reset();
 }
@@ -40,12 +55,26 @@ void Books::Close() {
 void Books::Read() {
     check_.reset();
     worker_.reset();
+    writer_.reset();
+    watcher_.reset();
     reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
 }
 
 Worker& Books::Background() {
-    if (!worker_) worker_ = std::make_shared<Worker>(address_, YearInForce());
-    return *worker_;
+    return Started(worker_);
+}
+
+Worker& Books::Writer() {
+    return Started(writer_);
+}
+
+Worker& Books::Watcher() {
+    return Started(watcher_);
+}
+
+Worker& Books::Started(std::shared_ptr<Worker>& worker) {
+    if (!worker) worker = std::make_shared<Worker>(address_, YearInForce());
+    return *worker;
 }
 
 BooksCheck& Books::Check() {
@@ -64,11 +93,22 @@ QString Books::Name() const {
 
 QString Books::Place() const {
     const QString address = QString::fromStdString(address_);
-    return IsServer(address_) ? address : QDir(address).absolutePath();
+    return IsServer(address_) ? address.chopped(1) : QDir(address).absolutePath();
 }
 
 const std::string& Books::Address() const {
     return address_;
+}
+
+bool Books::IsFileThere() const {
+    return !AreOpen() || OnServer() || FileAt(address_ + qm::BooksFile) == file_;
+}
+
+void Books::RequireFile() const {
+    if (!IsFileThere())
+        throw basic::Error(
+            FileNotFound, "The books in '" + address_ + "' were taken away or replaced while they were open.",
+            "desk");
 }
 
 std::vector<host::Year> Books::Years() {

@@ -5,7 +5,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include <sys/types.h>
 
 #include "core/clQm.h"
 #include "desk/BooksCheck.h"
@@ -32,7 +35,14 @@ class Books {
     bool OnServer() const;
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
+    Worker& Writer();      // for files, so that nothing that is looked at waits for them
+    Worker& Watcher();     // to see whether a server answers
     BooksCheck& Check();   // has a thread of its own: it may take minutes
+
+    // Whether the file that was opened still stands in its place. What is written into one that was taken
+    // away is lost. RequireFile raises where it does not.
+    bool IsFileThere() const;
+    void RequireFile() const;
 
     std::vector<host::Year> Years();         // as they stand in the books now
     std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
@@ -47,12 +57,14 @@ class Books {
 
   private:
     void Read();
+    Worker& Started(std::shared_ptr<Worker>& worker);
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;
-    std::shared_ptr<Worker> worker_;
+    std::shared_ptr<Worker> worker_, writer_, watcher_;
     std::unique_ptr<BooksCheck> check_;
     std::string address_;
+    std::optional<std::pair<dev_t, ino_t>> file_;  // as the system knows it
 };
 
 }  // namespace desk

@@ -21,7 +21,6 @@
 #include "desk/ImportPage.h"
 #include "desk/LastBackup.h"
 #include "desk/RecentBooks.h"
-#include "desk/SheetFiles.h"
 #include "desk/StatusCard.h"
 #include "host/commands/Backup.h"
 #include "host/commands/Restore.h"
@@ -34,6 +33,7 @@
 #include "queries/TrialBalance.h"
 #include "queries/Vouchers.h"
 #include "queries/sheets/Cell.h"
+#include "queries/sheets/Workbook.h"
 
 namespace desk {
 namespace {
@@ -306,8 +306,7 @@ void BooksPage::Export(const std::string& folder) {
             std::size_t done = 0;
             for (const auto& [name, make] : Exports) {
                 job.Step(done++);
-                Write(*make(books), SheetFile::Workbook,
-                      folder + "/" + name + "-" + books.LongYear() + ".xlsx");
+                queries::WriteWorkbook(*make(books), folder + "/" + name + "-" + books.LongYear() + ".xlsx");
             }
         },
         [this, folder] {

@@ -21,7 +21,7 @@ Chip::Chip(const QString& name, const QString& caption, std::function<void(QMenu
 
 void Chip::SetValue(const QString& value) {
     const QString plain = QString(caption_).remove('&');
-    setText((value.isEmpty() ? caption_ : value) + QString::fromUtf8(" \u25BE"));
+    setText((value.isEmpty() ? caption_ : QString(value).replace('&', "&&")) + QString::fromUtf8(" \u25BE"));
     setAccessibleName(value.isEmpty() ? plain : plain + ": " + value);
     setProperty("set", !value.isEmpty());
     style()->unpolish(this);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "desk/Worker.h"
 #include "platform/basic/Error.h"
 
 namespace desk {
@@ -36,6 +37,12 @@ class Desk {
     // Brings what is shown up to date at once, where the books have changed.
     virtual void LookForChanges() = 0;
     virtual void CopyVoucher(std::int32_t number) = 0;  // the voucher screen on its lines; posts nothing
+
+    // Runs a job that writes a file, beside all others: it goes on whatever page is shown by then. A line at
+    // the window's foot tells `what` and how far it is, with Cancel; the bar tells the end: `done`, or what
+    // it raised.
+    virtual void WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                           const QString& done) = 0;
 
     // Runs what an event asks for. What it raises is told in the bar; False then.
     virtual bool Try(const std::function<void()>& work) = 0;

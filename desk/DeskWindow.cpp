@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QShortcut>
@@ -19,6 +21,7 @@
 #include "desk/DeskHead.h"
 #include "desk/EmptyState.h"
 #include "desk/HelpPage.h"
+#include "desk/JobBar.h"
 #include "desk/KeyList.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
@@ -36,6 +39,7 @@ namespace {
 constexpr int LookEvery = 1000;      // milliseconds
 constexpr int Narrow = 960;          // pixels
 constexpr std::size_t MostHits = 6;  // of each kind
+constexpr std::size_t MostWaysBack = 40;
 
 QString LongForm(const std::string& shortForm) {
     const int year = QString::fromStdString(shortForm).toInt();
@@ -79,8 +83,9 @@ DeskWindow::DeskWindow() {
     AddKeys();
     Theme::Apply(*this);
     head_->ShowBooks(books_);
+    QCoreApplication::instance()->installEventFilter(this);
     watch_.setInterval(LookEvery);
-    connect(&watch_, &QTimer::timeout, this, [this] { LookForChanges(); });
+    connect(&watch_, &QTimer::timeout, this, [this] { Watch(); });
 }
 
 DeskWindow::~DeskWindow() {
@@ -106,9 +111,7 @@ void DeskWindow::AddKeys() {
     add(QKeySequence(Qt::Key_F5), [this] {
         if (shown_) shown_->Refresh();
     });
-    add(QKeySequence::HelpContents, [this] {
-        if (!dynamic_cast<HelpPage*>(shown_)) Push(new HelpPage(*this, shown_ ? shown_->Chapter() : ""));
-    });
+    add(QKeySequence::HelpContents, [this] { ShowManual(); });
     add(QKeySequence(Qt::Key_Question), [this] { TellKeys(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFolder(); });
     add(QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
@@ -116,12 +119,11 @@ void DeskWindow::AddKeys() {
 
 void DeskWindow::FillMenu() {
     QMenu& menu = head_->Menu();
-    menu.addAction(tr("Open a folder\u2026\tCtrl+O"), this, [this] { AskForFolder(); });
+    menu.addAction(tr("Open a folder\u2026\tCtrl+O"), this, [this] { Try([this] { AskForFolder(); }); });
     menu.addAction(tr("Bring up to date\tF5"), this, [this] {
         if (shown_) Try([this] { shown_->Refresh(); });
     });
-    menu.addAction(tr("Manual\tF1"), this,
-                   [this] { Push(new HelpPage(*this, shown_ ? shown_->Chapter() : "")); });
+    menu.addAction(tr("Manual\tF1"), this, [this] { ShowManual(); });
     menu.addAction(tr("Keys of this page\t?"), this, [this] { TellKeys(); });
     menu.addSeparator();
     auto* const choices = new QActionGroup(&menu);
@@ -146,6 +148,10 @@ void DeskWindow::TellKeys() {
     if (shown_) ShowKeys(*this, *shown_);
 }
 
+void DeskWindow::ShowManual() {
+    if (!dynamic_cast<HelpPage*>(shown_)) Push(new HelpPage(*this, shown_ ? shown_->Chapter() : ""));
+}
+
 void DeskWindow::AskForFolder() {
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the books"), books_.Place());
     if (!folder.isEmpty()) OpenBooks(folder.toStdString());
@@ -157,13 +163,9 @@ void DeskWindow::OpenBooks(const std::string& address) {
     toldYear_.clear();
     if (Try([&] { books_.Open(address); }))
         notice_->Dismiss();
-    else if (!before.empty())
+    else if (!before.empty() && before != address)
         Try([&] { books_.Open(before); });
-    ShowBooks();
-}
-
-void DeskWindow::ShowBooks() {
-    head_->ShowBooks(books_);
+    ShowHead();
     list_->setEnabled(books_.AreOpen());
     if (books_.AreOpen()) {
         RecentBooks::Add(books_.Place());
@@ -173,8 +175,7 @@ void DeskWindow::ShowBooks() {
     } else {
         watch_.stop();
         setWindowTitle(tr("Accounts"));
-        stack_->setCurrentWidget(empty_);
-        empty_->setFocus();
+        ShowNone();
     }
 }
 
@@ -207,6 +208,8 @@ void DeskWindow::Run() {
 
 void DeskWindow::DropPages() {
     watch_.stop();
+    watchFailed_ = false;
+    qDeleteAll(std::exchange(writing_, {}));
     shown_ = nullptr;
     history_.clear();
     pages_.clear();
@@ -227,7 +230,7 @@ void DeskWindow::Go(const QString& key) {
             stack_->addWidget(page);
             upToDate_[page] = changes_;
         }
-        if (shown_ && shown_ != page) history_.push_back(shown_);
+        if (shown_ != page) KeepWayBack();
         Show(page);
     });
 }
@@ -235,22 +238,39 @@ void DeskWindow::Go(const QString& key) {
 void DeskWindow::Push(Page* page) {
     stack_->addWidget(page);
     upToDate_[page] = changes_;
-    if (shown_) history_.push_back(shown_);
+    KeepWayBack();
     Show(page);
 }
 
+// To what is shown now. Of very many the oldest is given up: a page may hold the rows of a long list.
+void DeskWindow::KeepWayBack() {
+    if (!shown_) return;
+    history_.push_back(shown_);
+    if (history_.size() <= MostWaysBack) return;
+    Page* const oldest = history_.front();
+    history_.erase(history_.begin());
+    Drop(oldest);
+}
+
 void DeskWindow::Back() {
-    if (history_.empty()) return;
     Page* const left = shown_;
-    Page* const to = history_.back();
-    history_.pop_back();
-    Show(to);
-    const bool ofTheList =
-        std::any_of(pages_.begin(), pages_.end(), [&](const auto& each) { return each.second == left; });
-    if (!ofTheList && std::find(history_.begin(), history_.end(), left) == history_.end()) {
-        upToDate_.erase(left);
-        left->deleteLater();
+    if (!history_.empty()) {
+        Page* const to = history_.back();
+        history_.pop_back();
+        Show(to);
+    } else if (!books_.AreOpen()) {
+        ShowNone();
     }
+    if (left && left != shown_) Drop(left);
+}
+
+// A page of the list stays, and so does one to which a way leads back.
+void DeskWindow::Drop(Page* page) {
+    const bool ofTheList =
+        std::any_of(pages_.begin(), pages_.end(), [&](const auto& each) { return each.second == page; });
+    if (ofTheList || page == shown_ || std::ranges::count(history_, page) > 0) return;
+    upToDate_.erase(page);
+    page->deleteLater();
 }
 
 void DeskWindow::Show(Page* page) {
@@ -261,6 +281,16 @@ void DeskWindow::Show(Page* page) {
         if (each == page) list_->Mark(key);
     if (std::exchange(upToDate_[page], changes_) != changes_) Try([&] { page->Refresh(); });
     page->TakeFocus();
+}
+
+void DeskWindow::ShowNone() {
+    shown_ = nullptr;
+    stack_->setCurrentWidget(empty_);
+    empty_->setFocus();
+}
+
+bool DeskWindow::ShowHead() {
+    return Try([this] { head_->ShowBooks(books_); });
 }
 
 void DeskWindow::Escape() {
@@ -283,10 +313,31 @@ void DeskWindow::CopyVoucher(std::int32_t number) {
 void DeskWindow::InScreen(const std::function<void()>& open) {
     if (!books_.AreOpen()) return;
     if (shown_) shown_->KeepFocus();
+    try {
+        books_.RequireFile();
+    } catch (const basic::Error& error) {
+        return TellLost(error);  // what a screen wrote would go where nobody looks for it
+    }
     Try(open);
     LookForChanges();
     activateWindow();
     if (shown_) shown_->TakeFocus();
+}
+
+void DeskWindow::WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                           const QString& done) {
+    std::erase_if(writing_, [](JobBar* bar) {
+        if (!bar->Running()) bar->deleteLater();
+        return !bar->Running();
+    });
+    JobBar* const bar = writing_.emplace_back(new JobBar(this));
+    layout()->addWidget(bar);
+    bar->Run(books_.Writer(), what, std::move(work), [this, done](std::exception_ptr failure) {
+        const bool stands = Try([&] {
+            if (failure) std::rethrow_exception(failure);
+        });
+        if (stands) Note(done);
+    });
 }
 
 bool DeskWindow::Try(const std::function<void()>& work) {
@@ -311,24 +362,55 @@ void DeskWindow::Note(const QString& text) {
     notice_->Show(NoticeBar::Kind::Note, text);
 }
 
-// A failure is told once, not every second.
+// A server may be long in answering: whether it does is seen aside first.
+void DeskWindow::Watch() {
+    if (!books_.OnServer()) return LookForChanges();
+    if (!look_.expired()) return;
+    look_ = books_.Watcher().Start(
+        *this, [](queries::Reading& books, Worker::Job&) { books.ChangedByOthers(); },
+        [this](std::exception_ptr failure) {
+            TakeLook([&] {
+                if (failure) std::rethrow_exception(failure);
+                return books_.Changed();
+            });
+        });
+}
+
 void DeskWindow::LookForChanges() {
+    TakeLook([this] {
+        books_.RequireFile();
+        return books_.Changed();
+    });
+}
+
+// A failure is told once, not every second.
+void DeskWindow::TakeLook(const std::function<bool()>& changed) {
     try {
-        if (!books_.Changed()) {
-            watchFailed_ = false;
-            return;
-        }
-        watchFailed_ = false;
-        ++changes_;
-        head_->ShowBooks(books_);
-        TellOtherYear();
-        if (shown_) {
-            upToDate_[shown_] = changes_;
-            shown_->Refresh();
-        }
+        const bool changedNow = changed();
+        const bool isBack = std::exchange(watchFailed_, false);
+        if (isBack) Note(tr("The books can be read again."));
+        if (changedNow || isBack) ShowChanges();
     } catch (const basic::Error& error) {
-        if (!std::exchange(watchFailed_, true)) Tell(error);
+        if (!std::exchange(watchFailed_, true)) TellLost(error);
     }
+}
+
+void DeskWindow::ShowChanges() {
+    ++changes_;
+    head_->ShowBooks(books_);
+    TellOtherYear();
+    if (!shown_) return;
+    upToDate_[shown_] = changes_;
+    shown_->Refresh();
+}
+
+// Where another file stands in the place of the books, it is a key away.
+void DeskWindow::TellLost(const basic::Error& error) {
+    if (books_.IsFileThere()) return Tell(error);
+    const auto cure = CureOf(error);
+    notice_->Show(NoticeBar::Kind::Fault, QString::fromStdString(error.Description),
+                  cure ? tr("Why: %1. What to do: %2.").arg(cure->Cause, cure->Remedy) : QString(),
+                  {{tr("Open what stands there"), [this] { OpenBooks(std::string(books_.Address())); }}});
 }
 
 // The flag of the current year was moved elsewhere: this program goes on in its own until the user follows.
@@ -344,7 +426,7 @@ void DeskWindow::TellOtherYear() {
 }
 
 void DeskWindow::WantYear(const std::string& shortForm) {
-    head_->ShowBooks(books_);  // the list shows the year in force until it is another
+    if (!ShowHead()) return;  // the list shows the year in force until it is another
     if (shortForm == books_.YearInForce()) return;
     const QString wanted = LongForm(shortForm), now = LongForm(books_.YearInForce());
     notice_->Show(
@@ -363,7 +445,7 @@ void DeskWindow::SwitchYear(const std::string& shortForm) {
     if (!Try([&] { books_.SwitchYear(shortForm); })) return;
     DropPages();  // what they show is of the year before
     toldYear_.clear();
-    head_->ShowBooks(books_);
+    ShowHead();
     watch_.start();
     Go(key);
 }
@@ -435,6 +517,21 @@ bool DeskWindow::event(QEvent* event) {
         Theme::Apply(*this);
     }
     return QWidget::event(event);
+}
+
+// The desk's own keys work in its text boxes, too, where the toolkit takes some for itself: Ctrl+E to go to
+// the end of the line, Ctrl+K to delete up to there.
+bool DeskWindow::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    const auto* const box = qobject_cast<QLineEdit*>(object);
+    const QKeyCombination key = static_cast<QKeyEvent*>(event)->keyCombination();
+    if (!box || !isAncestorOf(box) || !(key.keyboardModifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        return false;
+    const auto own = findChildren<QShortcut*>();
+    const bool isOwn = std::any_of(own.begin(), own.end(),
+                                   [&](const QShortcut* shortcut) { return shortcut->key() == key; });
+    if (isOwn) event->ignore();
+    return isOwn;
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event) {

@@ -17,6 +17,7 @@ class QStackedWidget;
 namespace desk {
 
 class DeskHead;
+class JobBar;
 class NoticeBar;
 class PageList;
 
@@ -44,6 +45,8 @@ class DeskWindow : public QWidget, public Desk {
     void OpenScreen(const std::string& form, const std::string& record) override;
     void LookForChanges() override;
     void CopyVoucher(std::int32_t number) override;
+    void WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                   const QString& done) override;
     bool Try(const std::function<void()>& work) override;
     void Tell(const basic::Error& error) override;
     void Note(const QString& text) override;
@@ -53,6 +56,7 @@ class DeskWindow : public QWidget, public Desk {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -61,10 +65,18 @@ class DeskWindow : public QWidget, public Desk {
     void FillMenu();
     void TellKeys();
     void Escape();
-    void ShowBooks();
     void Show(Page* page);
+    void ShowNone();
+    bool ShowHead();
+    void ShowManual();
+    void KeepWayBack();
+    void Drop(Page* page);
     void DropPages();
     void InScreen(const std::function<void()>& open);
+    void Watch();
+    void TakeLook(const std::function<bool()>& changed);
+    void ShowChanges();
+    void TellLost(const basic::Error& error);
     void TellOtherYear();
     void WantYear(const std::string& shortForm);
     void SwitchYear(const std::string& shortForm);
@@ -78,12 +90,14 @@ class DeskWindow : public QWidget, public Desk {
     PageList* list_;
     QStackedWidget* stack_;
     QWidget* empty_;
+    std::vector<JobBar*> writing_;    // a line for each file; below the page
     std::map<QString, Page*> pages_;  // of the list, by their keys, once they have been gone to
     std::vector<Page*> history_;      // the page before last; Back goes to the last of them
     Page* shown_ = nullptr;
     std::map<const Page*, int> upToDate_;  // which change of the books a page has seen
     int changes_ = 0;
     QTimer watch_;
+    std::weak_ptr<Worker::Job> look_;  // at a server; gone when it has ended
     bool watchFailed_ = false;
     std::string toldYear_;  // another year that the bar has told of
     std::shared_ptr<Worker::Job> search_;

@@ -16,6 +16,7 @@ EmptyState::EmptyState(const QString& title, const QString& text, const QString&
     for (const auto& [name, words] : lines) {
         auto* const label = new QLabel(words, this);
         label->setObjectName(name);
+        label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignCenter);
         column->addWidget(label);

@@ -18,12 +18,17 @@ JobBar::JobBar(QWidget* parent) : QWidget(parent) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 0, 4);
     text_ = new QLabel(this);
+    text_->setTextFormat(Qt::PlainText);
     bar_ = new QProgressBar(this);
     bar_->setTextVisible(false);
     bar_->setMaximumWidth(240);
     auto* const cancel = new QPushButton(tr("Cancel"), this);
     cancel->setObjectName("cancelJob");
-    connect(cancel, &QPushButton::clicked, this, [this] { Cancel(); });
+    connect(cancel, &QPushButton::clicked, this, [this] {
+        const auto cancelled = std::exchange(cancelled_, nullptr);
+        Cancel();
+        if (cancelled) cancelled();
+    });
     row->addWidget(text_, 1);
     row->addWidget(bar_, 1);
     row->addWidget(cancel);
@@ -32,10 +37,15 @@ JobBar::JobBar(QWidget* parent) : QWidget(parent) {
     connect(&tick_, &QTimer::timeout, this, [this] { Show(); });
 }
 
+JobBar::~JobBar() {
+    Cancel();
+}
+
 void JobBar::Run(Worker& worker, const QString& what,
                  std::function<void(queries::Reading&, Worker::Job&)> work,
-                 std::function<void(std::exception_ptr)> end) {
+                 std::function<void(std::exception_ptr)> end, std::function<void()> cancelled) {
     Cancel();
+    cancelled_ = std::move(cancelled);
     text_->setText(what);
     bar_->setAccessibleName(what);
     bar_->setRange(0, 0);

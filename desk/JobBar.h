@@ -21,10 +21,12 @@ class JobBar : public QWidget {
 
   public:
     explicit JobBar(QWidget* parent);
+    ~JobBar() override;  // cancels: nobody waits for the job any more
 
-    // A job that still runs is cancelled first. `end` gets what the work raised, if anything.
+    // A job that still runs is cancelled first. `end` gets what the work raised, if anything; `cancelled` is
+    // called instead when the user ends the job.
     void Run(Worker& worker, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-             std::function<void(std::exception_ptr)> end);
+             std::function<void(std::exception_ptr)> end, std::function<void()> cancelled = {});
     void Cancel();
     bool Running() const { return job_ != nullptr; }
 
@@ -36,6 +38,7 @@ class JobBar : public QWidget {
     QTimer tick_;
     std::weak_ptr<Worker> worker_;  // of the job; gone when the books are
     std::shared_ptr<Worker::Job> job_;
+    std::function<void()> cancelled_;
 };
 
 }  // namespace desk

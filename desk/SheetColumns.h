@@ -23,6 +23,7 @@ class SheetColumns : public QObject {
     // Columns that are not shown until the user chooses them; set before the first Lay.
     void HideAtFirst(std::vector<std::string> names) { hidden_ = std::move(names); }
     void Lay(const queries::Sheet& sheet);    // for its columns; where they were laid before, nothing happens
+    void Drop() { columns_.clear(); }         // there are none any more; the next are laid anew
     void Fit();                               // to the room, where the user has not sized them
     void FillMenu(QMenu& menu);               // a line for each column, and one that forgets all choices
     std::vector<std::size_t> Chosen() const;  // those that are shown, from left to right

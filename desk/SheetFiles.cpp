@@ -1,6 +1,7 @@
 #include "desk/SheetFiles.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include "core/Screens.h"
@@ -41,20 +42,30 @@ QString ExtensionOf(SheetFile kind) {
     return kind == SheetFile::Csv ? ".csv" : kind == SheetFile::Workbook ? ".xlsx" : ".pdf";
 }
 
-void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file) {
-    if (kind == SheetFile::Workbook) return queries::WriteWorkbook(sheet, file);
-    basic::WriteNewFile(file, [&](std::ostream& out) { queries::WriteCsv(sheet, out); });
+QString FileNameOf(const std::string& title, SheetFile kind) {
+    static const QRegularExpression notInNames(R"([\\/:*?"<>|])");
+    return QString::fromStdString(title).section(',', 0, 0).replace(notInNames, "-") + ExtensionOf(kind);
+}
+
+void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file, const std::string& books,
+           const std::function<void(double)>& laidOut) {
+    const auto whole = [&] { laidOut(1); };
+    if (kind == SheetFile::Workbook) return queries::WriteWorkbook(sheet, file, whole);
+    if (kind == SheetFile::Pdf) {
+        basic::NewFile place(file);
+        qm::WritePage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books}, IsWide(sheet),
+                      place.Staging(), laidOut);
+        whole();
+        return place.Publish();
+    }
+    basic::WriteNewFile(file, [&](std::ostream& out) {
+        queries::WriteCsv(sheet, out);
+        whole();
+    });
 }
 
 void Print(const queries::Sheet& sheet, const std::string& books) {
     qm::PrintPage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books}, IsWide(sheet));
-}
-
-void WritePdf(const queries::Sheet& sheet, const std::string& file, const std::string& books) {
-    basic::NewFile place(file);
-    qm::WritePage(queries::PageOf(sheet), {.Title = sheet.Title(), .Source = books}, IsWide(sheet),
-                  place.Staging());
-    place.Publish();
 }
 
 QString ClipboardText(const queries::Sheet& sheet, const std::vector<std::size_t>& rows) {

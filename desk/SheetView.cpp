@@ -54,6 +54,8 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     column->addWidget(totals_);
     jobs_ = new JobBar(this);
     column->addWidget(jobs_);
+    unread_ = new EmptyState(tr("This was not read to its end"), tr("F5 asks again."));
+    stack_->addWidget(unread_);
     MakeButtons();
     SetEmpty(tr("Nothing here yet"), {});
     setObjectName("sheet");
@@ -155,14 +157,16 @@ void SheetView::AddKey(const QKeySequence& key, const std::function<void()>& act
 }
 
 void SheetView::SetEmpty(const QString& title, const QString& text) {
+    const bool stands = empty_ && stack_->currentWidget() == empty_;
     delete std::exchange(empty_, new EmptyState(title, text));
     stack_->addWidget(empty_);
+    if (stands) stack_->setCurrentWidget(empty_);
 }
 
 void SheetView::Ask(Making make) {
     make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
     slowly_ = false;
-    isNew_ = true;
+    isNew_ = isOld_ = true;
     Answer();
 }
 
@@ -173,7 +177,7 @@ void SheetView::AskSlowly(Making make) {
 void SheetView::AskSlowly(SlowMaking make) {
     make_ = std::move(make);
     slowly_ = true;
-    isNew_ = true;
+    isNew_ = isOld_ = true;
     Answer();
 }
 
@@ -190,14 +194,23 @@ void SheetView::Refresh() {
 void SheetView::Answer() {
     if (!slowly_) {
         Worker::Job job;
-        desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); });
+        if (!desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); })) TellUnread();
         return;
     }
     const auto answer = std::make_shared<SheetPtr>();
     InBackground(
         tr("Adding up\u2026"),
         [make = make_, answer](queries::Reading& books, Worker::Job& job) { *answer = make(books, job); },
-        [this, answer] { Take(*answer); });
+        [this, answer] { Take(*answer); }, [this] { TellUnread(); });
+}
+
+// The rows of the question before would stand below the words of the new one.
+void SheetView::TellUnread() {
+    if (!isOld_) return;
+    columns_->Drop();
+    model_.Set(nullptr);
+    totals_->hide();
+    stack_->setCurrentWidget(unread_);
 }
 
 void SheetView::Take(SheetPtr sheet) {
@@ -235,18 +248,21 @@ void SheetView::SortShown(SheetPtr sheet) {
         });
 }
 
-// The user may have moved on while the answer was on its way: the row is that of now.
+// The user may have moved on while the answer was on its way: the row is that of now. The rows are counted
+// first: what cannot be read must not stand behind a view, which asks for them as it paints.
 void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
+    const std::size_t rows = shown->Rows();
     Place back = Where();
     if (std::exchange(isNew_, false)) {
         back.Key = {};
-        back.Row = shown->Rows() > 0 ? shown->RowOf(0) : 0;
+        back.Row = rows > 0 ? shown->RowOf(0) : 0;
         back.Above = 0;
     }
+    isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
-    stack_->setCurrentWidget(model_.Sheet()->Rows() > 0 ? static_cast<QWidget*>(view_) : empty_);
-    totals_->setVisible(model_.Sheet()->Rows() > 0);
+    stack_->setCurrentWidget(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
+    totals_->setVisible(rows > 0);
     totalsSet_ = false;
     if (Filled) Filled();
     if (!totalsSet_) ShowTotals();
@@ -385,36 +401,30 @@ void SheetView::Copy() {
 
 void SheetView::AskForFile(SheetFile kind) {
     if (!model_.Sheet()) return;
-    const QString name = QString::fromStdString(Sheet()->Title()).section(',', 0, 0) + ExtensionOf(kind);
-    QString file = QFileDialog::getSaveFileName(this, tr("Write to"), name, FilterOf(kind));
+    QString file = QFileDialog::getSaveFileName(this, tr("Write to"), FileNameOf(Sheet()->Title(), kind),
+                                                FilterOf(kind));
     if (file.isEmpty()) return;
     if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) file += ExtensionOf(kind);
     Save(kind, file);
 }
 
-// The report view lays out on the main thread alone. Anything else is written by the worker, from a sheet of
-// its own of one moment.
+// From a sheet of its own, of one moment.
 void SheetView::Save(SheetFile kind, const QString& file) {
-    const std::string path = file.toStdString();
-    const auto order = model_.Sheet()->RowOrder();
-    const auto columns = columns_->Chosen();
-    const auto done = [this, file] { desk_.Note(tr("Written: %1").arg(file)); };
-    if (kind == SheetFile::Pdf) {
-        if (desk_.Try([&] { WritePdf(Paper(), path, desk_.Books().Place().toStdString()); })) done();
-        return;
-    }
-    InBackground(
-        tr("Writing %1\u2026").arg(file),
-        [=, make = make_](queries::Reading& reading, Worker::Job& job) {
-            const queries::Reading::Moment moment(reading);
-            const SheetPtr sheet = make(reading, job);
-            job.Total = sheet->Rows();
-            const bool fits = order && order->size() == sheet->Rows();
-            ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
-            shown.Watch = [&job](std::size_t row) { job.Step(row); };
-            Write(shown, kind, path);
-        },
-        done);
+    const auto write = [kind, make = make_, path = file.toStdString(), order = model_.Sheet()->RowOrder(),
+                        columns = columns_->Chosen(), place = desk_.Books().Place().toStdString()](
+                           queries::Reading& books, Worker::Job& job) {
+        const queries::Reading::Moment moment(books);
+        const SheetPtr sheet = make(books, job);
+        const std::size_t rows = sheet->Rows();
+        job.Total = kind == SheetFile::Pdf ? 2 * rows : rows;
+        const bool fits = order && order->size() == rows;
+        ShownSheet shown(sheet, fits ? order : std::nullopt, columns);
+        shown.Watch = [&job](std::size_t row) { job.Step(row); };
+        Write(shown, kind, path, place, [&job, rows](double part) {
+            job.Step(rows + static_cast<std::size_t>(part * static_cast<double>(rows)));
+        });
+    };
+    desk_.WriteFile(tr("Writing %1\u2026").arg(file), write, tr("Written: %1").arg(file));
 }
 
 ShownSheet SheetView::Paper() const {
@@ -432,14 +442,15 @@ void SheetView::Print(const queries::Sheet& paper) {
 }
 
 void SheetView::InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-                             std::function<void()> then) {
-    jobs_->Run(desk_.Books().Background(), what, std::move(work),
-               [this, then = std::move(then)](std::exception_ptr failure) {
-                   desk_.Try([&] {
-                       if (failure) std::rethrow_exception(failure);
-                       then();
-                   });
-               });
+                             std::function<void()> then, std::function<void()> without) {
+    const auto end = [this, then = std::move(then), without](std::exception_ptr failure) {
+        const bool went = desk_.Try([&] {
+            if (failure) std::rethrow_exception(failure);
+            then();
+        });
+        if (!went && without) without();
+    };
+    jobs_->Run(desk_.Books().Background(), what, std::move(work), end, without);
 }
 
 bool SheetView::eventFilter(QObject* object, QEvent* event) {

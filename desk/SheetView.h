@@ -74,9 +74,9 @@ class SheetView : public QWidget {
     QString TotalsText() const;
     JobBar& Jobs() const { return *jobs_; }
     // Runs a job of the worker under the view, instead of one that still runs; `then` on the main thread.
-    // What the job raises is told in the bar.
+    // What the job raises is told in the bar; `without` is called where it failed or the user ended it.
     void InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-                      std::function<void()> then);
+                      std::function<void()> then, std::function<void()> without = {});
 
     void Copy();  // the chosen rows
     void Save(SheetFile kind, const QString& file);
@@ -95,6 +95,7 @@ class SheetView : public QWidget {
     void MakeButtons();
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
     void Answer();
+    void TellUnread();
     void Take(SheetPtr sheet);
     void Sort(int column);
     void SortShown(SheetPtr sheet);
@@ -114,8 +115,9 @@ class SheetView : public QWidget {
     SheetModel model_;
     SlowMaking make_;
     bool slowly_ = false, totalsSet_ = false, isFirst_ = true, isNew_ = true;
+    bool isOld_ = false;  // what stands is of the question before
     QStackedWidget* stack_;
-    QWidget *empty_ = nullptr, *buttons_ = nullptr;
+    QWidget *empty_ = nullptr, *unread_ = nullptr, *buttons_ = nullptr;
     QAbstractItemView* view_ = nullptr;
     QHeaderView* header_ = nullptr;
     SheetColumns* columns_ = nullptr;

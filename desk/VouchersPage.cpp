@@ -40,7 +40,12 @@ std::vector<VoucherChips::Ledger> LedgersOf(queries::Reading& books) {
 VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new SheetView(desk, "vouchers")) {
     queries::Reading& books = desk.Books().Reading();
     chips_ = new VoucherChips(
-        {books.FirstDay(), books.LastDay()}, [this] { return LedgersOf(this->desk().Books().Reading()); },
+        {books.FirstDay(), books.LastDay()},
+        [this] {
+            std::vector<VoucherChips::Ledger> ledgers;
+            this->desk().Try([&] { ledgers = LedgersOf(this->desk().Books().Reading()); });
+            return ledgers;
+        },
         [this] { Ask(); });
     view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
@@ -134,7 +139,8 @@ void VouchersPage::Sum() {
             const QString count = QLocale().toString(qulonglong(sums->lines));
             view_->SetTotals(sums->lines == 1 ? tr("1 line") : tr("%1 lines").arg(count),
                              {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
-        });
+        },
+        [this] { view_->SetTotals(tr("Not added up: F5 tries again"), {}); });
 }
 
 }  // namespace desk

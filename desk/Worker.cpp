@@ -47,22 +47,23 @@ void Worker::Loop() {
     for (;;) {
         wake_.wait(lock, [this] { return ending_ || !tasks_.empty(); });
         if (ending_) break;
-        const Task task = std::move(tasks_.front());
+        Task task = std::move(tasks_.front());
         tasks_.pop_front();
         running_ = task.Of;
         if (books_) books_->GoOn();
         lock.unlock();
-        Run(task);
+        Run(std::move(task));
         lock.lock();
         running_.reset();
     }
     books_.reset();
 }
 
-// The end is told through the application, which outlives every page: the owner is asked for there, on its
-// own thread.
-void Worker::Run(const Task& task) {
+// The task goes back through the application, which outlives every page: the owner is asked for there, on
+// its own thread.
+void Worker::Run(Task task) {
     std::exception_ptr failure;
+    bool stopped = false;
     try {
         task.Of->Step(0);
         if (!books_) {
@@ -72,14 +73,14 @@ void Worker::Run(const Task& task) {
         }
         task.Work(*books_, *task.Of);
     } catch (const Stop&) {
-        return;
+        stopped = true;
     } catch (...) {
         failure = std::current_exception();
     }
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
-        [job = task.Of, owner = task.Owner, end = task.End, failure] {
-            if (owner && !job->Cancelled) end(failure);
+        [task = std::move(task), here = std::weak_ptr(here_), failure, stopped] {
+            if (task.Owner && !stopped && !task.Of->Cancelled && !here.expired()) task.End(failure);
         },
         Qt::QueuedConnection);
 }

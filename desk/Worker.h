@@ -36,7 +36,8 @@ class Worker : public std::enable_shared_from_this<Worker> {
     Worker& operator=(const Worker&) = delete;
 
     // Runs `work` there and `end` on the main thread, with what the work raised, if anything; no `end` for a
-    // job that was cancelled, or where `owner` is gone by then.
+    // job that was cancelled, or where `owner` or the worker is gone by then. What the two hold is let go on
+    // the main thread.
     std::shared_ptr<Job> Start(QObject& owner, std::function<void(queries::Reading&, Job&)> work,
                                std::function<void(std::exception_ptr)> end);
 
@@ -51,10 +52,11 @@ class Worker : public std::enable_shared_from_this<Worker> {
         std::function<void(std::exception_ptr)> End;
     };
     void Loop();
-    void Run(const Task& task);
+    void Run(Task task);
 
     std::string dataPath_, year_;
-    std::unique_ptr<queries::Reading> books_;  // opened by the first job
+    const std::shared_ptr<Worker*> here_ = std::make_shared<Worker*>(this);  // as long as it lives
+    std::unique_ptr<queries::Reading> books_;                                // opened by the first job
     std::mutex guard_;
     std::condition_variable wake_;
     std::deque<Task> tasks_;

@@ -1,11 +1,12 @@
 // What the class server finds in this library by name (see core/Screens.cpp).
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "core/MsgBox.h"
+#include "core/Screens.h"
 #include "platform/basic/Error.h"
 #include "platform/forms/html/DHTMLEdit.h"
+#include "platform/forms/html/Pages.h"
 #include "platform/forms/window/Application.h"
 #include "platform/forms/window/Form.h"
 #include "platform/forms/window/MessageBox.h"
@@ -59,26 +60,21 @@ extern "C" void qmWriteReports(const char* folder) {
     qm::WriteAllReports(folder);
 }
 
-namespace {
-
-std::unique_ptr<forms::DHTMLEdit> PageView(const char* html, const forms::html::Paper& paper) {
-    forms::EnsureApplication();
-    auto view = std::make_unique<forms::DHTMLEdit>(nullptr);
-    view->SetDocumentHTML(html);
-    view->SetPaper(paper);
-    return view;
-}
-
-}  // namespace
-
+// On any thread once there is an application.
 extern "C" void qmWritePage(const char* html, const char* title, const char* source, bool isWide,
-                            const char* file) {
+                            const char* file, const qm::Progress* progress) {
     forms::DrawToMemory();
-    PageView(html, {.Title = title, .Source = source, .Period = "", .IsWide = isWide})->WritePdf(file);
+    if (!forms::ApplicationStands()) forms::EnsureApplication();
+    forms::html::WritePdf(html, {.Title = title, .Source = source, .Period = "", .IsWide = isWide}, file,
+                          *progress);
 }
 
 extern "C" void qmPrintPage(const char* html, const char* title, const char* source, bool isWide) {
-    PageView(html, {.Title = title, .Source = source, .Period = "", .IsWide = isWide})->PrintDocument(true);
+    forms::EnsureApplication();
+    forms::DHTMLEdit view(nullptr);
+    view.SetDocumentHTML(html);
+    view.SetPaper({.Title = title, .Source = source, .Period = "", .IsWide = isWide});
+    view.PrintDocument(true);
 }
 
 // One form's name a line.

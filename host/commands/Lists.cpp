@@ -146,13 +146,9 @@ std::string NameOf(const std::string& folder) {
     return path.filename().string();
 }
 
-constexpr std::size_t MostUpright = 6;      // columns on a sheet that stands upright
-constexpr std::size_t MostOnPaper = 50000;  // rows: some 2,000 sheets, laid out in memory
+constexpr std::size_t MostUpright = 6;  // columns on a sheet that stands upright
 
 void WritePdf(const queries::Sheet& sheet, const ListOptions& options) {
-    if (sheet.Rows() > MostOnPaper)
-        Fail("the list has " + std::to_string(sheet.Rows()) + " rows, and " + std::to_string(MostOnPaper) +
-             " go onto paper: narrow it, or write a spreadsheet");
     basic::NewFile place(options.pdf);
     qm::WritePage(queries::PageOf(sheet), {sheet.Title(), NameOf(options.folder)},
                   sheet.Columns().size() > MostUpright, place.Staging());

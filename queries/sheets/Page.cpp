@@ -1,5 +1,8 @@
 #include "queries/sheets/Page.h"
 
+#include <string>
+
+#include "platform/basic/Error.h"
 #include "platform/basic/Text.h"
 #include "queries/sheets/Cell.h"
 #include "queries/sheets/Totals.h"
@@ -69,6 +72,12 @@ class Page {
 }  // namespace
 
 std::string PageOf(const Sheet& sheet) {
+    if (sheet.Rows() > MostOnPaper)
+        throw basic::Error(basic::error::InvalidCall,
+                           "the list has " + std::to_string(sheet.Rows()) + " rows, and " +
+                               std::to_string(MostOnPaper) +
+                               " go onto paper: narrow it, or write a spreadsheet",
+                           "queries.Page");
     return Page(sheet).Text();
 }
 

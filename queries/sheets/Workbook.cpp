@@ -73,11 +73,12 @@ class Workbook {
         SetUpColumns();
     }
 
-    void Publish(const std::string& name) {
+    void Publish(const std::string& name, const std::function<void()>& whole) {
         RequireRoom(name);
         const lxw_error failure = workbook_close(book_);
         book_ = nullptr;
         if (failure != LXW_NO_ERROR) Fail("cannot write " + name + ": " + lxw_strerror(failure));
+        if (whole) whole();
         place_.Publish();
     }
 
@@ -259,13 +260,13 @@ class Workbook {
 
 }  // namespace
 
-void WriteWorkbook(const Sheet& sheet, const fs::path& file) {
+void WriteWorkbook(const Sheet& sheet, const fs::path& file, const std::function<void()>& whole) {
     if (sheet.Rows() > MostRows)
         Fail("the list has " + std::to_string(sheet.Rows()) + " rows, and a spreadsheet holds " +
              std::to_string(MostRows) + ": narrow it, or write it as comma-separated text");
     Workbook book(sheet, file);
     book.Write();
-    book.Publish(file.string());
+    book.Publish(file.string(), whole);
 }
 
 }  // namespace queries

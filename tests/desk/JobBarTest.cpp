@@ -1,4 +1,6 @@
 #include <QPushButton>
+#include <atomic>
+#include <thread>
 
 #include "desk/Books.h"
 #include "desk/JobBar.h"
@@ -27,6 +29,57 @@ TEST_F(JobBarTest, CancelEndsALongJobAndTheNextOneRuns) {
         [&](std::exception_ptr failure) { told += failure ? "failed" : "went well"; });
     ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.Running(); }));
     EXPECT_EQ(told, "failed");
+}
+
+TEST_F(JobBarTest, APageThatIsLeftTakesItsJobWithIt) {
+    Start();
+    std::string told;
+    const auto run = [&](desk::JobBar& bar, bool ends) {
+        bar.Run(
+            desk->Books().Background(), "Counting",
+            [ends](queries::Reading&, desk::Worker::Job& job) {
+                for (std::size_t step = 0; !ends; ++step) job.Step(step);
+            },
+            [&](std::exception_ptr) { told += "ended"; });
+    };
+    auto left = std::make_unique<desk::JobBar>(nullptr);
+    run(*left, false);
+    left.reset();
+    desk::JobBar next(nullptr);
+    run(next, true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !next.Running(); }));
+    EXPECT_EQ(told, "ended");
+}
+
+TEST_F(JobBarTest, AnEndIsOfTheMainThreadAndOfBooksThatAreOpen) {
+    Start();
+    auto worker = std::make_shared<desk::Worker>(desk->Books().Address(), "2001");
+    std::thread::id letGo;
+    std::atomic<bool> worked = false;
+    std::string told;
+    const auto run = [&](bool ends) {
+        worked = false;
+        const std::shared_ptr<void> held(nullptr, [&](void*) { letGo = std::this_thread::get_id(); });
+        return worker->Start(
+            *desk,
+            [&worked, ends](queries::Reading&, desk::Worker::Job& job) {
+                worked = true;
+                worked.notify_all();
+                while (!ends) job.Step(0);
+            },
+            [&told, held](std::exception_ptr) { told += "ended "; });
+    };
+    const auto wait = [&] { worked.wait(false); };
+    const auto cancelled = run(false);
+    wait();
+    worker->Cancel(cancelled);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return letGo != std::thread::id(); }));
+    EXPECT_EQ(letGo, std::this_thread::get_id());
+    run(true);
+    wait();
+    worker.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, "");
 }
 
 }  // namespace

@@ -1,10 +1,17 @@
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QTableView>
+#include <clocale>
+#include <future>
 
 #include "core/DBCode.h"
+#include "desk/Books.h"
 #include "platform/ado/Connection.h"
 #include "platform/basic/Dates.h"
 #include "tests/desk/DeskFixture.h"
@@ -56,6 +63,35 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotals) {
     Key(Qt::Key_Escape);
     desk->Shown()->findChild<QAbstractButton*>("clear")->click();
     WaitForTotals("142 lines");
+}
+
+// A name is never markup, nor its & the mark of a letter.
+TEST_F(VouchersPageTest, ANameStandsAsItIsWhereverItIsShown) {
+    StartOnVouchers();
+    test::FreshBooks::Run("Update Ledger_Master Set Name = 'Shop & <b>Rent</b>' Where Name = 'Shop Rent'");
+    auto& menu = *desk->Shown()->findChild<QMenu*>("ledger");
+    menu.popup({});
+    auto& part = *menu.findChild<QLineEdit*>();
+    QTest::keyClicks(&part, "shop");
+    QTest::keyClick(&part, Qt::Key_Return);
+    WaitForTotals("12 lines");
+    EXPECT_THAT(static_cast<QAbstractButton*>(menu.parentWidget())->text().toStdString(),
+                testing::StartsWith("Shop && <b>Rent</b>"));
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("none");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Sheet().View().isVisible(); }));
+    for (const QLabel* const label : desk->Shown()->findChildren<QLabel*>())
+        EXPECT_FALSE(label->textFormat() != Qt::PlainText && Qt::mightBeRichText(label->text()))
+            << label->text().toStdString();
+}
+
+// The toolkit has some of them for itself there: Ctrl+Y takes back what was undone.
+TEST_F(VouchersPageTest, TheDesksKeysWorkInATextBoxToo) {
+    StartOnVouchers();
+    Key(Qt::Key_F, Qt::ControlModifier);
+    Type("rent");
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(desk->findChild<QComboBox*>("year")->view()->isVisible());
 }
 
 TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
@@ -112,8 +148,43 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
     };
     EXPECT_THAT(written(desk::SheetFile::Csv, "a.csv"),
                 testing::StartsWith("date,voucher,type,ledger,debit,credit,narration\r\n2001-04-02,1,"));
+    EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr),
+                 "C");  // a spreadsheet's figures bear a point in every language
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
+}
+
+// The thread that writes files is held up as by a million lines.
+TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCancelled) {
+    StartOnVouchers();
+    const auto hold = [this](std::future<void>& until) {
+        desk->Books().Writer().Start(
+            *desk, [&until](queries::Reading&, desk::Worker::Job&) { until.wait(); },
+            [](std::exception_ptr) {});
+    };
+    const std::filesystem::path file = settings / "a.csv";
+    const auto save = [&] { Sheet().Save(desk::SheetFile::Csv, QString::fromStdString(file.string())); };
+    for (const bool cancelled : {true, false}) {
+        std::promise<void> go;
+        std::future<void> gone = go.get_future();
+        hold(gone);
+        save();
+        Key(Qt::Key_F, Qt::ControlModifier);
+        Type(cancelled ? "rent" : " shop");
+        WaitForTotals("24 lines");
+        Key(Qt::Key_3, Qt::AltModifier);
+        auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
+        if (cancelled) QTest::mouseClick(cancel.findChild<QPushButton*>("cancelJob"), Qt::LeftButton);
+        go.set_value();
+        bool ended = false;
+        desk->Books().Writer().Start(
+            *desk, [](queries::Reading&, desk::Worker::Job&) {}, [&](std::exception_ptr) { ended = true; });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return ended; }));
+        EXPECT_EQ(std::filesystem::exists(file), !cancelled);
+        EXPECT_EQ(Told(), cancelled ? "nothing" : "Written: " + file.string());
+        Key(Qt::Key_2, Qt::AltModifier);
+    }
 }
 
 TEST_F(VouchersPageTest, ACopyPostsNothingBeforeSaveAndThenAsANewVoucher) {

@@ -11,6 +11,7 @@
 // is the one that draws to memory, unless a developer names another.
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("LC_NUMERIC", "C.UTF-8");  // which the toolkit would take over for the whole process
     testing::InitGoogleTest(&argc, argv);
     std::unique_ptr<QApplication> application;
     if (argc > 1 && std::string_view(argv[1]) == "--own-application")

@@ -70,11 +70,13 @@ void PostgresEngine::Connect(const ServerAddress& address) {
 }
 
 void PostgresEngine::Start() {
-    started_ = false;
-    Connect(address_);
-    if (hears_) flight_.Add("LISTEN qm_books");  // goes out with the first question
-    RequireBooks();
-    if (!hears_) marks_ = Marks();
+    {
+        const SetAside first(started_);  // what is lost of the first words is not asked again
+        Connect(address_);
+        if (hears_) flight_.Add("LISTEN qm_books");  // goes out with the first question
+        RequireBooks();
+        if (!hears_) marks_ = Marks();
+    }
     started_ = true;
 }
 
@@ -271,8 +273,14 @@ Flight::Row PostgresEngine::NextRow() {
     }
 }
 
-// What a failure of the packet leaves behind: a guarded statement nothing, and the transaction goes on; any
-// other failure ends it. Gives what is told.
+// What a failure leaves behind, by its kind:
+//   a guarded statement is refused     the transaction goes back to the guard around it, and goes on
+//   a write ahead matches no row       the same, if it is guarded; what is told is the write's own error
+//   any other statement is refused     the transaction ends: levels, a commit, and loose writes have no guard
+//   the connection is lost             the server has ended the transaction; it ends here, too
+// What the packet held behind the failure has not run and is dropped. Those who called see to what a lost
+// connection leaves in doubt: FirstRow asks a question outside a transaction again (Repeat); of a loose write
+// and of a commit the mark tells whether they stand (ChangeStands, Confirm). Gives what is told.
 basic::Error PostgresEngine::Undo(const basic::Error& failure) {
     reading_ = nullptr;
     const Outbox::Item* const failed = outbox_.Failed(flight_);

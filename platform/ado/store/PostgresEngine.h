@@ -121,7 +121,7 @@ class PostgresEngine final : public Engine {
     std::int64_t lastRow_ = 0;
     std::string host_;           // by which the server knows this connection's marks
     std::int64_t mark_ = 0;      // of the last write
-    bool started_ = false;       // a connection stands that has seen the books
+    bool started_ = false;       // the books have been seen: what is lost is asked again
     bool missed_ = false;        // what others wrote while there was no connection
     bool hears_ = false;         // is notified of changes; else they show by all hosts' marks
     bool hasFunctions_ = false;  // when it was connected

@@ -1,6 +1,7 @@
 #include "platform/forms/html/Pages.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -26,10 +27,14 @@ constexpr std::int32_t PathAccess = 75;
 
 }  // namespace
 
-Pages::Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper)
+Pages::Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper,
+             const Progress& progress)
     : layout_(document, font), size_(size), paper_(paper) {
     layout_.SetWidth(static_cast<int>(size.width() / PaperScale));
-    layout_.LayOutAll();
+    for (int piece = 0; piece < layout_.Pieces(); ++piece) {
+        if (progress) progress(static_cast<double>(piece) / layout_.Pieces());
+        layout_.List(piece);
+    }
     scale_ = static_cast<double>(size.width()) / layout_.Width();
     pages_ = CutPages(layout_, static_cast<int>(size.height() / scale_));
 }
@@ -45,11 +50,12 @@ void Pages::Prepare(QPagedPaintDevice& device, const Paper& paper) {
     device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), side, SheetMargins, QPageLayout::Millimeter));
 }
 
-void Pages::PaintOn(QPagedPaintDevice& device, int first, int last) {
+void Pages::PaintOn(QPagedPaintDevice& device, int first, int last, const Progress& progress) {
     QPainter painter(&device);
     if (!painter.isActive()) FailToWrite();
     const double resolution = static_cast<double>(device.logicalDpiX()) / PixelsPerInch;
     for (int number = first; number <= last; ++number) {
+        if (progress) progress(static_cast<double>(number - first) / (last - first + 1));
         if (number > first) device.newPage();
         const Page& page = pages_[static_cast<std::size_t>(number - 1)];
         painter.save();
@@ -85,17 +91,27 @@ void Pages::PaintMargin(QPainter& painter, int page) const {
     painter.drawText(line, Qt::AlignRight | Qt::AlignBottom, number);
 }
 
-// The writer tells nothing of a disk that is full: its file does.
-void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path) {
+// The writer tells nothing of a disk that is full: its file does. Laying out takes about as long as painting.
+void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path,
+              const Pages::Progress& progress) {
+    const auto half = [&](double from) -> Pages::Progress {
+        if (!progress) return {};
+        return [&progress, from](double part) { progress(from + part / 2); };
+    };
     QFile file(ToQt(path));
     if (file.open(QIODevice::WriteOnly)) {
         QPdfWriter writer(&file);
         writer.setTitle(ToQt(paper.Title));
         Pages::Prepare(writer, paper);
-        Pages pages(document, font, Pages::RoomOf(writer), paper);
-        pages.PaintOn(writer, 1, pages.Count());
+        Pages pages(document, font, Pages::RoomOf(writer), paper, half(0));
+        pages.PaintOn(writer, 1, pages.Count(), half(0.5));
     }
     if (!file.isOpen() || !file.flush() || file.error() != QFileDevice::NoError) FailToWrite();
+}
+
+void WritePdf(std::string_view document, const Paper& paper, const std::string& path,
+              const Pages::Progress& progress) {
+    WritePdf(document, QGuiApplication::font(), paper, path, progress);
 }
 
 }  // namespace forms::html

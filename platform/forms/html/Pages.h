@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPagedPaintDevice>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,14 +18,18 @@ class Pages {
   public:
     static constexpr double PaperScale = 0.9;  // paper is read from nearer than a screen
 
+    // How much is done, from 0 to 1. May raise to end it.
+    using Progress = std::function<void(double part)>;
+
     // `size` is the room for the text in pixels at 96 dots per inch.
-    Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper = {});
+    Pages(std::string_view document, const QFont& font, const QSize& size, const Paper& paper = {},
+          const Progress& progress = {});
 
     int Count() const { return static_cast<int>(pages_.size()); }
     const std::vector<Page>& Parts() const { return pages_; }  // from 0 to the document's height
     // Paints the pages `first` to `last`, counted from 1, each on a sheet of its own. Raises 75 "Path/File
     // access error" where they cannot be written.
-    void PaintOn(QPagedPaintDevice& device, int first, int last);
+    void PaintOn(QPagedPaintDevice& device, int first, int last, const Progress& progress = {});
 
     // The room that a sheet of the device gives, less its margins and the line of the page number.
     static QSize RoomOf(const QPagedPaintDevice& device);
@@ -42,7 +47,11 @@ class Pages {
     std::vector<Page> pages_;
 };
 
-// Writes the document as a PDF file on A4. Raises as PaintOn.
-void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path);
+// Writes the document as a PDF file on A4, in the application's font where none is given; on any thread.
+// Raises as PaintOn, and what `progress` raises; the file is half written then.
+void WritePdf(std::string_view document, const QFont& font, const Paper& paper, const std::string& path,
+              const Pages::Progress& progress = {});
+void WritePdf(std::string_view document, const Paper& paper, const std::string& path,
+              const Pages::Progress& progress);
 
 }  // namespace forms::html

@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QLoggingCategory>
 #include <QThread>
+#include <clocale>
 
 #include "platform/basic/Error.h"
 #include "platform/forms/window/Display.h"
@@ -25,6 +26,8 @@ void MakeApplication() {
     static char name[] = "qmhost";  // the desktop finds the program's entry and icon by it
     static char* argv[] = {name, nullptr};
     new QApplication(argc, argv);
+    // It takes the user's comma for the whole process; the libraries below write their figures with a point.
+    std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(name);
     QApplication::setDesktopFileName(name);
     QApplication::setQuitOnLastWindowClosed(false);
@@ -60,6 +63,10 @@ void EnsureApplication() {
         Refuse("The screens cannot be shown: the host runs an application without windows.");
     if (QThread::currentThread() != QCoreApplication::instance()->thread())
         Refuse("The screens can be shown only on the thread that runs the application's windows.");
+}
+
+bool ApplicationStands() {
+    return QCoreApplication::instance() != nullptr;
 }
 
 void SetMousePointer(int pointer) {

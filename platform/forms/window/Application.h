@@ -17,6 +17,7 @@ void DrawToMemory();
 // is made and kept to the end of the process. Raises an error, and never ends the process, where there is no
 // display, where the host runs an application without windows, and on any thread but the application's.
 void EnsureApplication();
+bool ApplicationStands();  // whether there is one already; on any thread
 
 // The pointer over all windows: 0 the usual one, 11 the hourglass.
 void SetMousePointer(int pointer);

@@ -52,8 +52,9 @@ class CutWire {
         if (write(command_[0], order, sizeof order) != sizeof order) throw std::runtime_error("no wire");
     }
     void TakeAway() const {  // for new connections
-        std::filesystem::remove(folder_ / ".s.PGSQL.5432");
+        std::filesystem::rename(folder_ / ".s.PGSQL.5432", folder_ / "away");
     }
+    void BringBack() const { std::filesystem::rename(folder_ / "away", folder_ / ".s.PGSQL.5432"); }
 
   private:
     template <class Call>

@@ -53,6 +53,21 @@ TEST_F(ReconnectTest, WithoutATransactionNobodyNotices) {
     EXPECT_NO_THROW(c->Close());
 }
 
+TEST_F(ReconnectTest, AServerThatWasAwayForLongIsFoundAgain) {
+    SetLockWait(std::chrono::milliseconds(100));
+    const CutWire wire;
+    Connection c;
+    c.Properties("Data Source") = wire.Path(store.Path());
+    c.Open();
+    wire.TakeAway();
+    wire.CutNext(CutWire::Before);
+    for (int question = 0; question < 2; ++question)
+        EXPECT_EQ(ErrorOf([&] { c.Execute(remarks); }), error::FileNotFound);
+    wire.BringBack();
+    EXPECT_EQ(ErrorOf([&] { c.Execute(remarks); }), 0);
+    SetLockWait(std::chrono::seconds(5));
+}
+
 TEST_F(ReconnectTest, ATransactionIsLostAndItsLevelsEndQuietly) {
     const ConnectionPtr c = store.Connect();
     c->BeginTrans();

@@ -1,0 +1,81 @@
+#include <QLabel>
+#include <QPushButton>
+#include <atomic>
+#include <memory>
+
+#include "tests/desk/DeskFixture.h"
+
+namespace {
+
+class SheetViewTest : public test::DeskTest {
+  protected:
+    // The words that stand in place of rows.
+    std::string Empty() {
+        for (const auto* const label : desk->Shown()->findChildren<QLabel*>("emptyTitle"))
+            if (label->isVisible()) return label->text().toStdString();
+        return "rows";
+    }
+};
+
+// A sheet that reads by window fails when its rows are first counted, as where a server has gone.
+TEST_F(SheetViewTest, ASheetThatCannotBeCountedNeverStandsBehindTheView) {
+    struct Uncounted final : queries::Sheet {
+        const std::string& Title() const override { return title; }
+        const std::vector<queries::Column>& Columns() const override { return columns; }
+        std::size_t Rows() const override { throw basic::Error(5, "gone", "test"); }
+        basic::Value At(std::size_t, std::size_t) const override { return {}; }
+        std::string title;
+        std::vector<queries::Column> columns;
+    };
+    FillWithSample();
+    Start();
+    desk->Go("vouchers");
+    WaitForTotals("142 lines");
+    Sheet().AskAgain([](queries::Reading&) { return std::make_shared<Uncounted>(); });
+    EXPECT_EQ(Told(), "gone");
+    EXPECT_EQ(Sheet().View().model()->rowCount(), 142);
+}
+
+TEST_F(SheetViewTest, WhyThereAreNoRowsStandsThereAgainAfterATurnOfTheTabs) {
+    Start();
+    desk->Go("stock");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Empty() == "There are no items yet"; })) << Empty();
+    Key(Qt::Key_PageDown, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Empty() == "Nothing has moved in this year"; })) << Empty();
+    Key(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(Empty(), "There are no items yet");
+}
+
+// The rows of the question before would stand below the words of the new one.
+TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain) {
+    FillWithSample();
+    Start();
+    desk->Go("ledgers");
+    WaitForTotals("rows");
+    desk::SheetView& view = Sheet();
+    const queries::Sheet* const before = view.Sheet();
+    const auto ends = std::make_shared<std::atomic<bool>>(false);
+    view.AskSlowly([ends](queries::Reading& reading, desk::Worker::Job& job) -> desk::SheetView::SheetPtr {
+        for (std::size_t step = 0; !*ends; ++step) job.Step(step);
+        reading.Select("Select Nothing From Nowhere");
+        return {};
+    });
+    auto* const cancel = view.findChild<QPushButton*>("cancelJob");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return cancel->isVisible(); }));
+    EXPECT_EQ(view.Sheet(), before);  // until then they stand
+    QTest::mouseClick(cancel, Qt::LeftButton);
+    EXPECT_EQ(Empty(), "This was not read to its end");
+    Key(Qt::Key_C, Qt::ControlModifier);
+    Key(Qt::Key_P, Qt::ControlModifier);
+    *ends = true;
+    Key(Qt::Key_F5);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Told().find("Nowhere") != std::string::npos; })) << Told();
+    EXPECT_EQ(Empty(), "This was not read to its end");
+}
+
+TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
+    EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
+              "M-s Rao- -North- -.xlsx");
+}
+
+}  // namespace
