@@ -18,7 +18,7 @@ class ImportPageTest : public test::BooksTest {
         return at.siblingAtColumn(0).data().toString().toStdString() + "|" +
                at.siblingAtColumn(1).data().toString().toStdString();
     }
-    bool HasFocus(bool faults) { return View(faults).View().hasFocus(); }
+    bool HasFocus(bool faults) { return desk->focusWidget() == &View(faults).View(); }
 };
 
 TEST_F(ImportPageTest, EachKindIsShownBroughtInAndOnTheOtherPagesAtOnce) {
