@@ -1,5 +1,5 @@
 # The front door. Each goal installs the packages it misses, builds what it needs and runs.
-.PHONY: run test build pictures bench wire package format format-check asan fuzz failover hosts clean
+.PHONY: run test build pictures translations bench wire package format format-check asan fuzz failover hosts clean
 
 BOOKS ?= books
 
@@ -21,6 +21,10 @@ build/build.ninja: CMakePresets.json | deps
 
 pictures: build
 	@tools/pictures
+
+# The texts of the desk in each language, from its sources.
+translations: deps
+	@tools/translations
 
 bench: deps
 	cmake --preset release

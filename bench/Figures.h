@@ -22,4 +22,18 @@ struct Figure {
 
 void AddFigure(Figure figure);
 
+// A line of the table that is no ratio: seen once, by itself.
+struct Amount {
+    std::string name;               // with its unit
+    std::function<double()> value;  // may raise
+    double goal = 1;                // not to exceed
+};
+
+void AddAmount(Amount amount);
+
+// What this program does in a process of its own, started with the option and one argument; gives its exit
+// code.
+using Errand = int (*)(const std::string& argument);
+void AddErrand(const std::string& option, Errand errand);
+
 }  // namespace bench

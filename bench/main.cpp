@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <regex>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,16 @@ namespace {
 std::vector<Figure>& Figures() {
     static std::vector<Figure> figures;
     return figures;
+}
+
+std::vector<Amount>& Amounts() {
+    static std::vector<Amount> amounts;
+    return amounts;
+}
+
+std::map<std::string, Errand>& Errands() {
+    static std::map<std::string, Errand> errands;
+    return errands;
 }
 
 struct Times {
@@ -47,6 +59,24 @@ void PrintLine(const std::string& name, double ours, double bare, double goal) {
     std::printf("%-66s %7.2f %7.2f  %s\n", name.c_str(), ratio, goal, ratio <= goal ? "met" : "NOT MET");
 }
 
+// Those whose names the filter of the benchmarks holds, as it chooses figures.
+bool SeeAmounts() {
+    const std::regex wanted(benchmark::GetBenchmarkFilter());
+    bool seen = true;
+    for (const Amount& amount : Amounts()) {
+        if (!std::regex_search(amount.name, wanted)) continue;
+        try {
+            const double value = amount.value();
+            std::printf("%-66s %7.0f %7.0f  %s\n", amount.name.c_str(), value, amount.goal,
+                        value <= amount.goal ? "met" : "NOT MET");
+        } catch (const std::exception& failure) {
+            std::printf("failed: %s: %s\n", amount.name.c_str(), failure.what());
+            seen = false;
+        }
+    }
+    return seen;
+}
+
 void Print(const Collector& collected) {
     std::printf("%-66s %7s %7s\n", "figure (time, ours / bare library)", "ratio", "goal");
     for (const Figure& figure : Figures()) {
@@ -68,9 +98,18 @@ void AddFigure(Figure figure) {
     Figures().push_back(std::move(figure));
 }
 
+void AddAmount(Amount amount) {
+    Amounts().push_back(std::move(amount));
+}
+
+void AddErrand(const std::string& option, Errand errand) {
+    Errands()[option] = errand;
+}
+
 }  // namespace bench
 
 int main(int argc, char** argv) {
+    if (argc == 3 && bench::Errands().contains(argv[1])) return bench::Errands().at(argv[1])(argv[2]);
     benchmark::Initialize(&argc, argv);
     for (const bench::Figure& figure : bench::Figures()) {
         benchmark::RegisterBenchmark((figure.name + " [ours]").c_str(), figure.ours)
@@ -81,5 +120,5 @@ int main(int argc, char** argv) {
     bench::Collector collected;
     benchmark::RunSpecifiedBenchmarks(&collected);
     bench::Print(collected);
-    return collected.failures.empty() ? 0 : 1;
+    return bench::SeeAmounts() && collected.failures.empty() ? 0 : 1;
 }

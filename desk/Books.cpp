@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::int32_t FileNotFound = 53;
 
+// KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
+// background, the index of a large year, which all sums go through.
+constexpr int KeptToShow = 6144, KeptToWatch = 512, KeptInBackground = 40960;
+
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
 }
@@ -57,23 +61,23 @@ void Books::Read() {
     worker_.reset();
     writer_.reset();
     watcher_.reset();
-    reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear);
+    reading_ = std::make_unique<queries::Reading>(address_, qm::shared().FinYear, KeptToShow);
 }
 
 Worker& Books::Background() {
-    return Started(worker_);
+    return Started(worker_, KeptInBackground);
 }
 
 Worker& Books::Writer() {
-    return Started(writer_);
+    return Started(writer_, KeptToShow);
 }
 
 Worker& Books::Watcher() {
-    return Started(watcher_);
+    return Started(watcher_, KeptToWatch);
 }
 
-Worker& Books::Started(std::shared_ptr<Worker>& worker) {
-    if (!worker) worker = std::make_shared<Worker>(address_, YearInForce());
+Worker& Books::Started(std::shared_ptr<Worker>& worker, int keptKb) {
+    if (!worker) worker = std::make_shared<Worker>(address_, YearInForce(), keptKb);
     return *worker;
 }
 

@@ -57,7 +57,7 @@ class Books {
 
   private:
     void Read();
-    Worker& Started(std::shared_ptr<Worker>& worker);
+    Worker& Started(std::shared_ptr<Worker>& worker, int keptKb);
 
     std::unique_ptr<qm::clQm> host_;
     std::unique_ptr<queries::Reading> reading_;

@@ -6,8 +6,6 @@
 #include <regex>
 #include <utility>
 
-#include "host/doors/Counted.h"
-
 namespace desk {
 
 void BooksCheck::Run(QObject& owner, const std::function<void(std::exception_ptr)>& end) {
@@ -36,15 +34,16 @@ void BooksCheck::Run(QObject& owner, const std::function<void(std::exception_ptr
         });
 }
 
+QString BooksCheck::CountsOf(const Result& result) {
+    const auto notes = static_cast<int>(result.Findings.size() - result.Errors);
+    return tr("%Ln error(s)", nullptr, static_cast<int>(result.Errors)) + ", " +
+           tr("%Ln note(s)", nullptr, notes);
+}
+
 QString BooksCheck::Text() const {
-    const auto say = [](const char* text) { return QCoreApplication::translate("desk::BooksCheck", text); };
-    if (!last_) return Running() ? say("Checking\u2026") : say("Not checked yet");
-    const std::size_t notes = last_->Findings.size() - last_->Errors;
-    const QString found = last_->Findings.empty()
-                              ? say("Nothing to find fault with")
-                              : QString::fromStdString(host::Counted(last_->Errors, "error") + ", " +
-                                                       host::Counted(notes, "note"));
-    return say("%1, at %2").arg(found, last_->At.toString("HH:mm"));
+    if (!last_) return Running() ? tr("Checking\u2026") : tr("Not checked yet");
+    const QString found = last_->Findings.empty() ? tr("Nothing to find fault with") : CountsOf(*last_);
+    return tr("%1, at %2").arg(found, last_->At.toString("HH:mm"));
 }
 
 std::unique_ptr<queries::Sheet> FindingsSheet(const BooksCheck::Result& result) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QObject>
 #include <functional>
@@ -15,6 +16,8 @@ namespace desk {
 
 // The audit of the open books, as qmhost check runs it, beside everything else; what it found last is kept.
 class BooksCheck {
+    Q_DECLARE_TR_FUNCTIONS(desk::BooksCheck)
+
   public:
     struct Result {
         std::vector<host::Finding> Findings;
@@ -24,15 +27,18 @@ class BooksCheck {
     };
     using ResultPtr = std::shared_ptr<const Result>;
 
-    BooksCheck(const std::string& dataPath, const std::string& year) : worker_(dataPath, year) {}
+    BooksCheck(const std::string& dataPath, const std::string& year) : worker_(dataPath, year, KeptKb) {}
 
     // `end` is called on the main thread, while `owner` lives. An older run that still goes on is left.
     void Run(QObject& owner, const std::function<void(std::exception_ptr)>& end);
     bool Running() const { return job_ != nullptr; }
     QString Text() const;                            // "1 error, 2 notes, at 10:15"
+    static QString CountsOf(const Result& result);   // "1 error, 2 notes"
     const ResultPtr& Last() const { return last_; }  // null before the first
 
   private:
+    static constexpr int KeptKb = 4096;  // each page is read once
+
     ResultPtr last_;
     std::shared_ptr<Worker::Job> job_;
     Worker worker_;

@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "desk/Books.h"
+#include "desk/Figures.h"
 #include "desk/FindingsPage.h"
 #include "desk/ImportPage.h"
 #include "desk/LastBackup.h"
@@ -32,7 +33,6 @@
 #include "queries/Parties.h"
 #include "queries/TrialBalance.h"
 #include "queries/Vouchers.h"
-#include "queries/sheets/Cell.h"
 #include "queries/sheets/Workbook.h"
 
 namespace desk {
@@ -82,7 +82,7 @@ QString FiguresText(const std::vector<ado::TableSums>& tables) {
                      .arg(year)
                      .arg(year + 1)
                      .arg(table.rows)
-                     .arg(QString::fromStdString(queries::Shown(queries::Kind::Amount, sum)));
+                     .arg(AmountText(sum));
     }
     return parts.join("; ");
 }

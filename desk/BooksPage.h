@@ -22,7 +22,7 @@ class BooksPage : public Page {
 
   public:
     explicit BooksPage(Desk& desk);
-    QString Chapter() const override { return "The desk"; }
+    QString Chapter() const override { return "Books"; }
     void Refresh() override;
 
     // What the dialogs of the page ask for, with the answers.

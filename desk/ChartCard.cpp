@@ -1,5 +1,6 @@
 #include "desk/ChartCard.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -27,7 +28,9 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
     auto* const caption = new QLabel(title, this);
     caption->setObjectName("cardTitle");
     legend_->setTextFormat(Qt::RichText);
-    legend_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    QSizePolicy rest(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    rest.setRetainSizeWhenHidden(true);
+    legend_->setSizePolicy(rest);
     turn_->setObjectName("turn");
     turn_->setAutoDefault(true);
     turn_->setToolTip(tr("The same figures as a table (Ctrl+T)"));
@@ -46,6 +49,7 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
     table_->Buttons()->hide();
     turn_->setText(tr("Table"));
     chart_->setAccessibleName(title);
+    table_->View().setAccessibleName(title);
     chart_->Activated = open;
     chart_->Moved = [this] { Tell(); };
     table_->Activated = [this, open = std::move(open)](std::size_t row) { open({row, 0}); };

@@ -1,5 +1,6 @@
 #include "desk/ChartView.h"
 
+#include <QAccessibleWidget>
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
@@ -13,18 +14,14 @@
 #include <cmath>
 #include <utility>
 
+#include "desk/Figures.h"
 #include "desk/Theme.h"
-#include "queries/sheets/Cell.h"
 
 namespace desk {
 namespace {
 
 constexpr double BarsOfPoint = 0.7;  // of a point's room
 constexpr int Ticks = 4, Near = 12;
-
-QString Amount(double rupees) {
-    return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
-}
 
 // The step of an axis: 1, 2 or 5 of a power of ten.
 double StepOf(double span) {
@@ -34,9 +31,27 @@ double StepOf(double span) {
     return 10 * power;
 }
 
+// A chart as it is read out: its title and the marked figure, told anew when another is marked.
+class ChartFace : public QAccessibleWidget {
+  public:
+    explicit ChartFace(ChartView& chart) : QAccessibleWidget(&chart, QAccessible::Chart) {}
+    QString text(QAccessible::Text kind) const override {
+        const QString own = QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Name) return own;
+        return own + ": " + static_cast<ChartView*>(widget())->MarkedText();
+    }
+    int childCount() const override { return 0; }
+};
+
+QAccessibleInterface* FaceOf(const QString&, QObject* object) {
+    auto* const chart = dynamic_cast<ChartView*>(object);
+    return chart ? new ChartFace(*chart) : nullptr;
+}
+
 }  // namespace
 
 ChartView::ChartView(QWidget* parent) : QChartView(parent) {
+    QAccessible::installFactory(FaceOf);  // no more than once
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setRenderHint(QPainter::Antialiasing);
@@ -67,7 +82,7 @@ QString ChartView::MarkedText() const {
     if (data_.Points.isEmpty()) return {};
     return tr("%1, %2: %3")
         .arg(data_.PointNames[static_cast<int>(marked_.Point)], data_.Lines[marked_.Line].Caption,
-             Amount(Figure(marked_)));
+             AmountText(Figure(marked_)));
 }
 
 void ChartView::Draw() {
@@ -124,7 +139,7 @@ void ChartView::AddAxes() {
     up->setStartValue(bottom);
     for (double tick = bottom; tick <= top + step / 2; tick += step) {
         const double value = std::abs(tick) < step / 2 ? 0 : tick;
-        up->append(Amount(value).chopped(3), value);
+        up->append(AmountText(value).chopped(3), value);
     }
     up->setRange(bottom, top);
     up->setGridLineColor(colours.line);
@@ -139,9 +154,17 @@ void ChartView::AddAxes() {
     }
 }
 
+bool ChartView::IsFlat() const {
+    return std::ranges::all_of(data_.Lines, [](const ChartData::Series& series) {
+        return std::ranges::all_of(series.Figures, [](double figure) { return figure == 0; });
+    });
+}
+
 void ChartView::Mark(Place place) {
     marked_ = place;
     setAccessibleDescription(MarkedText());
+    QAccessibleEvent told(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&told);
     if (Moved) Moved();
     viewport()->update();
 }
@@ -245,7 +268,13 @@ void ChartView::changeEvent(QEvent* event) {
 
 void ChartView::drawForeground(QPainter* painter, const QRectF& rect) {
     QChartView::drawForeground(painter, rect);
-    if (data_.Points.isEmpty() || !(hasFocus() || underMouse())) return;
+    if (data_.Points.isEmpty()) return;
+    if (IsFlat()) {
+        painter->setPen(Theme::Now().faint);
+        painter->drawText(chart()->plotArea(), Qt::AlignCenter | Qt::TextWordWrap,
+                          tr("No figures yet. Vouchers bring them: F2."));
+    }
+    if (!hasFocus() && !underMouse()) return;
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(Theme::Now().ink, 2));
     painter->drawRoundedRect(BoxOf(marked_), 3, 3);

@@ -57,6 +57,7 @@ class ChartView : public QChartView {
   private:
     void Draw();
     void AddAxes();
+    bool IsFlat() const;  // nothing but noughts
     void Mark(Place place);
     std::optional<Place> At(const QPointF& position) const;
     QRectF BoxOf(Place place) const;

@@ -43,6 +43,7 @@ void AddForm(QMenu& menu, Fill fill) {
     auto* const panel = new QWidget(&menu);
     auto* const form = new QFormLayout(panel);
     form->setContentsMargins(12, 8, 12, 8);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     fill(*panel, *form);
     auto* const action = new QWidgetAction(&menu);
     action->setDefaultWidget(panel);

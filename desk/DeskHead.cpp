@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -34,6 +35,8 @@ DeskHead::DeskHead(QWidget& window, Handlers handlers) : QFrame(&window), menu_(
 
     year_ = new QComboBox(this);
     year_->setObjectName("year");
+    year_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    year_->setMinimumContentsLength(9);
     year_->setAccessibleName(tr("Financial year"));
     year_->setToolTip(tr("Financial year (Ctrl+Y)"));
     connect(year_, &QComboBox::activated, this, [this, want = std::move(handlers.WantYear)](int index) {
@@ -71,7 +74,9 @@ void DeskHead::ShowBooks(Books& books) {
 }
 
 void DeskHead::ElidePlace() {
-    place_->setText(place_->fontMetrics().elidedText(address_, Qt::ElideMiddle, place_->width()));
+    const QString home = QDir::homePath() + '/';
+    const QString shown = address_.startsWith(home) ? "~/" + address_.mid(home.size()) : address_;
+    place_->setText(place_->fontMetrics().elidedText(shown, Qt::ElideMiddle, place_->width()));
     place_->setToolTip(address_);
 }
 

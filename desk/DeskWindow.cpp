@@ -31,14 +31,15 @@
 #include "desk/ScreenList.h"
 #include "desk/StatementPage.h"
 #include "desk/Theme.h"
+#include "desk/Translations.h"
 #include "desk/WaitBox.h"
 
 namespace desk {
 namespace {
 
-constexpr int LookEvery = 1000;      // milliseconds
-constexpr int Narrow = 960;          // pixels
-constexpr std::size_t MostHits = 6;  // of each kind
+constexpr int LookEvery = 1000;           // milliseconds
+constexpr int Narrow = 960, Tight = 720;  // pixels
+constexpr std::size_t MostHits = 6;       // of each kind
 constexpr std::size_t MostWaysBack = 40;
 
 QString LongForm(const std::string& shortForm) {
@@ -49,9 +50,10 @@ QString LongForm(const std::string& shortForm) {
 }  // namespace
 
 DeskWindow::DeskWindow() {
+    LoadTranslations();
     setObjectName("desk");
     setWindowTitle(tr("Accounts"));
-    setMinimumSize(640, 480);
+    setMinimumSize(480, 320);
     const QSize frame(16, 40);  // what a window manager puts around it
     resize(QSize(1200, 760).boundedTo(screen()->availableSize() - frame));
     auto* const column = new QVBoxLayout(this);
@@ -508,6 +510,10 @@ Found DeskWindow::HitOf(const queries::SearchHit& hit) {
 void DeskWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     list_->SetNarrow(width() < Narrow);
+    if (const bool tight = width() < Tight; tight != property("tight").toBool()) {
+        setProperty("tight", tight);
+        Theme::Apply(*this);
+    }
 }
 
 bool DeskWindow::event(QEvent* event) {

@@ -8,8 +8,11 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include "desk/Theme.h"
 
 namespace desk {
 namespace {
@@ -28,15 +31,31 @@ QString AnchorOf(const QString& heading) {
     return heading.toLower().remove(marks).replace(' ', '-');
 }
 
+// The toolkit gives them the colour of the system, which a dark ground may swallow.
+void ColourLinks(QTextDocument& text) {
+    QTextCharFormat link;
+    link.setForeground(Theme::Now().accent);
+    for (QTextBlock block = text.begin(); block.isValid(); block = block.next())
+        for (const QTextLayout::FormatRange& part : block.textFormats()) {
+            if (!part.format.isAnchor()) continue;
+            QTextCursor cursor(block);
+            cursor.setPosition(block.position() + part.start);
+            cursor.setPosition(block.position() + part.start + part.length, QTextCursor::KeepAnchor);
+            cursor.mergeCharFormat(link);
+        }
+}
+
 }  // namespace
 
 HelpPage::HelpPage(Desk& desk, const QString& chapter)
     : Page(desk, tr("Manual")), text_(new QTextBrowser(this)) {
     text_->setObjectName("manual");
+    text_->setAccessibleName(Title());
     text_->setOpenLinks(false);
     text_->setFont(font());
     text_->document()->setDocumentMargin(16);
     text_->document()->setMarkdown(Manual());
+    ColourLinks(*text_->document());
     connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { Follow(url.fragment()); });
     auto* const find = new QLineEdit(this);
     find->setObjectName("findInManual");

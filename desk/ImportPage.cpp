@@ -1,5 +1,6 @@
 #include "desk/ImportPage.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -13,7 +14,6 @@
 #include "desk/SheetView.h"
 #include "desk/StatusCard.h"
 #include "desk/WaitBox.h"
-#include "host/doors/Counted.h"
 #include "host/doors/OpeningImport.h"
 
 namespace desk {
@@ -52,7 +52,7 @@ void ImportPage::AddState() {
     const host::Faults& faults = file_->Faults();
     auto* const state =
         new StatusCard(faults.empty() ? tr("%1, no fault").arg(QString::fromStdString(file_->Size()))
-                                      : QString::fromStdString(host::Counted(faults.Count(), "fault")),
+                                      : tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count())),
                        "state");
     const auto add = [&](const QString& caption, auto act) -> QPushButton& {
         return state->AddButton(caption, [this, act] { desk().Try([&] { act(); }); });
@@ -89,11 +89,12 @@ void ImportPage::AddFaults() {
     faults_ = new SheetView(desk(), "faults");
     faults_->Ask([sheet = FaultsSheet(*file_)](queries::Reading&) { return sheet; });
     const host::Faults& faults = file_->Faults();
-    QString told = QString::fromStdString(host::Counted(faults.Count(), "fault"));
+    QString told = tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count()));
     if (faults.Count() > faults.size())
         told += tr(", of which the first %1 are shown").arg(qulonglong(faults.size()));
     faults_->SetTotals(told, {});
     faults_->Activated = [this](std::size_t fault) { ShowRowOf(fault); };
+    faults_->View().setAccessibleName(tr("What is wrong"));
     AddToHead(faults_->Buttons());
     Body().addWidget(faults_, 2);
     SetFirstFocus(faults_);
@@ -103,8 +104,9 @@ void ImportPage::AddRows() {
     rows_ = new SheetView(desk(), "import-" + QString::fromStdString(file_->From().kind));
     rows_->SetEmpty(tr("No row could be read"), tr("The fault says where the reading stopped."));
     rows_->Ask([sheet = RowsSheet(file_)](queries::Reading&) { return sheet; });
-    rows_->SetTotals(QString::fromStdString(host::Counted(file_->Rows().size(), "row") + " in the file"), {});
+    rows_->SetTotals(tr("%Ln row(s) in the file", nullptr, static_cast<int>(file_->Rows().size())), {});
     rows_->Activated = [this](std::size_t row) { ShowFaultOf(row); };
+    rows_->View().setAccessibleName(tr("Rows of the file"));
     if (!faults_) AddToHead(rows_->Buttons());
     Body().addWidget(rows_, 3);
 }

@@ -31,11 +31,11 @@ class FileRows final : public queries::Sheet {
         columns_.push_back({"line", "Line", Kind::Number});
         if (!file_->Faults().empty()) columns_.push_back({"fault", "What is wrong", Kind::Text});
         own_ = columns_.size();
+        // With their numbers, which a fault may name; no language has words for them.
         for (const std::string& head : file_->Heads()) {
             const std::string number = std::to_string(columns_.size() - own_ + 1);
-            const std::string caption = basic::Left(basic::Trim(head), MostOfHead);
-            columns_.push_back(
-                {NameOf(head, columns_.size()), caption.empty() ? number : caption, Kind::Text});
+            columns_.push_back({NameOf(head, columns_.size()),
+                                number + " " + basic::Left(basic::Trim(head), MostOfHead), Kind::Text});
         }
         for (const host::Fault& fault : file_->Faults()) {
             std::string& text = faults_[fault.line];

@@ -1,5 +1,6 @@
 #include "desk/ItemPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QVBoxLayout>
 
@@ -34,6 +35,7 @@ ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
                     tr("F6 enters a receipt of goods, F7 an issue."));
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     view_->AskSlowly(
         [item](queries::Reading& books) { return queries::MovementsSheet(books, {.item = item}); });

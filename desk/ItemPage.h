@@ -16,7 +16,7 @@ class ItemPage : public Page {
 
   public:
     ItemPage(Desk& desk, std::int32_t item, const QString& name);
-    QString Chapter() const override { return "Item Ledger"; }
+    QString Chapter() const override { return "Stock"; }
     void Refresh() override;
 
   private:

@@ -17,9 +17,9 @@
 namespace desk {
 namespace {
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("desk::KeyList", text);
-}
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(desk::KeyList)
+};
 
 // What the buttons of a page say themselves: a key in the tip, or a letter in the caption.
 void AddButtons(QTreeWidget& list, Page& page) {
@@ -40,11 +40,12 @@ void AddButtons(QTreeWidget& list, Page& page) {
 void ShowKeys(QWidget& window, Page& page) {
     QDialog dialog(&window);
     dialog.setObjectName("keys");
-    dialog.setWindowTitle(Tr("Keys: %1").arg(page.Title()));
+    dialog.setWindowTitle(Words::tr("Keys: %1").arg(page.Title()));
     dialog.resize(460, 480);
     auto* const column = new QVBoxLayout(&dialog);
     auto* const list = new QTreeWidget(&dialog);
-    list->setHeaderLabels({Tr("Key"), Tr("Does")});
+    list->setHeaderLabels({Words::tr("Key"), Words::tr("Does")});
+    list->setAccessibleName(dialog.windowTitle());
     list->setRootIsDecorated(false);
     list->setProperty("spaced", true);
     list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
@@ -52,19 +53,19 @@ void ShowKeys(QWidget& window, Page& page) {
     int number = 0;
     for (const PageEntry& entry : PageTable())
         new QTreeWidgetItem(list, {QString("Alt+%1").arg(++number), entry.Caption()});
-    const std::pair<const char*, const char*> common[] = {
-        {"Enter", QT_TRANSLATE_NOOP("desk::KeyList", "Opens what the line or the figure is made of")},
-        {"Esc, Alt+Left", QT_TRANSLATE_NOOP("desk::KeyList", "Back, to the same line")},
-        {"Ctrl+K", QT_TRANSLATE_NOOP("desk::KeyList", "Search everything")},
-        {"Ctrl+E", QT_TRANSLATE_NOOP("desk::KeyList", "Hand over: spreadsheet, PDF, CSV, copy")},
-        {"Ctrl+T", QT_TRANSLATE_NOOP("desk::KeyList", "A chart as a table, and back")},
-        {"Ctrl+Y", QT_TRANSLATE_NOOP("desk::KeyList", "The financial year")},
-        {"Ctrl+O", QT_TRANSLATE_NOOP("desk::KeyList", "Open other books")},
-        {"F5", QT_TRANSLATE_NOOP("desk::KeyList", "Bring up to date")},
-        {"F1", QT_TRANSLATE_NOOP("desk::KeyList", "The manual, at this page's chapter")},
-        {"Ctrl+Q", QT_TRANSLATE_NOOP("desk::KeyList", "Leave")},
+    const std::pair<const char*, QString> common[] = {
+        {"Enter", Words::tr("Opens what the line or the figure is made of")},
+        {"Esc, Alt+Left", Words::tr("Back, to the same line")},
+        {"Ctrl+K", Words::tr("Search everything")},
+        {"Ctrl+E", Words::tr("Hand over: spreadsheet, PDF, CSV, copy")},
+        {"Ctrl+T", Words::tr("A chart as a table, and back")},
+        {"Ctrl+Y", Words::tr("The financial year")},
+        {"Ctrl+O", Words::tr("Open other books")},
+        {"F5", Words::tr("Bring up to date")},
+        {"F1", Words::tr("The manual, at this page's chapter")},
+        {"Ctrl+Q", Words::tr("Leave")},
     };
-    for (const auto& [key, does] : common) new QTreeWidgetItem(list, {key, Tr(does)});
+    for (const auto& [key, does] : common) new QTreeWidgetItem(list, {key, does});
     list->setCurrentItem(list->topLevelItem(0));
     column->addWidget(list);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);

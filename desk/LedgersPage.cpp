@@ -1,5 +1,6 @@
 #include "desk/LedgersPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QVBoxLayout>
 #include <string>
@@ -39,6 +40,7 @@ LedgersPage::LedgersPage(Desk& desk)
     });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     view_->AskSlowly([](queries::Reading& books) { return queries::GroupTreeSheet(books); });
 }

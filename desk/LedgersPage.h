@@ -13,7 +13,7 @@ class LedgersPage : public Page {
 
   public:
     explicit LedgersPage(Desk& desk);
-    QString Chapter() const override { return "Group Master"; }
+    QString Chapter() const override { return "Ledgers"; }
     void Refresh() override;
 
   private:

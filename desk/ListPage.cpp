@@ -1,5 +1,6 @@
 #include "desk/ListPage.h"
 
+#include <QAbstractItemView>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -15,6 +16,7 @@ ListPage::ListPage(Desk& desk, Contents contents)
         };
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     view_->AskSlowly(std::move(contents.Make));
 }

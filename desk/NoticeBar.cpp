@@ -21,6 +21,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent) {
     text_ = new QLabel(this);
     text_->setObjectName("noticeText");
     more_ = new QLabel(this);
+    more_->setObjectName("noticeMore");
     for (QLabel* const label : {text_, more_}) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);

@@ -17,16 +17,19 @@ using queries::Kind;
 
 constexpr std::array Ages{&queries::PartyRow::upto30, &queries::PartyRow::upto60, &queries::PartyRow::upto90,
                           &queries::PartyRow::older};
-constexpr std::array AgeNames{"Up to 30 days", "31 to 60", "61 to 90", "Over 90"};
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(desk::OverviewFigures)
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("desk::OverviewFigures", text);
-}
+  public:
+    static constexpr const char* AgeNames[]{QT_TR_NOOP("Up to 30 days"), QT_TR_NOOP("31 to 60"),
+                                            QT_TR_NOOP("61 to 90"), QT_TR_NOOP("Over 90")};
+    static std::string Age(std::size_t age) { return tr(AgeNames[age]).toStdString(); }
+};
 
 std::unique_ptr<queries::SheetOf<AgeRow>> AgesOf(const std::vector<queries::PartyRow>& parties) {
     std::vector<AgeRow> rows;
     for (std::size_t age = 0; age < Ages.size(); ++age) {
-        AgeRow row{AgeNames[age]};
+        AgeRow row{Words::Age(age)};
         for (const queries::PartyRow& party : parties)
             (party.*Ages[age] > 0 ? row.owed : row.owing) += std::abs(party.*Ages[age]);
         rows.push_back(row);
@@ -103,26 +106,26 @@ std::shared_ptr<const OverviewFigures> OverviewFigures::Read(queries::Reading& b
 }
 
 ChartData OverviewFigures::MoneyChart() const {
-    return ByMonth<queries::MoneyRow>(
-        *Money, ChartData::Shape::Lines,
-        {{Tr("Cash"), &queries::MoneyRow::cashBalance}, {Tr("Bank"), &queries::MoneyRow::bankBalance}});
+    return ByMonth<queries::MoneyRow>(*Money, ChartData::Shape::Lines,
+                                      {{Words::tr("Cash"), &queries::MoneyRow::cashBalance},
+                                       {Words::tr("Bank"), &queries::MoneyRow::bankBalance}});
 }
 
 ChartData OverviewFigures::TradeChart() const {
-    return ByMonth<queries::MonthRow>(
-        *Months, ChartData::Shape::Bars,
-        {{Tr("Sales"), &queries::MonthRow::sales}, {Tr("Purchases"), &queries::MonthRow::purchases}});
+    return ByMonth<queries::MonthRow>(*Months, ChartData::Shape::Bars,
+                                      {{Words::tr("Sales"), &queries::MonthRow::sales},
+                                       {Words::tr("Purchases"), &queries::MonthRow::purchases}});
 }
 
 ChartData OverviewFigures::PaidChart() const {
-    return ByMonth<queries::MonthRow>(
-        *Months, ChartData::Shape::Bars,
-        {{Tr("Receipts"), &queries::MonthRow::receipts}, {Tr("Payments"), &queries::MonthRow::payments}});
+    return ByMonth<queries::MonthRow>(*Months, ChartData::Shape::Bars,
+                                      {{Words::tr("Receipts"), &queries::MonthRow::receipts},
+                                       {Words::tr("Payments"), &queries::MonthRow::payments}});
 }
 
 ChartData OverviewFigures::AgesChart() const {
     ChartData data;
-    data.Lines = {{Tr("Owed to us"), {}}, {Tr("We owe"), {}}};
+    data.Lines = {{Words::tr("Owed to us"), {}}, {Words::tr("We owe"), {}}};
     for (const AgeRow& row : Ages->Typed()) {
         data.Points << QString::fromStdString(row.age);
         data.PointNames << QString::fromStdString(row.age);
@@ -139,7 +142,7 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Largest(std::size_t most) con
                      [&](std::uint32_t a, std::uint32_t b) { return open(a) > open(b); });
     order.resize(std::min(order.size(), most));
     return Picked(Parties, std::move(order), ColumnsNamed(*Parties, {"party", "balance", "older"}),
-                  "The largest parties");
+                  Words::tr("The largest parties").toStdString());
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age, bool owed) const {
@@ -147,7 +150,10 @@ std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age, bool o
         return owed ? row.*part > 0 : row.*part < 0;
     });
     return Picked(Parties, std::move(order), std::nullopt,
-                  Parties->Title() + ": " + (owed ? "they owe, " : "we owe, ") + AgeNames.at(age));
+                  Parties->Title() + ": " +
+                      (owed ? Words::tr("they owe, %1") : Words::tr("we owe, %1"))
+                          .arg(QString::fromStdString(Words::Age(age)))
+                          .toStdString());
 }
 
 std::shared_ptr<const ShownSheet> OverviewFigures::Short(bool brief) const {
@@ -155,7 +161,7 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Short(bool brief) const {
     return Picked(
         Items, std::move(order),
         brief ? std::optional(ColumnsNamed(*Items, {"name", "net", "reorder_level"})) : std::nullopt,
-        "Items to reorder");
+        Words::tr("Items to reorder").toStdString());
 }
 
 }  // namespace desk

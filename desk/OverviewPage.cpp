@@ -109,7 +109,7 @@ void OverviewPage::MakeCards() {
                      desk(), {.Name = "short",
                               .Title = tr("Items to reorder"),
                               .Subtitle = {},
-                              .Chapter = "Item Master",
+                              .Chapter = "Stock",
                               .Empty = tr("Nothing is short"),
                               .EmptyText = tr("Every item stands above its reorder level."),
                               .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
@@ -205,7 +205,7 @@ Page* OverviewPage::AllParties() {
     return new ListPage(desk(), {.Name = "parties",
                                  .Title = tr("Parties"),
                                  .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
-                                 .Chapter = "Ledger and Trial Balance",
+                                 .Chapter = "Parties",
                                  .Empty = tr("Nobody owes, and nothing is owed"),
                                  .EmptyText = {},
                                  .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
@@ -221,7 +221,7 @@ void OverviewPage::OpenAge(ChartView::Place place) {
         {.Name = "age",
          .Title = tr("Parties: %1").arg(figures_->AgesChart().PointNames.at(int(place.Point))),
          .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
-         .Chapter = "Ledger and Trial Balance",
+         .Chapter = "Parties",
          .Empty = tr("Nothing is open of this age"),
          .EmptyText = {},
          .Make = [age = place.Point, owed = place.Line == 0](queries::Reading& books) -> SheetView::SheetPtr {

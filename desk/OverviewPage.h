@@ -21,7 +21,7 @@ class OverviewPage : public Page {
 
   public:
     explicit OverviewPage(Desk& desk);
-    QString Chapter() const override { return "The desk"; }
+    QString Chapter() const override { return "Overview"; }
     void Refresh() override;
 
   protected:
@@ -29,6 +29,7 @@ class OverviewPage : public Page {
     void showEvent(QShowEvent* event) override;
 
   private:
+    bool TabsAsRead() const override { return false; }  // Tab goes from chart to chart
     void MakeCards();
     void LayCards(bool narrow);
     void Ask();

@@ -5,20 +5,24 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace desk {
 
 Page::Page(Desk& desk, const QString& title) : desk_(desk) {
+    setObjectName("page");
     auto* const all = new QVBoxLayout(this);
-    all->setContentsMargins(16, 12, 16, 12);
+    all->setContentsMargins(12, 12, 12, 12);
     all->setSpacing(8);
     auto* const strip = new QWidget(this);
     strip->setObjectName("pageHead");
-    head_ = new QHBoxLayout(strip);
-    head_->setContentsMargins(0, 0, 0, 0);
-    auto* const words = new QVBoxLayout;
-    words->setSpacing(0);
+    auto* const words = new QVBoxLayout(strip);
+    words->setContentsMargins(0, 0, 0, 0);
+    words->setSpacing(2);
+    head_ = new QHBoxLayout;
+    words->addLayout(head_);
     title_ = new QLabel(strip);
     title_->setObjectName("title");
     title_->setTextFormat(Qt::PlainText);
@@ -26,11 +30,10 @@ Page::Page(Desk& desk, const QString& title) : desk_(desk) {
     subtitle_->setObjectName("subtitle");
     subtitle_->setTextFormat(Qt::PlainText);
     subtitle_->hide();
-    for (QLabel* const label : {title_, subtitle_}) {
+    for (QLabel* const label : {title_, subtitle_})
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long name never widens it
-        words->addWidget(label);
-    }
-    head_->addLayout(words, 1);
+    head_->addWidget(title_, 1);
+    words->addWidget(subtitle_);
     all->addWidget(strip);
     body_ = new QVBoxLayout;
     body_->setSpacing(8);
@@ -70,7 +73,29 @@ void Page::AddKey(const QKeySequence& key, std::function<void()> act) {
 }
 
 void Page::AddToHead(QWidget* widget) {
-    head_->addWidget(widget, 0, Qt::AlignTop);
+    head_->addWidget(widget);
+}
+
+// Once everything has its place.
+void Page::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (TabsAsRead())
+        QMetaObject::invokeMethod(
+            this, [this] { OrderTabs(); }, Qt::QueuedConnection);
+}
+
+void Page::OrderTabs() {
+    std::vector<std::pair<QPoint, QWidget*>> stops;
+    for (QWidget* const widget : findChildren<QWidget*>()) {
+        const QPoint corner = widget->mapTo(this, QPoint());
+        if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+            stops.push_back({corner, widget});
+    }
+    std::ranges::stable_sort(stops, [](const auto& a, const auto& b) {
+        return std::pair(a.first.y(), a.first.x()) < std::pair(b.first.y(), b.first.x());
+    });
+    for (std::size_t next = 1; next < stops.size(); ++next)
+        setTabOrder(stops[next - 1].second, stops[next].second);
 }
 
 void Page::KeepFocus() {

@@ -25,6 +25,8 @@ class Page : public QWidget {
     void KeepFocus();
 
   protected:
+    void showEvent(QShowEvent* event) override;
+    virtual bool TabsAsRead() const { return true; }  // Tab goes from the head downwards, as the page is read
     Desk& desk() const { return desk_; }
     QVBoxLayout& Body() { return *body_; }
     void SetTitle(const QString& title);
@@ -36,6 +38,8 @@ class Page : public QWidget {
     void SetFirstFocus(QWidget* widget) { focus_ = widget; }
 
   private:
+    void OrderTabs();
+
     Desk& desk_;
     QHBoxLayout* head_;
     QVBoxLayout* body_;

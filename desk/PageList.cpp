@@ -14,7 +14,7 @@ namespace desk {
 namespace {
 
 constexpr int KeyRole = Qt::UserRole, HintRole = Qt::UserRole + 1;
-constexpr int Width = 176, NarrowWidth = 112;
+constexpr int Width = 176, NarrowWidth = 108;
 
 // The page's key at the right of its name.
 class Hinted : public QStyledItemDelegate {
@@ -42,6 +42,7 @@ PageList::PageList(QWidget* parent, std::function<void(const QString& key)> go)
     setObjectName("pages");
     setAccessibleName(QCoreApplication::translate("desk::PageList", "Pages"));
     setFixedWidth(Width);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setItemDelegate(new Hinted(this));
     int number = 0;
     for (const PageEntry& page : PageTable()) {

@@ -14,7 +14,7 @@ class PartiesPage : public TabPage {
 
   public:
     explicit PartiesPage(Desk& desk);
-    QString Chapter() const override { return "Ledger and Trial Balance"; }
+    QString Chapter() const override { return "Parties"; }
     void Narrow(queries::Owing owing, int olderThan);  // from elsewhere: a bar of a chart
 
   protected:

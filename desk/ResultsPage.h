@@ -18,7 +18,7 @@ class ResultsPage : public TabPage {
 
   public:
     explicit ResultsPage(Desk& desk);
-    QString Chapter() const override { return "Final Results"; }
+    QString Chapter() const override { return "Results"; }
 
   protected:
     void Turned() override;

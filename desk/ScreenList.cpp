@@ -6,52 +6,52 @@
 namespace desk {
 namespace {
 
-#define TEXT(words) QT_TRANSLATE_NOOP("desk::ScreenList", words)
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(desk::ScreenList)
 
-constexpr auto List = std::to_array<Screen>({
-    {TEXT("Transactions"), "frmVoucher", TEXT("Voucher Entry"),
-     TEXT("Receipts, payments, contras and journals"), "F2"},
-    {TEXT("Transactions"), "frmDayBook", TEXT("Day Book"),
-     TEXT("The lines of a day or of a filter; change and delete vouchers"), "F3"},
-    {TEXT("Masters"), "Ledger_Master", TEXT("Ledger Master"),
-     TEXT("Ledgers, their openings, and the addresses of parties"), "F4"},
-    {TEXT("Masters"), "frmGrpMain", TEXT("Group Master"),
-     TEXT("The tree of groups and ledgers, with the lines of each"), "Shift+F4"},
-    {TEXT("Masters"), "frmFinYear", TEXT("Set Financial Year"), TEXT("Choose the year; add the next"),
-     "Shift+F2"},
-    {TEXT("Stock"), "frmReceipt", TEXT("Receipt"), TEXT("Goods that came in, with their bill"), "F6"},
-    {TEXT("Stock"), "frmIssues", TEXT("Issues"), TEXT("Goods that went out, with their bill"), "F7"},
-    {TEXT("Stock"), "frmPO", TEXT("Purchase Order"), TEXT("Orders to suppliers, and receipts against them"),
-     "F8"},
-    {TEXT("Stock"), "ItemMaster", TEXT("Item Master"), TEXT("Items with their units, rates and balances"),
-     "F9"},
-    {TEXT("Stock"), "frmItemLedger", TEXT("Item Ledger"), TEXT("The movements of items, printed"),
-     "Shift+F9"},
-    {TEXT("Reports"), "frmTPL", TEXT("Final Results"),
-     TEXT("Trading, profit and loss, and balance sheet, printed"), "F11"},
-    {TEXT("Reports"), "frmPartyLedger", TEXT("Ledger"), TEXT("Statements and trial balance, printed"), "F12"},
-});
-
-#undef TEXT
-
-QString Translated(const char* words) {
-    return QCoreApplication::translate("desk::ScreenList", words);
-}
+  public:
+    static constexpr auto List = std::to_array<Screen>({
+        {QT_TR_NOOP("Transactions"), "frmVoucher", QT_TR_NOOP("Voucher Entry"),
+         QT_TR_NOOP("Receipts, payments, contras and journals"), "F2"},
+        {QT_TR_NOOP("Transactions"), "frmDayBook", QT_TR_NOOP("Day Book"),
+         QT_TR_NOOP("The lines of a day or of a filter; change and delete vouchers"), "F3"},
+        {QT_TR_NOOP("Masters"), "Ledger_Master", QT_TR_NOOP("Ledger Master"),
+         QT_TR_NOOP("Ledgers, their openings, and the addresses of parties"), "F4"},
+        {QT_TR_NOOP("Masters"), "frmGrpMain", QT_TR_NOOP("Group Master"),
+         QT_TR_NOOP("The tree of groups and ledgers, with the lines of each"), "Shift+F4"},
+        {QT_TR_NOOP("Masters"), "frmFinYear", QT_TR_NOOP("Set Financial Year"),
+         QT_TR_NOOP("Choose the year; add the next"), "Shift+F2"},
+        {QT_TR_NOOP("Stock"), "frmReceipt", QT_TR_NOOP("Receipt"),
+         QT_TR_NOOP("Goods that came in, with their bill"), "F6"},
+        {QT_TR_NOOP("Stock"), "frmIssues", QT_TR_NOOP("Issues"),
+         QT_TR_NOOP("Goods that went out, with their bill"), "F7"},
+        {QT_TR_NOOP("Stock"), "frmPO", QT_TR_NOOP("Purchase Order"),
+         QT_TR_NOOP("Orders to suppliers, and receipts against them"), "F8"},
+        {QT_TR_NOOP("Stock"), "ItemMaster", QT_TR_NOOP("Item Master"),
+         QT_TR_NOOP("Items with their units, rates and balances"), "F9"},
+        {QT_TR_NOOP("Stock"), "frmItemLedger", QT_TR_NOOP("Item Ledger"),
+         QT_TR_NOOP("The movements of items, printed"), "Shift+F9"},
+        {QT_TR_NOOP("Reports"), "frmTPL", QT_TR_NOOP("Final Results"),
+         QT_TR_NOOP("Trading, profit and loss, and balance sheet, printed"), "F11"},
+        {QT_TR_NOOP("Reports"), "frmPartyLedger", QT_TR_NOOP("Ledger"),
+         QT_TR_NOOP("Statements and trial balance, printed"), "F12"},
+    });
+};
 
 }  // namespace
 
 QString Screen::SectionText() const {
-    return Translated(Section);
+    return Words::tr(Section);
 }
 QString Screen::CaptionText() const {
-    return Translated(Caption);
+    return Words::tr(Caption);
 }
 QString Screen::PurposeText() const {
-    return Translated(Purpose);
+    return Words::tr(Purpose);
 }
 
 std::span<const Screen> ScreenList() {
-    return List;
+    return Words::List;
 }
 
 }  // namespace desk

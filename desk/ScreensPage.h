@@ -12,7 +12,7 @@ class ScreensPage : public Page {
 
   public:
     explicit ScreensPage(Desk& desk);
-    QString Chapter() const override { return "Keys that work everywhere"; }
+    QString Chapter() const override { return "Screens"; }
 
   private:
     void Fill();

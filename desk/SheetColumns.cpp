@@ -7,43 +7,51 @@
 #include <algorithm>
 #include <utility>
 
+#include "desk/Heads.h"
 #include "desk/Settings.h"
 #include "desk/Theme.h"
 
 namespace desk {
 namespace {
 
-constexpr int Margin = 24, Tight = 20;  // pixels of a cell beside its text
+constexpr int Margin = 24, Tight = 16;  // pixels of a cell beside its text
 
-// Room for the widest cell of the kind that is usual; texts: the least.
-int WidthOf(const queries::Column& column, const QFont& font, int margin) {
-    const QFontMetrics metrics(font);
-    const auto wide = [&](const char* sample) { return metrics.horizontalAdvance(sample) + margin; };
-    const int caption = metrics.horizontalAdvance(QString::fromStdString(column.caption)) + margin;
-    switch (column.kind) {
-        case queries::Kind::Text:
-            return std::max(caption, wide(column.name == "narration" ? "Notebooks and files for"
-                                          : column.name == "type"    ? "Payment"
-                                                                     : "Current Account"));
-        case queries::Kind::Number:
-            return std::max(caption, wide("100000"));
-        case queries::Kind::Amount:
-            return std::max(caption, wide("99,99,999.00"));
-        case queries::Kind::Quantity:
-            return std::max(caption, wide("99,999.5"));
-        case queries::Kind::Date:
-            return std::max(caption, wide("28-Aug-2002"));
-        case queries::Kind::Flag:
-            return caption;
-    }
-    return caption;
+bool IsOneOf(const std::string& name, std::initializer_list<const char*> names) {
+    return std::ranges::find(names, name) != names.end();
 }
 
 // Names and narrations want more than types do.
 int ShareOf(const queries::Column& column) {
     if (column.kind != queries::Kind::Text) return 0;
-    if (column.name == "type" || column.name == "unit" || column.name == "side") return 0;
-    return column.name == "narration" ? 3 : 2;
+    if (IsOneOf(column.name, {"type", "unit", "side", "severity", "column"})) return 0;
+    return IsOneOf(column.name, {"narration", "finding", "fault"}) ? 3 : 2;
+}
+
+// The widest cell of the kind that is usual; of texts the least that tells something.
+const char* SampleOf(const queries::Column& column, bool tight) {
+    switch (column.kind) {
+        case queries::Kind::Text:
+            if (ShareOf(column) == 0) return "Payment";
+            if (tight) return "Current";
+            return ShareOf(column) == 3 ? "Notebooks and files for" : "Current Account";
+        case queries::Kind::Number:
+            return "100000";
+        case queries::Kind::Amount:
+            return "99,99,999.00";
+        case queries::Kind::Quantity:
+            return "99,999.5";
+        case queries::Kind::Date:
+            return "28-Aug-2002";
+        case queries::Kind::Flag:
+            return "";
+    }
+    return "";
+}
+
+int WidthOf(const queries::Column& column, const QFontMetrics& metrics, bool tight) {
+    return std::max(metrics.horizontalAdvance(HeadOf(column)),
+                    metrics.horizontalAdvance(SampleOf(column, tight))) +
+           (tight ? Tight : Margin);
 }
 
 }  // namespace
@@ -90,27 +98,26 @@ void SheetColumns::Fit() {
     const QScopedValueRollback quiet(laying_, true);
     QFont font = Theme::Figures(header_.font());
     font.setWeight(QFont::DemiBold);
-    int room = 0, shares = 0, margin = Margin;
+    const QFontMetrics metrics(font);
+    int room = 0, shares = 0;
     const auto each = [&](auto act) {
         for (int section = 0; section < header_.count(); ++section)
             if (!header_.isSectionHidden(section)) act(section, columns_[static_cast<std::size_t>(section)]);
     };
-    const auto measure = [&] {
+    const auto measure = [&](bool tight) {
         room = header_.viewport()->width();
         shares = 0;
         each([&](int, const queries::Column& column) {
-            room -= WidthOf(column, font, margin);
+            room -= WidthOf(column, metrics, tight);
             shares += ShareOf(column);
         });
+        return room >= 0;
     };
-    measure();
-    if (room < 0) {
-        margin = Tight;
-        measure();
-    }
+    const bool tight = !measure(false);
+    if (tight) measure(true);  // what has no room even so is scrolled to
     each([&](int section, const queries::Column& column) {
         const int more = room > 0 && shares > 0 ? room * ShareOf(column) / shares : 0;
-        header_.resizeSection(section, WidthOf(column, font, margin) + more);
+        header_.resizeSection(section, WidthOf(column, metrics, tight) + more);
     });
 }
 
@@ -133,7 +140,7 @@ void SheetColumns::FillMenu(QMenu& menu) {
     const std::size_t shown = Chosen().size();
     for (std::size_t column = 0; column < columns_.size(); ++column) {
         const int section = static_cast<int>(column);
-        QAction* const action = menu.addAction(QString::fromStdString(columns_[column].caption));
+        QAction* const action = menu.addAction(HeadOf(columns_[column]));
         action->setCheckable(true);
         action->setChecked(!header_.isSectionHidden(section));
         action->setEnabled(!action->isChecked() || shown > 1);  // one always stays
@@ -147,10 +154,7 @@ void SheetColumns::FillMenu(QMenu& menu) {
         });
     }
     menu.addSeparator();
-    const auto text = [](const char* words) {
-        return QCoreApplication::translate("desk::SheetColumns", words);
-    };
-    connect(menu.addAction(text("As at first")), &QAction::triggered, this, [this] { Forget(); });
+    connect(menu.addAction(tr("As at first")), &QAction::triggered, this, [this] { Forget(); });
 }
 
 std::vector<std::size_t> SheetColumns::Chosen() const {

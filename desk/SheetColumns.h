@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QObject>
 #include <QString>
 #include <string>
@@ -17,6 +18,8 @@ namespace desk {
 // chooses, moves or sizes them; that is kept for the user, under a name, for as long as the sheet has the
 // same columns.
 class SheetColumns : public QObject {
+    Q_DECLARE_TR_FUNCTIONS(desk::SheetColumns)
+
   public:
     SheetColumns(QHeaderView& header, QString name);
 

@@ -3,6 +3,8 @@
 #include <QFont>
 #include <utility>
 
+#include "desk/Figures.h"
+#include "desk/Heads.h"
 #include "queries/sheets/Cell.h"
 
 namespace desk {
@@ -67,8 +69,7 @@ QVariant SheetModel::Text(std::size_t row, std::size_t column, int role) const {
     try {
         const queries::Kind kind = sheet_->Columns()[column].kind;
         const basic::Value value = sheet_->At(row, column);
-        return QString::fromStdString(role == CellRole ? queries::Plain(kind, value)
-                                                       : queries::Shown(kind, value));
+        return role == CellRole ? QString::fromStdString(queries::Plain(kind, value)) : CellText(kind, value);
     } catch (...) {
         failed_(std::current_exception());
         return {};
@@ -99,7 +100,7 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
 QVariant SheetModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (!sheet_ || orientation != Qt::Horizontal) return {};
     const queries::Column& column = sheet_->Columns()[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return QString::fromStdString(column.caption);
+    if (role == Qt::DisplayRole) return HeadOf(column);
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(Qt::AlignVCenter |
                                 (queries::IsFigure(column.kind) ? Qt::AlignRight : Qt::AlignLeft));

@@ -7,7 +7,6 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QLocale>
 #include <QMenu>
 #include <QScrollBar>
 #include <QShortcut>
@@ -21,9 +20,9 @@
 
 #include "desk/Books.h"
 #include "desk/EmptyState.h"
+#include "desk/Figures.h"
 #include "desk/Theme.h"
 #include "desk/TotalsStrip.h"
-#include "queries/sheets/Cell.h"
 #include "queries/sheets/Totals.h"
 
 namespace desk {
@@ -80,7 +79,6 @@ void SheetView::MakeView(Shape shape, const QString& name) {
         header_ = tree->header();
         tree->setProperty("spaced", true);
         tree->setUniformRowHeights(true);
-        tree->setAllColumnsShowFocus(true);
         tree->setExpandsOnDoubleClick(false);
     }
     view_->setObjectName(name);
@@ -181,12 +179,6 @@ void SheetView::AskSlowly(SlowMaking make) {
     Answer();
 }
 
-void SheetView::AskAgain(Making make) {
-    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
-    slowly_ = false;
-    Answer();
-}
-
 void SheetView::Refresh() {
     if (make_) Answer();
 }
@@ -239,7 +231,7 @@ void SheetView::SortShown(SheetPtr sheet) {
     }
     const auto order = std::make_shared<ShownSheet::Order>();
     InBackground(
-        tr("Sorting %1 rows\u2026").arg(QLocale().toString(qulonglong(sheet->Rows()))),
+        tr("Sorting %Ln row(s)\u2026", nullptr, static_cast<int>(sheet->Rows())),
         [make = make_, order, column, down = descending_](queries::Reading& books, Worker::Job& job) {
             *order = OrderBy(*make(books, job), column, down);
         },
@@ -272,11 +264,6 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
 // At once: a sheet that reads by window may tell other rows when the books have changed.
 void SheetView::RememberRow() {
     if (const auto row = Current(); row && KeyOf) key_ = KeyOf(*Sheet(), *row);
-}
-
-void SheetView::Reread() {
-    RememberRow();
-    view_->viewport()->update();
 }
 
 SheetView::Place SheetView::Where() const {
@@ -344,15 +331,13 @@ void SheetView::SetTotals(const QString& words, std::vector<QString> totals) {
 
 void SheetView::ShowTotals() {
     const queries::Sheet& sheet = *model_.Sheet();
-    const QString count = QLocale().toString(qulonglong(sheet.Rows()));
-    const QString words = sheet.Rows() == 1 ? tr("1 row") : tr("%1 rows").arg(count);
+    const QString words = tr("%Ln row(s)", nullptr, static_cast<int>(sheet.Rows()));
     std::vector<QString> texts(sheet.Columns().size());
     if (sheet.Rows() <= Few) {
         queries::Totals totals(sheet);
         for (std::size_t row = 0; row < sheet.Rows(); ++row) totals.Add(row);
         for (std::size_t column = 0; column < texts.size(); ++column)
-            texts[column] =
-                QString::fromStdString(queries::Shown(sheet.Columns()[column].kind, totals.Of(column)));
+            texts[column] = CellText(sheet.Columns()[column].kind, totals.Of(column));
     }
     totals_->Set(words, std::move(texts));
 }

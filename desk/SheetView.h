@@ -56,9 +56,7 @@ class SheetView : public QWidget {
     void Ask(Making make);
     void AskSlowly(Making make);
     void AskSlowly(SlowMaking make);  // which tells the job how far it is
-    void AskAgain(Making make);       // at once, to the same row
     void Refresh();                   // the same question again, to the same row
-    void Reread();                    // the sheet tells more of its rows by now
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
     void SetEmpty(const QString& title, const QString& text);  // why there may be no rows, and what to do

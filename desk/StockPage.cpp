@@ -124,11 +124,6 @@ bool StockPage::IsNarrowed() const {
            (Tab() == Movements && type_->Choice() > 0) || (Tab() == Orders && open_->Choice() > 0);
 }
 
-QString StockPage::Chapter() const {
-    const char* const chapters[] = {"Item Master", "Item Ledger", "Purchase Order", "Receipt"};
-    return chapters[Tab()];
-}
-
 void StockPage::ShowItems(Stock stock) {
     stock_->Choose(stock);
     Turn(Items);

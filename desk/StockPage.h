@@ -21,7 +21,7 @@ class StockPage : public TabPage {
     enum Stock { Any, ToReorder, Over };
 
     explicit StockPage(Desk& desk);
-    QString Chapter() const override;
+    QString Chapter() const override { return "Stock"; }
     void ShowItems(Stock stock);  // from elsewhere
 
   protected:

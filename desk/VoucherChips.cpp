@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QLocale>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
@@ -13,18 +12,13 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desk/Figures.h"
 #include "desk/PeriodChip.h"
 
 namespace desk {
 namespace {
 
 constexpr int TypingPause = 200;  // milliseconds, until the list follows
-
-std::optional<double> AmountOf(const QLineEdit& box) {
-    bool reads = false;
-    const double rupees = box.text().remove(',').trimmed().toDouble(&reads);
-    return reads ? std::optional(rupees) : std::nullopt;
-}
 
 }  // namespace
 
@@ -85,6 +79,8 @@ void VoucherChips::FillLedgers(QMenu& menu) {
         part->setAccessibleName(tr("Part of the ledger's name"));
         list->setAccessibleName(tr("Ledgers"));
         list->setMinimumSize(280, 240);
+        list->setProperty("spaced", true);
+        list->ensurePolished();  // lines measured before would stay too low
         auto* const first = new QListWidgetItem(tr("All ledgers"), list);
         first->setData(Qt::UserRole, 0);
         for (const auto& [id, name] : ledgers_()) {
@@ -126,7 +122,7 @@ void VoucherChips::FillLedgers(QMenu& menu) {
 void VoucherChips::FillAmounts(QMenu& menu) {
     AddForm(menu, [&](QWidget& panel, QFormLayout& form) {
         const auto box = [&](const QString& caption, const std::optional<double>& value) {
-            auto* const edit = new QLineEdit(value ? QString::number(*value, 'f', 2) : QString(), &panel);
+            auto* const edit = new QLineEdit(value ? desk::AmountText(*value) : QString(), &panel);
             form.addRow(caption, edit);
             return edit;
         };
@@ -135,8 +131,8 @@ void VoucherChips::FillAmounts(QMenu& menu) {
         auto* const button = new QPushButton(tr("Show these amounts"), &panel);
         form.addRow(button);
         const auto take = [this, least, most, &menu] {
-            filter_.least = AmountOf(*least);
-            filter_.most = AmountOf(*most);
+            filter_.least = ReadAmount(least->text());
+            filter_.most = ReadAmount(most->text());
             menu.close();
             Changed();
         };
@@ -179,11 +175,10 @@ void VoucherChips::Changed() {
 }
 
 QString VoucherChips::AmountText() const {
-    const auto figure = [](double rupees) { return QLocale().toString(rupees, 'f', 2); };
     if (filter_.least && filter_.most)
-        return tr("%1 to %2").arg(figure(*filter_.least), figure(*filter_.most));
-    if (filter_.least) return tr("from %1").arg(figure(*filter_.least));
-    if (filter_.most) return tr("up to %1").arg(figure(*filter_.most));
+        return tr("%1 to %2").arg(desk::AmountText(*filter_.least), desk::AmountText(*filter_.most));
+    if (filter_.least) return tr("from %1").arg(desk::AmountText(*filter_.least));
+    if (filter_.most) return tr("up to %1").arg(desk::AmountText(*filter_.most));
     return {};
 }
 

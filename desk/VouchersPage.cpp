@@ -1,17 +1,17 @@
 #include "desk/VouchersPage.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "desk/Books.h"
 #include "desk/Dates.h"
+#include "desk/Figures.h"
 #include "desk/SheetView.h"
 #include "desk/VoucherChips.h"
 #include "queries/Ledgers.h"
-#include "queries/sheets/Cell.h"
 
 namespace desk {
 namespace {
@@ -67,6 +67,7 @@ VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new S
     AddActions();
     Body().addWidget(chips_);
     Body().addWidget(view_);
+    view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
     Ask();
 }
@@ -133,12 +134,8 @@ void VouchersPage::Sum() {
             *sums = queries::SumVouchers(books, filter);
         },
         [this, sums] {
-            const auto amount = [](double rupees) {
-                return QString::fromStdString(queries::Shown(queries::Kind::Amount, rupees));
-            };
-            const QString count = QLocale().toString(qulonglong(sums->lines));
-            view_->SetTotals(sums->lines == 1 ? tr("1 line") : tr("%1 lines").arg(count),
-                             {{}, {}, {}, {}, amount(sums->debit), amount(sums->credit), {}});
+            view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
+                             {{}, {}, {}, {}, AmountText(sums->debit), AmountText(sums->credit), {}});
         },
         [this] { view_->SetTotals(tr("Not added up: F5 tries again"), {}); });
 }

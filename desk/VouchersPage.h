@@ -17,7 +17,7 @@ class VouchersPage : public Page {
 
   public:
     explicit VouchersPage(Desk& desk);
-    QString Chapter() const override { return "Day Book"; }
+    QString Chapter() const override { return "Vouchers"; }
     void Refresh() override;
     // Narrowed from elsewhere: a bar of a chart, a figure. `ledger` is the name of the filter's ledger.
     void Narrow(const queries::VoucherFilter& filter, const QString& ledger = {});

@@ -10,8 +10,8 @@ void Worker::Job::Step(std::size_t done) {
     if (Cancelled) throw Stop{};
 }
 
-Worker::Worker(std::string dataPath, std::string year)
-    : dataPath_(std::move(dataPath)), year_(std::move(year)), thread_([this] { Loop(); }) {}
+Worker::Worker(std::string dataPath, std::string year, std::optional<int> keptKb)
+    : dataPath_(std::move(dataPath)), year_(std::move(year)), keptKb_(keptKb), thread_([this] { Loop(); }) {}
 
 Worker::~Worker() {
     {
@@ -42,6 +42,11 @@ void Worker::Cancel(const std::shared_ptr<Job>& job) {
     if (job == running_ && books_) books_->Cancel();
 }
 
+bool Worker::IsIdle() {
+    const std::lock_guard lock(guard_);
+    return tasks_.empty() && !running_;
+}
+
 void Worker::Loop() {
     std::unique_lock lock(guard_);
     for (;;) {
@@ -67,7 +72,7 @@ void Worker::Run(Task task) {
     try {
         task.Of->Step(0);
         if (!books_) {
-            auto books = std::make_unique<queries::Reading>(dataPath_, year_);
+            auto books = std::make_unique<queries::Reading>(dataPath_, year_, keptKb_);
             const std::lock_guard lock(guard_);
             books_ = std::move(books);
         }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -30,7 +31,8 @@ class Worker : public std::enable_shared_from_this<Worker> {
     };
     struct Stop {};
 
-    Worker(std::string dataPath, std::string year);
+    // `keptKb`: see queries::Reading.
+    Worker(std::string dataPath, std::string year, std::optional<int> keptKb = {});
     ~Worker();  // cancels what runs and waits for it
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
@@ -44,6 +46,8 @@ class Worker : public std::enable_shared_from_this<Worker> {
     // Ends the job, in the middle of a statement too, or drops it where it has not begun; null is none.
     void Cancel(const std::shared_ptr<Job>& job);
 
+    bool IsIdle();  // nothing runs or waits; the last end may still be on its way
+
   private:
     struct Task {
         std::shared_ptr<Job> Of;
@@ -55,6 +59,7 @@ class Worker : public std::enable_shared_from_this<Worker> {
     void Run(Task task);
 
     std::string dataPath_, year_;
+    std::optional<int> keptKb_;
     const std::shared_ptr<Worker*> here_ = std::make_shared<Worker*>(this);  // as long as it lives
     std::unique_ptr<queries::Reading> books_;                                // opened by the first job
     std::mutex guard_;

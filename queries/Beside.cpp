@@ -29,14 +29,15 @@ double FigureOf(const ResultRow& row, bool endsIt) {
     return row.statement == Statement::BalanceSheet || endsIt ? debit : -debit;
 }
 
-std::vector<Line> LinesOf(Reading& books, Chosen statement, const Range& days, TrialBy by) {
+std::vector<Line> LinesOf(const std::vector<TreeRow>& rows) {
     std::vector<Line> lines;
-    if (!statement) {
-        for (const TreeRow& row : TrialTree(books, days, by))
-            lines.push_back({{row.level, row.ledger, row.name, {}}, row.closing.value_or(0)});
-        return lines;
-    }
-    const std::vector<ResultRow> rows = StatementOf(books, *statement, days);
+    for (const TreeRow& row : rows)
+        lines.push_back({{row.level, row.ledger, row.name, {}}, row.closing.value_or(0)});
+    return lines;
+}
+
+std::vector<Line> LinesOf(const std::vector<ResultRow>& rows) {
+    std::vector<Line> lines;
     for (std::size_t place = 0; place < rows.size(); ++place) {
         const ResultRow& row = rows[place];
         if (row.part == ResultRow::Part::Total) continue;
@@ -46,6 +47,16 @@ std::vector<Line> LinesOf(Reading& books, Chosen statement, const Range& days, T
         lines.push_back({{row.Level() - 1, row.ledger, row.name, {}}, FigureOf(row, endsIt), isResult});
     }
     return lines;
+}
+
+// By the rows, with sums that were read before.
+std::vector<Line> LinesOf(Reading& books, Chosen statement, const Range& days, LedgerSums& sums) {
+    return statement ? LinesOf(StatementOf(books, *statement, days, sums))
+                     : LinesOf(TrialTree(books, days, sums));
+}
+
+std::vector<Line> LinesOf(Reading& books, Chosen statement, const Range& days, TrialBy by) {
+    return statement ? LinesOf(StatementOf(books, *statement, days)) : LinesOf(TrialTree(books, days, by));
 }
 
 std::string Swapped(std::string name, const std::string& word, const std::string& by) {
@@ -97,6 +108,13 @@ std::string TitleFor(Chosen statement, const Reading& books, const Range& days) 
     return (statement ? HeadOf(*statement) : "Trial balance") + (", " + TitleOf(books, days));
 }
 
+// What the columns are worked out of.
+std::vector<Range> SummedFor(const Reading& books, std::vector<Range> asked) {
+    for (Range& range : asked)
+        if (BeginsTheYear(books, range)) range.from.reset();
+    return asked;
+}
+
 Column Figures(std::string name, std::string caption, bool totalled = false) {
     return {std::move(name), std::move(caption), Kind::Amount, totalled};
 }
@@ -132,11 +150,12 @@ Range YearBefore(const Reading& books, const Range& days) {
 
 std::unique_ptr<BesideSheet> BesideLastYear(Reading& books, std::optional<Statement> statement,
                                             const Range& days, TrialBy by, const BesideStep& step) {
+    const Reading::Moment moment(books);
     step(0, 2);
     Merged merged(3);
     merged.Add(LinesOf(books, statement, days, by), 0);
     step(1, 2);
-    Reading before(books.DataPath(), LastYearOf(books).value_or("0"));
+    Reading before(books, LastYearOf(books).value_or("0"));
     merged.Add(LinesOf(before, statement, YearBefore(books, days), by), 1);
     std::vector<BesideRow> rows = merged.Rows();
     for (BesideRow& row : rows)
@@ -152,21 +171,23 @@ std::unique_ptr<BesideSheet> ByMonth(Reading& books, std::optional<Statement> st
                                      const BesideStep& step) {
     const Reading::Moment moment(books);
     const bool adds = statement && *statement != Statement::BalanceSheet;
-    const std::vector<Range> months = MonthsOf(books, days);
-    const std::size_t all = months.size() + (adds ? 1 : 0);
-    Merged merged(all);
+    std::vector<Range> asked;
     std::vector<Column> columns;
-    for (const Range& month : months) {
-        step(columns.size(), all);
-        const Range asked = adds ? month : Range{.from = {}, .upto = month.upto};
-        merged.Add(LinesOf(books, statement, asked, TrialBy::Rows), columns.size());
+    for (const Range& month : MonthsOf(books, days)) {
+        asked.push_back(adds ? month : Range{.from = {}, .upto = month.upto});
         const std::string name = basic::Format(*month.upto, qm::DateMask).substr(3);
         columns.push_back(Figures(name, name));
     }
     if (adds) {
-        step(columns.size(), all);
-        merged.Add(LinesOf(books, statement, days, TrialBy::Rows), columns.size());
+        asked.push_back(days);
         columns.push_back(Figures("total", "Total"));
+    }
+    LedgerSums sums(books);
+    sums.Read(SummedFor(books, asked));
+    Merged merged(asked.size());
+    for (std::size_t column = 0; column < asked.size(); ++column) {
+        step(column, asked.size());
+        merged.Add(LinesOf(books, statement, asked[column], sums), column);
     }
     return std::make_unique<BesideSheet>(TitleFor(statement, books, days), std::move(columns), merged.Rows());
 }

@@ -23,22 +23,7 @@ void Hang(Branch& branch, const TreeRow& ledger) {
     branch.ledgers.push_back(ledger);
 }
 
-const std::vector<Filled<TreeRow>>& Columns() {
-    using Row = const TreeRow&;
-    static const std::vector<Filled<TreeRow>> columns{
-        {{"name", "Group or Ledger", Kind::Text}, [](Row row) -> basic::Value { return row.name; }},
-        {{"opening", "Opening", Kind::Amount}, [](Row row) -> basic::Value { return row.opening; }},
-        {{"debit", "Debit", Kind::Amount}, [](Row row) { return ValueOf(row.debit); }},
-        {{"credit", "Credit", Kind::Amount}, [](Row row) { return ValueOf(row.credit); }},
-        {{"closing", "Closing", Kind::Amount}, [](Row row) { return ValueOf(row.closing); }},
-    };
-    return columns;
-}
-
-}  // namespace
-
-std::vector<TreeRow> GroupTree(Reading& books, const Range& range, TrialBy by) {
-    const Reading::Moment moment(books);
+std::vector<TreeRow> Tree(Reading& books, std::vector<TrialRow> ledgers) {
     std::vector<Branch> branches;
     std::map<std::string, std::size_t> places;
     for (const PrimaryGroup& group : PrimaryGroups(books)) {
@@ -46,7 +31,6 @@ std::vector<TreeRow> GroupTree(Reading& books, const Range& range, TrialBy by) {
         branches.emplace_back().head.name = group.name;
     }
     branches.emplace_back();
-    std::vector<TrialRow> ledgers = TrialBalance(books, range, by);
     std::stable_sort(ledgers.begin(), ledgers.end(), [](const TrialRow& a, const TrialRow& b) {
         return basic::CompareText(a.name, b.name) < 0;
     });
@@ -65,6 +49,36 @@ std::vector<TreeRow> GroupTree(Reading& books, const Range& range, TrialBy by) {
     return rows;
 }
 
+// Without the groups that have none.
+std::vector<TreeRow> WithLedgers(const std::vector<TreeRow>& tree) {
+    std::vector<TreeRow> kept;
+    for (const TreeRow& row : tree) {
+        if (row.level == 0 && !kept.empty() && kept.back().level == 0) kept.pop_back();
+        kept.push_back(row);
+    }
+    if (!kept.empty() && kept.back().level == 0) kept.pop_back();
+    return kept;
+}
+
+const std::vector<Filled<TreeRow>>& Columns() {
+    using Row = const TreeRow&;
+    static const std::vector<Filled<TreeRow>> columns{
+        {{"name", "Group or Ledger", Kind::Text}, [](Row row) -> basic::Value { return row.name; }},
+        {{"opening", "Opening", Kind::Amount}, [](Row row) -> basic::Value { return row.opening; }},
+        {{"debit", "Debit", Kind::Amount}, [](Row row) { return ValueOf(row.debit); }},
+        {{"credit", "Credit", Kind::Amount}, [](Row row) { return ValueOf(row.credit); }},
+        {{"closing", "Closing", Kind::Amount}, [](Row row) { return ValueOf(row.closing); }},
+    };
+    return columns;
+}
+
+}  // namespace
+
+std::vector<TreeRow> GroupTree(Reading& books, const Range& range, TrialBy by) {
+    const Reading::Moment moment(books);
+    return Tree(books, TrialBalance(books, range, by));
+}
+
 std::unique_ptr<SheetOf<TreeRow>> GroupTreeSheet(Reading& books, const Range& range) {
     return std::make_unique<SheetOf<TreeRow>>("Groups and ledgers, " + TitleOf(books, range), Columns(),
                                               GroupTree(books, range),
@@ -72,13 +86,12 @@ std::unique_ptr<SheetOf<TreeRow>> GroupTreeSheet(Reading& books, const Range& ra
 }
 
 std::vector<TreeRow> TrialTree(Reading& books, const Range& range, TrialBy by) {
-    std::vector<TreeRow> kept;
-    for (const TreeRow& row : GroupTree(books, range, by)) {
-        if (row.level == 0 && !kept.empty() && kept.back().level == 0) kept.pop_back();
-        kept.push_back(row);
-    }
-    if (!kept.empty() && kept.back().level == 0) kept.pop_back();
-    return kept;
+    return WithLedgers(GroupTree(books, range, by));
+}
+
+std::vector<TreeRow> TrialTree(Reading& books, const Range& range, LedgerSums& sums) {
+    const Reading::Moment moment(books);
+    return WithLedgers(Tree(books, TrialBalance(books, range, sums)));
 }
 
 std::unique_ptr<SheetOf<TreeRow>> TrialTreeSheet(Reading& books, const Range& range, TrialBy by) {

@@ -28,6 +28,7 @@ std::vector<TreeRow> GroupTree(Reading& books, const Range& range = {}, TrialBy 
 std::unique_ptr<SheetOf<TreeRow>> GroupTreeSheet(Reading& books, const Range& range = {});
 // The trial balance as that tree, without the groups that have no ledgers.
 std::vector<TreeRow> TrialTree(Reading& books, const Range& range = {}, TrialBy by = TrialBy::Report);
+std::vector<TreeRow> TrialTree(Reading& books, const Range& range, LedgerSums& sums);
 std::unique_ptr<SheetOf<TreeRow>> TrialTreeSheet(Reading& books, const Range& range = {},
                                                  TrialBy by = TrialBy::Report);
 

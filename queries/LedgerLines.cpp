@@ -11,18 +11,10 @@
 namespace queries {
 namespace {
 
-constexpr std::size_t Head = 1024;  // lines whose balances are added up from the opening on
+constexpr std::size_t Long = 4096;  // rows of one day
 
-std::string WhereOf(std::int32_t ledger, const Range& range) {
-    std::vector<std::string> conditions = DayConditions(range);
-    conditions.insert(conditions.begin(), "LedgerCode = " + std::to_string(ledger));
-    return WhereAll(conditions);
-}
-
-std::string Ordered(const Reading& books, const std::string& fields, const std::string& where) {
-    return "Select " + fields + " From " + books.Table("tb_Ledger") + where +
-           " Order By LedgerTxnDate, LedgerTrnType Desc";
-}
+constexpr const char* LineFields =
+    "LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerNarration, LedgerDrAmt, LedgerCrAmt";
 
 // What a line moves the balance by: a row with both amounts counts by its debit.
 double Move(const basic::Value& debit, const basic::Value& credit) {
@@ -76,35 +68,51 @@ const std::vector<Filled<LedgerLine>>& Columns() {
 }  // namespace
 
 LedgerLines::LedgerLines(Reading& books, std::int32_t ledger, const Range& range)
-    : lines_(books.Connection(),
-             Ordered(books,
-                     "LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerNarration, LedgerDrAmt, LedgerCrAmt",
-                     WhereOf(ledger, range))),
-      amounts_(books.Connection(), Ordered(books, "LedgerDrAmt, LedgerCrAmt", WhereOf(ledger, range))),
-      day_(range.from.value_or(books.FirstDay())) {
+    : books_(&books), ledger_(ledger), opens_(range.from.value_or(books.FirstDay())) {
     const Reading::Moment moment(books);
     opening_ = OpeningOf(books, ledger);
-    if (range.from) {
-        ReadSums(books, WhereOf(ledger, {.from = {}, .upto = basic::AddDays(*range.from, -1)}));
-        opening_ += sums_.debit;
-        opening_ -= sums_.credit;
-    }
-    ReadSums(books, WhereOf(ledger, range));
-    count_ = 1 + lines_.Count();
+    ReadDays(range);
 }
 
-void LedgerLines::ReadSums(Reading& books, const std::string& where) {
-    const auto sums = books.Select(
-        "Select Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr, Sum(Iif(LedgerDrAmt <> 0, LedgerDrAmt, 0 - "
-        "LedgerCrAmt)) As Net From " +
-        books.Table("tb_Ledger") + where);
-    sums_ = {basic::NumberOrZero((*sums)["Dr"]), basic::NumberOrZero((*sums)["Cr"])};
-    net_ = basic::NumberOrZero((*sums)["Net"]);
+// One walk over the ledger's part of an index, which gives a line for each day.
+void LedgerLines::ReadDays(const Range& range) {
+    std::vector<std::string> conditions = DayConditions({.from = {}, .upto = range.upto});
+    conditions.insert(conditions.begin(), "LedgerCode = " + std::to_string(ledger_));
+    const auto days = books_->Select(
+        "Select LedgerTxnDate, Sum(1) As Lines, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr, "
+        "Sum(Iif(LedgerDrAmt <> 0, LedgerDrAmt, 0 - LedgerCrAmt)) As Net From " +
+        books_->Table("tb_Ledger") + WhereAll(conditions) + " Group By LedgerTxnDate Order By LedgerTxnDate");
+    for (; !days->Eof(); days->MoveNext()) {
+        const basic::Value number = (*days)["LedgerTxnDate"];
+        const double debit = basic::NumberOrZero((*days)["Dr"]), credit = basic::NumberOrZero((*days)["Cr"]);
+        if (range.from && number.IsNull()) continue;
+        if (range.from && basic::ToLong(number) < DayOf(*range.from)) {
+            opening_ += debit;
+            opening_ -= credit;
+            continue;
+        }
+        const auto lines = static_cast<std::size_t>(basic::NumberOrZero((*days)["Lines"]));
+        days_.push_back(
+            {!number.IsNull(), number.IsNull() ? 0 : basic::ToLong(number), count_, lines, Closing()});
+        count_ += lines;
+        net_ += basic::NumberOrZero((*days)["Net"]);
+        sums_.debit += debit;
+        sums_.credit += credit;
+    }
+}
+
+ado::RowWindow LedgerLines::Between(const Day& first, const Day& last, const char* fields) const {
+    const std::string day = first.dated ? "LedgerTxnDate >= " + std::to_string(first.number) +
+                                              " And LedgerTxnDate <= " + std::to_string(last.number)
+                                        : "LedgerTxnDate Is Null";
+    return books_->Window(std::string("Select ") + fields + " From " + books_->Table("tb_Ledger") +
+                          " Where LedgerCode = " + std::to_string(ledger_) + " And " + day +
+                          " Order By LedgerTxnDate, LedgerTrnType Desc");
 }
 
 LedgerLine LedgerLines::OpeningLine() const {
     LedgerLine line;
-    line.date = day_;
+    line.date = opens_;
     line.narration = "Opening Balance";
     line.debit = std::max(opening_, 0.0);
     line.credit = std::max(-opening_, 0.0);
@@ -112,57 +120,73 @@ LedgerLine LedgerLines::OpeningLine() const {
     return line;
 }
 
+// Of days that follow each other in one read, but for those without a date and those that are long.
 std::vector<LedgerLine> LedgerLines::Page(std::size_t first, std::size_t count) {
     std::vector<LedgerLine> page;
-    const std::size_t end = std::min(first + count, count_);
+    const std::size_t end = std::min(first + count, Count());
     if (first >= end) return page;
     if (first == 0) page.push_back(OpeningLine());
-    const std::size_t from = first == 0 ? 0 : first - 1, upto = end - 1;  // among the rows
-    if (!balances_ && upto > Head) {
-        if (awaits_) return page;
-        Take(ReadBalances());
-    }
-    if (balances_) {
-        const ado::KeptRows rows = lines_.Of(balances_->keys.data() + from, upto - from);
-        for (std::int64_t row = 0; row < rows.Count(); ++row)
-            page.push_back(Line(rows, row, balances_->behind[from + static_cast<std::size_t>(row)]));
-        return page;
-    }
-    const ado::KeptRows rows = lines_.From(0, upto);
-    double balance = opening_;
-    for (std::int64_t row = 0; row < rows.Count(); ++row) {
-        balance += Move(rows.ValueAt(row, 4), rows.ValueAt(row, 5));
-        if (row >= static_cast<std::int64_t>(from)) page.push_back(Line(rows, row, balance));
+    std::size_t from = first == 0 ? 0 : first - 1;  // among the rows
+    const std::size_t upto = end - 1;
+    while (from < upto) {
+        const auto day = std::prev(std::upper_bound(
+            days_.cbegin(), days_.cend(), from, [](std::size_t at, const Day& of) { return at < of.first; }));
+        auto behind = std::next(day);
+        const auto joins = [&] {
+            return day->dated && behind != days_.end() && behind->first < upto && behind->count <= Long;
+        };
+        if (day->count > Long) {
+            AddLong(page, day, from, std::min(upto, day->first + day->count));
+        } else {
+            while (joins()) ++behind;
+            AddRows(page, day, behind, from, upto);
+        }
+        from = std::prev(behind)->first + std::prev(behind)->count;
     }
     return page;
 }
 
-std::optional<std::size_t> LedgerLines::PlaceOf(ado::RowKey key) {
-    if (!balances_) {
-        if (awaits_) return std::nullopt;
-        Take(ReadBalances());
-    }
-    const auto place = std::find(balances_->keys.begin(), balances_->keys.end(), key);
-    if (place == balances_->keys.end()) return std::nullopt;
-    return static_cast<std::size_t>(place - balances_->keys.begin()) + 1;
-}
-
-LedgerLines::Balances LedgerLines::ReadBalances() const {
-    const ado::KeptRows rows = amounts_.From(0, count_ - 1);
-    Balances balances;
-    double balance = opening_;
+void LedgerLines::AddRows(std::vector<LedgerLine>& page, Days::const_iterator day,
+                          Days::const_iterator behind, std::size_t from, std::size_t upto) const {
+    const ado::KeptRows rows = Between(*day, *std::prev(behind), LineFields).From(0, upto - day->first);
+    double balance = day->before;
     for (std::int64_t row = 0; row < rows.Count(); ++row) {
-        balance += Move(rows.ValueAt(row, 0), rows.ValueAt(row, 1));
-        balances.keys.push_back(rows.KeyOf(row));
-        balances.behind.push_back(balance);
+        balance += Move(rows.ValueAt(row, 4), rows.ValueAt(row, 5));
+        if (day->first + static_cast<std::size_t>(row) >= from) page.push_back(Line(rows, row, balance));
     }
-    return balances;
 }
 
-void LedgerLines::Take(Balances balances) {
-    balances_ = std::move(balances);
-    balances_->keys.resize(count_ - 1);  // as it was first counted, whatever others have removed since
-    balances_->behind.resize(count_ - 1, balances_->behind.empty() ? opening_ : balances_->behind.back());
+void LedgerLines::AddLong(std::vector<LedgerLine>& page, Days::const_iterator day, std::size_t from,
+                          std::size_t upto) {
+    if (!long_ || long_->of != day) {
+        long_ = LongDay{day, {}, {}};
+        const ado::KeptRows rows = Between(*day, *day, "LedgerDrAmt, LedgerCrAmt").From(0, day->count);
+        double balance = day->before;
+        for (std::int64_t row = 0; row < rows.Count(); ++row) {
+            long_->keys.push_back(rows.KeyOf(row));
+            long_->behind.push_back(balance += Move(rows.ValueAt(row, 0), rows.ValueAt(row, 1)));
+        }
+        long_->keys.resize(day->count);  // as it was first counted, whatever others have removed since
+        long_->behind.resize(day->count, balance);
+    }
+    const std::size_t first = from - day->first;
+    const ado::KeptRows rows = Between(*day, *day, LineFields).Of(long_->keys.data() + first, upto - from);
+    for (std::int64_t row = 0; row < rows.Count(); ++row)
+        page.push_back(Line(rows, row, long_->behind[first + static_cast<std::size_t>(row)]));
+}
+
+std::optional<std::size_t> LedgerLines::PlaceOf(ado::RowKey key) {
+    if (days_.empty()) return std::nullopt;
+    const basic::Value stored =
+        Between(days_.front(), days_.front(), "LedgerTxnDate").Of(&key, 1).ValueAt(0, 0);
+    const auto day = std::find_if(days_.cbegin(), days_.cend(), [&](const Day& of) {
+        return of.dated ? !stored.IsNull() && basic::ToLong(stored) == of.number : stored.IsNull();
+    });
+    if (day == days_.cend()) return std::nullopt;
+    const std::vector<ado::RowKey> keys = Between(*day, *day, "LedgerTxnDate").Keys();
+    const auto place = std::find(keys.begin(), keys.end(), key);
+    if (place == keys.end()) return std::nullopt;
+    return day->first + static_cast<std::size_t>(place - keys.begin()) + 1;
 }
 
 std::unique_ptr<LedgerSheet> ListLedger(Reading& books, std::int32_t ledger, const Range& range) {

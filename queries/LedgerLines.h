@@ -21,8 +21,9 @@ struct LedgerLine {
 };
 
 // The statement of a ledger over a range: first the opening balance, with what was posted before the range,
-// then its lines as the report has them, by date and by type from Z to A; by page. It reads through the
-// Reading it was made with, which outlives it.
+// then its lines as the report has them, by date and by type from Z to A; by page. The balance is added up by
+// days, and within those alone that a page shows: a long ledger costs no more memory than a short one. It
+// reads through the Reading it was made with, which outlives it.
 class LedgerLines {
   public:
     LedgerLines(Reading& books, std::int32_t ledger, const Range& range = {});
@@ -31,33 +32,41 @@ class LedgerLines {
     double Closing() const { return opening_ + net_; }
     Sides Sums() const { return sums_; }  // of the lines, without the opening
 
-    std::size_t Count() const { return count_; }  // with the opening's line
+    std::size_t Count() const { return 1 + count_; }  // with the opening's line
     std::vector<LedgerLine> Page(std::size_t first, std::size_t count);
     // Where a line stands that Page gave, by its key.
     std::optional<std::size_t> PlaceOf(ado::RowKey key);
 
-    // Each line with the balance behind it, which is read once somebody looks far down. Who must not wait for
-    // it says so: lines far down are empty then, until it has been read on another thread, by a statement of
-    // the same ledger there, and handed over.
-    struct Balances {
-        std::vector<ado::RowKey> keys;
-        std::vector<double> behind;
-    };
-    Balances ReadBalances() const;
-    void Await() { awaits_ = true; }
-    void Take(Balances balances);
-
   private:
-    void ReadSums(Reading& books, const std::string& where);
-    LedgerLine OpeningLine() const;
+    struct Day {
+        bool dated = true;  // all the rows without a date are one, too
+        std::int32_t number = 0;
+        std::size_t first = 0, count = 0;  // the place of its first row among all, and its rows
+        double before = 0;                 // the balance
+    };
+    using Days = std::vector<Day>;
+    // The rows of a day that has too many to be read for each page.
+    struct LongDay {
+        Days::const_iterator of;
+        std::vector<ado::RowKey> keys;
+        std::vector<double> behind;  // the balance behind each
+    };
 
-    ado::RowWindow lines_, amounts_;
-    std::optional<basic::Date> day_;  // of the opening
+    void ReadDays(const Range& range);
+    ado::RowWindow Between(const Day& first, const Day& last, const char* fields) const;
+    LedgerLine OpeningLine() const;
+    void AddRows(std::vector<LedgerLine>& page, Days::const_iterator day, Days::const_iterator behind,
+                 std::size_t from, std::size_t upto) const;
+    void AddLong(std::vector<LedgerLine>& page, Days::const_iterator day, std::size_t from, std::size_t upto);
+
+    Reading* books_;
+    std::int32_t ledger_;
+    basic::Date opens_;
     double opening_ = 0, net_ = 0;
     Sides sums_;
-    std::size_t count_ = 0;
-    bool awaits_ = false;
-    std::optional<Balances> balances_;
+    std::size_t count_ = 0;  // of rows
+    Days days_;
+    std::optional<LongDay> long_;
 };
 
 using LedgerSheet = PagedSheet<LedgerLine, LedgerLines>;

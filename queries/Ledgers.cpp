@@ -7,7 +7,7 @@
 namespace queries {
 namespace {
 
-LedgerRow Row(const LedgerDetails& ledger, const std::map<std::int32_t, Sides>& sums) {
+LedgerRow Row(const LedgerDetails& ledger, const SumsByLedger& sums) {
     LedgerRow row;
     row.id = ledger.id;
     row.name = ledger.name;
@@ -48,7 +48,8 @@ const std::vector<Filled<LedgerRow>>& Columns() {
 
 std::vector<LedgerRow> Ledgers(Reading& books) {
     const Reading::Moment moment(books);
-    const std::map<std::int32_t, Sides> sums = SumsByLedger(books);
+    LedgerSums read(books);
+    const SumsByLedger& sums = read.Of({});
     std::vector<LedgerRow> rows;
     for (const LedgerDetails& ledger : ReadDetails(books, LedgerOrder::ByName))
         rows.push_back(Row(ledger, sums));

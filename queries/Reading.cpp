@@ -23,6 +23,11 @@ std::string CurrentYear(Reading& books) {
     return years->Eof() ? "" : ShortForm((*years)["Fnncl_Yr"]);
 }
 
+void RefuseUnlessAmong(const std::vector<std::string>& years, const std::string& year) {
+    if (std::find(years.begin(), years.end(), year) == years.end())
+        throw basic::Error(ado::error::NoSuchTable, "The books know no year '" + year + "'.", Source);
+}
+
 int First(const std::string& year) {
     return static_cast<int>(basic::ToLong(basic::Value(year)));
 }
@@ -37,17 +42,22 @@ basic::Date DateOf(std::int32_t day) {
     return basic::AddDays(basic::MakeDate(1900, 1, 1), day);
 }
 
-Reading::Reading(const std::string& dataPath, const std::string& year)
-    : dataPath_(dataPath), connection_(std::make_shared<ado::Connection>()) {
-    connection_->Properties("Data Source") = dataPath + qm::BooksFile;
-    connection_->Properties("Jet OLEDB:Database Password") = qm::BooksPassword;
-    connection_->Open();
+Reading::Reading(const std::string& dataPath, const std::string& year, std::optional<int> keptKb)
+    : dataPath_(dataPath), state_(std::make_shared<State>()) {
+    ado::Connection& connection = *state_->connection;
+    connection.Properties("Data Source") = dataPath + qm::BooksFile;
+    connection.Properties("Jet OLEDB:Database Password") = qm::BooksPassword;
+    if (keptKb) connection.Properties("Jet OLEDB:Max Buffer Size") = std::to_string(*keptKb);
+    connection.Open();
     year_ = year.empty() ? CurrentYear(*this) : year;
     if (year_.empty())
         throw basic::Error(ado::error::NoSuchTable, "The books have no current year yet.", Source);
-    const std::vector<std::string> years = Years();
-    if (std::find(years.begin(), years.end(), year_) == years.end())
-        throw basic::Error(ado::error::NoSuchTable, "The books know no year '" + year_ + "'.", Source);
+    RefuseUnlessAmong(Years(), year_);
+}
+
+Reading::Reading(Reading& of, const std::string& year)
+    : dataPath_(of.dataPath_), year_(year), state_(of.state_) {
+    RefuseUnlessAmong(Years(), year_);
 }
 
 std::string Reading::LongYear() const {
@@ -72,20 +82,29 @@ std::vector<std::string> Reading::Years() {
 }
 
 void Reading::Cancel() {
-    cancelled_ = true;
-    connection_->Cancel();
+    state_->cancelled = true;
+    state_->connection->Cancel();
+}
+
+void Reading::MayGoOn() const {
+    if (state_->cancelled) throw basic::Error(ado::error::Cancelled, "The question was cancelled.", Source);
 }
 
 std::unique_ptr<ado::Recordset> Reading::Select(const std::string& select) {
-    if (cancelled_) throw basic::Error(ado::error::Cancelled, "The question was cancelled.", Source);
+    MayGoOn();
     auto rows = std::make_unique<ado::Recordset>();
-    rows->Open(select, connection_, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
+    rows->Open(select, state_->connection, ado::adOpenForwardOnly, ado::adLockReadOnly, ado::adCmdText);
     return rows;
 }
 
-Reading::Moment::Moment(Reading& of) : of_(of) {
-    if (of.depth_ == 0) snapshot_.emplace(*of.connection_);
-    ++of.depth_;
+ado::RowWindow Reading::Window(const std::string& select) {
+    MayGoOn();
+    return {state_->connection, select};
+}
+
+Reading::Moment::Moment(Reading& of) : of_(*of.state_) {
+    if (of_.depth == 0) snapshot_.emplace(*of_.connection);
+    ++of_.depth;
 }
 
 }  // namespace queries

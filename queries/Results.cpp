@@ -131,6 +131,24 @@ Rows BalanceSheet(const Chart& chart, const BalanceOf& balanceOf, const Year& ye
     return page.Lines();
 }
 
+// What `only` has no use for is not read.
+Rows Draw(Reading& books, const Range& range, LedgerSums& sums, std::optional<Statement> only = {}) {
+    const Reading::Moment moment(books);
+    const Chart chart{PrimaryGroups(books), ReadDetails(books, LedgerOrder::AsDetailed)};
+    const auto asOfUpto = [&](const LedgerDetails& ledger) {
+        const Sides of = SidesOf(sums.Of({.from = {}, .upto = range.upto}), ledger.id);
+        return ledger.ClosingBy(of.debit, of.credit);
+    };
+    const auto within = [&](const LedgerDetails& ledger) { return SidesOf(sums.Of(range), ledger.id).Net(); };
+    const bool begins = BeginsTheYear(books, range);
+    if (only && *only != Statement::BalanceSheet && !begins) return TradeAndProfit(chart, within).lines;
+    const Year year = TradeAndProfit(chart, asOfUpto);
+    Rows rows = begins || only ? year.lines : TradeAndProfit(chart, within).lines;
+    const Rows sheet = BalanceSheet(chart, asOfUpto, year);
+    rows.insert(rows.end(), sheet.begin(), sheet.end());
+    return rows;
+}
+
 const std::vector<Filled<ResultRow>>& Columns() {
     using Row = const ResultRow&;
     static const std::vector<Filled<ResultRow>> columns{
@@ -151,23 +169,9 @@ const char* HeadOf(Statement statement) {
 
 std::vector<ResultRow> Results(Reading& books, const Range& range) {
     const Reading::Moment moment(books);
-    const Chart chart{PrimaryGroups(books), ReadDetails(books, LedgerOrder::AsDetailed)};
-    const auto sums = SumsByLedger(books, {.from = {}, .upto = range.upto});
-    const auto asOfUpto = [&](const LedgerDetails& ledger) {
-        const Sides of = SidesOf(sums, ledger.id);
-        return ledger.ClosingBy(of.debit, of.credit);
-    };
-    const Year year = TradeAndProfit(chart, asOfUpto);
-    Rows rows = year.lines;
-    if (!BeginsTheYear(books, range)) {
-        const auto within = SumsByLedger(books, range);
-        rows = TradeAndProfit(chart, [&](const LedgerDetails& ledger) {
-                   return SidesOf(within, ledger.id).Net();
-               }).lines;
-    }
-    const Rows sheet = BalanceSheet(chart, asOfUpto, year);
-    rows.insert(rows.end(), sheet.begin(), sheet.end());
-    return rows;
+    LedgerSums sums(books);
+    if (!BeginsTheYear(books, range)) sums.Read({{.from = {}, .upto = range.upto}, range});
+    return Draw(books, range, sums);
 }
 
 std::unique_ptr<SheetOf<ResultRow>> ResultsSheet(Reading& books, const Range& range) {
@@ -177,7 +181,13 @@ std::unique_ptr<SheetOf<ResultRow>> ResultsSheet(Reading& books, const Range& ra
 }
 
 std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range) {
-    std::vector<ResultRow> rows = Results(books, range);
+    LedgerSums sums(books);
+    return StatementOf(books, statement, range, sums);
+}
+
+std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range,
+                                   LedgerSums& sums) {
+    Rows rows = Draw(books, range, sums, statement);
     std::erase_if(rows,
                   [&](const ResultRow& row) { return row.statement != statement || row.part == Part::Head; });
     return rows;

@@ -38,6 +38,9 @@ std::unique_ptr<SheetOf<ResultRow>> ResultsSheet(Reading& books, const Range& ra
 // One of the statements alone, without its head.
 const char* HeadOf(Statement statement);  // "Trading Account"
 std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range = {});
+// With sums that may have been read already: of a range that begins later than the year, in Trading and in
+// Profit & Loss, of the range; else of all up to its last day.
+std::vector<ResultRow> StatementOf(Reading& books, Statement statement, const Range& range, LedgerSums& sums);
 std::unique_ptr<SheetOf<ResultRow>> StatementSheet(Reading& books, Statement statement,
                                                    const Range& range = {});
 

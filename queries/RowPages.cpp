@@ -9,18 +9,18 @@ constexpr std::size_t Head = 1024;  // rows that are read without the keys
 
 }  // namespace
 
-RowPages::RowPages(Reading& books, const std::string& select) : window_(books.Connection(), select) {}
+RowPages::RowPages(Reading& books, const std::string& select) : books_(&books), select_(select) {}
 
 std::size_t RowPages::Count() {
-    if (!count_) count_ = keys_ ? keys_->size() : window_.Count();
+    if (!count_) count_ = keys_ ? keys_->size() : Window().Count();
     return *count_;
 }
 
 ado::KeptRows RowPages::Page(std::size_t first, std::size_t count) {
-    if (!keys_ && first + count <= Head) return window_.From(first, count);
+    if (!keys_ && first + count <= Head) return Window().From(first, count);
     const std::vector<ado::RowKey>& keys = Keys();
     first = std::min(first, keys.size());
-    return window_.Of(keys.data() + first, std::min(count, keys.size() - first));
+    return Window().Of(keys.data() + first, std::min(count, keys.size() - first));
 }
 
 std::optional<std::size_t> RowPages::PlaceOf(ado::RowKey key) {
@@ -31,7 +31,7 @@ std::optional<std::size_t> RowPages::PlaceOf(ado::RowKey key) {
 
 const std::vector<ado::RowKey>& RowPages::Keys() {
     if (!keys_) {
-        keys_ = window_.Keys();
+        keys_ = Window().Keys();
         if (count_) keys_->resize(*count_);  // as long as it was first seen; no row bears the key 0
     }
     return *keys_;

@@ -26,7 +26,10 @@ class RowPages {
   private:
     const std::vector<ado::RowKey>& Keys();
 
-    ado::RowWindow window_;
+    ado::RowWindow Window() { return books_->Window(select_); }
+
+    Reading* books_;
+    std::string select_;
     std::optional<std::size_t> count_;
     std::optional<std::vector<ado::RowKey>> keys_;
 };
@@ -83,7 +86,6 @@ class PagedSheet final : public Sheet {
         return page_.at(row - first_);
     }
     Pages& Source() { return pages_; }
-    void Forget() const { page_.clear(); }  // what was fetched: the source can tell more by now
 
   private:
     static constexpr std::size_t PageRows = 128;

@@ -6,8 +6,6 @@
 namespace queries {
 namespace {
 
-using Sums = std::map<std::int32_t, Sides>;
-
 TrialRow Named(const LedgerDetails& ledger) {
     TrialRow row;
     row.id = ledger.id;
@@ -18,7 +16,7 @@ TrialRow Named(const LedgerDetails& ledger) {
     return row;
 }
 
-TrialRow AsReported(const LedgerDetails& ledger, const Sums& sums) {
+TrialRow AsReported(const LedgerDetails& ledger, const SumsByLedger& sums) {
     TrialRow row = Named(ledger);
     const auto found = sums.find(ledger.id);
     const bool summed = found != sums.end();
@@ -28,7 +26,7 @@ TrialRow AsReported(const LedgerDetails& ledger, const Sums& sums) {
     return row;
 }
 
-TrialRow ByRows(const LedgerDetails& ledger, const Sums& before, const Sums& within) {
+TrialRow ByRows(const LedgerDetails& ledger, const SumsByLedger& before, const SumsByLedger& within) {
     TrialRow row = Named(ledger);
     row.opening += SidesOf(before, ledger.id).Net();
     const Sides of = SidesOf(within, ledger.id);
@@ -63,14 +61,25 @@ const std::vector<Filled<TrialRow>>& Columns() {
 
 std::vector<TrialRow> TrialBalance(Reading& books, const Range& range, TrialBy by) {
     const Reading::Moment moment(books);
+    LedgerSums sums(books);
+    if (by == TrialBy::Rows || !BeginsTheYear(books, range)) return TrialBalance(books, range, sums);
+    std::vector<TrialRow> rows;
+    const SumsByLedger& within = sums.Of({.from = {}, .upto = range.upto});
+    for (const LedgerDetails& ledger : ReadDetails(books, LedgerOrder::AsEntered))
+        rows.push_back(AsReported(ledger, within));
+    return rows;
+}
+
+std::vector<TrialRow> TrialBalance(Reading& books, const Range& range, LedgerSums& sums) {
+    const Reading::Moment moment(books);
     const bool whole = BeginsTheYear(books, range);
-    const Sums before =
-        whole ? Sums() : SumsByLedger(books, {.from = {}, .upto = basic::AddDays(*range.from, -1)});
-    const Sums within = SumsByLedger(books, whole ? Range{.upto = range.upto} : range);
+    const SumsByLedger none;
+    const SumsByLedger& before =
+        whole ? none : sums.Of({.from = {}, .upto = basic::AddDays(*range.from, -1)});
+    const SumsByLedger& within = sums.Of(whole ? Range{.from = {}, .upto = range.upto} : range);
     std::vector<TrialRow> rows;
     for (const LedgerDetails& ledger : ReadDetails(books, LedgerOrder::AsEntered))
-        rows.push_back(whole && by == TrialBy::Report ? AsReported(ledger, within)
-                                                      : ByRows(ledger, before, within));
+        rows.push_back(ByRows(ledger, before, within));
     return rows;
 }
 

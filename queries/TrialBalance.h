@@ -29,6 +29,8 @@ enum class TrialBy { Report, Rows };
 // Each ledger with figures in the year, in the order in which they were entered. Rows before the range go
 // into the opening balance.
 std::vector<TrialRow> TrialBalance(Reading& books, const Range& range = {}, TrialBy by = TrialBy::Report);
+// By the rows, with sums that may have been read already.
+std::vector<TrialRow> TrialBalance(Reading& books, const Range& range, LedgerSums& sums);
 std::unique_ptr<SheetOf<TrialRow>> TrialBalanceSheet(Reading& books, const Range& range = {},
                                                      TrialBy by = TrialBy::Report);
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <set>
+#include <string>
 #include <thread>
 
 #include "core/Masks.h"
@@ -40,9 +42,11 @@ std::vector<Finding> Audit::RunBesideOthers(ado::Connection& books, const Step& 
     while (std::any_of(findings.begin(), findings.end(), isPassing) &&
            std::chrono::steady_clock::now() < end) {
         std::this_thread::sleep_for(50ms);
-        const std::vector<Finding> again = ofOneMoment();
+        std::set<std::string> again;  // there may be many
+        for (Finding& finding : ofOneMoment())
+            if (finding.passing) again.insert(std::move(finding.text));
         std::erase_if(findings, [&](const Finding& finding) {
-            return finding.passing && std::find(again.begin(), again.end(), finding) == again.end();
+            return finding.passing && !again.contains(finding.text);
         });
     }
     return findings;

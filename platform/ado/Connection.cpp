@@ -9,6 +9,7 @@
 #include "platform/ado/RecordsetImpl.h"
 #include "platform/ado/store/Session.h"
 #include "platform/basic/Text.h"
+#include "platform/basic/Value.h"
 
 namespace ado {
 namespace {
@@ -39,6 +40,8 @@ void Connection::Open(std::string_view connectionString, std::string_view user, 
     const std::string file = Properties.Get("Data Source");
     session_ =
         std::make_shared<Session>(EngineFor(file), file, Properties.Get("Jet OLEDB:Database Password"));
+    if (const std::string kept = Properties.Get("Jet OLEDB:Max Buffer Size"); !kept.empty())
+        session_->engine().KeepAtMost(basic::ToLong(basic::Value(kept)));
 }
 
 void Connection::Close() {

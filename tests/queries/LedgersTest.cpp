@@ -80,7 +80,31 @@ TEST(Reading, ALongQuestionIsCancelled) {
         [&] { reading.Connection()->Execute("Select Max(LedgerCode) As High From tb_Ledger2001"); });
     EXPECT_EQ(test::ErrorOf([&] { queries::Ledgers(reading); }), ado::error::Cancelled);
     reading.GoOn();
-    EXPECT_EQ(queries::SumsByLedger(reading)[1].debit, 600);
+    EXPECT_EQ(queries::LedgerSums(reading).Of({}).at(1).debit, 600);
+}
+
+// One walk for several ranges gives each the digits that a walk of its own gives.
+TEST(LedgerSums, OfSeveralRangesAreThoseOfEach) {
+    test::QueryBooks books;
+    const int cash = books.AddLedger("Cash", "Cash In Hand"), sold = books.AddLedger("Sold", "Sales");
+    for (int row = 0; row < 60; ++row) books.Post(row, row % 3 ? cash : sold, 36980 + row, 0.1 * row - 2.3);
+    books.Run("Update tb_Ledger2001 Set LedgerTxnDate = Null Where LedgerTrnNo = 5");
+    queries::Reading reading(books.DataPath());
+    const std::vector<queries::Range> ranges{{},
+                                             {{}, queries::DateOf(37000)},
+                                             {queries::DateOf(36990), {}},
+                                             {queries::DateOf(36991), queries::DateOf(37020)}};
+    queries::LedgerSums together(reading);
+    together.Read(ranges);
+    for (const queries::Range& range : ranges) {
+        queries::LedgerSums alone(reading);
+        for (const int ledger : {cash, sold}) {
+            const queries::Sides a = queries::SidesOf(together.Of(range), ledger),
+                                 b = queries::SidesOf(alone.Of(range), ledger);
+            EXPECT_EQ(a.debit, b.debit) << queries::TitleOf(reading, range);
+            EXPECT_EQ(a.credit, b.credit) << queries::TitleOf(reading, range);
+        }
+    }
 }
 
 TEST(Reading, KnowsItsYearAndRefusesAnother) {

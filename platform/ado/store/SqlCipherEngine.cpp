@@ -23,9 +23,7 @@ constexpr const char* source = "ado.Engine";
 constexpr const char* BeginSql = "BEGIN IMMEDIATE";
 constexpr const char* CommitSql = "COMMIT";
 
-// What is kept of the file in memory, in KiB: reports read the same pages again and again.
-constexpr int PagesOfReader = 65536;
-constexpr int PagesOfWriter = 10240;  // behind a commit
+constexpr int KeptByWriter = 10240;  // KB of the file in memory, behind a commit
 
 std::string Level(int level) {
     return "qm_level_" + std::to_string(level);
@@ -105,10 +103,15 @@ void SqlCipherEngine::Configure() {
     if (store_.Ask("PRAGMA journal_mode") != "wal") store_.Ask("PRAGMA journal_mode = WAL");
     store_.Run("PRAGMA synchronous = NORMAL");
     waits_ = false;
-    store_.Run("PRAGMA cache_size = " + std::to_string(-PagesOfReader));
+    KeepAtMost(kept_);
     store_.Run("PRAGMA foreign_keys = OFF");
     store_.Run("PRAGMA temp_store = MEMORY");
     ChangedByOthers();
+}
+
+void SqlCipherEngine::KeepAtMost(int kb) {
+    kept_ = kb;
+    store_.Run("PRAGMA cache_size = " + std::to_string(-kb));
 }
 
 void SqlCipherEngine::Close() {
@@ -294,9 +297,9 @@ void SqlCipherEngine::CopyTo(const std::string& file, const std::string& passwor
 void SqlCipherEngine::DropPages() {
     int used = 0, highest = 0;
     sqlite3_db_status(store_.Get(), SQLITE_DBSTATUS_CACHE_USED, &used, &highest, 0);
-    if (used / 1024 <= PagesOfWriter) return;
-    for (const int pages : {PagesOfWriter / 2, PagesOfReader})
-        store_.Run("PRAGMA cache_size = " + std::to_string(-pages));
+    if (used / 1024 <= KeptByWriter) return;
+    const int kept = kept_;
+    for (const int kb : {KeptByWriter / 2, kept}) KeepAtMost(kb);
 }
 
 // Switched only when the other kind of write comes, so that a stream of either kind pays nothing for it.

@@ -23,6 +23,7 @@ class SqlCipherEngine final : public Engine {
 
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
+    void KeepAtMost(int kb) override;
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
     const StoreSql& Sql() const override { return sql_; }
     std::int64_t Changes() const override;
@@ -72,6 +73,7 @@ class SqlCipherEngine final : public Engine {
     SqlHandle store_;
     SqlCipherSql sql_;
     std::string notice_;
+    int kept_ = 65536;           // KB of the file in memory: reports read the same pages again and again
     bool waits_ = false;         // a commit waits until it is on disk
     bool looseWritten_ = false;  // writes outside transactions may still be on their way to the disk
     int changesAtBegin_ = 0;
