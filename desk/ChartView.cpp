@@ -56,6 +56,7 @@ ChartView::ChartView(QWidget* parent) : QChartView(parent) {
     setMouseTracking(true);
     setRenderHint(QPainter::Antialiasing);
     setFrameShape(QFrame::NoFrame);
+    setViewportUpdateMode(FullViewportUpdate);  // the mark lies over all items, and moves with their layout
     setMinimumHeight(170);
     chart()->legend()->hide();
     chart()->setMargins({0, 8, 0, 0});

@@ -31,7 +31,7 @@ VoucherChips::VoucherChips(const queries::Range& year, std::function<std::vector
     words_->setPlaceholderText(tr("Words in the narration   Ctrl+F"));
     words_->setAccessibleName(tr("Words in the narration"));
     words_->setClearButtonEnabled(true);
-    words_->setMinimumWidth(140);
+    words_->setMinimumWidth(80);
     row->addWidget(words_, 1);
     typed_.setSingleShot(true);
     typed_.setInterval(TypingPause);

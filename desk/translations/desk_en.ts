@@ -1638,13 +1638,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Adding up…</translation>
         </message>
         <message numerus="yes">
-            <source>Sorting %Ln row(s)…</source>
-            <translation>
-                <numerusform>Sorting %Ln row…</numerusform>
-                <numerusform>Sorting %Ln rows…</numerusform>
-            </translation>
-        </message>
-        <message numerus="yes">
             <source>%Ln row(s)</source>
             <translation>
                 <numerusform>%Ln row</numerusform>
@@ -1670,6 +1663,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>F5 asks again.</source>
             <translation>F5 asks again.</translation>
+        </message>
+        <message>
+            <source>Sorting %1 rows…</source>
+            <translation>Sorting %1 rows…</translation>
         </message>
     </context>
     <context>
