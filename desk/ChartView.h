@@ -45,6 +45,11 @@ class ChartView : public QChartView {
     std::function<void(Place)> Activated;  // Enter, a space or a click on a figure
     std::function<void()> Moved;           // another figure is marked
 
+    // As a plain widget: what scrolls to the focus then shows the chart, not the place of a cursor in it.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+        return QWidget::inputMethodQuery(query);
+    }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -25,5 +25,6 @@ class ItemPage : public Page {
 
 // How any list of movements is shown and opens what stands in a line.
 void ShowMovements(Desk& desk, SheetView& view);
+void AskForMovements(SheetView& view, const queries::MovementFilter& filter);
 
 }  // namespace desk

@@ -32,6 +32,12 @@ constexpr int RowHeight = 30;
 constexpr std::size_t Near = 100, OpenAtFirst = 60;
 constexpr std::size_t Few = 20'000;  // rows that are sorted and summed within a moment
 
+ShownSheet::Order Ordered(const queries::Sheet& sheet, int column, bool descending, Worker::Job& job) {
+    job.Total = sheet.Rows();
+    return OrderBy(sheet, static_cast<std::size_t>(column), descending,
+                   [&job](std::size_t row) { job.Step(row); });
+}
+
 }  // namespace
 
 SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
@@ -189,11 +195,24 @@ void SheetView::Answer() {
         if (!desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); })) TellUnread();
         return;
     }
-    const auto answer = std::make_shared<SheetPtr>();
+    struct Made {
+        SheetPtr Sheet;
+        std::optional<ShownSheet::Order> Order;
+    };
+    const auto made = std::make_shared<Made>();
+    const int column = SortBy ? -1 : sortColumn_;
     InBackground(
         tr("Adding up\u2026"),
-        [make = make_, answer](queries::Reading& books, Worker::Job& job) { *answer = make(books, job); },
-        [this, answer] { Take(*answer); }, [this] { TellUnread(); });
+        [make = make_, made, column, down = descending_](queries::Reading& books, Worker::Job& job) {
+            const queries::Reading::Moment moment(books);
+            made->Sheet = make(books, job);
+            if (column >= 0) made->Order = Ordered(*made->Sheet, column, down, job);
+        },
+        [this, made] {
+            made->Sheet->ReadBy(desk_.Books().Reading());
+            Put(std::make_shared<ShownSheet>(made->Sheet, std::move(made->Order)));
+        },
+        [this] { TellUnread(); });
 }
 
 // The rows of the question before would stand below the words of the new one.
@@ -224,16 +243,18 @@ void SheetView::Sort(int column) {
 
 // A long sheet is made once more on the worker, and only the order comes back.
 void SheetView::SortShown(SheetPtr sheet) {
-    const auto column = static_cast<std::size_t>(sortColumn_);
-    if (sheet->Rows() <= Few || slowly_) {
-        ShownSheet::Order order = OrderBy(*sheet, column, descending_);
+    if (sheet->Rows() <= Few) {
+        Worker::Job job;
+        ShownSheet::Order order = Ordered(*sheet, sortColumn_, descending_, job);
         return Put(std::make_shared<ShownSheet>(std::move(sheet), std::move(order)));
     }
     const auto order = std::make_shared<ShownSheet::Order>();
     InBackground(
-        tr("Sorting %Ln row(s)\u2026", nullptr, static_cast<int>(sheet->Rows())),
-        [make = make_, order, column, down = descending_](queries::Reading& books, Worker::Job& job) {
-            *order = OrderBy(*make(books, job), column, down);
+        tr("Sorting %1 rows\u2026").arg(QLocale().toString(qulonglong(sheet->Rows()))),
+        [make = make_, order, column = sortColumn_, down = descending_](queries::Reading& books,
+                                                                        Worker::Job& job) {
+            const queries::Reading::Moment moment(books);
+            *order = Ordered(*make(books, job), column, down, job);
         },
         [this, sheet, order] {
             if (order->size() == sheet->Rows()) Put(std::make_shared<ShownSheet>(sheet, std::move(*order)));

@@ -51,8 +51,7 @@ class SheetView : public QWidget {
     std::function<void(std::size_t column, bool descending)> SortBy;
 
     // Asks for the sheet and shows it from its first row: at once, or on the worker where the answer takes
-    // long and is held whole (never a sheet that reads by window: it stays with the connection it was made
-    // with).
+    // long. A sheet that reads by window is handed over then, and reads on through the connection that shows.
     void Ask(Making make);
     void AskSlowly(Making make);
     void AskSlowly(SlowMaking make);  // which tells the job how far it is

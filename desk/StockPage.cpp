@@ -84,10 +84,10 @@ void StockPage::AddItems() {
 void StockPage::AddMovements() {
     SheetView& view = AddTab(tr("Mo&vements"), "movements", SheetView::Shape::Table, [this](SheetView& of) {
         const char* const types[] = {"", "Receipt", "Issue"};
-        const queries::MovementFilter filter{
-            .days = period_->Days(), .type = types[type_->Choice()], .words = Words()};
-        of.AskSlowly([filter](queries::Reading& books) { return queries::MovementsSheet(books, filter); });
+        AskForMovements(
+            of, {.days = period_->Days(), .type = types[type_->Choice()], .item = {}, .words = Words()});
     });
+    view.Columns().HideAtFirst({"item"});
     ShowMovements(desk(), view);
 }
 
@@ -97,6 +97,7 @@ void StockPage::AddOrders() {
             .days = period_->Days(), .outstanding = open_->Choice() > 0, .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::OrdersSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"item"});
     FindBy<queries::OrderRow>(view, [](const queries::OrderRow& row) {
         return std::to_string(row.number) + ' ' + std::to_string(row.item.value_or(0));
     });
@@ -108,6 +109,7 @@ void StockPage::AddBills() {
         const queries::BillFilter filter{.days = period_->Days(), .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::BillsSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"order", "narration"});
     FindBy<queries::BillRow>(
         view, [](const queries::BillRow& row) { return std::to_string(row.receipt) + ' ' + row.bill; });
     view.Activated = [this, &view](std::size_t row) {

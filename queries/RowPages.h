@@ -22,6 +22,8 @@ class RowPages {
     std::size_t Count();                                       // counted once
     ado::KeptRows Page(std::size_t first, std::size_t count);  // fewer at the end
     std::optional<std::size_t> PlaceOf(ado::RowKey key);       // of a row that a page gave
+    void Settle() { Keys(); }                                  // what takes long is read now
+    void ReadBy(Reading& books) { books_ = &books; }           // from now on
 
   private:
     const std::vector<ado::RowKey>& Keys();
@@ -51,14 +53,17 @@ class Windowed {
     }
     // Where in the list a row stands that Page gave, by its key.
     std::optional<std::size_t> PlaceOf(ado::RowKey key) { return pages_.PlaceOf(key); }
+    void Settle() { pages_.Settle(); }
+    void ReadBy(Reading& books) { pages_.ReadBy(books); }
 
   private:
     RowPages pages_;
     Make make_;
 };
 
-// A sheet that fetches the rows it is asked for: `Pages` has Count and Page as above. It reads through the
-// Reading it was made with, which outlives it. Who writes it all out holds a Moment around that.
+// A sheet that fetches the rows it is asked for: `Pages` has Count, Page and ReadBy as above. It reads
+// through the Reading it was made with, or was told last, which outlives it. Who writes it all out holds a
+// Moment around that.
 template <class Row, class Pages>
 class PagedSheet final : public Sheet {
   public:
@@ -76,6 +81,7 @@ class PagedSheet final : public Sheet {
     basic::Value At(std::size_t row, std::size_t column) const override {
         return values_.at(column)(Typed(row));
     }
+    void ReadBy(Reading& books) const override { pages_.ReadBy(books); }
     // Valid until another row is asked for.
     const Row& Typed(std::size_t row) const {
         if (row < first_ || row >= first_ + page_.size()) {
@@ -85,7 +91,7 @@ class PagedSheet final : public Sheet {
         }
         return page_.at(row - first_);
     }
-    Pages& Source() { return pages_; }
+    Pages& Source() const { return pages_; }
 
   private:
     static constexpr std::size_t PageRows = 128;

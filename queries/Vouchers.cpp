@@ -97,6 +97,14 @@ VoucherLines Vouchers(Reading& books, const VoucherFilter& filter, VoucherOrder 
             Line};
 }
 
+bool IsQuick(const VoucherFilter& filter, VoucherOrder order) {
+    if (filter.number) return true;
+    if (filter.type || !filter.group.empty() || filter.least || filter.most || !filter.words.empty())
+        return false;
+    const bool narrowed = filter.ledger || filter.days.from || filter.days.upto;
+    return order == VoucherOrder::Date || (order == VoucherOrder::Number && !narrowed);
+}
+
 VoucherSums SumVouchers(Reading& books, const VoucherFilter& filter) {
     const auto sums =
         books.Select("Select Sum(1) As Lines, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +

@@ -1522,13 +1522,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>Adding up…</translation>
         </message>
         <message numerus="yes">
-            <source>Sorting %Ln row(s)…</source>
-            <translation>
-                <numerusform>Sorting %Ln row…</numerusform>
-                <numerusform>Sorting %Ln rows…</numerusform>
-            </translation>
-        </message>
-        <message numerus="yes">
             <source>%Ln row(s)</source>
             <translation>
                 <numerusform>%Ln row</numerusform>
@@ -1554,6 +1547,10 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>F5 asks again.</source>
             <translation>F5 asks again.</translation>
+        </message>
+        <message>
+            <source>Sorting %1 rows…</source>
+            <translation>Sorting %1 rows…</translation>
         </message>
     </context>
     <context>

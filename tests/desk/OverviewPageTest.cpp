@@ -85,4 +85,16 @@ TEST(FindingsTest, AFindingLeadsToTheRecordThatItNames) {
     for (const auto& [text, record] : cases) EXPECT_EQ(desk::RecordOf(text, "2001"), record) << text;
 }
 
+TEST_F(OverviewPageTest, AChartThatTabComesToIsSeenWhole) {
+    StartOnSample();
+    desk->resize(800, 600);
+    QCoreApplication::processEvents();
+    for (const char* const chart :
+         {"Sales and purchases", "Receipts and payments", "Owed and owing by age"}) {
+        TabToCard(chart);
+        auto& view = *dynamic_cast<desk::ChartView*>(desk->focusWidget());
+        EXPECT_EQ(view.viewport()->visibleRegion().boundingRect(), view.viewport()->rect()) << chart;
+    }
+}
+
 }  // namespace
