@@ -35,24 +35,38 @@ QString Plain(QString text) {
     return text.replace(link, "\\1").remove('`');
 }
 
-// Of the tables that have a number, a text, a cause and a cure.
+// A cell of a table without numbers lists texts that are alike; one with a semicolon in it stands alone.
+void AddWithoutNumber(std::vector<Line>& lines, const QStringList& cells) {
+    const Cure what{Plain(cells[1]), Plain(cells[2])};
+    const QString number = QString::number(basic::error::InvalidCall);
+    lines.push_back({number, Pattern(cells[0]), what});
+    for (const QString& text : cells[0].split("; "))
+        if (text != cells[0] && text.contains(' ') && !text.startsWith("..."))
+            lines.push_back({number, Pattern(text), what});
+}
+
+// Of the tables that have a text, a cause and a cure, and mostly a number.
 std::vector<Line> ReadLines() {
     QFile file(":/desk/errors.md");
     std::vector<Line> lines;
     if (!file.open(QIODevice::ReadOnly)) return lines;
-    bool wanted = false;
+    const QStringList numbered{"Number", "Text", "Cause", "Cure"};
+    QStringList head;
     for (const QString& row : QString::fromUtf8(file.readAll()).split('\n')) {
         if (!row.startsWith('|')) {
-            wanted = false;
+            head.clear();
             continue;
         }
         QStringList cells = row.mid(1, row.size() - 2).split('|');
         for (QString& cell : cells) cell = cell.trimmed();
-        if (cells == QStringList{"Number", "Text", "Cause", "Cure"}) {
-            wanted = true;
-        } else if (wanted && cells.size() == 4 && !cells[0].startsWith("--")) {
+        if (head.isEmpty())
+            head = cells;
+        else if (cells.size() != head.size() || cells[0].startsWith("--"))
+            continue;
+        else if (head == numbered)
             lines.push_back({cells[0], Pattern(cells[1]), {Plain(cells[2]), Plain(cells[3])}});
-        }
+        else if (head == numbered.mid(1))
+            AddWithoutNumber(lines, cells);
     }
     return lines;
 }

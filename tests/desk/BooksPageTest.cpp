@@ -34,7 +34,7 @@ TEST_F(BooksPageTest, ABackupIsVerifiedToldFromBooksThatMovedOnAndRestored) {
     Shown().Verify(file);
     WaitForNotice("The books hold something else by now.");
     Shown().BackUp(file);
-    WaitForNotice("a backup never overwrites");
+    WaitForNotice("a backup never overwrites\nWhy: a file of that name stands there. What to do: name a new file.");
     EXPECT_NE(Lines(), "142");
     Shown().Restore(file);
     WaitForNotice("Restored from");
