@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <fstream>
+#include <memory>
 #include <utility>
 
 #include "core/modGeneral.h"
@@ -241,7 +242,10 @@ void DeskTour::Walk(desk::DeskWindow& desk, const Visit& visit) const {
     ShowLists(walker);
     walker.Go("books");
     for (const auto& [name, file] : {std::pair("import", list_), std::pair("import-faults", faults_)})
-        walker.Push(new desk::ImportPage(desk, "items", file.string()), name);
+        walker.Push(new desk::ImportPage(desk, std::make_shared<host::IncomingFile>(
+                                                   host::IncomingFile::Source{.kind = "items", .file = file},
+                                                   desk.Books().Host(), [](std::size_t, std::size_t) {})),
+                    name);
     ShowWindow(walker);
     ShowFindings(walker);
     walker.Open(fresh_);
