@@ -128,6 +128,10 @@ std::optional<std::string> Books::OtherYear() {
     return current.empty() || current == YearInForce() ? std::nullopt : std::optional(current);
 }
 
+bool Books::Changed() {
+    return AreOpen() && qm::Conn().TransDepth() == 0 && reading_->ChangedByOthers();
+}
+
 void Books::SwitchYear(const std::string& shortForm) {
     if (host::CurrentYear() != shortForm &&
         !host::AllOrNothing([&] { return host_->SetGetFinancialYear(shortForm) == shortForm; }))

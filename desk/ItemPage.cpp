@@ -40,6 +40,7 @@ void AskForMovements(SheetView& view, const queries::MovementFilter& filter) {
 ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
     : Page(desk, name), view_(new SheetView(desk, "item")) {
     SetSubtitle(tr("Receipts and issues, with the stock behind each"));
+    view_->Columns().HideAtFirst({"item", "name"});
     ShowMovements(desk, *view_);
     view_->SetEmpty(tr("This item has not moved in this year"),
                     tr("F6 enters a receipt of goods, F7 an issue."));

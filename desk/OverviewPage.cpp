@@ -87,6 +87,9 @@ void OverviewPage::MakeCards() {
         }));
     ages_ = new ChartCard(desk(), "overviewAges", tr("Owed and owing by age"),
                           [this](ChartView::Place place) { OpenAge(place); });
+    money_->Table().Columns().HideAtFirst({"upto"});
+    trade_->Table().Columns().HideAtFirst({"upto", "receipts", "payments"});
+    paid_->Table().Columns().HideAtFirst({"upto", "sales", "purchases"});
     const auto openParty = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); };
     parties_ = new ListCard(desk(), {.Name = "overviewParties",
                                      .Title = tr("The largest parties"),

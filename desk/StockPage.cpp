@@ -87,6 +87,7 @@ void StockPage::AddMovements() {
         AskForMovements(
             of, {.days = period_->Days(), .type = types[type_->Choice()], .item = {}, .words = Words()});
     });
+    view.Columns().HideAtFirst({"item"});
     ShowMovements(desk(), view);
 }
 
@@ -96,6 +97,7 @@ void StockPage::AddOrders() {
             .days = period_->Days(), .outstanding = open_->Choice() > 0, .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::OrdersSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"item"});
     FindBy<queries::OrderRow>(view, [](const queries::OrderRow& row) {
         return std::to_string(row.number) + ' ' + std::to_string(row.item.value_or(0));
     });
@@ -107,6 +109,7 @@ void StockPage::AddBills() {
         const queries::BillFilter filter{.days = period_->Days(), .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::BillsSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"order", "narration"});
     FindBy<queries::BillRow>(
         view, [](const queries::BillRow& row) { return std::to_string(row.receipt) + ' ' + row.bill; });
     view.Activated = [this, &view](std::size_t row) {

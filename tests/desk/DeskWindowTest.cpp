@@ -109,6 +109,10 @@ TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
     EXPECT_THAT(Told(),
                 testing::AllOf(testing::HasSubstr("Could not find the books file '/nowhere/QmAccount.mdb'."),
                                testing::HasSubstr("What to do: correct dataPath, or lay down books")));
+    EXPECT_EQ(Title(), "Overview");  // of the books from before
+    desk->Books().Close();
+    desk->OpenBooks("/nowhere");
+    EXPECT_THAT(Told(), testing::HasSubstr("Could not find the books file"));
     EXPECT_EQ(Title(), "none");
     Key(Qt::Key_Escape);
     EXPECT_EQ(Told(), "nothing");
