@@ -107,7 +107,10 @@ void ImportPage::AddRows() {
     rows_->SetTotals(tr("%Ln row(s) in the file", nullptr, static_cast<int>(file_->Rows().size())), {});
     rows_->Activated = [this](std::size_t row) { ShowFaultOf(row); };
     rows_->View().setAccessibleName(tr("Rows of the file"));
-    if (!faults_) AddToHead(rows_->Buttons());
+    if (faults_)
+        rows_->Buttons()->hide();  // the head has those of the faults
+    else
+        AddToHead(rows_->Buttons());
     Body().addWidget(rows_, 3);
 }
 

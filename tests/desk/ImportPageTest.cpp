@@ -74,6 +74,7 @@ TEST_F(ImportPageTest, EnterGoesFromAFaultToItsRowAndBackAndAMendedFileIsChecked
     ASSERT_TRUE(QTest::qWaitFor([&] { return Title() == "Import of ledgers"; }));
     EXPECT_EQ(View(true).TotalsText().toStdString(), "2 faults");
     EXPECT_EQ(Marked(true), "40|group");
+    EXPECT_FALSE(View(false).Buttons()->isVisible());  // over the rows
     Key(Qt::Key_Down);
     Key(Qt::Key_Return);
     EXPECT_TRUE(HasFocus(false));
