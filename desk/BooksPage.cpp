@@ -116,7 +116,9 @@ void BooksPage::MakeCards(QVBoxLayout& column) {
     backup_ = card(tr("Backup"), "backup");
     SetFirstFocus(&backup_->AddButton(tr("&Back up\u2026"), [this] { AskForBackup(); }));
     backup_->AddButton(tr("&Verify\u2026"), [this] {
-        const QString file = QFileDialog::getOpenFileName(this, tr("Backup to verify"));
+        const auto last = LastBackup::Of(this->desk().Books().Address());
+        const QString file =
+            QFileDialog::getOpenFileName(this, tr("Backup to verify"), last ? last->File : QDir::homePath());
         if (!file.isEmpty()) Verify(Path(file));
     });
     backup_->AddButton(tr("&Restore\u2026"), [this] { AskForRestore(); });

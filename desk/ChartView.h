@@ -39,6 +39,7 @@ class ChartView : public QChartView {
     void Set(ChartData drawn);
     const ChartData& Data() const { return data_; }
     Place Marked() const { return marked_; }
+    void Mark(Place place);
     QString MarkedText() const;  // "April 2001, Sales: 1,20,000.00"
     QColor ColourOf(std::size_t line) const;
 
@@ -63,7 +64,6 @@ class ChartView : public QChartView {
     void Draw();
     void AddAxes();
     bool IsFlat() const;  // nothing but noughts
-    void Mark(Place place);
     std::optional<Place> At(const QPointF& position) const;
     QRectF BoxOf(Place place) const;
     double Figure(Place place) const { return data_.Lines[place.Line].Figures[place.Point]; }

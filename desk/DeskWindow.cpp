@@ -500,9 +500,13 @@ Found DeskWindow::HitOf(const queries::SearchHit& hit) {
                         Try([&] { Push(new StatementPage(*this, id, text)); });
                     }};
         case queries::SearchHit::Kind::Item:
-            return {tr("Item"), text, detail, screen("ItemMaster", {})};
+            return {tr("Item"), text, detail, screen("ItemMaster", number)};
         case queries::SearchHit::Kind::Bill:
             return {tr("Bill"), text, detail, screen("frmReceipt", number)};
+        case queries::SearchHit::Kind::OrderBill:
+            return {tr("Bill"), text, detail, screen("frmPO", number)};
+        case queries::SearchHit::Kind::Order:
+            return {tr("Order"), text, detail, screen("frmPO", number)};
     }
     return {};
 }

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QVBoxLayout>
+#include <string>
 
 #include "desk/SheetView.h"
 
@@ -24,8 +25,16 @@ void ShowMovements(Desk& desk, SheetView& view) {
     };
     view.Activated = [&desk, &view](std::size_t row) {
         const queries::MovementRow line = Movements(*view.Sheet()).Typed(row);
-        desk.OpenScreen(line.type == "Issue" ? "frmIssues" : "frmReceipt", std::to_string(line.number));
+        if (line.type == "Issue") return desk.OpenScreen("frmIssues", std::to_string(line.number));
+        OpenReceipt(desk, line.number, line.order);
     };
+}
+
+void OpenReceipt(Desk& desk, std::int32_t receipt, std::optional<std::int32_t> order) {
+    if (order.value_or(0) > 0)
+        desk.OpenScreen("frmPO", std::to_string(*order));
+    else
+        desk.OpenScreen("frmReceipt", std::to_string(receipt));
 }
 
 void AskForMovements(SheetView& view, const queries::MovementFilter& filter) {
@@ -44,6 +53,8 @@ ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
     ShowMovements(desk, *view_);
     view_->SetEmpty(tr("This item has not moved in this year"),
                     tr("F6 enters a receipt of goods, F7 an issue."));
+    AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M),
+              [this, item] { this->desk().OpenScreen("ItemMaster", std::to_string(item)); });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
     view_->View().setAccessibleName(Title());

@@ -161,10 +161,18 @@ void SheetView::AddKey(const QKeySequence& key, const std::function<void()>& act
 }
 
 void SheetView::SetEmpty(const QString& title, const QString& text) {
-    const bool stands = empty_ && stack_->currentWidget() == empty_;
-    delete std::exchange(empty_, new EmptyState(title, text));
+    QWidget* const before = std::exchange(empty_, new EmptyState(title, text));
     stack_->addWidget(empty_);
-    if (stands) stack_->setCurrentWidget(empty_);
+    if (before && stack_->currentWidget() == before) Turn(empty_);
+    delete before;
+}
+
+// The keys stay with the list, also while it is empty.
+void SheetView::Turn(QWidget* to) {
+    const QWidget* const at = window()->focusWidget();
+    const bool hadFocus = at == stack_->currentWidget() || stack_->currentWidget()->isAncestorOf(at);
+    stack_->setCurrentWidget(to);
+    if (hadFocus) to->setFocus();
 }
 
 void SheetView::Ask(Making make) {
@@ -182,6 +190,12 @@ void SheetView::AskSlowly(SlowMaking make) {
     make_ = std::move(make);
     slowly_ = true;
     isNew_ = isOld_ = true;
+    Answer();
+}
+
+void SheetView::AskAgain(Making make) {
+    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
+    slowly_ = false;
     Answer();
 }
 
@@ -221,7 +235,7 @@ void SheetView::TellUnread() {
     columns_->Drop();
     model_.Set(nullptr);
     totals_->hide();
-    stack_->setCurrentWidget(unread_);
+    Turn(unread_);
 }
 
 void SheetView::Take(SheetPtr sheet) {
@@ -274,7 +288,7 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
     isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
-    stack_->setCurrentWidget(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
+    Turn(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
     totals_->setVisible(rows > 0);
     totalsSet_ = false;
     if (Filled) Filled();

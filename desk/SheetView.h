@@ -55,6 +55,7 @@ class SheetView : public QWidget {
     void Ask(Making make);
     void AskSlowly(Making make);
     void AskSlowly(SlowMaking make);  // which tells the job how far it is
+    void AskAgain(Making make);       // as Ask, but to the same row
     void Refresh();                   // the same question again, to the same row
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
@@ -91,6 +92,7 @@ class SheetView : public QWidget {
     void MakeView(Shape shape, const QString& name);
     void MakeButtons();
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
+    void Turn(QWidget* to);  // to the rows or to why there are none
     void Answer();
     void TellUnread();
     void Take(SheetPtr sheet);

@@ -53,6 +53,7 @@ Keys KeysOf(const queries::Sheet& sheet, std::size_t column, const std::function
     Keys keys;
     Texts texts;
     const bool isText = sheet.Columns()[column].kind == queries::Kind::Text;
+    keys.Figures.reserve(sheet.Rows());
     for (std::size_t row = 0; row < sheet.Rows(); ++row) {
         if (step) step(row);
         const basic::Value value = sheet.At(row, column);

@@ -33,6 +33,7 @@ void FindBy(SheetView& view, Key key) {
 }  // namespace
 
 StockPage::StockPage(Desk& desk) : TabPage(desk, tr("Stock")), words_(new QLineEdit(this)) {
+    AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] { Change(); });
     AddFilters();
     AddItems();
     AddMovements();
@@ -81,6 +82,14 @@ void StockPage::AddItems() {
     };
 }
 
+// The record of the line on the module's screen.
+void StockPage::Change() {
+    const auto row = View().Current();
+    if (!row) return;
+    if (Tab() != Items) return View().Activated(*row);
+    desk().OpenScreen("ItemMaster", std::to_string(RowOf<queries::ItemRow>(View(), *row).id));
+}
+
 void StockPage::AddMovements() {
     SheetView& view = AddTab(tr("Mo&vements"), "movements", SheetView::Shape::Table, [this](SheetView& of) {
         const char* const types[] = {"", "Receipt", "Issue"};
@@ -101,7 +110,9 @@ void StockPage::AddOrders() {
     FindBy<queries::OrderRow>(view, [](const queries::OrderRow& row) {
         return std::to_string(row.number) + ' ' + std::to_string(row.item.value_or(0));
     });
-    view.Activated = [this](std::size_t) { desk().OpenScreen("frmPO"); };
+    view.Activated = [this, &view](std::size_t row) {
+        desk().OpenScreen("frmPO", std::to_string(RowOf<queries::OrderRow>(view, row).number));
+    };
 }
 
 void StockPage::AddBills() {
@@ -113,7 +124,8 @@ void StockPage::AddBills() {
     FindBy<queries::BillRow>(
         view, [](const queries::BillRow& row) { return std::to_string(row.receipt) + ' ' + row.bill; });
     view.Activated = [this, &view](std::size_t row) {
-        desk().OpenScreen("frmReceipt", std::to_string(RowOf<queries::BillRow>(view, row).receipt));
+        const auto bill = RowOf<queries::BillRow>(view, row);
+        OpenReceipt(desk(), bill.receipt, bill.order);
     };
 }
 

@@ -158,7 +158,8 @@ MovementLines::MovementLines(Reading& books, const MovementFilter& filter, const
     const std::string one = filter.item ? " Where ItemLedItemID = " + std::to_string(*filter.item) : "";
     Pass pass(*this, filter);
     const ado::RowWindow window = StockWindow(books, select_ + one);
-    const std::size_t all = step ? window.Count() : 0;
+    const std::size_t all = window.Count();
+    lines_.reserve(all);
     std::size_t done = 0;
     window.Each([&](const ado::KeptRows& rows) {
         pass.Take(rows);

@@ -17,7 +17,13 @@ namespace queries {
 // that is gone meanwhile reads Null.
 class RowPages {
   public:
-    RowPages(Reading& books, const std::string& select);
+    // How the keys come into an order that no index has, in less memory than the store would take: `select`
+    // is of the same rows, of an amount and a day, without an order; equal amounts stand by day.
+    struct ByAmount {
+        std::string select;
+        bool descending = false;
+    };
+    RowPages(Reading& books, const std::string& select, std::optional<ByAmount> byAmount = {});
 
     std::size_t Count();                                       // counted once
     ado::KeptRows Page(std::size_t first, std::size_t count);  // fewer at the end
@@ -27,11 +33,13 @@ class RowPages {
 
   private:
     const std::vector<ado::RowKey>& Keys();
+    std::vector<ado::RowKey> KeysByAmount();
 
     ado::RowWindow Window() { return books_->Window(select_); }
 
     Reading* books_;
     std::string select_;
+    std::optional<ByAmount> byAmount_;
     std::optional<std::size_t> count_;
     std::optional<std::vector<ado::RowKey>> keys_;
 };
@@ -42,7 +50,9 @@ class Windowed {
   public:
     using Make = Row (*)(const ado::KeptRows& rows, std::int64_t row);
 
-    Windowed(Reading& books, const std::string& select, Make make) : pages_(books, select), make_(make) {}
+    Windowed(Reading& books, const std::string& select, Make make,
+             std::optional<RowPages::ByAmount> byAmount = {})
+        : pages_(books, select, std::move(byAmount)), make_(make) {}
 
     std::size_t Count() { return pages_.Count(); }
     std::vector<Row> Page(std::size_t first, std::size_t count) {

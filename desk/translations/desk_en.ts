@@ -472,6 +472,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>The books are being put in their place…</source>
             <translation>The books are being put in their place…</translation>
         </message>
+        <message>
+            <source>Order</source>
+            <translation>Order</translation>
+        </message>
     </context>
     <context>
         <name>desk::FindingsPage</name>
@@ -945,6 +949,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>F6 enters a receipt of goods, F7 an issue.</source>
             <translation>F6 enters a receipt of goods, F7 an issue.</translation>
         </message>
+        <message>
+            <source>Change</source>
+            <translation>Change</translation>
+        </message>
     </context>
     <context>
         <name>desk::JobBar</name>
@@ -1101,16 +1109,16 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>The largest parties</translation>
         </message>
         <message>
-            <source>they owe, %1</source>
-            <translation>they owe, %1</translation>
-        </message>
-        <message>
-            <source>we owe, %1</source>
-            <translation>we owe, %1</translation>
-        </message>
-        <message>
             <source>Items to reorder</source>
             <translation>Items to reorder</translation>
+        </message>
+        <message>
+            <source>Sales and purchases</source>
+            <translation>Sales and purchases</translation>
+        </message>
+        <message>
+            <source>Receipts and payments</source>
+            <translation>Receipts and payments</translation>
         </message>
     </context>
     <context>
@@ -1195,22 +1203,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>%1, %2</source>
             <translation>%1, %2</translation>
         </message>
-        <message>
-            <source>Parties</source>
-            <translation>Parties</translation>
-        </message>
-        <message>
-            <source>In debit they owe; with a minus it is owed to them</source>
-            <translation>In debit they owe; with a minus it is owed to them</translation>
-        </message>
-        <message>
-            <source>Parties: %1</source>
-            <translation>Parties: %1</translation>
-        </message>
-        <message>
-            <source>Nothing is open of this age</source>
-            <translation>Nothing is open of this age</translation>
-        </message>
     </context>
     <context>
         <name>desk::PageList</name>
@@ -1265,10 +1257,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Change</translation>
         </message>
         <message>
-            <source>&amp;Older than</source>
-            <translation>&amp;Older than</translation>
-        </message>
-        <message>
             <source>&amp;Any age</source>
             <translation>&amp;Any age</translation>
         </message>
@@ -1305,14 +1293,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>As of %1; a minus is what we owe</translation>
         </message>
         <message>
-            <source>Nothing is that old</source>
-            <translation>Nothing is that old</translation>
-        </message>
-        <message>
-            <source>No balance has a part older than %1 days. Alt+O chooses another age.</source>
-            <translation>No balance has a part older than %1 days. Alt+O chooses another age.</translation>
-        </message>
-        <message>
             <source>Nobody has a balance here</source>
             <translation>Nobody has a balance here</translation>
         </message>
@@ -1320,16 +1300,36 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Parties are ledgers of Debtors and Suppliers: F4 adds them.</source>
             <translation>Parties are ledgers of Debtors and Suppliers: F4 adds them.</translation>
         </message>
+        <message>
+            <source>H&amp;ow old</source>
+            <translation>H&amp;ow old</translation>
+        </message>
+        <message>
+            <source>&amp;Up to 30 days</source>
+            <translation>&amp;Up to 30 days</translation>
+        </message>
+        <message>
+            <source>31 &amp;to 60 days</source>
+            <translation>31 &amp;to 60 days</translation>
+        </message>
+        <message>
+            <source>61 to 90 &amp;days</source>
+            <translation>61 to 90 &amp;days</translation>
+        </message>
+        <message>
+            <source>Nothing is of that age</source>
+            <translation>Nothing is of that age</translation>
+        </message>
+        <message>
+            <source>No balance has a part of the age that is asked for. Alt+O chooses another.</source>
+            <translation>No balance has a part of the age that is asked for. Alt+O chooses another.</translation>
+        </message>
     </context>
     <context>
         <name>desk::PeriodChip</name>
         <message>
             <source>&amp;Period</source>
             <translation>&amp;Period</translation>
-        </message>
-        <message>
-            <source>Whole year</source>
-            <translation>Whole year</translation>
         </message>
         <message>
             <source>From</source>
@@ -1342,6 +1342,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Show these days</source>
             <translation>Show these days</translation>
+        </message>
+        <message>
+            <source>&amp;Whole year</source>
+            <translation>&amp;Whole year</translation>
         </message>
     </context>
     <context>
@@ -1813,6 +1817,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>A receipt of goods brings its bill: F6.</source>
             <translation>A receipt of goods brings its bill: F6.</translation>
         </message>
+        <message>
+            <source>Change</source>
+            <translation>Change</translation>
+        </message>
     </context>
     <context>
         <name>desk::VoucherChips</name>
@@ -1831,10 +1839,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>&amp;Ledger</source>
             <translation>&amp;Ledger</translation>
-        </message>
-        <message>
-            <source>A&amp;mount</source>
-            <translation>A&amp;mount</translation>
         </message>
         <message>
             <source>Show &amp;all</source>
@@ -1883,6 +1887,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>up to %1</source>
             <translation>up to %1</translation>
+        </message>
+        <message>
+            <source>Amou&amp;nt</source>
+            <translation>Amou&amp;nt</translation>
         </message>
     </context>
     <context>
