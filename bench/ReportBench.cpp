@@ -1,5 +1,7 @@
 // The reports beside the bare queries that they rest on: trial balance and final results over 1,000,000 rows,
 // one ledger of 20,000 rows, an item ledger of 100,000 movements. Texts only; the view is no part of it.
+#include <cmath>
+
 #include "bench/Bare.h"
 #include "bench/BigBooks.h"
 #include "bench/Figures.h"
@@ -20,8 +22,11 @@ constexpr const char* Sides[] = {"Dr", "Cr"};
 
 // One by one, where ours reads both sums at once and writes all totals by one statement: two sums by ledger,
 // an update for each, the two closing statements.
-void RebuildBare(Bare& bare) {
+void RebuildBare(Bare& bare, qm::BeforeRebuild before) {
     for (const char* side : Sides) {
+        if (before == qm::BeforeRebuild::ZeroTotals)
+            bare.Run("UPDATE Ledger_Details SET LedDet" + std::string(side) +
+                     "TxnTot = 0 WHERE Fnncl_Yr = 2001");
         BareStatement sums(bare.Db(), "SELECT LedgerCode, sum(Ledger" + std::string(side) +
                                           "Amt) FROM tb_Ledger2001 GROUP BY LedgerCode");
         BareStatement update(bare.Db(), "UPDATE Ledger_Details SET LedDet" + std::string(side) +
@@ -62,9 +67,9 @@ void TrialBalanceOurs(benchmark::State& state) {
 
 void TrialBalanceBare(benchmark::State& state) {
     Bare bare(BooksWith(Million, Place::Disk, 2), false);
-    RebuildBare(bare);
+    RebuildBare(bare, qm::BeforeRebuild::KeepTotals);
     for (auto _ : state) {
-        RebuildBare(bare);
+        RebuildBare(bare, qm::BeforeRebuild::KeepTotals);
         ReadLedgersBare(bare);
     }
 }
@@ -72,6 +77,7 @@ void TrialBalanceBare(benchmark::State& state) {
 void FinalResultsOurs(benchmark::State& state) {
     AttachScreens();
     Ours ours(BooksWith(Million, Place::Disk, 1));
+    qm::RebuildWithProgress();
     std::size_t length = 0;
     for (auto _ : state) {
         qm::RebuildWithProgress({}, qm::BeforeRebuild::ZeroTotals);
@@ -82,19 +88,58 @@ void FinalResultsOurs(benchmark::State& state) {
     if (length < 500000) state.SkipWithError("the page is short");
 }
 
+// A line for each ledger, group by group.
+void BuildResultsBare(Bare& bare) {
+    BareStatement groups(bare.Db(),
+                         "SELECT Group_Head_Name, GrpType FROM Group_Head_Master WHERE Parent_Id = 0");
+    BareStatement ledgers(bare.Db(),
+                          "SELECT Name, Closing_Bal FROM Ledger_Details, Ledger_Master WHERE Fnncl_Yr = 2001 "
+                          "AND Ledger_Details.Ledger_ID = Ledger_Master.Ledger_ID AND PrimaryGrp = ? AND "
+                          "Closing_Bal <> 0");
+    BareStatement debit(bare.Db(), "INSERT INTO tblsysTPL (ParticularDr, AmtDr, Type) VALUES (?, ?, ?)"),
+        credit(bare.Db(), "INSERT INTO tblsysTPL (ParticularCr, AmtCr, Type) VALUES (?, ?, ?)");
+    const auto text = [](const BareStatement& row, int column) {
+        const unsigned char* const bytes = row.Text(column);
+        return std::string(bytes == nullptr ? "" : reinterpret_cast<const char*>(bytes));
+    };
+    while (groups.Step()) {
+        const std::string type = text(groups, 1);
+        std::vector<std::pair<std::string, double>> rows;
+        ledgers.Bind(1, text(groups, 0));
+        while (ledgers.Step()) rows.emplace_back(text(ledgers, 0), ledgers.Real(1));
+        ledgers.Reset();
+        for (const auto& [name, closing] : rows)
+            (closing > 0 ? debit : credit).Bind(1, name).Bind(2, std::abs(closing)).Bind(3, type).Run();
+    }
+}
+
+// The lines of each statement, and what it hands on to the next.
+void PrintResultsBare(Bare& bare) {
+    BareStatement lines(bare.Db(), "SELECT * FROM tblsysTPL WHERE Type = ?");
+    BareStatement handOn(
+        bare.Db(),
+        "INSERT INTO tblsysTPL (ParticularDr, AmtDr, ParticularCr, AmtCr, Type) VALUES (' ', "
+        "0, ?, 1, ?)");
+    for (const char* section : {"T", "P", "B"}) {
+        lines.Bind(1, std::string(section));
+        while (lines.Step())
+            for (const int particular : {0, 2}) {
+                benchmark::DoNotOptimize(lines.Text(particular));
+                benchmark::DoNotOptimize(lines.Real(particular + 1));
+            }
+        lines.Reset();
+        if (*section == 'T') handOn.Bind(1, std::string("Gross Profit B/F")).Bind(2, std::string("P")).Run();
+        if (*section == 'P') handOn.Bind(1, std::string("Net Profit")).Bind(2, std::string("B")).Run();
+    }
+}
+
 void FinalResultsBare(benchmark::State& state) {
     Bare bare(BooksWith(Million, Place::Disk, 2), false);
+    RebuildBare(bare, qm::BeforeRebuild::KeepTotals);
     for (auto _ : state) {
-        RebuildBare(bare);
-        ReadLedgersBare(bare);
-        BareStatement ledgers(bare.Db(),
-                              "SELECT Name, Closing_Bal FROM Ledger_Master, Ledger_Details WHERE "
-                              "Ledger_Master.Ledger_ID = Ledger_Details.Ledger_ID AND Fnncl_Yr = 2001");
-        BareStatement line(bare.Db(), "INSERT INTO tblsysTPL (ParticularDr, AmtDr, Type) VALUES (?, ?, 'B')");
-        std::vector<std::pair<std::string, double>> rows;
-        while (ledgers.Step())
-            rows.emplace_back(reinterpret_cast<const char*>(ledgers.Text(0)), ledgers.Real(1));
-        for (const auto& [name, amount] : rows) line.Bind(1, name).Bind(2, amount).Run();
+        RebuildBare(bare, qm::BeforeRebuild::ZeroTotals);
+        BuildResultsBare(bare);
+        PrintResultsBare(bare);
         bare.Run("DELETE FROM tblsysTPL");
     }
 }
@@ -174,7 +219,7 @@ const bool registered = [] {
     AddFigure({.name = "final results text, 1,000,000 rows, 5,000 ledgers",
                .ours = FinalResultsOurs,
                .bare = FinalResultsBare,
-               .goal = 1.5});
+               .goal = 0.5});
     AddFigure({.name = "party ledger text, 20,000 rows",
                .ours =
                    [](benchmark::State& state) {

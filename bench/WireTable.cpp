@@ -28,6 +28,7 @@
 #include "shell/modSearch.h"
 #include "vouchers/frmDayBook.h"
 #include "vouchers/frmVoucher.h"
+#include "years/frmNewFinYear.h"
 
 namespace bench {
 namespace {
@@ -166,6 +167,14 @@ void Print(SlowWire& wire, const std::string& books) {
             qm::FinalResults(basic::MakeDate(2002, 3, 31)).PrintResults();
         },
         [&] { ours.Conn().Execute("Delete * from tblsystpl"); });
+    auto& newYear = forms::Default<qm::frmNewFinYear>();
+    int year = 2001;
+    table.SaveLine<qm::frmNewFinYear>(
+        "a year added, 5,000 ledgers carried", "frmNewFinYear", [&] { newYear.Show(forms::vbModal); },
+        [&] {
+            newYear.ui().txtFrom->SetText(std::to_string(++year));
+            newYear.ui().txtTo->SetText(std::to_string(year + 1));
+        });
 }
 
 }  // namespace

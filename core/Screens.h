@@ -19,7 +19,8 @@ void ShowMainMenu();
 
 // Opens one screen modally by its form's name, such as "frmFinYear", on the books that are open. Raises where
 // there is no such screen and, as above, where none can be shown. Where the screen shows one record, `record`
-// names it: the number of a voucher, a ledger, a receipt or an issue; "" as the menu opens it.
+// names it: the number of a voucher, a ledger, an item, a receipt, an issue or an order; "" as the menu opens
+// it.
 void OpenScreen(const std::string& form, const std::string& record = {});
 
 // Opens the voucher screen on the lines of a voucher as those of a new one, dated today. Nothing is posted

@@ -5,6 +5,7 @@
 #include "core/Quoting.h"
 #include "core/clQm.h"
 #include "core/modGeneral.h"
+#include "platform/ado/Together.h"
 #include "platform/basic/Text.h"
 
 namespace qm {
@@ -92,8 +93,11 @@ void clQm::CarryForwardBalances() {
               ado::adOpenForwardOnly, ado::adLockOptimistic);
     if (!rows.Eof() && !rows.Bof()) rows.MoveFirst();
     // The move stores the edit; a Null total raises. Kept 21.
-    for (; !rows.Eof(); rows.MoveNext())
-        FoldTotals(rows, basic::ToDouble(rows["LedDetDRTxnTot"]), basic::ToDouble(rows["LedDetCRTxnTot"]));
+    ado::Together(Conn(), [&] {
+        for (; !rows.Eof(); rows.MoveNext())
+            FoldTotals(rows, basic::ToDouble(rows["LedDetDRTxnTot"]),
+                       basic::ToDouble(rows["LedDetCRTxnTot"]));
+    });
     rows.Close();
 }
 

@@ -16,8 +16,8 @@ namespace {
 constexpr std::int32_t FileNotFound = 53;
 
 // KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
-// background, the index of a large year, which all sums go through.
-constexpr int KeptToShow = 6144, KeptToWatch = 512, KeptInBackground = 40960;
+// background, more than one walk through an index needs, which is read anew each time all the same.
+constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 8192;
 
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");
@@ -126,6 +126,10 @@ std::string Books::YearInForce() const {
 std::optional<std::string> Books::OtherYear() {
     const std::string current = host::CurrentYear();
     return current.empty() || current == YearInForce() ? std::nullopt : std::optional(current);
+}
+
+bool Books::Changed() {
+    return AreOpen() && qm::Conn().TransDepth() == 0 && reading_->ChangedByOthers();
 }
 
 void Books::SwitchYear(const std::string& shortForm) {

@@ -51,8 +51,9 @@ class Books {
     // from now on. Raises where the flag cannot be moved.
     void SwitchYear(const std::string& shortForm);
 
-    // Whether anybody, this program's own class and screens too, has written since this was last asked.
-    bool Changed() { return AreOpen() && reading_->ChangedByOthers(); }
+    // Whether anybody, this program's own class and screens too, has written since this was last asked. Not
+    // in the middle of a transaction of the class: nobody sees what it has written yet.
+    bool Changed();
 
   private:
     void Read();

@@ -65,15 +65,18 @@ std::unique_ptr<queries::Sheet> FindingsSheet(const BooksCheck::Result& result) 
 // A finding names its record first: "voucher 12 of 2001: ...", "bill 'B 7' of receipt 4 in 2001: ...".
 FoundRecord RecordOf(const std::string& finding, const std::string& year) {
     static const std::regex ofYear("\\b(voucher|receipt) (\\d+) (?:of|in) (\\d{4})\\b"),
-        ledger("^ledger (\\d+)\\b"), item("\\bitem (\\d+)\\b"), order("\\border (\\d+)\\b");
+        ledger("^(?:details of |totals of )?ledger (\\d+)\\b"), item("\\bitem (\\d+)\\b"),
+        order("\\border (\\d+)\\b"), leaf("^leaf \\d+\\b"), years("^(?:years?|voucher register)\\b");
     std::smatch found;
     if (std::regex_search(finding, found, ofYear)) {
         if (found[3] != year) return {};
         return {found[1] == "voucher" ? "frmVoucher" : "frmReceipt", found[2]};
     }
     if (std::regex_search(finding, found, ledger)) return {"Ledger_Master", found[1]};
-    if (std::regex_search(finding, item)) return {"ItemMaster", ""};
-    if (std::regex_search(finding, order)) return {"frmPO", ""};
+    if (std::regex_search(finding, found, item)) return {"ItemMaster", found[1]};
+    if (std::regex_search(finding, found, order)) return {"frmPO", found[1]};
+    if (std::regex_search(finding, leaf)) return {"frmGrpMain", ""};
+    if (std::regex_search(finding, years)) return {"frmFinYear", ""};
     return {};
 }
 

@@ -116,7 +116,9 @@ void BooksPage::MakeCards(QVBoxLayout& column) {
     backup_ = card(tr("Backup"), "backup");
     SetFirstFocus(&backup_->AddButton(tr("&Back up\u2026"), [this] { AskForBackup(); }));
     backup_->AddButton(tr("&Verify\u2026"), [this] {
-        const QString file = QFileDialog::getOpenFileName(this, tr("Backup to verify"));
+        const auto last = LastBackup::Of(this->desk().Books().Address());
+        const QString file =
+            QFileDialog::getOpenFileName(this, tr("Backup to verify"), last ? last->File : QDir::homePath());
         if (!file.isEmpty()) Verify(Path(file));
     });
     backup_->AddButton(tr("&Restore\u2026"), [this] { AskForRestore(); });
@@ -127,11 +129,13 @@ void BooksPage::MakeCards(QVBoxLayout& column) {
     years_->AddButton(tr("&Years\u2026"), [this] { desk().OpenScreen("frmFinYear"); });
     StatusCard* const in = card(tr("Import"), "import");
     in->Say(
-        tr("A list as comma-separated text. It is checked as a whole and shown before anything is "
-           "written."));
+        tr("A list as comma-separated text, or a journal. It is checked as a whole and shown before anything "
+           "is written."));
     in->AddButton(tr("&Ledgers\u2026"), [this] { AskForImport("ledgers"); });
     in->AddButton(tr("&Items\u2026"), [this] { AskForImport("items"); });
     in->AddButton(tr("&Openings\u2026"), [this] { AskForImport("openings"); });
+    in->AddButton(tr("Vo&uchers\u2026"), [this] { AskForImport("vouchers"); });
+    in->AddButton(tr("&Journal\u2026"), [this] { AskForImport("journal"); });
     StatusCard* const out = card(tr("Export"), "export");
     out->Say(tr("Vouchers, ledgers, parties, trial balance and items as spreadsheets in a folder."));
     out->AddButton(tr("&Export\u2026"), [this] {
@@ -139,8 +143,10 @@ void BooksPage::MakeCards(QVBoxLayout& column) {
         if (!folder.isEmpty()) Export(Path(folder));
     });
     StatusCard* const others = card(tr("Other books"), "others");
-    others->Say(tr("Ctrl+O opens a folder; Enter on a line below opens books that were open before."));
+    others->Say(tr("Enter on a line below opens books that were open before."));
     others->AddButton(tr("&New books\u2026"), [this] { AskForNewBooks(); });
+    others->AddButton(tr("O&pen a folder\u2026"), [this] { desk().AskForFolder(); }).setToolTip("Ctrl+O");
+    others->AddButton(tr("Open on a &server\u2026"), [this] { AskForServer(); });
 }
 
 void BooksPage::AddRecent(QVBoxLayout& column) {
@@ -182,8 +188,10 @@ void BooksPage::AskForBackup() {
             .arg(desk().Books().Name(), QDateTime::currentDateTime().toString("yyyy-MM-dd-HHmm"));
     const auto last = LastBackup::Of(desk().Books().Address());
     const QString folder = last ? QFileInfo(last->File).path() : QDir::homePath();
-    const QString file = QFileDialog::getSaveFileName(this, tr("Back up into a new file"),
-                                                      QDir(folder).filePath(name), tr("Backup (*.mdb)"));
+    // A backup never overwrites, so there is nothing to ask about a file that stands.
+    const QString file =
+        QFileDialog::getSaveFileName(this, tr("Back up into a new file"), QDir(folder).filePath(name),
+                                     tr("Backup (*.mdb)"), nullptr, QFileDialog::DontConfirmOverwrite);
     if (!file.isEmpty()) BackUp(Path(file));
 }
 
@@ -224,26 +232,48 @@ void BooksPage::Verify(const std::string& file) {
 
 void BooksPage::AskForRestore() {
     const QString file = QFileDialog::getOpenFileName(this, tr("Backup to restore"));
-    if (file.isEmpty()) return;
-    const auto answer = QMessageBox::question(
-        this, tr("Restore"),
-        tr("Put %1 in the place of the books in %2?\n\nThe books that stand there are set aside under a name "
-           "with the date.")
-            .arg(file, desk().Books().Place()),
-        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer == QMessageBox::Yes) Restore(Path(file));
+    if (!file.isEmpty()) Restore(Path(file));
 }
 
+// What comes and what goes is shown before anything is touched.
 void BooksPage::Restore(const std::string& file) {
-    const std::string folder = desk().Books().Address();
-    desk().Reopen(folder, [folder, file] {
-        const auto aside = host::RestoreBooks(file, folder);
+    const auto comes = std::make_shared<QString>(), goes = std::make_shared<QString>();
+    Work(
+        tr("Verifying the backup\u2026"),
+        [comes, goes, file](queries::Reading& books, Worker::Job&) {
+            *comes = FiguresText(host::VerifyBackup(file));
+            *goes = FiguresText(ado::SumTables(*books.Connection()));
+        },
+        [this, comes, goes, file] {
+            const QFileInfo backup(QString::fromStdString(file));
+            const auto answer = QMessageBox::question(
+                this, tr("Restore"),
+                tr("Put %1, of %2, in the place of the books in %3?\n\nIt holds %4.\nThe books hold %5. They "
+                   "are set aside under a name with the date.")
+                    .arg(backup.fileName(), backup.lastModified().toString("dd-MMM-yyyy HH:mm"),
+                         desk().Books().Place(), *comes, *goes),
+                QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+            if (answer == QMessageBox::Yes) PutInPlace(file);
+        });
+}
+
+void BooksPage::PutInPlace(const std::string& file) {
+    const std::string place = desk().Books().Address();
+    desk().Reopen(place, [place, file] {
+        const auto aside = host::RestoreBooks(file, place);
         QString note = tr("Restored from %1.").arg(QString::fromStdString(file));
         if (!aside.empty())
             note +=
                 ' ' + tr("What stood there is now %1.").arg(QString::fromStdString(aside.front().string()));
         return note;
     });
+}
+
+void BooksPage::AskForServer() {
+    const QString address =
+        QInputDialog::getText(this, tr("Books on a server"), tr("Their address: postgresql://server/books"))
+            .trimmed();
+    if (!address.isEmpty()) desk().Reopen(Path(address.endsWith('/') ? address : address + '/'));
 }
 
 void BooksPage::AskForNewBooks() {
@@ -254,17 +284,21 @@ void BooksPage::AskForNewBooks() {
         QInputDialog::getInt(this, tr("New books"), tr("First financial year begins on 1 April"),
                              host::FinancialYearOfToday(), host::LowestYear, host::HighestYear, 1, &taken);
     if (!taken) return;
-    if (desk().Try([&] { host::CreateBooks(Path(folder), year); })) desk().Reopen(Path(folder));
+    if (desk().Try([&] { host::CreateBooks(Path(folder), year); }))
+        desk().Reopen(Path(folder), [folder, year] {
+            return tr("New books for %1-%2 stand in %3.").arg(year).arg(year + 1).arg(folder);
+        });
 }
 
 void BooksPage::AskForImport(const std::string& kind) {
-    const QString file =
-        QFileDialog::getOpenFileName(this, tr("List to import"), {}, tr("Comma-separated text (*.csv)"));
+    const QString kinds = kind == "journal" ? tr("Journal (*.journal *.ledger *.dat *.txt);;All files (*)")
+                                            : tr("Comma-separated text (*.csv *.txt);;All files (*)");
+    const QString file = QFileDialog::getOpenFileName(this, tr("File to import"), {}, kinds);
     if (!file.isEmpty()) Import(kind, Path(file));
 }
 
 void BooksPage::Import(const std::string& kind, const std::string& file) {
-    desk().Try([&] { desk().Push(new ImportPage(desk(), kind, file)); });
+    desk().Try([&] { ImportPage::Open(desk(), {.kind = kind, .file = file}); });
 }
 
 void BooksPage::Export(const std::string& folder) {

@@ -28,7 +28,7 @@ class BooksPage : public Page {
     // What the dialogs of the page ask for, with the answers.
     void BackUp(const std::string& file);
     void Verify(const std::string& file);
-    void Restore(const std::string& file);
+    void Restore(const std::string& file);  // verified first, and asked about
     void Import(const std::string& kind, const std::string& file);
     void Export(const std::string& folder);
 
@@ -36,8 +36,10 @@ class BooksPage : public Page {
     void MakeCards(QVBoxLayout& column);
     void AddRecent(QVBoxLayout& column);
     void AskForNewBooks();
+    void AskForServer();
     void AskForBackup();
     void AskForRestore();
+    void PutInPlace(const std::string& file);
     void AskForImport(const std::string& kind);
     void Work(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
               std::function<void()> then);

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
@@ -52,7 +53,13 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
     table_->View().setAccessibleName(title);
     chart_->Activated = open;
     chart_->Moved = [this] { Tell(); };
-    table_->Activated = [this, open = std::move(open)](std::size_t row) { open({row, 0}); };
+    table_->Activated = [this, open = std::move(open)](std::size_t) {
+        MarkCell();
+        open(chart_->Marked());
+    };
+    connect(table_->View().selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        if (stack_->currentWidget() == table_) MarkCell();
+    });
     auto* const key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), this, nullptr, nullptr,
                                     Qt::WidgetWithChildrenShortcut);
     connect(key, &QShortcut::activated, this, [this] { Turn(); });
@@ -61,15 +68,40 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
 
 void ChartCard::Set(ChartData drawn, std::shared_ptr<const queries::Sheet> twin) {
     chart_->Set(std::move(drawn));
-    table_->Ask([twin = std::move(twin)](queries::Reading&) { return twin; });
+    table_->AskAgain([twin = std::move(twin)](queries::Reading&) { return twin; });
+}
+
+// The line of the chart that a column of the table has the figures of, or belongs to: "Cash In".
+std::optional<std::size_t> ChartCard::LineOf(int column) const {
+    const QString caption = table_->View().model()->headerData(column, Qt::Horizontal).toString();
+    const auto& lines = chart_->Data().Lines;
+    for (std::size_t line = 0; line < lines.size(); ++line)
+        if (caption.startsWith(lines[line].Caption, Qt::CaseInsensitive)) return line;
+    return {};
+}
+
+void ChartCard::MarkCell() {
+    const auto row = table_->Current();
+    if (!row || *row >= static_cast<std::size_t>(chart_->Data().Points.size())) return;
+    const auto line = LineOf(table_->View().currentIndex().column());
+    chart_->Mark({*row, line.value_or(chart_->Marked().Line)});
+}
+
+void ChartCard::GoToMarked() {
+    const ChartView::Place marked = chart_->Marked();
+    if (!table_->Sheet() || marked.Point >= table_->Sheet()->Rows()) return;
+    table_->SetCurrent(marked.Point);
+    const QModelIndex at = table_->View().currentIndex();
+    for (int column = at.model()->columnCount() - 1; column >= 0; --column)
+        if (LineOf(column) == marked.Line) return table_->View().setCurrentIndex(at.siblingAtColumn(column));
 }
 
 void ChartCard::Turn() {
     const bool toTable = stack_->currentIndex() == 0;
+    if (toTable) GoToMarked();
     stack_->setCurrentIndex(toTable ? 1 : 0);
     table_->Buttons()->setVisible(toTable);
     legend_->setVisible(!toTable);
-    marked_->setVisible(!toTable);
     turn_->setText(toTable ? tr("Chart") : tr("Table"));
     QWidget* const shown = stack_->currentWidget();
     setFocusProxy(shown);

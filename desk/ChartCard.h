@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "desk/ChartView.h"
 #include "desk/SheetView.h"
@@ -14,7 +15,7 @@ class QPushButton;
 namespace desk {
 
 // A chart with its title, its legend and the marked figure in words; Ctrl+T turns it into the table of the
-// same figures and back.
+// same figures and back, on the same figure.
 class ChartCard : public QFrame {
     Q_DECLARE_TR_FUNCTIONS(desk::ChartCard)
 
@@ -31,6 +32,9 @@ class ChartCard : public QFrame {
 
   private:
     void Tell();
+    std::optional<std::size_t> LineOf(int column) const;
+    void MarkCell();    // in the chart, the figure that the table stands on
+    void GoToMarked();  // in the table
 
     ChartView* chart_;
     SheetView* table_;

@@ -39,11 +39,17 @@ class ChartView : public QChartView {
     void Set(ChartData drawn);
     const ChartData& Data() const { return data_; }
     Place Marked() const { return marked_; }
+    void Mark(Place place);
     QString MarkedText() const;  // "April 2001, Sales: 1,20,000.00"
     QColor ColourOf(std::size_t line) const;
 
     std::function<void(Place)> Activated;  // Enter, a space or a click on a figure
     std::function<void()> Moved;           // another figure is marked
+
+    // As a plain widget: what scrolls to the focus then shows the chart, not the place of a cursor in it.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+        return QWidget::inputMethodQuery(query);
+    }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -58,7 +64,6 @@ class ChartView : public QChartView {
     void Draw();
     void AddAxes();
     bool IsFlat() const;  // nothing but noughts
-    void Mark(Place place);
     std::optional<Place> At(const QPointF& position) const;
     QRectF BoxOf(Place place) const;
     double Figure(Place place) const { return data_.Lines[place.Line].Figures[place.Point]; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QFormLayout>
 #include <QMenu>
 #include <QString>
@@ -8,10 +9,12 @@
 #include <QWidgetAction>
 #include <functional>
 
+#include "desk/AtOnce.h"
+
 namespace desk {
 
 // A filter as a small button with a menu. One that narrows shows to what, and is coloured.
-class Chip : public QToolButton {
+class Chip : public AtOnce<QToolButton> {
   public:
     // `name` is the menu's; the caption's letter with & opens it, whatever the chip shows.
     Chip(const QString& name, const QString& caption, std::function<void(QMenu&)> fill);
@@ -37,17 +40,22 @@ class ChoiceChip : public Chip {
     int choice_ = 0;
 };
 
-// A panel of boxes in a chip's menu.
+// A panel of boxes in a chip's menu. What it gives is triggered by Enter in a box that has no use for it.
 template <class Fill>
-void AddForm(QMenu& menu, Fill fill) {
+QAction* AddForm(QMenu& menu, Fill fill) {
     auto* const panel = new QWidget(&menu);
     auto* const form = new QFormLayout(panel);
     form->setContentsMargins(12, 8, 12, 8);
     form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     fill(*panel, *form);
+    // The arrows of the menu lead into the panel's first box; what is typed goes there where it is alone.
+    panel->setFocusPolicy(Qt::StrongFocus);
+    panel->setFocusProxy(panel->nextInFocusChain());
     auto* const action = new QWidgetAction(&menu);
     action->setDefaultWidget(panel);
     menu.addAction(action);
+    if (menu.actions().size() == 1) panel->setFocus();
+    return action;
 }
 
 }  // namespace desk

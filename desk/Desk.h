@@ -25,12 +25,17 @@ class Desk {
     virtual void Back() = 0;
 
     // Closes the books with all pages, does what needs them closed, and opens those of an address, after the
-    // event that asked for it. What `meanwhile` gives is told in the bar; so is its failure, in place of it.
+    // event that asked for it. `meanwhile` runs on a thread of its own; what it gives is told in the bar, and
+    // so is its failure, in place of it. Where the address does not open, those before are opened again.
     virtual void Reopen(const std::string& address, const std::function<QString()>& meanwhile = {}) = 0;
+
+    virtual void AskForFolder() = 0;  // of other books, and opens them
 
     // Opens a screen of the module by its form's name, on a record where one is named, and comes back to the
     // same row, brought up to date.
     virtual void OpenScreen(const std::string& form, const std::string& record = {}) = 0;
+    // Brings what is shown up to date at once, where the books have changed.
+    virtual void LookForChanges() = 0;
     virtual void CopyVoucher(std::int32_t number) = 0;  // the voucher screen on its lines; posts nothing
 
     // Runs a job that writes a file, beside all others: it goes on whatever page is shown by then. A line at

@@ -32,6 +32,7 @@
 #include "desk/StatementPage.h"
 #include "desk/Theme.h"
 #include "desk/Translations.h"
+#include "desk/WaitBox.h"
 
 namespace desk {
 namespace {
@@ -159,9 +160,13 @@ void DeskWindow::AskForFolder() {
 }
 
 void DeskWindow::OpenBooks(const std::string& address) {
+    const std::string before = books_.AreOpen() ? books_.Address() : "";
     DropPages();
     toldYear_.clear();
-    if (Try([&] { books_.Open(address); })) notice_->Dismiss();
+    if (Try([&] { books_.Open(address); }))
+        notice_->Dismiss();
+    else if (!before.empty() && before != address)
+        Try([&] { books_.Open(before); });
     ShowHead();
     list_->setEnabled(books_.AreOpen());
     if (books_.AreOpen()) {
@@ -178,12 +183,15 @@ void DeskWindow::OpenBooks(const std::string& address) {
 
 void DeskWindow::Reopen(const std::string& address, const std::function<QString()>& meanwhile) {
     QTimer::singleShot(0, this, [this, address, meanwhile] {
+        if (!meanwhile) return OpenBooks(address);
         DropPages();
         books_.Close();
         QString note;
         std::exception_ptr failure;
         try {
-            if (meanwhile) note = meanwhile();
+            WaitBox(this, tr("The books are being put in their place\u2026")).RunAside([&] {
+                note = meanwhile();
+            });
         } catch (...) {
             failure = std::current_exception();
         }
@@ -494,9 +502,13 @@ Found DeskWindow::HitOf(const queries::SearchHit& hit) {
                         Try([&] { Push(new StatementPage(*this, id, text)); });
                     }};
         case queries::SearchHit::Kind::Item:
-            return {tr("Item"), text, detail, screen("ItemMaster", {})};
+            return {tr("Item"), text, detail, screen("ItemMaster", number)};
         case queries::SearchHit::Kind::Bill:
             return {tr("Bill"), text, detail, screen("frmReceipt", number)};
+        case queries::SearchHit::Kind::OrderBill:
+            return {tr("Bill"), text, detail, screen("frmPO", number)};
+        case queries::SearchHit::Kind::Order:
+            return {tr("Order"), text, detail, screen("frmPO", number)};
     }
     return {};
 }
@@ -511,6 +523,7 @@ void DeskWindow::resizeEvent(QResizeEvent* event) {
 }
 
 bool DeskWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowUnblocked) activateWindow();  // not every system gives the focus back
     if (event->type() == QEvent::ThemeChange) {
         Theme::ReadSystem();
         Theme::Apply(*this);

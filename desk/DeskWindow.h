@@ -31,8 +31,8 @@ class DeskWindow : public QWidget, public Desk {
     DeskWindow();
     ~DeskWindow() override;
 
-    // Opens the books and goes to the first page. What fails is told in the bar; the window stays, without
-    // books.
+    // Opens the books and goes to the first page. What fails is told in the bar; the books that were open
+    // before are opened again then, and where that fails, too, or there were none, the window stays without.
     void OpenBooks(const std::string& address);
     void Run();  // shows the window and returns when it has been closed
 
@@ -41,7 +41,9 @@ class DeskWindow : public QWidget, public Desk {
     void Push(Page* page) override;
     void Back() override;
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
+    void AskForFolder() override;
     void OpenScreen(const std::string& form, const std::string& record) override;
+    void LookForChanges() override;
     void CopyVoucher(std::int32_t number) override;
     void WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                    const QString& done) override;
@@ -62,7 +64,6 @@ class DeskWindow : public QWidget, public Desk {
     void AddKeys();
     void FillMenu();
     void TellKeys();
-    void AskForFolder();
     void Escape();
     void Show(Page* page);
     void ShowNone();
@@ -73,7 +74,6 @@ class DeskWindow : public QWidget, public Desk {
     void DropPages();
     void InScreen(const std::function<void()>& open);
     void Watch();
-    void LookForChanges();
     void TakeLook(const std::function<bool()>& changed);
     void ShowChanges();
     void TellLost(const basic::Error& error);

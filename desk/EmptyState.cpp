@@ -27,6 +27,10 @@ EmptyState::EmptyState(const QString& title, const QString& text, const QString&
         connect(button, &QPushButton::clicked, this, std::move(act));
         column->addWidget(button, 0, Qt::AlignCenter);
         setFocusProxy(button);
+    } else {  // the keys stay here, and a screen reader says why nothing is
+        auto* const first = findChild<QLabel*>("emptyTitle");
+        first->setFocusPolicy(Qt::StrongFocus);
+        setFocusProxy(first);
     }
     column->addStretch(3);
 }

@@ -1,76 +1,182 @@
 #include "desk/ImportPage.h"
 
 #include <QAbstractItemView>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <memory>
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include "desk/Books.h"
-#include "desk/EmptyState.h"
+#include "desk/ImportSheets.h"
 #include "desk/SheetView.h"
-#include "host/doors/Counted.h"
+#include "desk/StatusCard.h"
+#include "desk/WaitBox.h"
+#include "host/doors/OpeningImport.h"
 
 namespace desk {
 namespace {
 
-std::shared_ptr<const queries::Sheet> FaultsSheet(const std::string& path, const host::Faults& faults) {
-    using host::Fault;
-    using queries::Kind;
-    static const std::vector<queries::Filled<Fault>> columns{
-        {{"line", "Line", Kind::Number}, [](const Fault& fault) -> basic::Value { return fault.line; }},
-        {{"column", "Column", Kind::Text}, [](const Fault& fault) -> basic::Value { return fault.column; }},
-        {{"fault", "What is wrong", Kind::Text},
-         [](const Fault& fault) -> basic::Value { return fault.reason; }},
-    };
-    return std::make_shared<queries::SheetOf<Fault>>("Faults of " + path, columns,
-                                                     std::vector<Fault>(faults.begin(), faults.end()));
+QString Name(const host::IncomingFile::Source& source) {
+    return QString::fromStdString(source.file.filename().string());
 }
 
 }  // namespace
 
-ImportPage::ImportPage(Desk& desk, const std::string& kind, const std::string& path)
-    : Page(desk, tr("Import of %1").arg(QString::fromStdString(kind))),
-      kind_(kind),
-      file_(host::CheckImport(kind, path, desk.Books().Host(), [](std::size_t, std::size_t) {})) {
-    SetSubtitle(QString::fromStdString(path));
-    const std::string rows = host::Counted(file_.rows.size(), kind.substr(0, kind.size() - 1));
-    if (file_.faults.empty()) {
-        auto* const ready = new EmptyState(
-            tr("%1, no fault").arg(QString::fromStdString(rows)),
-            tr("All of it is written at once, or nothing, into %1.").arg(QString::fromStdString(file_.year)),
-            tr("&Import"), [this] { Bring(); });
-        bring_ = ready->findChild<QPushButton*>();
-        Body().addWidget(ready, 1);
-        SetFirstFocus(bring_);
-        return;
+ImportPage::FilePtr ImportPage::Check(Desk& desk, const host::IncomingFile::Source& source) {
+    try {
+        WaitBox wait(QApplication::activeWindow(), tr("Checking %1\u2026").arg(Name(source)));
+        return std::make_shared<host::IncomingFile>(
+            source, desk.Books().Host(), [&](std::size_t done, std::size_t all) { wait.Done(done, all); });
+    } catch (const WaitBox::Stopped&) {
+        desk.Note(tr("Cancelled. Nothing of %1 was imported.").arg(Name(source)));
+        return nullptr;
     }
-    auto* const view = new SheetView(desk, "faults");
-    view->Ask([sheet = FaultsSheet(path, file_.faults)](queries::Reading&) { return sheet; });
-    view->SetTotals(tr("%1; nothing was imported. Mend the file and import it again.")
-                        .arg(QString::fromStdString(host::Counted(file_.faults.Count(), "fault"))),
-                    {});
-    AddToHead(view->Buttons());
-    Body().addWidget(view, 1);
-    view->View().setAccessibleName(tr("What is wrong"));
-    SetFirstFocus(view);
+}
+
+void ImportPage::Open(Desk& desk, const host::IncomingFile::Source& source) {
+    if (const FilePtr file = Check(desk, source)) desk.Push(new ImportPage(desk, file));
+}
+
+ImportPage::ImportPage(Desk& desk, FilePtr file)
+    : Page(desk, tr("Import of %1").arg(QString::fromStdString(file->From().kind))), file_(std::move(file)) {
+    SetSubtitle(QString::fromStdString(file_->From().file.string()));
+    AddState();
+    if (!file_->Faults().empty()) AddFaults();
+    AddRows();
+}
+
+void ImportPage::AddState() {
+    const host::Faults& faults = file_->Faults();
+    auto* const state =
+        new StatusCard(faults.empty() ? tr("%1, no fault").arg(QString::fromStdString(file_->Size()))
+                                      : tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count())),
+                       "state");
+    const auto add = [&](const QString& caption, auto act) -> QPushButton& {
+        return state->AddButton(caption, [this, act] { desk().Try([&] { act(); }); });
+    };
+    if (faults.empty()) {
+        QString text = tr("All of it is written at once, or nothing, into %1.")
+                           .arg(QString::fromStdString(file_->Year()));
+        if (file_->Standing().Count > 0)
+            text += ' ' + tr("But %1.").arg(QString::fromStdString(file_->Standing().Text));
+        state->Say(text, file_->Standing().Count > 0);
+        bring_ = &add(file_->Standing().All ? tr("&Import once more") : tr("&Import"), [this] { Bring(); });
+        bring_->setObjectName("bring");
+        SetFirstFocus(bring_);
+    } else {
+        state->Say(
+            tr("Nothing was imported. Enter on a fault shows its row. Mend the file and check it again."),
+            true);
+    }
+    add(tr("&Check again"), [this] { CheckAgain(file_->From()); });
+    if (file_->From().kind == "vouchers")
+        add(file_->From().order == host::DateOrder::DayFirst ? tr("Read &month first")
+                                                             : tr("Read &day first"),
+            [this] {
+                host::IncomingFile::Source source = file_->From();
+                source.order = source.order == host::DateOrder::DayFirst ? host::DateOrder::MonthFirst
+                                                                         : host::DateOrder::DayFirst;
+                CheckAgain(source);
+            });
+    if (file_->From().kind == "journal") add(tr("Ma&p of accounts\u2026"), [this] { AskForMap(); });
+    Body().addWidget(state);
+}
+
+void ImportPage::AddFaults() {
+    faults_ = new SheetView(desk(), "faults");
+    faults_->Ask([sheet = FaultsSheet(*file_)](queries::Reading&) { return sheet; });
+    const host::Faults& faults = file_->Faults();
+    QString told = tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count()));
+    if (faults.Count() > faults.size())
+        told += tr(", of which the first %1 are shown").arg(qulonglong(faults.size()));
+    faults_->SetTotals(told, {});
+    faults_->Activated = [this](std::size_t fault) { ShowRowOf(fault); };
+    faults_->View().setAccessibleName(tr("What is wrong"));
+    AddToHead(faults_->Buttons());
+    Body().addWidget(faults_, 2);
+    SetFirstFocus(faults_);
+}
+
+void ImportPage::AddRows() {
+    rows_ = new SheetView(desk(), "import-" + QString::fromStdString(file_->From().kind));
+    rows_->SetEmpty(tr("No row could be read"), tr("The fault says where the reading stopped."));
+    rows_->Ask([sheet = RowsSheet(file_)](queries::Reading&) { return sheet; });
+    rows_->SetTotals(tr("%Ln row(s) in the file", nullptr, static_cast<int>(file_->Rows().size())), {});
+    rows_->Activated = [this](std::size_t row) { ShowFaultOf(row); };
+    rows_->View().setAccessibleName(tr("Rows of the file"));
+    if (faults_)
+        rows_->Buttons()->hide();  // the head has those of the faults
+    else
+        AddToHead(rows_->Buttons());
+    Body().addWidget(rows_, 3);
+}
+
+void ImportPage::ShowRowOf(std::size_t fault) {
+    const int line = file_->Faults()[fault].line;
+    const auto row = RowOfLine(*file_, line);
+    if (!row) return desk().Note(tr("Line %1 is none of the rows: it names the columns.").arg(line));
+    rows_->SetCurrent(*row);
+    rows_->setFocus(Qt::OtherFocusReason);
+}
+
+void ImportPage::ShowFaultOf(std::size_t row) {
+    const auto fault = FaultOfLine(*file_, file_->Rows()[row].line);
+    if (!fault) return;
+    faults_->SetCurrent(*fault);
+    faults_->setFocus(Qt::OtherFocusReason);
+}
+
+// A page of its own, in the place of this one.
+void ImportPage::CheckAgain(const host::IncomingFile::Source& source) {
+    Desk& window = desk();
+    if (const FilePtr file = Check(window, source)) {
+        window.Back();
+        window.Push(new ImportPage(window, file));
+    }
+}
+
+void ImportPage::AskForMap() {
+    host::IncomingFile::Source source = file_->From();
+    const QString map = QFileDialog::getOpenFileName(
+        this, tr("List with the columns account and ledger"),
+        QFileInfo(QString::fromStdString(source.file.string())).path(), tr("Comma-separated text (*.csv)"));
+    if (map.isEmpty()) return;
+    source.map = map.toStdString();
+    CheckAgain(source);
 }
 
 void ImportPage::Bring() {
     bring_->setEnabled(false);  // once is enough
-    desk().Try([this] {
-        if (const auto failure = host::WriteImport(file_, [](std::size_t, std::size_t) {}))
-            throw basic::Error(basic::error::InvalidCall,
-                               "line " + std::to_string(failure->line) + ": " + failure->reason, "desk");
-        Desk& window = desk();
-        const QString note = tr("Imported: %1.")
-                                 .arg(QString::fromStdString(
-                                     host::Counted(file_.rows.size(), kind_.substr(0, kind_.size() - 1))));
-        window.Back();
-        window.Note(note);
-    });
+    std::optional<host::Fault> failure;
+    bool cancelled = false;
+    {
+        WaitBox wait(window(), tr("Importing %1\u2026").arg(Name(file_->From())));
+        failure = file_->Write(desk().Books().Host(),
+                               [&](std::size_t done, std::size_t all) { wait.Done(done, all); });
+        cancelled = failure && wait.Cancelled();
+    }
+    if (failure) {
+        bring_->setEnabled(true);
+        bring_->setFocus(Qt::OtherFocusReason);
+    }
+    if (cancelled) return desk().Note(tr("Cancelled. Nothing of %1 was imported.").arg(Name(file_->From())));
+    if (failure)
+        throw basic::Error(
+            basic::error::InvalidCall,
+            file_->From().file.string() + ":" + std::to_string(failure->line) + ": " + failure->reason,
+            "desk");
+    Desk& window = desk();
+    QString note = tr("Imported: %1.").arg(QString::fromStdString(file_->Size()));
+    if (file_->From().kind != "items" && file_->From().kind != "vouchers") {
+        const QString openings = QString::fromStdString(host::OpeningsText());
+        note += ' ' + openings.left(1).toUpper() + openings.mid(1) + '.';
+    }
+    window.Back();
+    window.LookForChanges();
+    window.Note(note);
 }
 
 }  // namespace desk

@@ -1,30 +1,47 @@
 #pragma once
 
-#include <string>
+#include <cstddef>
+#include <memory>
 
 #include "desk/Page.h"
-#include "host/doors/Import.h"
+#include "host/doors/IncomingFile.h"
 
 class QPushButton;
 
 namespace desk {
 
-// A file that is to be brought in, checked: each fault with its line and column, or how many rows it would
-// write, and then the button that writes them all.
+class SheetView;
+class StatusCard;
+
+// A file that is to be brought in, checked: its rows as they were read, each fault with its line and column,
+// and the button that writes them all. Enter on a fault shows its row, and on a row its fault.
 class ImportPage : public Page {
     Q_DECLARE_TR_FUNCTIONS(desk::ImportPage)
 
   public:
-    // Raises for a file that cannot be read.
-    ImportPage(Desk& desk, const std::string& kind, const std::string& path);
+    using FilePtr = std::shared_ptr<const host::IncomingFile>;
+
+    // Checks the file, which the user may cancel, and shows it. Raises for one that cannot be read.
+    static void Open(Desk& desk, const host::IncomingFile::Source& source);
+
+    ImportPage(Desk& desk, FilePtr file);
     QString Chapter() const override { return "Moving in"; }
 
   private:
+    static FilePtr Check(Desk& desk,
+                         const host::IncomingFile::Source& source);  // null where it was cancelled
+    void AddState();
+    void AddFaults();
+    void AddRows();
+    void ShowRowOf(std::size_t fault);
+    void ShowFaultOf(std::size_t row);
+    void CheckAgain(const host::IncomingFile::Source& source);
+    void AskForMap();
     void Bring();
 
-    std::string kind_;
-    host::ImportFile file_;
+    FilePtr file_;
     QPushButton* bring_ = nullptr;
+    SheetView *faults_ = nullptr, *rows_ = nullptr;
 };
 
 }  // namespace desk

@@ -3,42 +3,63 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QVBoxLayout>
+#include <string>
 
 #include "desk/SheetView.h"
 
 namespace desk {
 namespace {
 
-const queries::MovementRow& RowOf(const queries::Sheet& sheet, std::size_t row) {
-    return static_cast<const queries::SheetOf<queries::MovementRow>&>(sheet).Typed()[row];
+const queries::MovementSheet& Movements(const queries::Sheet& sheet) {
+    return static_cast<const queries::MovementSheet&>(sheet);
 }
 
 }  // namespace
 
 void ShowMovements(Desk& desk, SheetView& view) {
     view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
-        const queries::MovementRow& line = RowOf(sheet, row);
-        return QVariant(
-            QString("%1 %2 %3").arg(QString::fromStdString(line.type)).arg(line.number).arg(line.item));
+        return QVariant(qlonglong(Movements(sheet).Typed(row).key));
+    };
+    view.PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+        return Movements(sheet).Source().PlaceOf(key.toLongLong());
     };
     view.Activated = [&desk, &view](std::size_t row) {
-        const queries::MovementRow line = RowOf(*view.Sheet(), row);
-        desk.OpenScreen(line.type == "Issue" ? "frmIssues" : "frmReceipt", std::to_string(line.number));
+        const queries::MovementRow line = Movements(*view.Sheet()).Typed(row);
+        if (line.type == "Issue") return desk.OpenScreen("frmIssues", std::to_string(line.number));
+        OpenReceipt(desk, line.number, line.order);
     };
+}
+
+void OpenReceipt(Desk& desk, std::int32_t receipt, std::optional<std::int32_t> order) {
+    if (order.value_or(0) > 0)
+        desk.OpenScreen("frmPO", std::to_string(*order));
+    else
+        desk.OpenScreen("frmReceipt", std::to_string(receipt));
+}
+
+void AskForMovements(SheetView& view, const queries::MovementFilter& filter) {
+    view.AskSlowly([filter](queries::Reading& books, Worker::Job& job) {
+        return queries::ListMovements(books, filter, [&job](std::size_t done, std::size_t all) {
+            job.Total = all;
+            job.Step(done);
+        });
+    });
 }
 
 ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
     : Page(desk, name), view_(new SheetView(desk, "item")) {
     SetSubtitle(tr("Receipts and issues, with the stock behind each"));
+    view_->Columns().HideAtFirst({"item", "name"});
     ShowMovements(desk, *view_);
     view_->SetEmpty(tr("This item has not moved in this year"),
                     tr("F6 enters a receipt of goods, F7 an issue."));
+    AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M),
+              [this, item] { this->desk().OpenScreen("ItemMaster", std::to_string(item)); });
     AddToHead(view_->Buttons());
     Body().addWidget(view_);
     view_->View().setAccessibleName(Title());
     SetFirstFocus(view_);
-    view_->AskSlowly(
-        [item](queries::Reading& books) { return queries::MovementsSheet(books, {.item = item}); });
+    AskForMovements(*view_, {.item = item});
 }
 
 void ItemPage::Refresh() {

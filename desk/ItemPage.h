@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "desk/Page.h"
 #include "queries/Movements.h"
@@ -25,5 +26,10 @@ class ItemPage : public Page {
 
 // How any list of movements is shown and opens what stands in a line.
 void ShowMovements(Desk& desk, SheetView& view);
+void AskForMovements(SheetView& view, const queries::MovementFilter& filter);
+
+// A receipt of goods on the module's screen: on that of its order, which has the receipts against it, where
+// there is one.
+void OpenReceipt(Desk& desk, std::int32_t receipt, std::optional<std::int32_t> order);
 
 }  // namespace desk

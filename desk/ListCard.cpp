@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desk/AtOnce.h"
+
 namespace desk {
 
 ListCard::ListCard(Desk& desk, Contents contents) : view_(new SheetView(desk, contents.Name)) {
@@ -16,9 +18,8 @@ ListCard::ListCard(Desk& desk, Contents contents) : view_(new SheetView(desk, co
     auto* const head = new QHBoxLayout;
     auto* const title = new QLabel(contents.Title, this);
     title->setObjectName("cardTitle");
-    auto* const all = new QPushButton(this);
-    all->setText(contents.Caption);
-    all->setAutoDefault(true);
+    auto* const all = new AtOnce<QPushButton>(contents.Caption, this);
+    all->setAutoDefault(true);  // Enter presses it, as the blank does
     all->setObjectName(contents.Name + "All");
     connect(all, &QPushButton::clicked, this, std::move(contents.All));
     head->addWidget(title, 1);
@@ -29,6 +30,9 @@ ListCard::ListCard(Desk& desk, Contents contents) : view_(new SheetView(desk, co
     view_->Activated = [this, act = std::move(contents.Activated)](std::size_t row) {
         act(*view_->Sheet(), row);
     };
+    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+        return QVariant(QString::fromStdString(basic::TextOrEmpty(sheet.At(row, 0))));
+    };
     view_->Filled = [this] { view_->SetTotals({}, {}); };
     view_->Buttons()->hide();
     column->addWidget(view_, 1);
@@ -37,7 +41,7 @@ ListCard::ListCard(Desk& desk, Contents contents) : view_(new SheetView(desk, co
 }
 
 void ListCard::Set(std::shared_ptr<const queries::Sheet> sheet) {
-    view_->Ask([sheet = std::move(sheet)](queries::Reading&) { return sheet; });
+    view_->AskAgain([sheet = std::move(sheet)](queries::Reading&) { return sheet; });
 }
 
 }  // namespace desk

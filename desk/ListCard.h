@@ -8,7 +8,7 @@
 
 namespace desk {
 
-// A few rows under a title, with a button that opens the whole list.
+// A few rows under a title, with a button that opens the whole list. A row is known by its first cell.
 class ListCard : public QFrame {
   public:
     struct Contents {

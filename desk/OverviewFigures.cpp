@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <functional>
 #include <utility>
@@ -15,23 +14,27 @@ namespace {
 
 using queries::Kind;
 
-constexpr std::array Ages{&queries::PartyRow::upto30, &queries::PartyRow::upto60, &queries::PartyRow::upto90,
-                          &queries::PartyRow::older};
+struct Age {
+    double queries::PartyRow::*Part;
+    const char* Name;
+    int OlderThan, Upto;  // days, 0 without an end
+};
 struct Words {
     Q_DECLARE_TR_FUNCTIONS(desk::OverviewFigures)
 
   public:
-    static constexpr const char* AgeNames[]{QT_TR_NOOP("Up to 30 days"), QT_TR_NOOP("31 to 60"),
-                                            QT_TR_NOOP("61 to 90"), QT_TR_NOOP("Over 90")};
-    static std::string Age(std::size_t age) { return tr(AgeNames[age]).toStdString(); }
+    static constexpr Age Ages[] = {{&queries::PartyRow::upto30, QT_TR_NOOP("Up to 30 days"), 0, 30},
+                                   {&queries::PartyRow::upto60, QT_TR_NOOP("31 to 60"), 30, 60},
+                                   {&queries::PartyRow::upto90, QT_TR_NOOP("61 to 90"), 60, 90},
+                                   {&queries::PartyRow::older, QT_TR_NOOP("Over 90"), 90, 0}};
 };
 
 std::unique_ptr<queries::SheetOf<AgeRow>> AgesOf(const std::vector<queries::PartyRow>& parties) {
     std::vector<AgeRow> rows;
-    for (std::size_t age = 0; age < Ages.size(); ++age) {
-        AgeRow row{Words::Age(age)};
+    for (const Age& age : Words::Ages) {
+        AgeRow row{Words::tr(age.Name).toStdString()};
         for (const queries::PartyRow& party : parties)
-            (party.*Ages[age] > 0 ? row.owed : row.owing) += std::abs(party.*Ages[age]);
+            (party.*age.Part > 0 ? row.owed : row.owing) += std::abs(party.*age.Part);
         rows.push_back(row);
     }
     static const std::vector<queries::Filled<AgeRow>> columns{
@@ -84,9 +87,9 @@ std::vector<std::size_t> ColumnsNamed(const queries::Sheet& sheet,
     return found;
 }
 
-std::shared_ptr<const ShownSheet> Picked(std::shared_ptr<const queries::Sheet> sheet, ShownSheet::Order rows,
-                                         std::optional<std::vector<std::size_t>> columns,
-                                         const std::string& title) {
+std::shared_ptr<const ShownSheet> Picked(std::shared_ptr<const queries::Sheet> sheet,
+                                         std::optional<ShownSheet::Order> rows,
+                                         std::vector<std::size_t> columns, const std::string& title) {
     auto picked = std::make_shared<ShownSheet>(std::move(sheet), std::move(rows), std::move(columns));
     picked->SetTitle(title);
     return picked;
@@ -145,23 +148,24 @@ std::shared_ptr<const ShownSheet> OverviewFigures::Largest(std::size_t most) con
                   Words::tr("The largest parties").toStdString());
 }
 
-std::shared_ptr<const ShownSheet> OverviewFigures::OfAge(std::size_t age, bool owed) const {
-    auto order = RowsWhere<queries::PartyRow>(*Parties, [part = desk::Ages.at(age), owed](const auto& row) {
-        return owed ? row.*part > 0 : row.*part < 0;
-    });
-    return Picked(Parties, std::move(order), std::nullopt,
-                  Parties->Title() + ": " +
-                      (owed ? Words::tr("they owe, %1") : Words::tr("we owe, %1"))
-                          .arg(QString::fromStdString(Words::Age(age)))
-                          .toStdString());
+std::shared_ptr<const ShownSheet> OverviewFigures::Short() const {
+    auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
+    return Picked(Items, std::move(order), ColumnsNamed(*Items, {"name", "net", "reorder_level"}),
+                  Words::tr("Items to reorder").toStdString());
 }
 
-std::shared_ptr<const ShownSheet> OverviewFigures::Short(bool brief) const {
-    auto order = RowsWhere<queries::ItemRow>(*Items, [](const auto& row) { return row.reorder; });
-    return Picked(
-        Items, std::move(order),
-        brief ? std::optional(ColumnsNamed(*Items, {"name", "net", "reorder_level"})) : std::nullopt,
-        Words::tr("Items to reorder").toStdString());
+std::shared_ptr<const ShownSheet> OverviewFigures::Trade() const {
+    return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "sales", "purchases"}),
+                  Words::tr("Sales and purchases").toStdString());
+}
+
+std::shared_ptr<const ShownSheet> OverviewFigures::Paid() const {
+    return Picked(Months, {}, ColumnsNamed(*Months, {"from", "upto", "receipts", "payments"}),
+                  Words::tr("Receipts and payments").toStdString());
+}
+
+queries::PartyFilter OverviewFigures::OfAge(std::size_t point, queries::Owing owing) {
+    return {owing, Words::Ages[point].OlderThan, Words::Ages[point].Upto};
 }
 
 }  // namespace desk

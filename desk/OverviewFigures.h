@@ -33,10 +33,14 @@ struct OverviewFigures {
     ChartData PaidChart() const;
     ChartData AgesChart() const;
 
+    // The tables of two charts.
+    std::shared_ptr<const ShownSheet> Trade() const;
+    std::shared_ptr<const ShownSheet> Paid() const;
     std::shared_ptr<const ShownSheet> Largest(std::size_t most) const;  // parties by what is open
-    std::shared_ptr<const ShownSheet> OfAge(
-        std::size_t age, bool owed) const;  // parties who owe, or whom we owe, an amount of that age
-    std::shared_ptr<const ShownSheet> Short(bool brief) const;  // items at or below their reorder level
+    std::shared_ptr<const ShownSheet> Short() const;                    // items to reorder
+
+    // The parties of a point of the chart of ages.
+    static queries::PartyFilter OfAge(std::size_t point, queries::Owing owing);
 };
 
 }  // namespace desk

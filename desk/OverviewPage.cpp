@@ -9,11 +9,13 @@
 
 #include "desk/Books.h"
 #include "desk/FindingsPage.h"
+#include "desk/ItemPage.h"
 #include "desk/LastBackup.h"
 #include "desk/ListCard.h"
-#include "desk/ListPage.h"
+#include "desk/PartiesPage.h"
 #include "desk/StatementPage.h"
 #include "desk/StatusCard.h"
+#include "desk/StockPage.h"
 #include "desk/VouchersPage.h"
 #include "queries/GroupLedgers.h"
 
@@ -25,9 +27,11 @@ constexpr std::size_t LargestParties = 10;
 constexpr qint64 Quick = 2000;  // milliseconds that a check may take to be run again by itself
 constexpr int StaleDays = 7;    // after which a backup is old
 
-// The sheet that a card or a list shows stands in an order of its own over the whole.
-std::size_t RowBehind(const queries::Sheet& sheet, std::size_t row) {
-    return static_cast<const ShownSheet&>(sheet).RowOf(row);
+// The sheet that a card shows stands in an order of its own over the whole.
+template <class Row>
+const Row& RowBehind(const queries::Sheet& sheet, std::size_t row) {
+    const auto& shown = static_cast<const ShownSheet&>(sheet);
+    return static_cast<const queries::SheetOf<Row>&>(shown.Of()).Typed()[shown.RowOf(row)];
 }
 
 }  // namespace
@@ -87,37 +91,23 @@ void OverviewPage::MakeCards() {
         }));
     ages_ = new ChartCard(desk(), "overviewAges", tr("Owed and owing by age"),
                           [this](ChartView::Place place) { OpenAge(place); });
-    const auto openParty = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); };
+    for (const ChartCard* const card : {money_, trade_, paid_}) card->Table().Columns().HideAtFirst({"upto"});
+    const auto openParty = [this](const queries::Sheet& sheet, std::size_t row) { OpenParty(sheet, row); };
     parties_ = new ListCard(desk(), {.Name = "overviewParties",
                                      .Title = tr("The largest parties"),
                                      .Caption = tr("&Parties"),
                                      .Empty = tr("Nobody owes, and nothing is owed"),
                                      .EmptyText = {},
                                      .Activated = openParty,
-                                     .All = [this] { desk().Push(AllParties()); }});
+                                     .All = [this] { OpenParties({}); }});
     short_ = new ListCard(
-        desk(),
-        {.Name = "overviewShort",
-         .Title = tr("Items to reorder"),
-         .Caption = tr("&Items"),
-         .Empty = tr("Nothing is short"),
-         .EmptyText = tr("Every item stands above its reorder level."),
-         .Activated = [this](const queries::Sheet&, std::size_t) { desk().OpenScreen("ItemMaster"); },
-         .All =
-             [this] {
-                 desk().Push(new ListPage(
-                     desk(), {.Name = "short",
-                              .Title = tr("Items to reorder"),
-                              .Subtitle = {},
-                              .Chapter = "Stock",
-                              .Empty = tr("Nothing is short"),
-                              .EmptyText = tr("Every item stands above its reorder level."),
-                              .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
-                                  return OverviewFigures::Read(books)->Short(false);
-                              },
-                              .Activated = [this](const queries::Sheet&,
-                                                  std::size_t) { desk().OpenScreen("ItemMaster"); }}));
-             }});
+        desk(), {.Name = "overviewShort",
+                 .Title = tr("Items to reorder"),
+                 .Caption = tr("&Items"),
+                 .Empty = tr("Nothing is short"),
+                 .EmptyText = tr("Every item stands above its reorder level."),
+                 .Activated = [this](const queries::Sheet& sheet, std::size_t row) { OpenItem(sheet, row); },
+                 .All = [this] { OpenShort(); }});
 }
 
 void OverviewPage::LayCards(bool narrow) {
@@ -161,11 +151,11 @@ void OverviewPage::Ask() {
 void OverviewPage::Take(std::shared_ptr<const OverviewFigures> figures) {
     figures_ = std::move(figures);
     money_->Set(figures_->MoneyChart(), figures_->Money);
-    trade_->Set(figures_->TradeChart(), figures_->Months);
-    paid_->Set(figures_->PaidChart(), figures_->Months);
+    trade_->Set(figures_->TradeChart(), figures_->Trade());
+    paid_->Set(figures_->PaidChart(), figures_->Paid());
     ages_->Set(figures_->AgesChart(), figures_->Ages);
     parties_->Set(figures_->Largest(LargestParties));
-    short_->Set(figures_->Short(true));
+    short_->Set(figures_->Short());
     BooksCheck& check = desk().Books().Check();
     if (!check.Running() && (!check.Last() || check.Last()->Took <= Quick)) RunCheck();
 }
@@ -201,40 +191,31 @@ void OverviewPage::OpenVouchers(const queries::VoucherFilter& filter) {
     desk().Push(page);
 }
 
-Page* OverviewPage::AllParties() {
-    return new ListPage(desk(), {.Name = "parties",
-                                 .Title = tr("Parties"),
-                                 .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
-                                 .Chapter = "Parties",
-                                 .Empty = tr("Nobody owes, and nothing is owed"),
-                                 .EmptyText = {},
-                                 .Make = [](queries::Reading& books) -> SheetView::SheetPtr {
-                                     return std::make_shared<ShownSheet>(queries::PartiesSheet(books));
-                                 },
-                                 .Activated = [this](const queries::Sheet& sheet,
-                                                     std::size_t row) { OpenParties(sheet, row); }});
+void OverviewPage::OpenParties(const queries::PartyFilter& filter) {
+    auto* const page = new PartiesPage(desk());
+    page->Narrow(filter);
+    desk().Push(page);
 }
 
 void OverviewPage::OpenAge(ChartView::Place place) {
-    desk().Push(new ListPage(
-        desk(),
-        {.Name = "age",
-         .Title = tr("Parties: %1").arg(figures_->AgesChart().PointNames.at(int(place.Point))),
-         .Subtitle = tr("In debit they owe; with a minus it is owed to them"),
-         .Chapter = "Parties",
-         .Empty = tr("Nothing is open of this age"),
-         .EmptyText = {},
-         .Make = [age = place.Point, owed = place.Line == 0](queries::Reading& books) -> SheetView::SheetPtr {
-             return OverviewFigures::Read(books)->OfAge(age, owed);
-         },
-         .Activated = [this](const queries::Sheet& sheet, std::size_t row) { OpenParties(sheet, row); }}));
+    OpenParties(
+        OverviewFigures::OfAge(place.Point, place.Line == 0 ? queries::Owing::ToUs : queries::Owing::ByUs));
 }
 
-void OverviewPage::OpenParties(const queries::Sheet& sheet, std::size_t row) {
-    const auto& shown = static_cast<const ShownSheet&>(sheet);
-    const auto& all = static_cast<const queries::SheetOf<queries::PartyRow>&>(shown.Of());
-    const queries::PartyRow& party = all.Typed()[RowBehind(sheet, row)];
+void OverviewPage::OpenParty(const queries::Sheet& sheet, std::size_t row) {
+    const auto& party = RowBehind<queries::PartyRow>(sheet, row);
     desk().Push(new StatementPage(desk(), party.id, QString::fromStdString(party.name)));
+}
+
+void OverviewPage::OpenShort() {
+    auto* const page = new StockPage(desk());
+    page->ShowItems(StockPage::ToReorder);
+    desk().Push(page);
+}
+
+void OverviewPage::OpenItem(const queries::Sheet& sheet, std::size_t row) {
+    const auto& item = RowBehind<queries::ItemRow>(sheet, row);
+    desk().Push(new ItemPage(desk(), item.id, QString::fromStdString(item.name)));
 }
 
 }  // namespace desk

@@ -38,9 +38,11 @@ class OverviewPage : public Page {
     void TellCheck();
     void TellBackup();
     void OpenVouchers(const queries::VoucherFilter& filter);
-    Page* AllParties();
+    void OpenParties(const queries::PartyFilter& filter);
     void OpenAge(ChartView::Place place);
-    void OpenParties(const queries::Sheet& sheet, std::size_t row);
+    void OpenParty(const queries::Sheet& sheet, std::size_t row);
+    void OpenShort();
+    void OpenItem(const queries::Sheet& sheet, std::size_t row);
 
     std::shared_ptr<const OverviewFigures> figures_;
     QScrollArea* scroll_;

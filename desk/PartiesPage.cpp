@@ -1,7 +1,10 @@
 #include "desk/PartiesPage.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <iterator>
 #include <string>
+#include <utility>
 
 #include "desk/Books.h"
 #include "desk/PeriodChip.h"
@@ -14,7 +17,8 @@ const queries::PartyRow& RowOf(const queries::Sheet& sheet, std::size_t row) {
     return static_cast<const queries::SheetOf<queries::PartyRow>&>(sheet).Typed()[row];
 }
 
-constexpr int Ages[] = {0, 30, 60, 90};
+// Older than so many days, not older than so many, in the order of the chip's choices.
+constexpr std::pair<int, int> Ages[] = {{0, 0}, {30, 0}, {60, 0}, {90, 0}, {0, 30}, {30, 60}, {60, 90}};
 
 }  // namespace
 
@@ -26,8 +30,9 @@ PartiesPage::PartiesPage(Desk& desk) : TabPage(desk, tr("Parties")) {
     });
     day_ = new DayChip({books.FirstDay(), books.LastDay()}, [this] { Narrowed(); });
     age_ = new ChoiceChip(
-        "age", tr("&Older than"),
-        {tr("&Any age"), tr("Older than &30 days"), tr("Older than &60 days"), tr("Older than &90 days")},
+        "age", tr("H&ow old"),
+        {tr("&Any age"), tr("Older than &30 days"), tr("Older than &60 days"), tr("Older than &90 days"),
+         tr("&Up to 30 days"), tr("31 &to 60 days"), tr("61 to 90 &days")},
         [this] { Narrowed(); });
     AddFilter(age_);
     AddFilter(day_);
@@ -39,8 +44,9 @@ PartiesPage::PartiesPage(Desk& desk) : TabPage(desk, tr("Parties")) {
 
 void PartiesPage::AddSide(const QString& caption, const QString& name, queries::Owing owing) {
     SheetView& view = AddTab(caption, name, SheetView::Shape::Table, [this, owing](SheetView& of) {
-        of.AskSlowly([day = day_->Day(), filter = queries::PartyFilter{owing, OlderThan()}](
-                         queries::Reading& books) { return queries::PartiesSheet(books, day, filter); });
+        of.AskSlowly([day = day_->Day(), filter = Filter(owing)](queries::Reading& books) {
+            return queries::PartiesSheet(books, day, filter);
+        });
     });
     view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) { return QVariant(RowOf(sheet, row).id); };
     view.Activated = [this](std::size_t row) { Activate(row); };
@@ -53,21 +59,22 @@ void PartiesPage::AddSide(const QString& caption, const QString& name, queries::
     if (owing != queries::Owing::Both) view.Columns().HideAtFirst({"group"});
 }
 
-int PartiesPage::OlderThan() const {
-    return Ages[age_->Choice()];
+queries::PartyFilter PartiesPage::Filter(queries::Owing owing) const {
+    const auto [olderThan, upto] = Ages[age_->Choice()];
+    return {owing, olderThan, upto};
 }
 
-void PartiesPage::Narrow(queries::Owing owing, int olderThan) {
-    age_->Choose(static_cast<int>(std::ranges::find(Ages, olderThan) - std::begin(Ages)) % 4);
-    Turn(owing == queries::Owing::ToUs ? 0 : owing == queries::Owing::ByUs ? 1 : 2);
+void PartiesPage::Narrow(const queries::PartyFilter& filter) {
+    const auto found = std::ranges::find(Ages, std::pair(filter.olderThan, filter.upto));
+    age_->Choose(found == std::end(Ages) ? 0 : static_cast<int>(found - std::begin(Ages)));
+    Turn(filter.owing == queries::Owing::ToUs ? 0 : filter.owing == queries::Owing::ByUs ? 1 : 2);
     Narrowed();
 }
 
 void PartiesPage::Turned() {
-    if (OlderThan() > 0)
-        View().SetEmpty(
-            tr("Nothing is that old"),
-            tr("No balance has a part older than %1 days. Alt+O chooses another age.").arg(OlderThan()));
+    if (age_->Choice() > 0)
+        View().SetEmpty(tr("Nothing is of that age"),
+                        tr("No balance has a part of the age that is asked for. Alt+O chooses another."));
     else
         View().SetEmpty(tr("Nobody has a balance here"),
                         tr("Parties are ledgers of Debtors and Suppliers: F4 adds them."));

@@ -15,7 +15,7 @@ class PartiesPage : public TabPage {
   public:
     explicit PartiesPage(Desk& desk);
     QString Chapter() const override { return "Parties"; }
-    void Narrow(queries::Owing owing, int olderThan);  // from elsewhere: a bar of a chart
+    void Narrow(const queries::PartyFilter& filter);  // from elsewhere: a bar of a chart
 
   protected:
     void Turned() override;
@@ -23,7 +23,7 @@ class PartiesPage : public TabPage {
   private:
     void AddSide(const QString& caption, const QString& name, queries::Owing owing);
     void Activate(std::size_t row);
-    int OlderThan() const;  // days
+    queries::PartyFilter Filter(queries::Owing owing) const;
 
     DayChip* day_;
     ChoiceChip* age_;

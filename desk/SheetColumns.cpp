@@ -131,7 +131,9 @@ void SheetColumns::Fit() {
     const bool tight = !measure(false);
     if (tight) measure(true);  // what has no room even so is scrolled to
     each([&](int section, const queries::Column& column) {
-        const int more = room > 0 && shares > 0 ? room * ShareOf(column) / shares : 0;
+        const int more = room <= 0    ? 0
+                         : shares > 0 ? room * ShareOf(column) / shares
+                                      : room / static_cast<int>(Chosen().size());  // figures alone
         header_.resizeSection(section, width(section, column, tight) + more);
     });
 }

@@ -32,6 +32,12 @@ constexpr int RowHeight = 30;
 constexpr std::size_t Near = 100, OpenAtFirst = 60;
 constexpr std::size_t Few = 20'000;  // rows that are sorted and summed within a moment
 
+ShownSheet::Order Ordered(const queries::Sheet& sheet, int column, bool descending, Worker::Job& job) {
+    job.Total = sheet.Rows();
+    return OrderBy(sheet, static_cast<std::size_t>(column), descending,
+                   [&job](std::size_t row) { job.Step(row); });
+}
+
 }  // namespace
 
 SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
@@ -156,10 +162,18 @@ void SheetView::AddKey(const QKeySequence& key, const std::function<void()>& act
 }
 
 void SheetView::SetEmpty(const QString& title, const QString& text) {
-    const bool stands = empty_ && stack_->currentWidget() == empty_;
-    delete std::exchange(empty_, new EmptyState(title, text));
+    QWidget* const before = std::exchange(empty_, new EmptyState(title, text));
     stack_->addWidget(empty_);
-    if (stands) stack_->setCurrentWidget(empty_);
+    if (before && stack_->currentWidget() == before) Turn(empty_);
+    delete before;
+}
+
+// The keys stay with the list, also while it is empty.
+void SheetView::Turn(QWidget* to) {
+    const QWidget* const at = window()->focusWidget();
+    const bool hadFocus = at == stack_->currentWidget() || stack_->currentWidget()->isAncestorOf(at);
+    stack_->setCurrentWidget(to);
+    if (hadFocus) to->setFocus();
 }
 
 void SheetView::Ask(Making make) {
@@ -180,6 +194,12 @@ void SheetView::AskSlowly(SlowMaking make) {
     Answer();
 }
 
+void SheetView::AskAgain(Making make) {
+    make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
+    slowly_ = false;
+    Answer();
+}
+
 void SheetView::Refresh() {
     if (make_) Answer();
 }
@@ -190,11 +210,24 @@ void SheetView::Answer() {
         if (!desk_.Try([&] { Take(make_(desk_.Books().Reading(), job)); })) TellUnread();
         return;
     }
-    const auto answer = std::make_shared<SheetPtr>();
+    struct Made {
+        SheetPtr Sheet;
+        std::optional<ShownSheet::Order> Order;
+    };
+    const auto made = std::make_shared<Made>();
+    const int column = SortBy ? -1 : sortColumn_;
     InBackground(
         tr("Adding up\u2026"),
-        [make = make_, answer](queries::Reading& books, Worker::Job& job) { *answer = make(books, job); },
-        [this, answer] { Take(*answer); }, [this] { TellUnread(); });
+        [make = make_, made, column, down = descending_](queries::Reading& books, Worker::Job& job) {
+            const queries::Reading::Moment moment(books);
+            made->Sheet = make(books, job);
+            if (column >= 0) made->Order = Ordered(*made->Sheet, column, down, job);
+        },
+        [this, made] {
+            made->Sheet->ReadBy(desk_.Books().Reading());
+            Put(std::make_shared<ShownSheet>(made->Sheet, std::move(made->Order)));
+        },
+        [this] { TellUnread(); });
 }
 
 // The rows of the question before would stand below the words of the new one.
@@ -203,7 +236,7 @@ void SheetView::TellUnread() {
     columns_->Drop();
     model_.Set(nullptr);
     totals_->hide();
-    stack_->setCurrentWidget(unread_);
+    Turn(unread_);
 }
 
 void SheetView::Take(SheetPtr sheet) {
@@ -225,16 +258,18 @@ void SheetView::Sort(int column) {
 
 // A long sheet is made once more on the worker, and only the order comes back.
 void SheetView::SortShown(SheetPtr sheet) {
-    const auto column = static_cast<std::size_t>(sortColumn_);
-    if (sheet->Rows() <= Few || slowly_) {
-        ShownSheet::Order order = OrderBy(*sheet, column, descending_);
+    if (sheet->Rows() <= Few) {
+        Worker::Job job;
+        ShownSheet::Order order = Ordered(*sheet, sortColumn_, descending_, job);
         return Put(std::make_shared<ShownSheet>(std::move(sheet), std::move(order)));
     }
     const auto order = std::make_shared<ShownSheet::Order>();
     InBackground(
-        tr("Sorting %Ln row(s)\u2026", nullptr, static_cast<int>(sheet->Rows())),
-        [make = make_, order, column, down = descending_](queries::Reading& books, Worker::Job& job) {
-            *order = OrderBy(*make(books, job), column, down);
+        tr("Sorting %1 rows\u2026").arg(QLocale().toString(qulonglong(sheet->Rows()))),
+        [make = make_, order, column = sortColumn_, down = descending_](queries::Reading& books,
+                                                                        Worker::Job& job) {
+            const queries::Reading::Moment moment(books);
+            *order = Ordered(*make(books, job), column, down, job);
         },
         [this, sheet, order] {
             if (order->size() == sheet->Rows()) Put(std::make_shared<ShownSheet>(sheet, std::move(*order)));
@@ -254,7 +289,7 @@ void SheetView::Put(std::shared_ptr<const ShownSheet> shown) {
     isOld_ = false;
     model_.Set(std::move(shown));
     columns_->Lay(*model_.Sheet());
-    stack_->setCurrentWidget(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
+    Turn(rows > 0 ? static_cast<QWidget*>(view_) : empty_);
     totals_->setVisible(rows > 0);
     totalsSet_ = false;
     if (Filled) Filled();

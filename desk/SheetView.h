@@ -51,11 +51,11 @@ class SheetView : public QWidget {
     std::function<void(std::size_t column, bool descending)> SortBy;
 
     // Asks for the sheet and shows it from its first row: at once, or on the worker where the answer takes
-    // long and is held whole (never a sheet that reads by window: it stays with the connection it was made
-    // with).
+    // long. A sheet that reads by window is handed over then, and reads on through the connection that shows.
     void Ask(Making make);
     void AskSlowly(Making make);
     void AskSlowly(SlowMaking make);  // which tells the job how far it is
+    void AskAgain(Making make);       // as Ask, but to the same row
     void Refresh();                   // the same question again, to the same row
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
@@ -92,6 +92,7 @@ class SheetView : public QWidget {
     void MakeView(Shape shape, const QString& name);
     void MakeButtons();
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
+    void Turn(QWidget* to);  // to the rows or to why there are none
     void Answer();
     void TellUnread();
     void Take(SheetPtr sheet);

@@ -47,7 +47,9 @@ class ShownSheet final : public queries::Sheet {
 };
 
 // The rows by what stands in a column: figures and dates by their size, texts as the user's language sorts
-// them, empty cells last. In a tree each row stays below its own head. Raises what reading raises.
-ShownSheet::Order OrderBy(const queries::Sheet& sheet, std::size_t column, bool descending);
+// them, empty cells last. In a tree each row stays below its own head. `step` hears of each row as it is
+// read. Raises what reading raises.
+ShownSheet::Order OrderBy(const queries::Sheet& sheet, std::size_t column, bool descending,
+                          const std::function<void(std::size_t row)>& step = {});
 
 }  // namespace desk

@@ -19,7 +19,7 @@ const queries::LedgerLine& LineOf(const queries::Sheet& sheet, std::size_t row) 
 
 // The sheet reads by window, and its pages remember what they have read.
 queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
-    return const_cast<queries::LedgerSheet&>(static_cast<const queries::LedgerSheet&>(sheet)).Source();
+    return static_cast<const queries::LedgerSheet&>(sheet).Source();
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desk/AtOnce.h"
+
 namespace desk {
 
 StatusCard::StatusCard(const QString& title, const QString& name) : text_(new QLabel(this)) {
@@ -40,9 +42,8 @@ QString StatusCard::Text() const {
 }
 
 QPushButton& StatusCard::AddButton(const QString& caption, std::function<void()> act) {
-    auto* const button = new QPushButton(this);
-    button->setText(caption);
-    button->setAutoDefault(true);  // Enter presses it, as Space does
+    auto* const button = new AtOnce<QPushButton>(caption, this);
+    button->setAutoDefault(true);  // Enter presses it, as the blank does
     connect(button, &QPushButton::clicked, this, std::move(act));
     layout()->addWidget(button);
     return *button;

@@ -33,6 +33,7 @@ void FindBy(SheetView& view, Key key) {
 }  // namespace
 
 StockPage::StockPage(Desk& desk) : TabPage(desk, tr("Stock")), words_(new QLineEdit(this)) {
+    AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] { Change(); });
     AddFilters();
     AddItems();
     AddMovements();
@@ -81,13 +82,21 @@ void StockPage::AddItems() {
     };
 }
 
+// The record of the line on the module's screen.
+void StockPage::Change() {
+    const auto row = View().Current();
+    if (!row) return;
+    if (Tab() != Items) return View().Activated(*row);
+    desk().OpenScreen("ItemMaster", std::to_string(RowOf<queries::ItemRow>(View(), *row).id));
+}
+
 void StockPage::AddMovements() {
     SheetView& view = AddTab(tr("Mo&vements"), "movements", SheetView::Shape::Table, [this](SheetView& of) {
         const char* const types[] = {"", "Receipt", "Issue"};
-        const queries::MovementFilter filter{
-            .days = period_->Days(), .type = types[type_->Choice()], .words = Words()};
-        of.AskSlowly([filter](queries::Reading& books) { return queries::MovementsSheet(books, filter); });
+        AskForMovements(
+            of, {.days = period_->Days(), .type = types[type_->Choice()], .item = {}, .words = Words()});
     });
+    view.Columns().HideAtFirst({"item"});
     ShowMovements(desk(), view);
 }
 
@@ -97,10 +106,13 @@ void StockPage::AddOrders() {
             .days = period_->Days(), .outstanding = open_->Choice() > 0, .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::OrdersSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"item"});
     FindBy<queries::OrderRow>(view, [](const queries::OrderRow& row) {
         return std::to_string(row.number) + ' ' + std::to_string(row.item.value_or(0));
     });
-    view.Activated = [this](std::size_t) { desk().OpenScreen("frmPO"); };
+    view.Activated = [this, &view](std::size_t row) {
+        desk().OpenScreen("frmPO", std::to_string(RowOf<queries::OrderRow>(view, row).number));
+    };
 }
 
 void StockPage::AddBills() {
@@ -108,10 +120,12 @@ void StockPage::AddBills() {
         const queries::BillFilter filter{.days = period_->Days(), .words = Words()};
         of.AskSlowly([filter](queries::Reading& books) { return queries::BillsSheet(books, filter); });
     });
+    view.Columns().HideAtFirst({"order", "narration"});
     FindBy<queries::BillRow>(
         view, [](const queries::BillRow& row) { return std::to_string(row.receipt) + ' ' + row.bill; });
     view.Activated = [this, &view](std::size_t row) {
-        desk().OpenScreen("frmReceipt", std::to_string(RowOf<queries::BillRow>(view, row).receipt));
+        const auto bill = RowOf<queries::BillRow>(view, row);
+        OpenReceipt(desk(), bill.receipt, bill.order);
     };
 }
 

@@ -12,7 +12,7 @@ class ChoiceChip;
 class PeriodChip;
 
 // Items with their stock, movements, orders with what is outstanding, and bills. Enter leads from an item to
-// its movements, from the rest to the record on the module's screen.
+// its movements, from the rest to the record on the module's screen, as Ctrl+M does from all of them.
 class StockPage : public TabPage {
     Q_DECLARE_TR_FUNCTIONS(desk::StockPage)
 
@@ -33,6 +33,7 @@ class StockPage : public TabPage {
     void AddMovements();
     void AddOrders();
     void AddBills();
+    void Change();
     std::string Words() const;
     bool IsNarrowed() const;
 

@@ -46,10 +46,10 @@ VoucherChips::VoucherChips(const queries::Range& year, std::function<std::vector
     });
     type_ = new Chip("type", tr("&Type"), [this](QMenu& menu) { FillTypes(menu); });
     ledger_ = new Chip("ledger", tr("&Ledger"), [this](QMenu& menu) { FillLedgers(menu); });
-    amount_ = new Chip("amount", tr("A&mount"), [this](QMenu& menu) { FillAmounts(menu); });
+    amount_ = new Chip("amount", tr("Amou&nt"), [this](QMenu& menu) { FillAmounts(menu); });
     for (Chip* const chip : std::initializer_list<Chip*>{period_, type_, ledger_, amount_})
         row->addWidget(chip);
-    clear_ = new QToolButton(this);
+    clear_ = new AtOnce<QToolButton>(this);
     clear_->setObjectName("clear");
     clear_->setText(tr("Show &all"));
     connect(clear_, &QToolButton::clicked, this, [this] { Clear(); });
@@ -112,10 +112,6 @@ void VoucherChips::FillLedgers(QMenu& menu) {
         connect(part, &QLineEdit::returnPressed, this, take);
         connect(list, &QListWidget::itemActivated, this, take);
         connect(list, &QListWidget::itemClicked, this, take);
-        connect(
-            &menu, &QMenu::aboutToShow, part, [part] { part->setFocus(); }, Qt::QueuedConnection);
-        QMetaObject::invokeMethod(
-            part, [part] { part->setFocus(); }, Qt::QueuedConnection);
     });
 }
 
@@ -138,8 +134,6 @@ void VoucherChips::FillAmounts(QMenu& menu) {
         };
         for (QLineEdit* const edit : {least, most}) connect(edit, &QLineEdit::returnPressed, this, take);
         connect(button, &QPushButton::clicked, this, take);
-        QMetaObject::invokeMethod(
-            least, [least] { least->setFocus(); }, Qt::QueuedConnection);
     });
 }
 

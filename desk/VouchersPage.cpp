@@ -51,9 +51,7 @@ VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new S
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
     view_->PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
-        return const_cast<queries::VouchersSheet&>(static_cast<const queries::VouchersSheet&>(sheet))
-            .Source()
-            .PlaceOf(key.toLongLong());
+        return static_cast<const queries::VouchersSheet&>(sheet).Source().PlaceOf(key.toLongLong());
     };
     view_->Activated = [this](std::size_t) {
         this->desk().OpenScreen("frmVoucher", std::to_string(Number()));
@@ -103,8 +101,15 @@ void VouchersPage::Ask() {
             tr("Nothing of this year is %1. Show all takes the filters away.").arg(chips_->Text()));
     else
         view_->SetEmpty(tr("No vouchers yet"), tr("F2 enters the first."));
-    view_->Ask([filter = chips_->Filter(), order = order_, down = descending_](queries::Reading& books) {
+    const queries::VoucherFilter filter = chips_->Filter();
+    const auto list = [filter, order = order_, down = descending_](queries::Reading& books) {
         return queries::ListVouchers(books, filter, order, down);
+    };
+    if (queries::IsQuick(filter, order_)) return view_->Ask(list);
+    view_->AskSlowly([list](queries::Reading& books) {
+        auto lines = list(books);
+        lines->Source().Settle();
+        return lines;
     });
 }
 

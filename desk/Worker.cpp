@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <utility>
 
+#include <malloc.h>
+
 namespace desk {
 
 void Worker::Job::Step(std::size_t done) {
@@ -58,6 +60,7 @@ void Worker::Loop() {
         if (books_) books_->GoOn();
         lock.unlock();
         Run(std::move(task));
+        malloc_trim(0);  // what a long answer was worked out in goes back to the system
         lock.lock();
         running_.reset();
     }

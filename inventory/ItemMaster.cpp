@@ -62,6 +62,15 @@ void ItemMaster::ShowNextNumber() {
     ui().txtItemID->SetText(basic::NumberText(number));
 }
 
+void ItemMaster::LoadItem(std::int32_t item) {
+    ShowItem(std::to_string(item));
+    Show(forms::vbModal);
+}
+
+void ItemMaster::ShowItem(const std::string& id) {
+    SkipOnError([&] { ShowRecord(*ExecuteRecordset(SelectItem(id))); });
+}
+
 // Field by field: beyond the first or the last row none can be read, and the values shown stay.
 void ItemMaster::ShowRecord(ado::Recordset& item) {
     basic::Control* const controls[] = {
@@ -133,7 +142,7 @@ void ItemMaster::ucAddPanel1_FindRec() {
     });
     ui().txtItemID->SetText(SearchResultKey);
     if (basic::Trim(ui().txtItemID->Text()).empty()) return;
-    SkipOnError([this] { ShowRecord(*ExecuteRecordset(SelectItem(ui().txtItemID->Text()))); });
+    ShowItem(ui().txtItemID->Text());
 }
 
 // One step past the last row there is no record, so the last one stays shown; Previous then shows it again.

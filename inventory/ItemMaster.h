@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "core/ItemRows.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/Controls.h"
@@ -13,6 +16,7 @@ namespace qm {
 class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
   public:
     void ModeNew();  // empty, unlocked, with the next number; nothing in this system calls it
+    void LoadItem(std::int32_t item);    // shows it as the look-up does, modally; an empty screen without it
     bool IsNew() const { return new_; }  // from ModeNew to the next insert
 
   protected:
@@ -30,6 +34,7 @@ class ItemMaster : public forms::FormOf<Ui::ItemMaster> {
     void ucAddPanel1_PrevRec();
 
     void ShowNextNumber();
+    void ShowItem(const std::string& id);
     void ShowRecord(ado::Recordset& item);
     ItemEntry Values();
 

@@ -10,6 +10,7 @@
 #include "inventory/LedgerBox.h"
 #include "inventory/StockPosting.h"
 #include "platform/basic/Clock.h"
+#include "platform/basic/Error.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "purchasing/frmPOReceipt.h"
@@ -55,6 +56,41 @@ void frmPO::Form_Load() {
     ui().tvPO->SetImageList(&imgList);
     ui().dtpDate->SetValue(basic::Clock::Today());
     ResetPurchaseOrders();
+}
+
+void frmPO::LoadOrder(std::int32_t order) {
+    EnsureLoaded();
+    try {
+        ChooseOrder(order);
+    } catch (...) {
+        Unload();
+        throw;
+    }
+    Show(forms::vbModal);
+}
+
+void frmPO::ChooseOrder(std::int32_t order) {
+    const std::string number = std::to_string(order);
+    ado::Recordset head;
+    head.Open("Select poSupplierID, poSupplierName, poCancelled From tblPO" + shared().FinYear +
+                  " Where poNumber = " + number,
+              shared().Connection);
+    const auto refuse = [&](const std::string& why) {
+        throw basic::Error(basic::error::InvalidCall, "Order " + number + " cannot be shown: " + why,
+                           "purchasing");
+    };
+    if (head.Eof()) refuse("it is not there.");
+    if (basic::ToBoolean(head["poCancelled"])) refuse("it was cancelled.");
+    forms::ComboBox& suppliers = *ui().cmbSuppliers;
+    int line = 0;
+    while (line < suppliers.ListCount() &&
+           (suppliers.ItemData(line) != basic::ToLong(head["poSupplierID"]) ||
+            !basic::EqualText(suppliers.List(line), basic::TextOrEmpty(head["poSupplierName"]))))
+        ++line;
+    if (line == suppliers.ListCount()) refuse("its supplier bears another name by now.");
+    suppliers.SetListIndex(line);
+    ui().tvPO->Item(number + "PO").SetSelected(true);
+    tvPO_NodeClick();
 }
 
 void frmPO::Form_Unload() {

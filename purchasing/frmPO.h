@@ -18,6 +18,11 @@ namespace qm {
 // open, touched (some line received: it can be seen and received against, no more) or cancelled, which leaves
 // the tree. It carries no money.
 class frmPO : public forms::FormOf<Ui::frmPO> {
+  public:
+    // Shows the screen modally with its supplier and the order chosen. Raises 5 where the tree does not have
+    // it: it was cancelled, or its supplier bears another name by now.
+    void LoadOrder(std::int32_t order);
+
   protected:
     void Wire() override;
     void Form_Load() override;
@@ -30,6 +35,7 @@ class frmPO : public forms::FormOf<Ui::frmPO> {
     void ResetPurchaseOrders();
     void FillPOSuppliers();
     void FillPOTree();
+    void ChooseOrder(std::int32_t order);
     void ShowPOLines();
     static bool POUntouched(const std::string& poNumber);
 

@@ -149,7 +149,7 @@ Range YearBefore(const Reading& books, const Range& days) {
 }
 
 std::unique_ptr<BesideSheet> BesideLastYear(Reading& books, std::optional<Statement> statement,
-                                            const Range& days, TrialBy by, const BesideStep& step) {
+                                            const Range& days, TrialBy by, const Step& step) {
     const Reading::Moment moment(books);
     step(0, 2);
     Merged merged(3);
@@ -168,7 +168,7 @@ std::unique_ptr<BesideSheet> BesideLastYear(Reading& books, std::optional<Statem
 }
 
 std::unique_ptr<BesideSheet> ByMonth(Reading& books, std::optional<Statement> statement, const Range& days,
-                                     const BesideStep& step) {
+                                     const Step& step) {
     const Reading::Moment moment(books);
     const bool adds = statement && *statement != Statement::BalanceSheet;
     std::vector<Range> asked;

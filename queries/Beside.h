@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -38,9 +37,6 @@ class BesideSheet final : public Sheet {
     std::vector<BesideRow> rows_;
 };
 
-// Hears how many of all columns stand; may raise to stop.
-using BesideStep = std::function<void(std::size_t done, std::size_t all)>;
-
 // The year before, in its short form; none where the books do not know it.
 std::optional<std::string> LastYearOf(Reading& books);
 // The same days a year before; the last of a February stays its last.
@@ -53,10 +49,10 @@ Range YearBefore(const Reading& books, const Range& days);
 //
 // Beside the same days of the year before, with what changed. Raises NoSuchTable where it is not known.
 std::unique_ptr<BesideSheet> BesideLastYear(Reading& books, std::optional<Statement> statement,
-                                            const Range& days, TrialBy by, const BesideStep& step);
+                                            const Range& days, TrialBy by, const Step& step);
 // By the months of a range: of Trading and Profit & Loss what each month added, and the sum; of the other two
 // how they stood at each month's end, by the rows.
 std::unique_ptr<BesideSheet> ByMonth(Reading& books, std::optional<Statement> statement, const Range& days,
-                                     const BesideStep& step);
+                                     const Step& step);
 
 }  // namespace queries

@@ -11,7 +11,7 @@
 namespace queries {
 namespace {
 
-constexpr std::size_t Long = 4096;  // rows of one day
+constexpr std::size_t Long = 512;  // rows of one day
 
 constexpr const char* LineFields =
     "LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerNarration, LedgerDrAmt, LedgerCrAmt";

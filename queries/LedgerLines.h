@@ -28,6 +28,8 @@ class LedgerLines {
   public:
     LedgerLines(Reading& books, std::int32_t ledger, const Range& range = {});
 
+    void ReadBy(Reading& books) { books_ = &books; }  // from now on
+
     double Opening() const { return opening_; }
     double Closing() const { return opening_ + net_; }
     Sides Sums() const { return sums_; }  // of the lines, without the opening

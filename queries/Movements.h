@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "queries/LedgerSums.h"
-#include "queries/Reading.h"
-#include "queries/Sheet.h"
+#include "queries/RowPages.h"
 
 namespace queries {
 
 // A movement of an item, as a receipt or an issue wrote it.
 struct MovementRow {
+    ado::RowKey key = 0;      // 0 for one that was removed after the list was read; the rest is empty then
     std::int32_t number = 0;  // of the receipt or issue
     std::optional<basic::Date> date;
     std::string type;  // "Receipt" or "Issue"
@@ -34,11 +34,37 @@ struct MovementFilter {
     std::string words{};  // each stands in the name, the bill's number or the note
 };
 
-// The movements that a filter leaves, by date, the receipts of a day before its issues. Balances are the item
-// ledger's: the opening stock and what moved before the first day, then by each row the quantity of its type;
-// an item whose opening stock is Null begins with 0.
-std::vector<MovementRow> Movements(Reading& books, const MovementFilter& filter = {});
-std::unique_ptr<SheetOf<MovementRow>> MovementsSheet(Reading& books, const MovementFilter& filter = {});
+// The movements that a filter leaves, by date, the receipts of a day before its issues; by page. Balances are
+// the item ledger's: the opening stock and what moved before the first day, then by each row the quantity of
+// its type; an item whose opening stock is Null begins with 0. They are worked out at once, in one pass over
+// the year; of each movement its place and its balance are kept, 24 bytes.
+class MovementLines {
+  public:
+    MovementLines(Reading& books, const MovementFilter& filter, const Step& step = {});
+    void ReadBy(Reading& books) { books_ = &books; }  // from now on
+
+    std::size_t Count() const { return lines_.size(); }
+    std::vector<MovementRow> Page(std::size_t first, std::size_t count) const;
+    // Where a movement stands that Page gave, by its key.
+    std::optional<std::size_t> PlaceOf(ado::RowKey key) const;
+
+  private:
+    struct Line {
+        ado::RowKey key;
+        double balance;  // until all have been gone through, what the movement changes it by
+        std::int32_t item;
+        std::uint32_t when;  // its day and type, among those that occur
+    };
+    class Pass;
+
+    Reading* books_;
+    std::string select_;
+    std::vector<Line> lines_;
+};
+
+using MovementSheet = PagedSheet<MovementRow, MovementLines>;
+std::unique_ptr<MovementSheet> ListMovements(Reading& books, const MovementFilter& filter = {},
+                                             const Step& step = {});
 
 // What the year's movements add to the stock of each item; none for an item that never moved.
 std::map<std::int32_t, double> MovedQuantities(Reading& books);

@@ -92,11 +92,14 @@ bool Fits(const PartyRow& row, const PartyFilter& filter) {
     if (row.balance == 0 ||
         (filter.owing != Owing::Both && (row.balance > 0) != (filter.owing == Owing::ToUs)))
         return false;
-    double older = row.balance;
-    const std::array parts{row.upto30, row.upto60, row.upto90};
-    for (std::size_t part = 0; part < Ages.size() && Ages[part] <= filter.olderThan; ++part)
-        older -= parts[part];
-    return Paise(older) != 0;
+    const std::array parts{row.upto30, row.upto60, row.upto90, row.older};
+    double wanted = 0;
+    for (std::size_t part = 0; part < Parts; ++part) {
+        const bool oldEnough = part == 0 ? filter.olderThan == 0 : Ages[part - 1] >= filter.olderThan;
+        const bool youngEnough = filter.upto == 0 || (part < Ages.size() && Ages[part] <= filter.upto);
+        if (oldEnough && youngEnough) wanted += parts[part];
+    }
+    return Paise(wanted) != 0;
 }
 
 basic::Date DayOrToday(const Reading& books, std::optional<basic::Date> asOf) {

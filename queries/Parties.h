@@ -27,7 +27,9 @@ enum class Owing { Both, ToUs, ByUs };
 
 struct PartyFilter {
     Owing owing = Owing::Both;
-    int olderThan = 0;  // days: 30, 60 or 90 for those of whose balance a part is older; 0 for all
+    // Days, 30, 60 or 90, for those of whose balance a part is older than that, and not older than this; 0
+    // for all, and without an end.
+    int olderThan = 0, upto = 0;
 };
 
 // The ledgers of Debtors and Suppliers with a balance, by name. Without a day it is today's, at latest the

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +20,9 @@ namespace queries {
 // The day number under which the tables keep a date (whole days since 01/01/1900), and back.
 std::int32_t DayOf(basic::Date date);
 basic::Date DateOf(std::int32_t day);
+
+// Hears how many steps of all are done; may raise to stop.
+using Step = std::function<void(std::size_t done, std::size_t all)>;
 
 // A connection of its own to the books, beside the class and other programs, which may go on writing: it only
 // reads, one year at a time. All calls of one Reading come from one thread, any thread.

@@ -17,19 +17,29 @@ namespace queries {
 // that is gone meanwhile reads Null.
 class RowPages {
   public:
-    RowPages(Reading& books, const std::string& select);
+    // How the keys come into an order that no index has, in less memory than the store would take: `select`
+    // is of the same rows, of an amount and a day, without an order; equal amounts stand by day.
+    struct ByAmount {
+        std::string select;
+        bool descending = false;
+    };
+    RowPages(Reading& books, const std::string& select, std::optional<ByAmount> byAmount = {});
 
     std::size_t Count();                                       // counted once
     ado::KeptRows Page(std::size_t first, std::size_t count);  // fewer at the end
     std::optional<std::size_t> PlaceOf(ado::RowKey key);       // of a row that a page gave
+    void Settle() { Keys(); }                                  // what takes long is read now
+    void ReadBy(Reading& books) { books_ = &books; }           // from now on
 
   private:
     const std::vector<ado::RowKey>& Keys();
+    std::vector<ado::RowKey> KeysByAmount();
 
     ado::RowWindow Window() { return books_->Window(select_); }
 
     Reading* books_;
     std::string select_;
+    std::optional<ByAmount> byAmount_;
     std::optional<std::size_t> count_;
     std::optional<std::vector<ado::RowKey>> keys_;
 };
@@ -40,7 +50,9 @@ class Windowed {
   public:
     using Make = Row (*)(const ado::KeptRows& rows, std::int64_t row);
 
-    Windowed(Reading& books, const std::string& select, Make make) : pages_(books, select), make_(make) {}
+    Windowed(Reading& books, const std::string& select, Make make,
+             std::optional<RowPages::ByAmount> byAmount = {})
+        : pages_(books, select, std::move(byAmount)), make_(make) {}
 
     std::size_t Count() { return pages_.Count(); }
     std::vector<Row> Page(std::size_t first, std::size_t count) {
@@ -51,14 +63,17 @@ class Windowed {
     }
     // Where in the list a row stands that Page gave, by its key.
     std::optional<std::size_t> PlaceOf(ado::RowKey key) { return pages_.PlaceOf(key); }
+    void Settle() { pages_.Settle(); }
+    void ReadBy(Reading& books) { pages_.ReadBy(books); }
 
   private:
     RowPages pages_;
     Make make_;
 };
 
-// A sheet that fetches the rows it is asked for: `Pages` has Count and Page as above. It reads through the
-// Reading it was made with, which outlives it. Who writes it all out holds a Moment around that.
+// A sheet that fetches the rows it is asked for: `Pages` has Count, Page and ReadBy as above. It reads
+// through the Reading it was made with, or was told last, which outlives it. Who writes it all out holds a
+// Moment around that.
 template <class Row, class Pages>
 class PagedSheet final : public Sheet {
   public:
@@ -76,6 +91,7 @@ class PagedSheet final : public Sheet {
     basic::Value At(std::size_t row, std::size_t column) const override {
         return values_.at(column)(Typed(row));
     }
+    void ReadBy(Reading& books) const override { pages_.ReadBy(books); }
     // Valid until another row is asked for.
     const Row& Typed(std::size_t row) const {
         if (row < first_ || row >= first_ + page_.size()) {
@@ -85,7 +101,7 @@ class PagedSheet final : public Sheet {
         }
         return page_.at(row - first_);
     }
-    Pages& Source() { return pages_; }
+    Pages& Source() const { return pages_; }
 
   private:
     static constexpr std::size_t PageRows = 128;

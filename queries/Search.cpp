@@ -60,6 +60,14 @@ void AddVouchers(Reading& books, Hits& hits, Of kind, const VoucherFilter& filte
     }
 }
 
+// The screen of orders shows none that was cancelled.
+void AddOrder(Reading& books, Hits& hits, std::int32_t number) {
+    for (SearchHit& hit : HitsOf(books, Of::Order,
+                                 "Select poNumber, poNumber, poSupplierName From " + books.Table("tblPO") +
+                                     " Where poNumber = " + std::to_string(number) + " And Not poCancelled"))
+        hits.push_back({hit.kind, hit.number, "Order " + hit.text, hit.detail});
+}
+
 std::optional<std::int32_t> NumberIn(const std::string& text) {
     const bool digits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
     if (!digits || text.size() > 9) return std::nullopt;
@@ -73,7 +81,8 @@ std::vector<SearchHit> Search(Reading& books, const std::string& text, std::size
     Hits hits;
     if (typed.empty()) return hits;
     const Reading::Moment moment(books);
-    if (const auto number = NumberIn(typed)) AddVouchers(books, hits, Of::Voucher, {.number = number}, most);
+    const auto number = NumberIn(typed);
+    if (number) AddVouchers(books, hits, Of::Voucher, {.number = number}, most);
     const auto where = [&](const char* field) { return WhereAll(HoldsWords(field, typed)); };
     Add(hits,
         HitsOf(books, Of::Ledger,
@@ -84,11 +93,16 @@ std::vector<SearchHit> Search(Reading& books, const std::string& text, std::size
                "Select Item_ID, Item_Name, Item_Type From " + books.Table("ItemMaster") + where("Item_Name") +
                    " Order By Item_Name"),
         typed, most);
+    const std::string bills = " From " + books.Table("tblBills") + where("BillID");
     Add(hits,
         HitsOf(books, Of::Bill,
-               "Select BillTxnID, BillID, BillVchrNo From " + books.Table("tblBills") + where("BillID") +
-                   " Order By BillID"),
+               "Select BillTxnID, BillID, BillVchrNo" + bills + " And Not ISPoBill Order By BillID"),
         typed, most);
+    Add(hits,
+        HitsOf(books, Of::OrderBill,
+               "Select InstrumentID, BillID, BillVchrNo" + bills + " And ISPoBill Order By BillID"),
+        typed, most);
+    if (number) AddOrder(books, hits, *number);
     AddVouchers(books, hits, Of::Narration, {.words = typed}, most);
     return hits;
 }

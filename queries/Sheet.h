@@ -11,6 +11,8 @@
 
 namespace queries {
 
+class Reading;
+
 // What stands in a column. Number: whole; Amount: rupees, two decimals; Quantity: as many decimals as it has.
 enum class Kind { Text, Number, Amount, Quantity, Date, Flag };
 
@@ -31,6 +33,9 @@ class Sheet {
     // Both from 0. Null where nothing stands. A sheet may fetch its rows by window, and raises then what
     // reading raises.
     virtual basic::Value At(std::size_t row, std::size_t column) const = 0;
+    // From now on what is fetched comes through this Reading, on whose thread the sheet is then used. Without
+    // a meaning for a sheet that holds its rows.
+    virtual void ReadBy(Reading&) const {}
     // Depth in a tree, from 0; heads and totals stand above their parts.
     virtual int Level(std::size_t) const { return 0; }
 };

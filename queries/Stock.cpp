@@ -4,14 +4,27 @@
 
 namespace queries {
 
-std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& select) {
+namespace {
+
+template <class Ask>
+auto OfStock(const Reading& books, Ask ask) {
     try {
-        return books.Select(select);
+        return ask();
     } catch (const basic::Error& error) {
         if (error.Number != ado::error::NoSuchTable) throw;
         throw basic::Error(error.Number, "The year " + books.Year() + " was made without stock tables.",
                            "queries.Stock");
     }
+}
+
+}  // namespace
+
+std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& select) {
+    return OfStock(books, [&] { return books.Select(select); });
+}
+
+ado::RowWindow StockWindow(Reading& books, const std::string& select) {
+    return OfStock(books, [&] { return books.Window(select); });
 }
 
 bool HasStock(Reading& books) {

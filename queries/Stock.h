@@ -14,6 +14,9 @@ namespace queries {
 // was made without them.
 std::unique_ptr<ado::Recordset> SelectStock(Reading& books, const std::string& select);
 
+// The same by window, for one call of it.
+ado::RowWindow StockWindow(Reading& books, const std::string& select);
+
 // Whether the year was made with stock.
 bool HasStock(Reading& books);
 

@@ -90,11 +90,25 @@ const std::vector<Filled<VoucherLine>>& Columns() {
 }  // namespace
 
 VoucherLines Vouchers(Reading& books, const VoucherFilter& filter, VoucherOrder order, bool descending) {
+    const std::string from = " From " + books.Table("tb_Ledger") + WhereOf(books, filter);
+    std::optional<RowPages::ByAmount> byAmount;
+    if (order == VoucherOrder::Debit)
+        byAmount = {"Select LedgerDrAmt, LedgerTxnDate" + from, descending};
+    else if (order == VoucherOrder::Credit)
+        byAmount = {"Select LedgerCrAmt, LedgerTxnDate" + from, descending};
     return {books,
             "Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, LedgerDrAmt, "
-            "LedgerCrAmt, LedgerNarration, LedgerMcGenerated From " +
-                books.Table("tb_Ledger") + WhereOf(books, filter) + OrderBy(order, descending),
-            Line};
+            "LedgerCrAmt, LedgerNarration, LedgerMcGenerated" +
+                from + OrderBy(order, descending),
+            Line, byAmount};
+}
+
+bool IsQuick(const VoucherFilter& filter, VoucherOrder order) {
+    if (filter.number) return true;
+    if (filter.type || !filter.group.empty() || filter.least || filter.most || !filter.words.empty())
+        return false;
+    const bool narrowed = filter.ledger || filter.days.from || filter.days.upto;
+    return order == VoucherOrder::Date || (order == VoucherOrder::Number && !narrowed);
 }
 
 VoucherSums SumVouchers(Reading& books, const VoucherFilter& filter) {

@@ -42,6 +42,9 @@ using VoucherLines = Windowed<VoucherLine>;
 VoucherLines Vouchers(Reading& books, const VoucherFilter& filter = {},
                       VoucherOrder order = VoucherOrder::Date, bool descending = false);
 
+// Whether the first lines of such a list stand at once: an index has them in its order.
+bool IsQuick(const VoucherFilter& filter, VoucherOrder order);
+
 struct VoucherSums {
     std::size_t lines = 0;
     double debit = 0, credit = 0;

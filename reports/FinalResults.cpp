@@ -3,6 +3,7 @@
 #include "core/Masks.h"
 #include "core/modGeneral.h"
 #include "platform/ado/AddRow.h"
+#include "platform/ado/Together.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -153,18 +154,20 @@ constexpr const char* BelowHeads =
     "height='12'></td></tr>";
 
 void AddTemplateRows(ado::Recordset& ledgers) {
-    ado::Recordset lines;  // its rows are read by nobody
+    ado::Recordset lines;
     lines.Open("tblsysTPL", shared().Connection, ado::adOpenDynamic, ado::adLockOptimistic, -1);
-    for (; !ledgers.Eof(); ledgers.MoveNext()) {
-        const double closing = basic::ToDouble(ledgers["closing_Bal"]);
-        const bool debit = closing > 0;
-        // The other side keeps its defaults.
-        ado::AddRow(Conn(), "tblsysTPL",
-                    {{debit ? "ParticularDr" : "ParticularCr", ledgers["Name"]},
-                     {debit ? "amtdr" : "amtCr", debit ? closing : -closing},
-                     {"Type", ledgers["grpType"]}});
-    }
-    lines.Close();
+    lines.Close();  // nobody looks through it at what is added
+    ado::Together(Conn(), [&] {
+        for (; !ledgers.Eof(); ledgers.MoveNext()) {
+            const double closing = basic::ToDouble(ledgers["closing_Bal"]);
+            const bool debit = closing > 0;
+            // The other side keeps its defaults.
+            ado::AddRow(Conn(), "tblsysTPL",
+                        {{debit ? "ParticularDr" : "ParticularCr", ledgers["Name"]},
+                         {debit ? "amtdr" : "amtCr", debit ? closing : -closing},
+                         {"Type", ledgers["grpType"]}});
+        }
+    });
 }
 
 }  // namespace

@@ -44,8 +44,10 @@ constexpr auto Table = std::to_array<ScreenEntry>({
     {"frmItemLedger", "", ShowModal<frmItemLedger>},
     {"frmReceipt", "", [] { forms::Default<frmReceipt>().Load(0); },
      [](const std::string& number) { forms::Default<frmReceipt>().Load(Number(number)); }},
-    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>},
-    {"frmPO", "", ShowModal<frmPO>},
+    {"ItemMaster", "ItemMaster", ShowModal<ItemMaster>,
+     [](const std::string& number) { forms::Default<ItemMaster>().LoadItem(Number(number)); }},
+    {"frmPO", "", ShowModal<frmPO>,
+     [](const std::string& number) { forms::Default<frmPO>().LoadOrder(Number(number)); }},
     {"frmIssues", "", [] { forms::Default<frmIssues>().Load(0); },
      [](const std::string& number) { forms::Default<frmIssues>().Load(Number(number)); }},
 });

@@ -4,6 +4,7 @@
 #include "core/CarryForward.h"
 #include "core/ErrorModule.h"
 #include "core/modGeneral.h"
+#include "platform/ado/Together.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
@@ -115,10 +116,12 @@ void frmNewFinYear::RollOpeningBalances(const std::string& from) {
     ado::Recordset rows;
     rows.Open("Select * from Ledger_Details Where fnncl_yr = " + from, shared().Connection,
               ado::adOpenDynamic, ado::adLockOptimistic, ado::adCmdText);
-    for (; !rows.Eof();
-         rows.MoveNext())  // the move stores the edit; a ledger never posted to has Null totals
-        FoldTotals(rows, basic::NumberOrZero(rows["leddetDrtxntot"]),
-                   basic::NumberOrZero(rows["leddetCrtxntot"]));
+    // The move stores the edit; a ledger never posted to has Null totals.
+    ado::Together(Conn(), [&] {
+        for (; !rows.Eof(); rows.MoveNext())
+            FoldTotals(rows, basic::NumberOrZero(rows["leddetDrtxntot"]),
+                       basic::NumberOrZero(rows["leddetCrtxntot"]));
+    });
     rows.Close();
 }
 

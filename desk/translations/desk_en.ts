@@ -89,10 +89,6 @@
             <translation>Import</translation>
         </message>
         <message>
-            <source>A list as comma-separated text. It is checked as a whole and shown before anything is written.</source>
-            <translation>A list as comma-separated text. It is checked as a whole and shown before anything is written.</translation>
-        </message>
-        <message>
             <source>&amp;Ledgers…</source>
             <translation>&amp;Ledgers…</translation>
         </message>
@@ -123,10 +119,6 @@
         <message>
             <source>Other books</source>
             <translation>Other books</translation>
-        </message>
-        <message>
-            <source>Ctrl+O opens a folder; Enter on a line below opens books that were open before.</source>
-            <translation>Ctrl+O opens a folder; Enter on a line below opens books that were open before.</translation>
         </message>
         <message>
             <source>&amp;New books…</source>
@@ -181,14 +173,6 @@
             <translation>Restore</translation>
         </message>
         <message>
-            <source>Put %1 in the place of the books in %2?
-
-The books that stand there are set aside under a name with the date.</source>
-            <translation>Put %1 in the place of the books in %2?
-
-The books that stand there are set aside under a name with the date.</translation>
-        </message>
-        <message>
             <source>Restored from %1.</source>
             <translation>Restored from %1.</translation>
         </message>
@@ -209,14 +193,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>First financial year begins on 1 April</translation>
         </message>
         <message>
-            <source>List to import</source>
-            <translation>List to import</translation>
-        </message>
-        <message>
-            <source>Comma-separated text (*.csv)</source>
-            <translation>Comma-separated text (*.csv)</translation>
-        </message>
-        <message>
             <source>Writing the spreadsheets…</source>
             <translation>Writing the spreadsheets…</translation>
         </message>
@@ -231,6 +207,64 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>None was made at this desk yet</source>
             <translation>None was made at this desk yet</translation>
+        </message>
+        <message>
+            <source>A list as comma-separated text, or a journal. It is checked as a whole and shown before anything is written.</source>
+            <translation>A list as comma-separated text, or a journal. It is checked as a whole and shown before anything is written.</translation>
+        </message>
+        <message>
+            <source>Vo&amp;uchers…</source>
+            <translation>Vo&amp;uchers…</translation>
+        </message>
+        <message>
+            <source>&amp;Journal…</source>
+            <translation>&amp;Journal…</translation>
+        </message>
+        <message>
+            <source>Enter on a line below opens books that were open before.</source>
+            <translation>Enter on a line below opens books that were open before.</translation>
+        </message>
+        <message>
+            <source>O&amp;pen a folder…</source>
+            <translation>O&amp;pen a folder…</translation>
+        </message>
+        <message>
+            <source>Open on a &amp;server…</source>
+            <translation>Open on a &amp;server…</translation>
+        </message>
+        <message>
+            <source>Put %1, of %2, in the place of the books in %3?
+
+It holds %4.
+The books hold %5. They are set aside under a name with the date.</source>
+            <translation>Put %1, of %2, in the place of the books in %3?
+
+It holds %4.
+The books hold %5. They are set aside under a name with the date.</translation>
+        </message>
+        <message>
+            <source>Books on a server</source>
+            <translation>Books on a server</translation>
+        </message>
+        <message>
+            <source>Their address: postgresql://server/books</source>
+            <translation>Their address: postgresql://server/books</translation>
+        </message>
+        <message>
+            <source>New books for %1-%2 stand in %3.</source>
+            <translation>New books for %1-%2 stand in %3.</translation>
+        </message>
+        <message>
+            <source>Journal (*.journal *.ledger *.dat *.txt);;All files (*)</source>
+            <translation>Journal (*.journal *.ledger *.dat *.txt);;All files (*)</translation>
+        </message>
+        <message>
+            <source>Comma-separated text (*.csv *.txt);;All files (*)</source>
+            <translation>Comma-separated text (*.csv *.txt);;All files (*)</translation>
+        </message>
+        <message>
+            <source>File to import</source>
+            <translation>File to import</translation>
         </message>
     </context>
     <context>
@@ -433,6 +467,14 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>Open what stands there</source>
             <translation>Open what stands there</translation>
+        </message>
+        <message>
+            <source>The books are being put in their place…</source>
+            <translation>The books are being put in their place…</translation>
+        </message>
+        <message>
+            <source>Order</source>
+            <translation>Order</translation>
         </message>
     </context>
     <context>
@@ -803,16 +845,94 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>&amp;Import</translation>
         </message>
         <message>
-            <source>%1; nothing was imported. Mend the file and import it again.</source>
-            <translation>%1; nothing was imported. Mend the file and import it again.</translation>
-        </message>
-        <message>
             <source>Imported: %1.</source>
             <translation>Imported: %1.</translation>
         </message>
         <message>
             <source>What is wrong</source>
             <translation>What is wrong</translation>
+        </message>
+        <message>
+            <source>Checking %1…</source>
+            <translation>Checking %1…</translation>
+        </message>
+        <message>
+            <source>Cancelled. Nothing of %1 was imported.</source>
+            <translation>Cancelled. Nothing of %1 was imported.</translation>
+        </message>
+        <message>
+            <source>But %1.</source>
+            <translation>But %1.</translation>
+        </message>
+        <message>
+            <source>&amp;Import once more</source>
+            <translation>&amp;Import once more</translation>
+        </message>
+        <message>
+            <source>Nothing was imported. Enter on a fault shows its row. Mend the file and check it again.</source>
+            <translation>Nothing was imported. Enter on a fault shows its row. Mend the file and check it again.</translation>
+        </message>
+        <message>
+            <source>&amp;Check again</source>
+            <translation>&amp;Check again</translation>
+        </message>
+        <message>
+            <source>Read &amp;month first</source>
+            <translation>Read &amp;month first</translation>
+        </message>
+        <message>
+            <source>Read &amp;day first</source>
+            <translation>Read &amp;day first</translation>
+        </message>
+        <message>
+            <source>Ma&amp;p of accounts…</source>
+            <translation>Ma&amp;p of accounts…</translation>
+        </message>
+        <message>
+            <source>, of which the first %1 are shown</source>
+            <translation>, of which the first %1 are shown</translation>
+        </message>
+        <message>
+            <source>No row could be read</source>
+            <translation>No row could be read</translation>
+        </message>
+        <message>
+            <source>The fault says where the reading stopped.</source>
+            <translation>The fault says where the reading stopped.</translation>
+        </message>
+        <message>
+            <source>Rows of the file</source>
+            <translation>Rows of the file</translation>
+        </message>
+        <message>
+            <source>Line %1 is none of the rows: it names the columns.</source>
+            <translation>Line %1 is none of the rows: it names the columns.</translation>
+        </message>
+        <message>
+            <source>List with the columns account and ledger</source>
+            <translation>List with the columns account and ledger</translation>
+        </message>
+        <message>
+            <source>Comma-separated text (*.csv)</source>
+            <translation>Comma-separated text (*.csv)</translation>
+        </message>
+        <message>
+            <source>Importing %1…</source>
+            <translation>Importing %1…</translation>
+        </message>
+        <message numerus="yes">
+            <source>%Ln fault(s)</source>
+            <translation>
+                <numerusform>%Ln fault</numerusform>
+                <numerusform>%Ln faults</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%Ln row(s) in the file</source>
+            <translation>
+                <numerusform>%Ln row in the file</numerusform>
+                <numerusform>%Ln rows in the file</numerusform>
+            </translation>
         </message>
     </context>
     <context>
@@ -828,6 +948,10 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>F6 enters a receipt of goods, F7 an issue.</source>
             <translation>F6 enters a receipt of goods, F7 an issue.</translation>
+        </message>
+        <message>
+            <source>Change</source>
+            <translation>Change</translation>
         </message>
     </context>
     <context>
@@ -985,16 +1109,16 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>The largest parties</translation>
         </message>
         <message>
-            <source>they owe, %1</source>
-            <translation>they owe, %1</translation>
-        </message>
-        <message>
-            <source>we owe, %1</source>
-            <translation>we owe, %1</translation>
-        </message>
-        <message>
             <source>Items to reorder</source>
             <translation>Items to reorder</translation>
+        </message>
+        <message>
+            <source>Sales and purchases</source>
+            <translation>Sales and purchases</translation>
+        </message>
+        <message>
+            <source>Receipts and payments</source>
+            <translation>Receipts and payments</translation>
         </message>
     </context>
     <context>
@@ -1079,22 +1203,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>%1, %2</source>
             <translation>%1, %2</translation>
         </message>
-        <message>
-            <source>Parties</source>
-            <translation>Parties</translation>
-        </message>
-        <message>
-            <source>In debit they owe; with a minus it is owed to them</source>
-            <translation>In debit they owe; with a minus it is owed to them</translation>
-        </message>
-        <message>
-            <source>Parties: %1</source>
-            <translation>Parties: %1</translation>
-        </message>
-        <message>
-            <source>Nothing is open of this age</source>
-            <translation>Nothing is open of this age</translation>
-        </message>
     </context>
     <context>
         <name>desk::PageList</name>
@@ -1149,10 +1257,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>Change</translation>
         </message>
         <message>
-            <source>&amp;Older than</source>
-            <translation>&amp;Older than</translation>
-        </message>
-        <message>
             <source>&amp;Any age</source>
             <translation>&amp;Any age</translation>
         </message>
@@ -1189,14 +1293,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>As of %1; a minus is what we owe</translation>
         </message>
         <message>
-            <source>Nothing is that old</source>
-            <translation>Nothing is that old</translation>
-        </message>
-        <message>
-            <source>No balance has a part older than %1 days. Alt+O chooses another age.</source>
-            <translation>No balance has a part older than %1 days. Alt+O chooses another age.</translation>
-        </message>
-        <message>
             <source>Nobody has a balance here</source>
             <translation>Nobody has a balance here</translation>
         </message>
@@ -1204,16 +1300,36 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>Parties are ledgers of Debtors and Suppliers: F4 adds them.</source>
             <translation>Parties are ledgers of Debtors and Suppliers: F4 adds them.</translation>
         </message>
+        <message>
+            <source>H&amp;ow old</source>
+            <translation>H&amp;ow old</translation>
+        </message>
+        <message>
+            <source>&amp;Up to 30 days</source>
+            <translation>&amp;Up to 30 days</translation>
+        </message>
+        <message>
+            <source>31 &amp;to 60 days</source>
+            <translation>31 &amp;to 60 days</translation>
+        </message>
+        <message>
+            <source>61 to 90 &amp;days</source>
+            <translation>61 to 90 &amp;days</translation>
+        </message>
+        <message>
+            <source>Nothing is of that age</source>
+            <translation>Nothing is of that age</translation>
+        </message>
+        <message>
+            <source>No balance has a part of the age that is asked for. Alt+O chooses another.</source>
+            <translation>No balance has a part of the age that is asked for. Alt+O chooses another.</translation>
+        </message>
     </context>
     <context>
         <name>desk::PeriodChip</name>
         <message>
             <source>&amp;Period</source>
             <translation>&amp;Period</translation>
-        </message>
-        <message>
-            <source>Whole year</source>
-            <translation>Whole year</translation>
         </message>
         <message>
             <source>From</source>
@@ -1226,6 +1342,10 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>Show these days</source>
             <translation>Show these days</translation>
+        </message>
+        <message>
+            <source>&amp;Whole year</source>
+            <translation>&amp;Whole year</translation>
         </message>
     </context>
     <context>
@@ -1522,13 +1642,6 @@ The books that stand there are set aside under a name with the date.</translatio
             <translation>Adding up…</translation>
         </message>
         <message numerus="yes">
-            <source>Sorting %Ln row(s)…</source>
-            <translation>
-                <numerusform>Sorting %Ln row…</numerusform>
-                <numerusform>Sorting %Ln rows…</numerusform>
-            </translation>
-        </message>
-        <message numerus="yes">
             <source>%Ln row(s)</source>
             <translation>
                 <numerusform>%Ln row</numerusform>
@@ -1554,6 +1667,10 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>F5 asks again.</source>
             <translation>F5 asks again.</translation>
+        </message>
+        <message>
+            <source>Sorting %1 rows…</source>
+            <translation>Sorting %1 rows…</translation>
         </message>
     </context>
     <context>
@@ -1700,6 +1817,10 @@ The books that stand there are set aside under a name with the date.</translatio
             <source>A receipt of goods brings its bill: F6.</source>
             <translation>A receipt of goods brings its bill: F6.</translation>
         </message>
+        <message>
+            <source>Change</source>
+            <translation>Change</translation>
+        </message>
     </context>
     <context>
         <name>desk::VoucherChips</name>
@@ -1718,10 +1839,6 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>&amp;Ledger</source>
             <translation>&amp;Ledger</translation>
-        </message>
-        <message>
-            <source>A&amp;mount</source>
-            <translation>A&amp;mount</translation>
         </message>
         <message>
             <source>Show &amp;all</source>
@@ -1770,6 +1887,10 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>up to %1</source>
             <translation>up to %1</translation>
+        </message>
+        <message>
+            <source>Amou&amp;nt</source>
+            <translation>Amou&amp;nt</translation>
         </message>
     </context>
     <context>
@@ -1824,6 +1945,17 @@ The books that stand there are set aside under a name with the date.</translatio
         <message>
             <source>Not added up: F5 tries again</source>
             <translation>Not added up: F5 tries again</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::WaitBox</name>
+        <message>
+            <source>Cancel</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>Please wait</source>
+            <translation>Please wait</translation>
         </message>
     </context>
 </TS>

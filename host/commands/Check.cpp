@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <iostream>
-#include <memory>
 
 #include "core/modGeneral.h"
 #include "host/audit/Audit.h"
@@ -26,9 +25,7 @@ int Check(const std::string& folder) {
 }  // namespace
 
 void AddCheck(CommandLine& line) {
-    const auto folder = std::make_shared<std::string>();
     line.Add("check", "Audit the books and change nothing")
-        .Needs("DIR", *folder, "Folder of the books")
         .Footer(
             "Errors are what should not be. Notes are what the system's own roads leave: what the next "
             "rebuild "
@@ -36,7 +33,7 @@ void AddCheck(CommandLine& line) {
             "totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.\n"
             "Others may go on posting: what is read is of one moment.\n"
             "Example: qmhost check books")
-        .Does([folder] { return Check(*folder); });
+        .Does("DIR", "Folder of the books", Check);
 }
 
 }  // namespace host

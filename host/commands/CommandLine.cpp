@@ -54,6 +54,11 @@ void Subcommand::Does(const Command& work) {
     app_.callback([work, &chosen = chosen_] { chosen = work; });
 }
 
+void Subcommand::Does(const char* name, const char* what, int (*work)(const std::string& word)) {
+    const auto word = std::make_shared<std::string>();
+    Needs(name, *word, what).Does([word, work] { return work(*word); });
+}
+
 CommandLine::CommandLine(const std::string& program, const std::string& what, const std::string& version,
                          const std::string& footer)
     : app_(std::make_unique<CLI::App>(what, program)) {

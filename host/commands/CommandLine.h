@@ -36,6 +36,8 @@ class Subcommand {
     Subcommand& Footer(const std::function<std::string()>& text);
 
     void Does(const Command& work);  // when it is named
+    // For a command that takes one word and nothing else.
+    void Does(const char* name, const char* what, int (*work)(const std::string& word));
 
   private:
     CLI::App& app_;

@@ -1,16 +1,13 @@
 #include "host/commands/FileCommand.h"
 
-#include <algorithm>
 #include <iostream>
 #include <utility>
-#include <vector>
 
 #include <unistd.h>
 
 #include "core/modGeneral.h"
 #include "host/commands/Exit.h"
 #include "host/doors/Counted.h"
-#include "host/doors/StandingVouchers.h"
 #include "host/make/Fail.h"
 #include "platform/basic/Value.h"
 
@@ -46,24 +43,11 @@ int TellFaults(const std::string& file, const Faults& faults, const std::string&
     return ExitFailed;
 }
 
-bool MayStandTwice(const VoucherFile& file, std::int16_t year, bool again) {
-    if (again || file.vouchers.empty()) return true;
-    const std::vector<std::int32_t> numbers = StandingVouchers(file, year);
-    const auto standing = static_cast<std::size_t>(
-        std::count_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }));
-    if (standing == 0) return true;
-    const auto first = static_cast<std::size_t>(
-        std::find_if(numbers.begin(), numbers.end(), [](std::int32_t number) { return number != 0; }) -
-        numbers.begin());
-    const bool all = standing == numbers.size();
-    std::cerr << (all ? "qmhost: every voucher of the file stands"
-                      : "qmhost: warning: " + std::to_string(standing) + " of " +
-                            Counted(numbers.size(), "voucher") + " stand")
-              << " in the books already, with the same day, type, ledgers and amounts: voucher "
-              << file.vouchers[first].key << " as number " << numbers[first]
-              << (standing > 1 ? " is the first" : "") << "\n";
-    if (all) std::cerr << "qmhost: nothing was posted; --again posts them a second time\n";
-    return !all;
+bool MayStandTwice(const Standing& standing) {
+    if (standing.Count == 0) return true;
+    std::cerr << (standing.All ? "qmhost: " : "qmhost: warning: ") << standing.Text << "\n";
+    if (standing.All) std::cerr << "qmhost: nothing was posted; --again posts them a second time\n";
+    return !standing.All;
 }
 
 std::int16_t YearToWriteInto(const std::string& wanted) {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "host/doors/Faults.h"
-#include "host/doors/VoucherFile.h"
+#include "host/doors/StandingVouchers.h"
 
 // What the commands share that take a file into the books.
 namespace host {
@@ -38,7 +38,7 @@ int TellFaults(const std::string& file, const Faults& faults, const std::string&
 
 // Whether the file may be posted although its vouchers, or some of them, stand in the books already, which it
 // tells.
-bool MayStandTwice(const VoucherFile& file, std::int16_t year, bool again);
+bool MayStandTwice(const Standing& standing);
 
 // The first year of the current one, which alone is written into: where `wanted`, the short or the long form,
 // is another, it raises that this is to be made current first, for all to see.

@@ -7,13 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "core/modGeneral.h"
 #include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
 #include "host/commands/FileCommand.h"
 #include "host/commands/OpenBooks.h"
-#include "host/doors/Counted.h"
-#include "host/doors/JournalImport.h"
+#include "host/doors/IncomingFile.h"
 #include "host/doors/OpeningImport.h"
 
 namespace host {
@@ -26,33 +24,6 @@ struct ImportOptions {
     bool dryRun = false, again = false;
 };
 
-std::string OpeningsText() {
-    const OpeningSums sums = SumOpenings();
-    return "the openings of " + qm::shared().FinYear +
-           (sums.Agree() ? " agree: " + sums.debit + " on either side"
-                         : " differ: debit " + sums.debit + ", credit " + sums.credit);
-}
-
-// What was found, for a run that writes nothing.
-int TellChecked(const ImportOptions& options, OpenBooks& books, const std::string& size) {
-    books.Close();
-    std::cout << options.file << ": " << size << ", no fault; nothing was imported\n";
-    return ExitOk;
-}
-
-int TellImported(const ImportOptions& options, OpenBooks& books, const std::string& size,
-                 const std::optional<Fault>& failure) {
-    if (failure) {
-        TellFault(options.file, *failure);
-        return ExitFailed;
-    }
-    const std::string openings = options.kind == "items" ? "" : OpeningsText();
-    books.Close();
-    std::cout << "imported " << size << "\n";
-    if (!openings.empty()) std::cout << openings << "\n";
-    return ExitOk;
-}
-
 // Runs with a bar that tells how far it is.
 template <class Work>
 auto WithBar(const char* what, Work work) {
@@ -60,38 +31,30 @@ auto WithBar(const char* what, Work work) {
     return work([&](std::size_t done, std::size_t all) { bar.Done(done, all); });
 }
 
-int ImportList(const ImportOptions& options, OpenBooks& books) {
-    const ImportFile file = WithBar("checking", [&](const CheckProgress& progress) {
-        return CheckImport(options.kind, options.file, books.Host(), progress);
-    });
-    if (!file.faults.empty()) return TellFaults(options.file, file.faults, "imported");
-    const std::string size = Counted(file.rows.size(), options.kind.substr(0, options.kind.size() - 1));
-    if (options.dryRun) return TellChecked(options, books, size);
-    return TellImported(options, books, size, WithBar("importing", [&](const CheckProgress& progress) {
-                            return WriteImport(file, progress);
-                        }));
-}
-
-int ImportJournal(const ImportOptions& options, OpenBooks& books) {
-    const JournalImport journal = WithBar("checking", [&](const CheckProgress& progress) {
-        return CheckJournal(options.file, options.map, books.Host(), progress);
-    });
-    if (!journal.faults.empty()) return TellFaults(options.file, journal.faults, "imported");
-    if (!MayStandTwice(journal.vouchers, journal.year, options.again)) return ExitFailed;
-    const std::string size = Counted(journal.ledgers.size(), "new ledger") + ", " +
-                             Counted(journal.openings.size(), "changed opening") + ", " +
-                             Counted(journal.vouchers.vouchers.size(), "voucher") + ", " +
-                             Counted(journal.vouchers.RowCount(), "row");
-    if (options.dryRun) return TellChecked(options, books, size);
-    return TellImported(options, books, size, WithBar("importing", [&](const CheckProgress& progress) {
-                            return WriteJournalImport(journal, books.Host(), progress);
-                        }));
-}
-
 int Import(const ImportOptions& options) {
     OpenBooks books(options.folder);
     YearToWriteInto(options.year);
-    return (options.kind == Journal ? ImportJournal : ImportList)(options, books);
+    const IncomingFile file = WithBar("checking", [&](const CheckProgress& progress) {
+        return IncomingFile({options.kind, options.file, options.map}, books.Host(), progress);
+    });
+    if (!file.Faults().empty()) return TellFaults(options.file, file.Faults(), "imported");
+    if (!options.again && !MayStandTwice(file.Standing())) return ExitFailed;
+    if (options.dryRun) {
+        books.Close();
+        std::cout << options.file << ": " << file.Size() << ", no fault; nothing was imported\n";
+        return ExitOk;
+    }
+    const std::optional<Fault> failure = WithBar(
+        "importing", [&](const CheckProgress& progress) { return file.Write(books.Host(), progress); });
+    if (failure) {
+        TellFault(options.file, *failure);
+        return ExitFailed;
+    }
+    const std::string openings = options.kind == "items" ? "" : OpeningsText();
+    books.Close();
+    std::cout << "imported " << file.Size() << "\n";
+    if (!openings.empty()) std::cout << openings << "\n";
+    return ExitOk;
 }
 
 std::vector<std::string> Kinds() {

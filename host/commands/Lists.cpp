@@ -92,7 +92,7 @@ SheetPtr Items(queries::Reading& books, const ListOptions& options) {
 
 SheetPtr Movements(queries::Reading& books, const ListOptions& options) {
     const ListFilters& typed = options.filters;
-    return queries::MovementsSheet(
+    return queries::ListMovements(
         books, {.days = DaysOf(typed), .type = MovementTypeOf(typed), .words = typed.text});
 }
 

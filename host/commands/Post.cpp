@@ -72,7 +72,7 @@ int Post(const PostOptions& options) {
     const std::int16_t year = YearToWriteInto(options.year);
     const VoucherFile file = Checked(options, books.Host(), year);
     if (!file.faults.empty()) return TellFaults(options.file, file.faults, "posted");
-    if (!MayStandTwice(file, year, options.again)) return ExitFailed;
+    if (!options.again && !MayStandTwice(StandingOf(file, year))) return ExitFailed;
     const std::string size =
         Counted(file.vouchers.size(), "voucher") + ", " + Counted(file.RowCount(), "row");
     if (options.dryRun) {

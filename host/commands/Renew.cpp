@@ -1,5 +1,4 @@
 #include <iostream>
-#include <memory>
 
 #include "host/commands/CommandLine.h"
 #include "host/commands/Exit.h"
@@ -20,15 +19,13 @@ int Renew(const std::string& uri) {
 }  // namespace
 
 void AddRenew(CommandLine& line) {
-    const auto uri = std::make_shared<std::string>();
     line.Add("renew", "Bring books on a server to this version of the program")
-        .Needs("URI", *uri, "Their server's URI")
         .Footer(
             "Puts this program's functions in the place of an older one's, in one transaction; no row is "
             "touched. By one who\n"
             "owns the books. Programs of the older version refuse them from then on.\n"
             "Example: qmhost renew postgresql://host/firm/")
-        .Does([uri] { return Renew(*uri); });
+        .Does("URI", "Their server's URI", Renew);
 }
 
 }  // namespace host

@@ -12,7 +12,7 @@
 
 namespace host {
 
-// Hears how many of the rows are done.
+// Hears how many of the rows are done. What it raises ends the work.
 using CheckProgress = std::function<void(std::size_t done, std::size_t all)>;
 
 // The rows of a file of comma-separated text. What is none is one fault, at the line where it shows; there

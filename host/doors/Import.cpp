@@ -1,6 +1,7 @@
 #include "host/doors/Import.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/DBCode.h"
 #include "core/modGeneral.h"
@@ -45,9 +46,13 @@ const std::vector<std::string>& ImportKinds() {
     return names;
 }
 
+const std::vector<Head>& ImportHeads(const std::string& kind) {
+    return KindOf(kind).heads();
+}
+
 std::string ImportColumns(const std::string& kind) {
     std::string names;
-    for (const Head& head : KindOf(kind).heads())
+    for (const Head& head : ImportHeads(kind))
         names += (names.empty() ? "" : ", ") + std::string(head.name) + (head.needed ? "*" : "");
     return names;
 }
@@ -55,11 +60,12 @@ std::string ImportColumns(const std::string& kind) {
 ImportFile CheckImport(const std::string& kind, const std::filesystem::path& file, qm::clQm& books,
                        const CheckProgress& progress) {
     const Kind& door = KindOf(kind);
-    ImportFile checked{qm::shared().FinYear, {}, {}};
-    const auto rows =
+    ImportFile checked{qm::shared().FinYear, {}, {}, {}};
+    auto rows =
         ReadCsvFile(file, checked.faults, [](std::size_t field) { return std::to_string(field + 1); });
     if (!rows) return checked;
-    CsvTable table(*rows, door.heads(), checked.faults);
+    checked.read = std::move(*rows);
+    CsvTable table(checked.read, door.heads(), checked.faults);
     door.check(table, books, checked, progress);
     checked.faults.SortByLine();
     return checked;

@@ -9,6 +9,7 @@
 #include "core/clQm.h"
 #include "host/doors/CsvTable.h"
 #include "host/doors/Faults.h"
+#include "host/make/CsvFile.h"
 #include "platform/basic/Error.h"
 
 namespace host {
@@ -24,7 +25,8 @@ struct ImportRow {
 struct ImportFile {
     std::string year;  // the current one, by its short form
     std::vector<ImportRow> rows;
-    Faults faults;  // in the order of the lines
+    Faults faults;             // in the order of the lines
+    std::vector<CsvRow> read;  // as they stand in the file, the columns' names first
 };
 
 // The kinds of file that bring something in, by the word that names each.
@@ -35,6 +37,9 @@ const std::vector<std::string>& ImportKinds();  // "ledgers", "items", "openings
 // cannot be read and what the books raise.
 ImportFile CheckImport(const std::string& kind, const std::filesystem::path& file, qm::clQm& books,
                        const CheckProgress& progress);
+
+// The columns that such a file may have.
+const std::vector<Head>& ImportHeads(const std::string& kind);
 
 // The names of a kind's columns, those that are needed first marked by "*".
 std::string ImportColumns(const std::string& kind);

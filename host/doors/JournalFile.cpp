@@ -227,6 +227,13 @@ class Reader {
 
 }  // namespace
 
+std::string FigureText(std::int64_t paise) {
+    const std::int64_t size = paise < 0 ? -paise : paise;
+    if (size % 100 == 0) return std::to_string(size / 100);
+    const std::string cents = std::to_string(size % 100);
+    return std::to_string(size / 100) + (cents.size() == 1 ? ".0" : ".") + cents;
+}
+
 JournalFile ReadJournal(const std::filesystem::path& file) {
     return Reader().Read(FileText(file));
 }

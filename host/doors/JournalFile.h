@@ -17,6 +17,9 @@ struct JournalPosting {
     std::string narration;
 };
 
+// An amount without its side, and without decimals where it has none.
+std::string FigureText(std::int64_t paise);
+
 struct JournalTransaction {
     int line = 0;
     std::string date;       // as written

@@ -9,7 +9,6 @@
 #include "core/modGeneral.h"
 #include "host/doors/AllOrNothing.h"
 #include "host/doors/Import.h"
-#include "host/doors/JournalFile.h"
 #include "host/doors/JournalText.h"
 #include "host/doors/LedgerBook.h"
 #include "host/doors/LedgerImport.h"
@@ -24,14 +23,6 @@
 
 namespace host {
 namespace {
-
-// Without decimals where it has none, so that it has no more digits than it must.
-std::string Figure(std::int64_t paise) {
-    const std::int64_t size = paise < 0 ? -paise : paise;
-    if (size % 100 == 0) return std::to_string(size / 100);
-    const std::string cents = std::to_string(size % 100);
-    return std::to_string(size / 100) + (cents.size() == 1 ? ".0" : ".") + cents;
-}
 
 qm::LedgerSide SideOf(std::int64_t paise) {
     return paise < 0 ? qm::LedgerSide::Credit : qm::LedgerSide::Debit;
@@ -74,7 +65,7 @@ class Checker {
     JournalImport Check(const CheckProgress& progress) {
         for (const JournalAccount& account : file_.accounts) declared_.emplace(account.account, &account);
         for (const JournalAccount& account : file_.accounts) LedgerOf(account.account, account.line);
-        std::vector<CsvRow> rows{{1, {"voucher", "date", "type", "side", "ledger", "amount", "narration"}}};
+        std::vector<CsvRow> rows{{1, {VoucherColumns.begin(), VoucherColumns.end()}}};
         for (const JournalTransaction& transaction : file_.transactions) {
             if (transaction.broken) continue;
             transaction.type == journal::OpeningType ? TakeOpenings(transaction)
@@ -98,7 +89,7 @@ class Checker {
 
   private:
     static void SetOpening(qm::LedgerEntry& entry, std::int64_t paise) {
-        entry.OpeningBal = Figure(paise);
+        entry.OpeningBal = FigureText(paise);
         entry.BalType = SideOf(paise);
     }
 
@@ -154,7 +145,7 @@ class Checker {
             reason = writable_.Refusal(*entry, posting.line);
             if (!reason.empty()) import_.faults.Add(posting.line, "", reason);
             import_.openings.push_back(
-                {posting.line, std::to_string(entry->id), Figure(posting.paise), SideOf(posting.paise)});
+                {posting.line, std::to_string(entry->id), FigureText(posting.paise), SideOf(posting.paise)});
         }
     }
 
@@ -165,7 +156,7 @@ class Checker {
             " And Fnncl_Yr = " + qm::shared().FinYear);
         if (row->Eof()) return false;
         const auto side = qm::SideOfLetter(basic::TextOrEmpty((*row)["Bal_Type"]));
-        return basic::NumberOrZero((*row)["Opening_Bal"]) == basic::WholeNumber(Figure(paise)) &&
+        return basic::NumberOrZero((*row)["Opening_Bal"]) == basic::WholeNumber(FigureText(paise)) &&
                (paise == 0 || side == SideOf(paise));
     }
 
@@ -182,10 +173,10 @@ class Checker {
         for (const JournalPosting& posting : transaction.postings) {
             const std::string& ledger = LedgerOf(posting.account, posting.line);
             known = known && !ledger.empty();
-            rows.push_back(
-                {posting.line,
-                 {key, transaction.date, transaction.type.empty() ? "Journal" : transaction.type,
-                  qm::LetterOf(SideOf(posting.paise)), ledger, Figure(posting.paise), posting.narration}});
+            rows.push_back({posting.line,
+                            {key, transaction.date, transaction.type.empty() ? "Journal" : transaction.type,
+                             qm::LetterOf(SideOf(posting.paise)), ledger, FigureText(posting.paise),
+                             posting.narration}});
         }
         if (!known) rows.resize(before);  // its account was blamed
     }
@@ -206,8 +197,10 @@ class Checker {
 
 JournalImport CheckJournal(const std::filesystem::path& file, const std::filesystem::path& map,
                            qm::clQm& books, const CheckProgress& progress) {
-    const JournalFile journal = ReadJournal(file);
-    return Checker(journal, map, books).Check(progress);
+    JournalFile journal = ReadJournal(file);
+    JournalImport import = Checker(journal, map, books).Check(progress);
+    import.read = std::move(journal.transactions);
+    return import;
 }
 
 std::optional<Fault> WriteJournalImport(const JournalImport& journal, qm::clQm& books,

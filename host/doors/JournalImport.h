@@ -11,6 +11,7 @@
 #include "core/clQm.h"
 #include "host/doors/CsvTable.h"
 #include "host/doors/Faults.h"
+#include "host/doors/JournalFile.h"
 #include "host/doors/VoucherFile.h"
 
 namespace host {
@@ -26,11 +27,12 @@ struct JournalImport {
         std::string ledgerId, figure;
         qm::LedgerSide side = qm::LedgerSide::Debit;
     };
-    std::int16_t year = 0;          // the current one, by its first year
-    std::vector<Ledger> ledgers;    // new ones, with their openings
-    std::vector<Opening> openings;  // of ledgers that stand and whose openings differ
-    VoucherFile vouchers;           // with a file of `export`, under its numbers where those are free
-    Faults faults;                  // all, in the order of the lines
+    std::int16_t year = 0;                 // the current one, by its first year
+    std::vector<Ledger> ledgers;           // new ones, with their openings
+    std::vector<Opening> openings;         // of ledgers that stand and whose openings differ
+    VoucherFile vouchers;                  // with a file of `export`, under its numbers where those are free
+    Faults faults;                         // all, in the order of the lines
+    std::vector<JournalTransaction> read;  // as they stand in the file
 };
 
 // Checks a journal by the rules of Ledger_Master, of the openings and of voucher files; the books are only

@@ -79,4 +79,11 @@ OpeningSums SumOpenings() {
     return {SumOf("D"), SumOf("C")};
 }
 
+std::string OpeningsText() {
+    const OpeningSums sums = SumOpenings();
+    return "the openings of " + qm::shared().FinYear +
+           (sums.Agree() ? " agree: " + sums.debit + " on either side"
+                         : " differ: debit " + sums.debit + ", credit " + sums.credit);
+}
+
 }  // namespace host

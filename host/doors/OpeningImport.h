@@ -37,5 +37,6 @@ struct OpeningSums {
     bool Agree() const { return debit == credit; }
 };
 OpeningSums SumOpenings();
+std::string OpeningsText();  // "the openings of 2001 agree: 100.00 on either side"
 
 }  // namespace host

@@ -7,6 +7,7 @@
 
 #include "core/DBCode.h"
 #include "core/LedgerSide.h"
+#include "host/doors/Counted.h"
 #include "platform/ado/Recordset.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -75,6 +76,23 @@ std::vector<std::int32_t> StandingVouchers(const VoucherFile& file, std::int16_t
     }
     rows->Close();
     return numbers;
+}
+
+Standing StandingOf(const VoucherFile& file, std::int16_t year) {
+    if (file.vouchers.empty()) return {};
+    const std::vector<std::int32_t> numbers = StandingVouchers(file, year);
+    const auto stands = [](std::int32_t number) { return number != 0; };
+    const auto count = static_cast<std::size_t>(std::count_if(numbers.begin(), numbers.end(), stands));
+    if (count == 0) return {};
+    const auto first =
+        static_cast<std::size_t>(std::find_if(numbers.begin(), numbers.end(), stands) - numbers.begin());
+    const bool all = count == numbers.size();
+    return {count, all,
+            (all ? "every voucher of the file stands"
+                 : std::to_string(count) + " of " + Counted(numbers.size(), "voucher") + " stand") +
+                " in the books already, with the same day, type, ledgers and amounts: voucher " +
+                file.vouchers[first].key + " as number " + std::to_string(numbers[first]) +
+                (count > 1 ? " is the first" : "")};
 }
 
 }  // namespace host

@@ -1,7 +1,6 @@
 #include "host/doors/VoucherFile.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <optional>
 #include <set>
@@ -19,8 +18,7 @@
 namespace host {
 namespace {
 
-constexpr std::array<const char*, 7> Columns{"voucher", "date",   "type",     "side",
-                                             "ledger",  "amount", "narration"};
+constexpr auto& Columns = VoucherColumns;
 enum Column : std::size_t { Voucher, Date, Type, Side, Ledger, AmountColumn, Narration };
 
 const std::string HeaderLine = "the first line must be: voucher,date,type,side,ledger,amount,narration";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -13,6 +14,10 @@
 #include "host/make/CsvFile.h"
 
 namespace host {
+
+// The columns of such a file, in their order.
+inline constexpr std::array<const char*, 7> VoucherColumns{"voucher", "date",   "type",     "side",
+                                                           "ledger",  "amount", "narration"};
 
 struct VoucherRow {
     int line = 0;          // of the file

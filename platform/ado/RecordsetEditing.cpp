@@ -95,9 +95,9 @@ void Recordset::Impl::StoreEdit() {
     const std::shared_ptr<Session> on = OpenSession();
     const std::string sql = UpdateSql(on->engine().Sql(), plan->table, assignments);
     assignments.values.emplace_back(static_cast<double>(rows->RowId(row)));
-    if (on->Execute(on->Own(sql, std::move(assignments.values))) == 0)
-        throw basic::Error(error::NoCurrentRecord,
-                           "The record has been deleted; the change cannot be stored.", origin);
+    const basic::Error deleted(error::NoCurrentRecord,
+                               "The record has been deleted; the change cannot be stored.", origin);
+    on->ExecuteMatching(on->Own(sql, std::move(assignments.values)), &deleted);
     for (std::size_t i = 0; i < edit.values.size(); ++i)
         if (edit.values[i]) rows->Set(row, i, *edit.values[i]);
 }

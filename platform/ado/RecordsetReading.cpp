@@ -86,11 +86,13 @@ BoundStatement Recordset::Impl::Statement(Session& on) const {
     return ready;
 }
 
-// Lists over a whole table open static and read-only and set their Filter next: only they wait for it.
-// Nothing can go wrong with the values of such a select, so its errors still come at Open.
+// Lists over a whole table open static and read-only and set their Filter next; sets for new rows open
+// dynamic for editing, and often nobody looks at them. Nothing can go wrong with the values of such a select,
+// so its errors still come at Open.
 bool Recordset::Impl::MayPostpone() const {
-    if (cursorType != adOpenStatic || lockType != adLockReadOnly) return false;
-    return MayBeNarrowed();
+    const bool lists = cursorType == adOpenStatic && lockType == adLockReadOnly;
+    const bool takesRows = cursorType == adOpenDynamic && lockType == adLockOptimistic;
+    return (lists || takesRows) && MayBeNarrowed();
 }
 
 bool Recordset::Impl::MayBeNarrowed() const {

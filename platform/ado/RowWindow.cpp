@@ -12,7 +12,8 @@
 namespace ado {
 namespace {
 
-constexpr std::size_t KeysAtOnce = 128;  // of one statement, which is kept for all
+constexpr std::size_t RowsAtOnce = 4096;  // in the memory of who goes through all
+constexpr std::size_t KeysAtOnce = 128;   // of one statement, which is kept for all
 
 bool IsOfFields(const Plan& plan) {
     return plan.kind == StatementKind::Select && plan.rowid &&
@@ -90,6 +91,17 @@ KeptRows RowWindow::From(std::size_t first, std::size_t count) const {
     const auto rows = std::make_shared<RowStore>(page.plan());
     rows->Fill(*session.Start(page));
     return {rows, nullptr};
+}
+
+void RowWindow::Each(const std::function<void(const KeptRows&)>& take) const {
+    Session& session = *connection_->Opened();
+    const BoundStatement base = Ready(session, select_);
+    const auto statement = session.Start(base);
+    for (bool more = true; more;) {
+        const auto rows = std::make_shared<RowStore>(base.plan());
+        more = rows->Fill(*statement, RowsAtOnce);
+        take({rows, nullptr});
+    }
 }
 
 std::vector<RowKey> RowWindow::Keys() const {

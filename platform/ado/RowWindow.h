@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ class RowWindow {
     std::size_t Count() const;  // all rows that the condition leaves
     // The rows from a place on, from 0, in their order. The deeper, the longer it takes.
     KeptRows From(std::size_t first, std::size_t count) const;
+    // All rows in their order, a part of them at a time, of which nothing is kept: for who goes through a
+    // whole table. `take` may raise to stop, and runs no statement of this connection.
+    void Each(const std::function<void(const KeptRows&)>& take) const;
     // The keys of all rows in their order: 8 bytes each.
     std::vector<RowKey> Keys() const;
     // The rows of the keys, in that order, as they stand now; where one is gone, each of its fields is Null.

@@ -3,12 +3,14 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QKeySequence>
 #include <QLabel>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -79,11 +81,57 @@ class DeskTest : public testing::Test {
             << Sheet().TotalsText().toStdString();
     }
     void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-        ASSERT_TRUE(QTest::qWaitForWindowActive(desk.get()));  // a screen that closed may still be going
+        ASSERT_TRUE(Activate(*desk) || QTest::qWaitForWindowActive(desk.get()));
         QWidget* const focus = desk->focusWidget() ? desk->focusWidget() : desk.get();
         QTest::keyClick(focus, static_cast<Qt::Key>(key), modifiers);
     }
     void Type(const char* text) { QTest::keyClicks(desk->focusWidget(), text); }
+    // Presses keys as a user does who does not wait: each as soon as the one before it was taken, also where
+    // that has opened a menu or a dialog; none may be open at the end. What begins with ' is typed. Gives the
+    // count of keys beside what was typed.
+    static constexpr int Pace = 5;  // milliseconds from key to key: the loop of what was closed has ended
+    std::size_t Press(const std::vector<std::string>& keys) {
+        std::size_t next = 0, counted = 0;
+        bool done = false;
+        const std::function<void()> press = [&] {
+            QWidget& taker = Taker();
+            done = next == keys.size() && taker.window() == desk.get();
+            if (done) return;
+            QTimer::singleShot(Pace, qApp, press);  // before the key, which may run a loop of its own
+            if (next == keys.size()) {
+                ADD_FAILURE() << "left open: " << taker.window()->windowTitle().toStdString();
+                taker.window()->close();
+                return;
+            }
+            const std::string& key = keys[next++];
+            if (key[0] == '\'') return QTest::keyClicks(&taker, QString::fromStdString(key.substr(1)));
+            ++counted;
+            const QKeyCombination keyed = QKeySequence(QString::fromStdString(key))[0];
+            QTest::keyClick(&taker, keyed.key(), keyed.keyboardModifiers());
+        };
+        QTimer::singleShot(Pace, qApp, press);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 20'000));
+        return counted;
+    }
+    // A screen or a menu that closed may still be going, or be taken for the active window afterwards.
+    static bool Activate(QWidget& window) {
+        return QTest::qWaitFor(
+            [&window] {
+                if (QApplication::activeWindow() != &window) window.activateWindow();
+                return QApplication::activeWindow() == &window;
+            },
+            1000);
+    }
+    // What a key goes to: an open menu, a dialog, or the desk, which some platforms do not make active again
+    // by themselves.
+    QWidget& Taker() {
+        QWidget* window = QApplication::activePopupWidget();
+        if (!window) {
+            window = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : desk.get();
+            Activate(*window);
+        }
+        return window->focusWidget() ? *window->focusWidget() : *window;
+    }
     std::string Title() const { return desk->Shown() ? desk->Shown()->Title().toStdString() : "none"; }
     std::string Told() const {
         return desk->Notice().isVisible() ? desk->Notice().Text().toStdString() : "nothing";

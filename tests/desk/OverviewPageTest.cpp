@@ -1,4 +1,4 @@
-#include <QAction>
+#include <QPushButton>
 
 #include "desk/BooksCheck.h"
 #include "desk/ChartView.h"
@@ -10,6 +10,9 @@ class OverviewPageTest : public test::DeskTest {
   protected:
     void StartOnSample() {
         FillWithSample();
+        StartOnBooks();
+    }
+    void StartOnBooks() {
         Start();
         ASSERT_EQ(Title(), "Overview");
         ASSERT_TRUE(QTest::qWaitFor([&] { return !Marked().empty(); }));
@@ -18,14 +21,14 @@ class OverviewPageTest : public test::DeskTest {
         auto* const chart = dynamic_cast<desk::ChartView*>(desk->focusWidget());
         return chart ? chart->MarkedText().toStdString() : "";
     }
-    void TabToCard(const QString& name) {
+    // To a chart by its name, or to a table by that of its columns.
+    void TabTo(const QString& name) {
         for (int i = 0; i < 30; ++i) {
-            if (auto* const chart = dynamic_cast<desk::ChartView*>(desk->focusWidget());
-                chart && chart->accessibleName() == name)
-                return;
+            const QWidget& at = *desk->focusWidget();
+            if (at.accessibleName() == name || at.objectName() == name) return;
             Key(Qt::Key_Tab);
         }
-        FAIL() << "no chart " << name.toStdString();
+        FAIL() << "no card " << name.toStdString();
     }
 };
 
@@ -42,12 +45,11 @@ TEST_F(OverviewPageTest, EachFigureOpensWhatItIsMadeOfAndBackIsTheSameFigure) {
          "2 lines, Debit 0.00, Credit 56,750.00", 1, 0},
         {"Receipts and payments", "May 2001, Payments: 4,500.00", "Vouchers", "2 lines, Debit 4,500.00", 1,
          1},
-        {"Owed and owing by age", "Over 90, Owed to us: 42,152.00", "Parties: Over 90", "Over 90 42,152.00",
-         3, 0},
+        {"Owed and owing by age", "Over 90, Owed to us: 42,152.00", "Parties", "Over 90 42,152.00", 3, 0},
     };
     for (const auto& figure : figures) {
         SCOPED_TRACE(figure.Chart);
-        TabToCard(figure.Chart);
+        TabTo(figure.Chart);
         for (int i = 0; i < figure.Right; ++i) Key(Qt::Key_Right);
         for (int i = 0; i < figure.Down; ++i) Key(Qt::Key_Down);
         EXPECT_EQ(Marked(), figure.Marked);
@@ -62,14 +64,55 @@ TEST_F(OverviewPageTest, EachFigureOpensWhatItIsMadeOfAndBackIsTheSameFigure) {
 
 TEST_F(OverviewPageTest, AChartTurnsIntoTheTableOfItsFigures) {
     StartOnSample();
-    TabToCard("Sales and purchases");
-    Key(Qt::Key_T, Qt::ControlModifier);
+    TabTo("Sales and purchases");
+    Press({"Right", "Ctrl+T"});
     auto* const table = dynamic_cast<QAbstractItemView*>(desk->focusWidget());
     ASSERT_TRUE(table);
     EXPECT_EQ(table->model()->rowCount(), 12);
     EXPECT_EQ(table->model()->index(1, 2).data().toString().toStdString(), "56,750.00");
-    Key(Qt::Key_T, Qt::ControlModifier);
-    EXPECT_FALSE(Marked().empty());
+    Press({"Right", "Return"});  // the figure beside it, with the mark
+    EXPECT_EQ(Title(), "Vouchers");
+    WaitForTotals("1 line, Debit 28,200.00");
+    Press({"Esc", "Ctrl+T"});
+    EXPECT_EQ(Marked(), "May 2001, Purchases: 28,200.00");
+}
+
+// The rest of the page: a row leads to what it is made of, a button to the list narrowed to the card.
+TEST_F(OverviewPageTest, EachRowAndButtonOpensWhatStandsBehindItAndBackIsTheSameRow) {
+    FillWithSample();
+    books.OpenHost();
+    books.Run(
+        "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
+        "LedgerDrAmt, LedgerCrAmt) Select 900, 37000, 'Journal', LedgerCode, LedgerName, 1, 0 From "
+        "tb_Ledger2001 Where LedgerTrnNo = 3 And LedgerDrAmt > 0");
+    StartOnBooks();
+    const struct {
+        const char* Card;
+        std::vector<std::string> Keys;
+        const char *Title, *Line;
+    } leads[] = {
+        {"overviewParties", {"Down", "Return"}, "Example Paper Mart", "Opening"},
+        {"overviewShort", {"Return"}, "Graph Book 100 Leaves", ""},
+        {"overviewParties", {"Alt+P"}, "Parties", "Demo Packaging Works|Suppliers|"},
+        {"overviewShort", {"Alt+I"}, "Stock", "12|Graph Book 100 Leaves|"},
+        {"Cash and bank", {"Alt+F"}, "Check of the books", "Error|voucher 900 of 2001"},
+        {"Cash and bank", {"Alt+B"}, "Books", ""},
+    };
+    auto& findings = Child<QPushButton>("findings");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return findings.isEnabled(); }));
+    for (const auto& [card, keys, title, line] : leads) {
+        SCOPED_TRACE(title);
+        TabTo(card);
+        const QWidget* const before = desk->focusWidget();
+        Press(keys);
+        EXPECT_EQ(Title(), title);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return *line == '\0' || CurrentLine().find(line) != std::string::npos;
+        })) << CurrentLine();
+        Press({"Alt+Left"});
+        EXPECT_EQ(Title(), "Overview");
+        EXPECT_EQ(desk->focusWidget(), before);
+    }
 }
 
 TEST(FindingsTest, AFindingLeadsToTheRecordThatItNames) {
@@ -80,9 +123,27 @@ TEST(FindingsTest, AFindingLeadsToTheRecordThatItNames) {
         {"receipt 4 of 2001: has no bill", {"frmReceipt", "4"}},
         {"bill 'B: 7' of receipt 4 in 2001: its voucher 9 does not stand", {"frmReceipt", "4"}},
         {"ledger 7 'Shop Rent': has no leaf in the group tree", {"Ledger_Master", "7"}},
+        {"totals of ledger 7 in 2001: they are not the sums of its rows", {"Ledger_Master", "7"}},
+        {"details of ledger 7 in 2001: the balance type is '', neither D nor C", {"Ledger_Master", "7"}},
+        {"item 3 'Glue' of 2001: counters say received 1", {"ItemMaster", "3"}},
+        {"order 5 of 2001: dated 01-Apr-2009, outside the year", {"frmPO", "5"}},
+        {"leaf 9 'Rent': has no ledger", {"frmGrpMain", ""}},
+        {"years: none is flagged as current", {"frmFinYear", ""}},
         {"file: page 3 is damaged", {}},
     };
     for (const auto& [text, record] : cases) EXPECT_EQ(desk::RecordOf(text, "2001"), record) << text;
+}
+
+TEST_F(OverviewPageTest, AChartThatTabComesToIsSeenWhole) {
+    StartOnSample();
+    desk->resize(800, 600);
+    QCoreApplication::processEvents();
+    for (const char* const chart :
+         {"Sales and purchases", "Receipts and payments", "Owed and owing by age"}) {
+        TabTo(chart);
+        auto& view = *dynamic_cast<desk::ChartView*>(desk->focusWidget());
+        EXPECT_EQ(view.viewport()->visibleRegion().boundingRect(), view.viewport()->rect()) << chart;
+    }
 }
 
 }  // namespace

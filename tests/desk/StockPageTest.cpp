@@ -1,6 +1,8 @@
 #include <QMenu>
 
+#include "inventory/ItemMaster.h"
 #include "inventory/frmIssues.h"
+#include "purchasing/frmPO.h"
 #include "tests/desk/DeskFixture.h"
 
 namespace {
@@ -37,8 +39,36 @@ TEST_F(StockPageTest, LeadsFromWhatIsOverToItsMovementsAndTheirScreen) {
         EXPECT_EQ(static_cast<qm::frmIssues&>(form).ui().cmbTxnNo->Text(), "1");
     });
     Key(Qt::Key_Return);
+    const auto expectItem = [this] {
+        script.Modal("ItemMaster", [](forms::Form& form) {
+            EXPECT_EQ(static_cast<qm::ItemMaster&>(form).ui().txtItemID->Text(), "5");
+        });
+    };
+    expectItem();
+    Press({"Ctrl+M"});
     Key(Qt::Key_Left, Qt::AltModifier);
     EXPECT_THAT(CurrentLine(), testing::StartsWith("5|Box File A4|"));
+    expectItem();
+    Press({"Ctrl+M"});
+}
+
+TEST_F(StockPageTest, AnOrderOpensOnItsScreenAndOneThatWasCancelledIsToldOf) {
+    FillWithSample();
+    books.OpenHost();
+    for (const char* order : {"7", "8"})
+        books.Run("Insert Into tblPO2001 (poNumber, poSupplierID, poSupplierName, poDate) Select " +
+                  std::string(order) +
+                  ", Ledger_ID, Name, 36990 From Ledger_Master Where Name = 'Demo Packaging Works'");
+    books.Run("Update tblPO2001 Set poCancelled = True Where poNumber = 8");
+    Start();
+    Press({"Alt+6", "Alt+R"});
+    WaitForTotals("2 rows");
+    script.Modal("frmPO", [](forms::Form& form) {
+        EXPECT_EQ(static_cast<qm::frmPO&>(form).ui().tvPO->SelectedItem()->Text(), "7");
+    });
+    Press({"Return", "Down", "Return"});
+    EXPECT_THAT(Told(), testing::HasSubstr("Order 8 cannot be shown: it was cancelled."));
+    EXPECT_THAT(CurrentLine(), testing::StartsWith("8|"));
 }
 
 }  // namespace

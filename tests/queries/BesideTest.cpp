@@ -9,7 +9,7 @@ using queries::Statement;
 
 namespace {
 
-const queries::BesideStep Quietly = [](std::size_t, std::size_t) {};
+const queries::Step Quietly = [](std::size_t, std::size_t) {};
 
 // A profit in April, a loss in May with a ledger of its own, nothing in June.
 TEST(Beside, ByMonthResultsAddUpAndBalancesStandAtTheirEnds) {

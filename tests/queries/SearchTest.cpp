@@ -15,6 +15,11 @@ TEST(Search, FindsNumbersNamesAndNarrations) {
     books.Run(
         "Insert Into ItemMaster2001 (Item_ID, Item_Name, Item_Type) Values (3, 'Ball Pen 14', 'General')");
     books.Run("Insert Into tblBills2001 (BillID, BillTxnID, BillVchrNo) Values ('A-14', 5, 14)");
+    books.Run(
+        "Insert Into tblBills2001 (BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID) Values ('B 14', 6, "
+        "15, True, 3)");
+    books.Run("Insert Into tblPO2001 (poNumber, poSupplierName) Values (14, 'Acme')");
+    books.Run("Insert Into tblPO2001 (poNumber, poSupplierName, poCancelled) Values (15, 'Acme', True)");
     for (const int ledger : {rent, cash}) books.Post(14, ledger, 36990, 1, "Payment", "The rent of April");
     for (const int ledger : {rent, cash})
         books.Post(15, ledger, 37020, 1, "Payment", "Rent of May, as of 14");
@@ -26,13 +31,15 @@ TEST(Search, FindsNumbersNamesAndNarrations) {
         {"14",
          {"0 14 Voucher 14 (11-Apr-2001, Payment)",
           "1 " + std::to_string(rent) + " Shop 14 Rent (Expenditure(Indirect))", "2 3 Ball Pen 14 (General)",
-          "3 5 A-14 (14)", "4 15 Rent of May, as of 14 (11-May-2001, Payment)"}},
+          "3 5 A-14 (14)", "4 3 B 14 (15)", "5 14 Order 14 (Acme)",
+          "6 15 Rent of May, as of 14 (11-May-2001, Payment)"}},
+        {"15", {"0 15 Voucher 15 (11-May-2001, Payment)"}},
         {" rent ",
          {"1 " + std::to_string(cash + 1) + " Rent Deposit (Current Asset)",
           "1 " + std::to_string(rent) + " Shop 14 Rent (Expenditure(Indirect))",
-          "4 15 Rent of May, as of 14 (11-May-2001, Payment)",
-          "4 14 The rent of April (11-Apr-2001, Payment)"}},
-        {"april RENT", {"4 14 The rent of April (11-Apr-2001, Payment)"}},
+          "6 15 Rent of May, as of 14 (11-May-2001, Payment)",
+          "6 14 The rent of April (11-Apr-2001, Payment)"}},
+        {"april RENT", {"6 14 The rent of April (11-Apr-2001, Payment)"}},
         {"  ", {}},
         {"99999999999", {}},
         {"it's [a] \"quote\"", {}},

@@ -65,7 +65,7 @@ TEST_F(StockQueries, TellWhatTheTablesHold) {
         test::LinesOf(*queries::ItemsSheet(reading)),
         ElementsAre("1|Coal|||-|3|-|3|3|-|0|-|False", "2|Sand|Material|Bag|10|1|4|7|9|2.125|14.875|8|True",
                     "3|Oil|General|Tin|1|0|1|0|1|100|0|0|False"));
-    EXPECT_THAT(test::LinesOf(*queries::MovementsSheet(reading)),
+    EXPECT_THAT(test::LinesOf(*queries::ListMovements(reading)),
                 ElementsAre("01/04/2001|1|Receipt|1|Coal|3|-|3|90|85.5|7|b/1|by cart",
                             "02/04/2001|3|Receipt|2|Sand|1|-|11|2|2.5|-||B",
                             "02/04/2001|2|Issue|2|Sand|0|4|7|2|-|-||to site",
@@ -86,7 +86,8 @@ TEST_F(StockQueries, AreNarrowed) {
     queries::Reading reading(books.DataPath());
     const auto numbers = [&](const queries::MovementFilter& filter) {
         std::vector<std::string> lines;
-        for (const auto& row : queries::Movements(reading, filter))
+        const queries::MovementLines movements(reading, filter);
+        for (const auto& row : movements.Page(0, movements.Count()))
             lines.push_back(std::to_string(row.number) + ":" + basic::NumberText(row.balance));
         return lines;
     };
@@ -94,9 +95,20 @@ TEST_F(StockQueries, AreNarrowed) {
     EXPECT_THAT(numbers({.days = {Second, Second}, .type = "issue"}), ElementsAre("2:7"));
     EXPECT_THAT(numbers({.item = 1}), ElementsAre("1:3"));
     EXPECT_THAT(numbers({.words = "SITE san"}), ElementsAre("2:7"));
+    const auto sheet = queries::ListMovements(reading, {.item = 2});
+    {
+        queries::Reading other(books.DataPath());
+        sheet->ReadBy(other);
+        EXPECT_EQ(sheet->Source().PlaceOf(sheet->Typed(2).key), 2u);
+        books.Run("Delete From tblItemLed2001 Where ItemLedTrnNo = 2");
+        EXPECT_EQ(test::LinesOf(*queries::ListMovements(other, {.item = 2})).size(), 2u);
+        EXPECT_EQ(sheet->Source().Page(1, 1).front().key, 0);  // gone; its balance stands
+        EXPECT_EQ(sheet->Source().Page(1, 2).back().balance, 9);
+    }
     books.Run("Update tblItemLed2001 Set ItemLedTrnDate = 36979 Where ItemLedTrnNo = 4");
     queries::Reading again(books.DataPath());
-    EXPECT_EQ(queries::Movements(again, {.days = {Second, Second}}).front().balance, 10 + 2 - 9 + 1);
+    EXPECT_EQ(queries::MovementLines(again, {.days = {Second, Second}}).Page(0, 1).front().balance,
+              10 + 2 - 9 + 1);
 
     const auto found = [](const auto& rows) { return rows.size(); };
     EXPECT_EQ(found(queries::Items(reading, "wet")), 1u);

@@ -10,12 +10,18 @@ using queries::VoucherOrder;
 
 namespace {
 
-// The numbers of the lines in their order.
+// The numbers of the lines in their order, which is the same with the keys of all.
 std::string Numbers(queries::VoucherLines lines) {
-    std::string numbers;
-    for (const queries::VoucherLine& line : lines.Page(0, 100))
-        numbers += (numbers.empty() ? "" : " ") + std::to_string(line.number);
-    return numbers;
+    const auto read = [&] {
+        std::string numbers;
+        for (const queries::VoucherLine& line : lines.Page(0, 100))
+            numbers += (numbers.empty() ? "" : " ") + std::to_string(line.number);
+        return numbers;
+    };
+    const std::string head = read();
+    lines.Settle();
+    EXPECT_EQ(read(), head);
+    return head;
 }
 
 TEST(Vouchers, AreNarrowedAndOrdered) {
@@ -52,6 +58,10 @@ TEST(Vouchers, AreNarrowedAndOrdered) {
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Date, true)), "2 1 1 3");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger, true)), "1 2 3 1");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Credit, true)), "1 2 3 1");
+    books.Run("Update tb_Ledger2001 Set LedgerDrAmt = Null, LedgerTxnDate = Null Where LedgerTrnNo = 2");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Debit)), "2 1 3 1");
+    EXPECT_EQ(Numbers(Vouchers(reading, {.words = "rent"}, VoucherOrder::Debit, true)), "1 1 2");
+    books.Run("Update tb_Ledger2001 Set LedgerDrAmt = 0, LedgerTxnDate = 37000 Where LedgerTrnNo = 2");
     const auto sheet = queries::ListVouchers(reading, {.days = {day(36980), {}}});
     EXPECT_EQ(sheet->Title(), "Vouchers, 01-Apr-2001 to 31-Mar-2002");
     EXPECT_EQ(test::LinesOf(*sheet).front(), "01/04/2001|3|Receipt|Bank|70.5|-|It's ÄPFEL [two]");

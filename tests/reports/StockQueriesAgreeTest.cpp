@@ -80,7 +80,8 @@ test::Lines LedgerLines(queries::Reading& reading, basic::Date from, basic::Date
                      [](const auto& a, const auto& b) { return a.name < b.name; });
     test::Lines lines;
     for (const queries::ItemRow& item : items) {
-        const auto rows = queries::Movements(reading, {.days = {from, upto}, .item = item.id});
+        const queries::MovementLines movements(reading, {.days = {from, upto}, .item = item.id});
+        const auto rows = movements.Page(0, movements.Count());
         if (rows.empty()) continue;
         const auto& first = rows.front();
         double received = first.balance -

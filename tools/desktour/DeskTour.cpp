@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QToolButton>
 #include <fstream>
+#include <memory>
 #include <utility>
 
 #include "core/modGeneral.h"
@@ -114,6 +115,25 @@ class Walker {
     const DeskTour::Visit& visit_;
 };
 
+// The sample firm's vouchers come without goods: an order, the receipt of a part of it, and an issue.
+void BringGoods() {
+    for (const char* const row :
+         {"tblPO2001 (PoNumber, PoSupplierID, PoDate, PoSupplierName, PoDlvTerm, PoCancelled) Values (1, 22, "
+          "36990, 'Example Paper Mart', 'Within a week', False)",
+          "tblPODet2001 (PoDetPoNo, PoDetItemID, PoDetItemDesc, PoDetQtyOrder, PoDetQtyRecd) Values (1, 2, "
+          "'Ruled Notebook 200 Pages', 120, 80)",
+          "tblItemLed2001 (ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedPONo, "
+          "ItemLedItemDesc, ItemLedTrnRptQty, ItemLedNote, ItemLedUnitPrice, ItemLedBillNo, ItemLandingCost) "
+          "Values (1, 36997, 'Receipt', 2, 1, 'Ruled Notebook 200 Pages', 80, 'First part', 38.5, 'EP/204', "
+          "40.2)",
+          "tblItemLed2001 (ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedItemDesc, "
+          "ItemLedTrnIssQty, ItemLedNote) Values (1, 37004, 'Issue', 2, 'Ruled Notebook 200 Pages', 25, "
+          "'Counter')",
+          "tblBills2001 (BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID, BillDiscount, BillTaxRate, "
+          "BillOtherCharges) Values ('EP/204', 1, 9, True, 1, 0, 4, 20)"})
+        qm::Conn().Execute(std::string("Insert Into ") + row);
+}
+
 void ShowOverview(Walker& walker) {
     walker.Go("overview");
     auto& page = *walker.Desk().Shown();
@@ -152,7 +172,7 @@ void ShowLists(Walker& walker) {
     walker.Tabs("parties", {"creditors", "both"});
     walker.Go("stock");
     walker.Tabs("stock", {"movements", "orders", "bills"});
-    walker.Push(new desk::ItemPage(desk, 1, "Ledger Paper"), "stock-item");
+    walker.Push(new desk::ItemPage(desk, 2, "Ruled Notebook 200 Pages"), "stock-item");
 }
 
 void ShowWindow(Walker& walker) {
@@ -216,12 +236,16 @@ void DeskTour::Walk(desk::DeskWindow& desk, const Visit& visit) const {
     walker.Open(list_);  // no folder
     walker.Visit("no-books");
     walker.Open(sample_);
+    BringGoods();
     ShowOverview(walker);
     ShowVouchers(walker);
     ShowLists(walker);
     walker.Go("books");
     for (const auto& [name, file] : {std::pair("import", list_), std::pair("import-faults", faults_)})
-        walker.Push(new desk::ImportPage(desk, "items", file.string()), name);
+        walker.Push(new desk::ImportPage(desk, std::make_shared<host::IncomingFile>(
+                                                   host::IncomingFile::Source{.kind = "items", .file = file},
+                                                   desk.Books().Host(), [](std::size_t, std::size_t) {})),
+                    name);
     ShowWindow(walker);
     ShowFindings(walker);
     walker.Open(fresh_);

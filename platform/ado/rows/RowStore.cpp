@@ -28,11 +28,12 @@ RowStore::RowStore(const Plan& plan) : distinct_(plan.distinct), identified_(pla
     }
 }
 
-void RowStore::Fill(EngineStatement& statement) {
+bool RowStore::Fill(EngineStatement& statement, std::size_t most) {
     const int identity = static_cast<int>(columns_.size());  // the column behind the last field
     std::optional<DistinctRows> seen;
     if (distinct_) seen.emplace(columns_, pool_);
-    while (statement.Step()) {
+    bool more = true;
+    while (rows_ < most && (more = statement.Step())) {
         int index = 0;
         for (Column& column : columns_) column.Add(statement, index++, pool_);
         if (seen && !seen->IsNew(rows_)) {
@@ -45,6 +46,7 @@ void RowStore::Fill(EngineStatement& statement) {
     for (Column& column : columns_) column.EndFill();
     Trim(rowids_);
     pool_.EndFill();
+    return more;
 }
 
 basic::Value RowStore::ValueAt(std::size_t row, std::size_t column) const {

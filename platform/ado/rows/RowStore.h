@@ -19,8 +19,9 @@ class RowStore {
   public:
     explicit RowStore(const Plan& plan);
 
-    // Steps the statement to its end and takes all it gives; alike rows of a Distinct only once.
-    void Fill(EngineStatement& statement);
+    // Steps the statement to its end, or until that many rows stand, and takes all it gives; alike rows of a
+    // Distinct only once. False at the end.
+    bool Fill(EngineStatement& statement, std::size_t most = static_cast<std::size_t>(-1));
 
     std::size_t Rows() const { return rows_; }
     basic::Value ValueAt(std::size_t row, std::size_t column) const;

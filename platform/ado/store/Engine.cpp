@@ -16,6 +16,11 @@ bool IsFilePath(const std::string& source) {
 
 }  // namespace
 
+void Engine::SendAhead(EngineStatement& statement, const basic::Error* none) {
+    statement.Step();
+    if (none != nullptr && Changes() == 0) throw basic::Error(*none);
+}
+
 std::unique_ptr<Engine> EngineFor(const std::string& source) {
     if (IsServerAddress(source)) return std::make_unique<PostgresEngine>();
     if (IsFilePath(source)) return std::make_unique<SqlCipherEngine>();

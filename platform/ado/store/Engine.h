@@ -75,9 +75,11 @@ class Engine {
     // Takes an insert, update or delete whose outcome nobody needs at once: it runs at the latest before what
     // reads, counts, begins or ends a level, which tells its failure; what was taken behind one that failed
     // is not done, and a rollback takes back what has not run. `none`, if any: raised where it matches no
-    // row. Only of a store that SendsAhead; another runs each statement when it is told.
-    virtual void SendAhead(EngineStatement&, const basic::Error* /*none*/) {}
+    // row. A store that does not SendsAhead runs it at once.
+    virtual void SendAhead(EngineStatement& statement, const basic::Error* none);
     virtual bool SendsAhead() const { return false; }
+    // Runs what `writes` gives to SendAhead as one loose write: all of it or nothing.
+    virtual void WriteTogether(const std::function<void()>& writes) { WriteLoosely(writes); }
     virtual void TellAhead() {}              // raises what failed of it so far
     virtual std::string Notice() const = 0;  // what Open found and mended, for the user; "" if nothing
     // Whether another program has written since Open, or since this was last asked.

@@ -354,8 +354,7 @@ void PostgresEngine::Script(const std::string& sql) {
 
 void PostgresEngine::Begin() {
     Settle();
-    outbox_.Put("BEGIN");
-    outbox_.Put(Lock);
+    PutBegin();
     inTransaction_ = true;
     wrote_ = false;
 }
@@ -436,21 +435,42 @@ void PostgresEngine::WriteLoosely(const std::function<void()>& write) {
 // behind it.
 void PostgresEngine::SendAhead(EngineStatement& statement, const basic::Error* none) {
     const auto& ahead = static_cast<const PostgresStatement&>(statement);
-    if (!inTransaction_) {
-        outbox_.Put("BEGIN");
-        outbox_.Put(Lock);
-    }
+    const bool alone = !inTransaction_ && !together_;
+    if (alone) PutBegin();
     outbox_.Put({.sql = ahead.Sql(),
                  .values = ahead.Values(),
                  .guarded = inTransaction_,
                  .none = none != nullptr ? std::optional(*none) : std::nullopt});
-    if (!inTransaction_) {
-        PutMark();
-        outbox_.Put("COMMIT");
-        looseWritten_ = true;
-    }
+    if (alone) PutLooseCommit();
     wrote_ = true;
-    if (++ahead_ % MostAhead == 0) TellAhead();
+    if (!together_ && ++ahead_ % MostAhead == 0) TellAhead();
+}
+
+void PostgresEngine::PutBegin() {
+    outbox_.Put("BEGIN");
+    outbox_.Put(Lock);
+}
+
+void PostgresEngine::PutLooseCommit() {
+    PutMark();
+    outbox_.Put("COMMIT");
+    looseWritten_ = true;
+}
+
+void PostgresEngine::WriteTogether(const std::function<void()>& writes) {
+    Settle();
+    PutBegin();
+    together_ = true;
+    try {
+        writes();
+    } catch (...) {
+        together_ = false;
+        outbox_.Clear();
+        throw;
+    }
+    together_ = false;
+    PutLooseCommit();
+    Settle();
 }
 
 void PostgresEngine::TellAhead() {

@@ -67,6 +67,7 @@ class PostgresEngine final : public Engine {
     void SendAhead(EngineStatement& statement, const basic::Error* none) override;
     bool SendsAhead() const override { return true; }
     void TellAhead() override;
+    void WriteTogether(const std::function<void()>& writes) override;
     std::string Notice() const override { return ""; }
     void Flush() override;
     bool ChangedByOthers() override;
@@ -90,6 +91,8 @@ class PostgresEngine final : public Engine {
     void Start();
     void Reconnect();
     void RequireConnection();
+    void PutBegin();
+    void PutLooseCommit();
     void PutMark();
     bool MarkStands();
     bool ChangeStands();
@@ -116,6 +119,7 @@ class PostgresEngine final : public Engine {
     bool begun_ = false;         // on the server, too
     int ahead_ = 0;              // writes that SendAhead took
     bool loosely_ = false;       // within WriteLoosely
+    bool together_ = false;      // within WriteTogether
     bool wrote_ = false;         // the transaction, so far
     bool looseWritten_ = false;  // commits may still be on their way to the disk
     std::int64_t lastRow_ = 0;

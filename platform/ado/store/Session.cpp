@@ -111,6 +111,7 @@ BoundStatement Session::Own(std::string sql, std::vector<basic::Value> values) {
 }
 
 PreparedStatement::Copy Session::Start(const BoundStatement& statement) {
+    WriteGathered();
     PreparedStatement::Copy running = statement.prepared->Take(*engine_);
     int index = 0;
     InOrder([&] {
@@ -130,13 +131,67 @@ std::int64_t Session::Execute(const BoundStatement& statement) {
     return engine_->Changes();
 }
 
+void Session::ExecuteMatching(const BoundStatement& statement, const basic::Error* none) {
+    if (!Gather(statement, none) && Execute(statement) == 0 && none != nullptr) throw basic::Error(*none);
+}
+
 void Session::ExecuteAhead(const BoundStatement& statement, const basic::Error* none) {
+    if (!Gather(statement, none)) GoAhead(statement, none);
+}
+
+void Session::GoAhead(const BoundStatement& statement, const basic::Error* none) {
     if (engine_->SendsAhead() && statement.plan().kind != StatementKind::SelectInto) {
         ReadPostponed();
         transactions_.Ahead(*Start(statement), statement.plan().givesOneRow ? nullptr : none);
     } else if (Execute(statement) == 0 && none != nullptr) {
         throw basic::Error(*none);
     }
+}
+
+bool Session::Gather(const BoundStatement& statement, const basic::Error* none) {
+    if (!gathers_ || TransDepth() > 0 || statement.plan().kind == StatementKind::SelectInto) return false;
+    if (!postponed_.empty()) ReadPostponed();
+    const bool mayMiss = none != nullptr && !statement.plan().givesOneRow;
+    gathered_.push_back({statement, mayMiss ? std::optional(*none) : std::nullopt});
+    return true;
+}
+
+// What was gathered before a failure of `writes` is done, as it is one by one; its own failure stands before.
+void Session::Together(const std::function<void()>& writes) {
+    gathers_ = true;
+    try {
+        writes();
+    } catch (...) {
+        gathers_ = false;
+        WriteGathered();
+        throw;
+    }
+    gathers_ = false;
+    WriteGathered();
+}
+
+void Session::WriteGathered() {
+    if (gathered_.empty()) return;
+    const std::vector<Gathered> writes = std::exchange(gathered_, {});
+    ReadPostponed();
+    if (writes.size() > 1 && WrittenAtOnce(writes)) return;
+    for (const Gathered& write : writes) GoAhead(write.statement, write.None());
+    engine_->TellAhead();
+}
+
+// False where none of it is done: one of them fails, which then shows one by one.
+bool Session::WrittenAtOnce(const std::vector<Gathered>& writes) {
+    try {
+        transactions_.Together([&] {
+            for (const Gathered& write : writes) transactions_.Ahead(*Start(write.statement), write.None());
+        });
+    } catch (const basic::Error& failure) {
+        // Of these the first one by one would fail, too, or it is not to be done again.
+        for (const std::int32_t ends : {error::Locked, error::ConnectionLost, error::Cancelled})
+            if (failure.Number == ends) throw;
+        return false;
+    }
+    return true;
 }
 
 const TableInfo& Session::Table(const std::string& name) {
@@ -193,6 +248,7 @@ void Session::Forget(PostponedRead& read) {
 
 // Their own failures are told where they are looked at, so none may take that of a write along.
 void Session::ReadPostponed() {
+    WriteGathered();
     if (!postponed_.empty()) engine_->TellAhead();
     while (!postponed_.empty()) {
         PostponedRead* read = postponed_.back();

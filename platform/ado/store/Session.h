@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,6 +58,10 @@ class Session {
     std::int64_t Execute(const BoundStatement& statement);
     // The same where nobody asks for the rows at once: see Connection::ExecuteAhead.
     void ExecuteAhead(const BoundStatement& statement, const basic::Error* none);
+    // At once, unless writes are gathered; raises `none`, if any, where no row is matched.
+    void ExecuteMatching(const BoundStatement& statement, const basic::Error* none);
+    // Gathers what goes ahead in `writes`: see ado::Together.
+    void Together(const std::function<void()>& writes);
     const TableInfo& Table(const std::string& name);  // without regard to case; raises NoSuchTable
     // Sets numbers in the rows of a table, many at once; names are found without regard to case.
     void SetNumbers(KeyedNumbers numbers);
@@ -74,6 +79,16 @@ class Session {
     void Forget(PostponedRead& read);
 
   private:
+    struct Gathered {
+        BoundStatement statement;
+        std::optional<basic::Error> none;
+        const basic::Error* None() const { return none ? &*none : nullptr; }
+    };
+
+    bool Gather(const BoundStatement& statement, const basic::Error* none);
+    void WriteGathered();
+    bool WrittenAtOnce(const std::vector<Gathered>& writes);
+    void GoAhead(const BoundStatement& statement, const basic::Error* none);
     void ReadPostponed();
     template <class Step>
     auto InOrder(const Step& step);
@@ -85,6 +100,8 @@ class Session {
     StatementCache cache_;
     Transactions transactions_;
     std::vector<PostponedRead*> postponed_;
+    std::vector<Gathered> gathered_;
+    bool gathers_ = false;
     bool open_ = false;
 };
 

@@ -28,6 +28,8 @@ class Transactions {
     void Atomic(const std::function<void()>& change);
     // A write that runs ahead of what comes next: see Engine::SendAhead.
     void Ahead(EngineStatement& write, const basic::Error* none);
+    // Several of them as one: see Engine::WriteTogether. Outside transactions only.
+    void Together(const std::function<void()>& writes) { engine_.WriteTogether(writes); }
 
   private:
     bool Lost() const { return depth_ > 0 && !engine_.InTransaction(); }

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCoreApplication>
+#include <QDir>
 #include <QKeyEvent>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -29,6 +30,11 @@ void PrintChosen(Pages& pages, QPrinter& printer) {
     const int last =
         printer.toPage() > 0 ? std::clamp(printer.toPage(), first, pages.Count()) : pages.Count();
     pages.PaintOn(printer, first, last);
+}
+
+// What is offered where there is no printer. The toolkit's own offer is a mere folder on some platforms.
+QString FileAtHome(QString title) {
+    return QDir::home().filePath(title.replace('/', '-') + ".pdf");
 }
 
 // Enter presses the button that has the focus, as the blank does.
@@ -66,7 +72,7 @@ void PrintWithDialog(QWidget* parent, const std::string& document, const QFont& 
     QPrinter printer(QPrinter::HighResolution);
     Pages::Prepare(printer, paper);
     printer.setDocName(ToQt(paper.Title));
-    if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFormat(QPrinter::PdfFormat);
+    if (QPrinterInfo::defaultPrinter().isNull()) printer.setOutputFileName(FileAtHome(printer.docName()));
     QPrintPreviewDialog preview(&printer, parent);
     preview.setWindowTitle("Print");
     preview.resize(PreviewSize);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/ado/Together.h"
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/CutWire.h"
 #include "tests/platform/ado/TestStore.h"
@@ -104,6 +105,12 @@ TEST_F(ReconnectTest, WhatIsToldOfAnUnansweredCommitIsTrue) {
          commit, commit},
         {execute("Insert Into Small (Id, Remark) Values (5, 'a')")},
         {ahead("Insert Into Small (Id, Remark) Values (5, 'a')"), [](Connection& c) { c.Close(); }},
+        {[&](Connection& c) {
+            Together(c, [&] {
+                ahead("Insert Into Small (Remark) Values ('a')")(c);
+                ahead("Update Small Set Id = 5")(c);
+            });
+        }},
     };
     for (const auto& road : roads)
         for (const CutWire::Cut cut : {CutWire::Before, CutWire::After}) {

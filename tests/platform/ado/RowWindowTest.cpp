@@ -42,6 +42,18 @@ TEST_F(RowWindowTest, GivesAnyPartInTheOrderOfTheSelect) {
     EXPECT_EQ(window.From(3, 1).KeyOf(0), keys[3]);
     EXPECT_EQ(Shown(window.Of(keys.data(), keys.size())), Shown(window.From(0, 1000)));  // in two statements
     EXPECT_EQ(Shown(window.Of(keys.data(), 0)), "");
+    std::size_t seen = 0, parts = 0;
+    for (int doubled = 0; doubled < 5; ++doubled)
+        c->Execute("Insert Into Small (Id, Remark) Select Id, Remark From Small");
+    window.Each([&](const KeptRows& rows) {
+        ++parts;
+        for (std::int64_t row = 0; row < rows.Count(); ++row, ++seen)
+            EXPECT_TRUE(seen >= 32 || basic::ToText(rows.ValueAt(row, 0)) == "89") << seen;
+    });
+    EXPECT_EQ(seen, 135u * 32);
+    EXPECT_GT(parts, 1u);
+    EXPECT_THROW(window.Each([](const KeptRows&) { throw 1; }), int);
+    EXPECT_EQ(window.Count(), 135u * 32);
 }
 
 // The keys are those of one moment: rows that others remove or change later read as they stand then.

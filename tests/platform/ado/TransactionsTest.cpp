@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "platform/ado/Constants.h"
+#include "platform/ado/Together.h"
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/TestStore.h"
 #include "tests/support/DiskCalls.h"
@@ -143,6 +144,59 @@ TEST(TransactionsTest, AWriteThatGoesAheadFailsBeforeAnythingIsToldAsDone) {
         EXPECT_EQ(Rows(on, "Select Id, Remark From Small"), "1|after") << &each - cases;
     }
     EXPECT_EQ(Rows(store.Connect(), "Select Id From Small"), "1");
+}
+
+// Written together or one by one: nobody can tell, whatever fails of it and wherever.
+TEST(TransactionsTest, WritesTogetherLeaveWhatTheyLeaveOneByOne) {
+    constexpr std::int32_t none = 77, own = 78;
+    const basic::Error ifNone(none, "");
+    const TestStore store;
+    const ConnectionPtr c = store.Connect(), other = store.Connect();
+    Recordset rows;
+    const auto add = [&](const char* id) {
+        c->ExecuteAhead("Insert Into Small (Id) Values (" + std::string(id) + ")", &ifNone);
+    };
+    const auto edit = [&] {
+        for (; !rows.Eof(); rows.MoveNext()) rows.Fields("Remark").SetValue("new");
+    };
+    const struct {
+        std::function<void()> then;
+        std::int32_t error;
+        const char* left;
+    } cases[] = {
+        {[&] { add("5"); }, 0, "1|old 2|old 3|old 4|- 5|-"},
+        {[&] { add("50000"), add("5"); }, 6, "1|old 2|old 3|old 4|-"},
+        {[&] { c->ExecuteAhead("Update Small Set Id = 1 Where Id = 9", &ifNone), add("5"); }, none,
+         "1|old 2|old 3|old 4|-"},
+        {[&] { throw basic::Error(own, ""); }, own, "1|old 2|old 3|old 4|-"},
+        {[&] { add("50000"), throw basic::Error(own, ""); }, 6, "1|old 2|old 3|old 4|-"},
+        {[&] {
+             EXPECT_EQ(Rows(c, "Select Id From Small"), "1 2 3 4");
+             add("5");
+         },
+         0, "1|old 2|old 3|old 4|- 5|-"},
+        {[&] { c->Execute("Delete From Small Where Id < 4"), add("5"); }, 0, "4|- 5|-"},
+        {[&] { c->BeginTrans(), add("5"), c->RollbackTrans(), add("6"); }, 0, "1|old 2|old 3|old 4|- 6|-"},
+        {edit, 0, "1|new 2|new 3|new 4|-"},
+        {[&] { other->Execute("Delete From Small Where Id = 2"), edit(); }, error::NoCurrentRecord,
+         "1|new 3|old 4|-"},
+    };
+    for (const auto& each : cases) {
+        c->Execute("Delete From Small");
+        for (const char* id : {"1", "2", "3"})
+            c->Execute("Insert Into Small (Id, Remark) Values (" + std::string(id) + ", 'old')");
+        rows.Open("Small", c, adOpenDynamic, adLockOptimistic);
+        EXPECT_EQ(ErrorOf([&] {
+                      Together(*c, [&] {
+                          add("4");
+                          each.then();
+                      });
+                  }),
+                  each.error)
+            << &each - cases;
+        rows.Close();
+        EXPECT_EQ(Rows(other, "Select Id, Remark From Small"), each.left) << &each - cases;
+    }
 }
 
 TEST(TransactionsTest, TellsWhetherAnotherProgramHasWritten) {

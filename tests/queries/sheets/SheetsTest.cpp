@@ -18,6 +18,7 @@
 #include "queries/sheets/Workbook.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/InChild.h"
+#include "tests/support/Shell.h"
 #include "tests/support/TempFolder.h"
 
 using namespace testing;
@@ -126,25 +127,12 @@ TEST(Sheets, FilesForProgramsKeepFiguresAndRunNothing) {
 }
 
 // What stands in one part of the file, as another program unpacks it.
-std::string Part(const std::filesystem::path& file, const std::string& part) {
-    const std::string command =
-        "python3 -c 'import sys, zipfile; "
-        "sys.stdout.write(zipfile.ZipFile(sys.argv[1]).read(sys.argv[2]).decode())' " +
-        file.string() + " " + part;
-    FILE* run = popen(command.c_str(), "r");
-    std::string text;
-    char piece[4096];
-    for (std::size_t length; (length = fread(piece, 1, sizeof piece, run)) > 0;) text.append(piece, length);
-    pclose(run);
-    return text;
-}
-
 TEST(Sheets, AWorkbookHoldsDatesAndFiguresAndSumsByFormula) {
     const test::TempFolder folder;
     const auto file = folder / "a b.xlsx", plain = folder / "list.xlsx";
     queries::WriteWorkbook(Nasty(), plain);
     queries::WriteWorkbook(Nasty(), plain);  // over what stands
-    const std::string rows = Part(plain, "xl/worksheets/sheet1.xml");
+    const std::string rows = test::PartOf(plain, "xl/worksheets/sheet1.xml");
     for (const char* cell :
          {"<pane ySplit=\"1\" topLeftCell=\"A2\" activePane=\"bottomLeft\" state=\"frozen\"/>",
           "<c r=\"A3\" t=\"inlineStr\"><is><t>=1+\"1\"</t></is></c>", "<v>1234567.01</v>", "<v>36982</v>",
@@ -152,9 +140,9 @@ TEST(Sheets, AWorkbookHoldsDatesAndFiguresAndSumsByFormula) {
           "<c r=\"A4\" t=\"inlineStr\"><is><t>a\xEF\xBF\xBD\nb_x001B_,&lt;i&gt;</t>",
           "<f>SUBTOTAL(9,C2:C6)</f><v>1234561.91</v>", "<autoFilter ref=\"A1:F6\"/>"})
         EXPECT_THAT(rows, HasSubstr(cell));
-    EXPECT_THAT(Part(plain, "xl/workbook.xml"), HasSubstr("<sheet name=\"Trial &amp; error  a b\""));
+    EXPECT_THAT(test::PartOf(plain, "xl/workbook.xml"), HasSubstr("<sheet name=\"Trial &amp; error  a b\""));
     queries::WriteWorkbook(Tree(), plain);
-    EXPECT_THAT(Part(plain, "xl/worksheets/sheet1.xml"),
+    EXPECT_THAT(test::PartOf(plain, "xl/worksheets/sheet1.xml"),
                 AllOf(HasSubstr("<f>SUM(C2)+SUM(C5:C6)</f><v>35.5</v>"), HasSubstr("outlineLevel=\"1\"")));
     std::size_t files = 0;
     for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder.Path())) ++files;
