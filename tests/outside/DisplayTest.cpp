@@ -23,7 +23,7 @@ class RudeDisplay {
     RudeDisplay() {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
-        const std::string name = "/tmp/.X11-unix/X4713";
+        const std::string name = "/tmp/.X11-unix/X" + Number();
         name.copy(address.sun_path + 1, name.size());
         const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
         if (bind(socket_, reinterpret_cast<sockaddr*>(&address), length) != 0 || listen(socket_, 9) != 0)
@@ -39,6 +39,7 @@ class RudeDisplay {
         }
     }
     bool Stands() const { return child_ > 0; }
+    static std::string Number() { return std::to_string(5000 + getpid() % 5000); }  // of this test alone
 
   private:
     int socket_ = socket(AF_UNIX, SOCK_STREAM, 0);
@@ -57,14 +58,15 @@ bool ScreensAreLoaded() {
 TEST(Display, ThatCannotBeUsedEndsNoHostAndGetsNoBox) {
     const RudeDisplay rude;
     ASSERT_TRUE(rude.Stands());
+    const std::string name = ":" + rude.Number();
     const struct {
         const char *display, *platform;
         bool loads;
     } cases[] = {{"localhost:4711.0", "", false},
                  {":4712", "xcb", false},
                  {":4712", "nonsense", true},
-                 {":4713", "", true},
-                 {":4713", "xcb", true}};
+                 {name.c_str(), "", true},
+                 {name.c_str(), "xcb", true}};
     for (const auto& c : cases)
         EXPECT_EQ(InChild([&] {
                       setenv("DISPLAY", c.display, 1);
