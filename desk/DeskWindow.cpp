@@ -320,8 +320,7 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
     } catch (const basic::Error& error) {
         return TellLost(error);  // what a screen wrote would go where nobody looks for it
     }
-    Try(open);
-    LookForChanges();
+    Try(open) ? LookForChanges() : Watch();  // where a server is gone, the user has waited once
     activateWindow();
     if (shown_) shown_->TakeFocus();
 }
@@ -334,6 +333,9 @@ void DeskWindow::WriteFile(const QString& what, std::function<void(queries::Read
     });
     JobBar* const bar = writing_.emplace_back(new JobBar(this));
     layout()->addWidget(bar);
+    bar->Left = [this] {
+        if (shown_) shown_->TakeFocus();
+    };
     bar->Run(books_.Writer(), what, std::move(work), [this, done](std::exception_ptr failure) {
         const bool stands = Try([&] {
             if (failure) std::rethrow_exception(failure);

@@ -1,6 +1,6 @@
 #include "desk/JobBar.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -38,6 +38,7 @@ JobBar::JobBar(QWidget* parent) : QWidget(parent) {
 }
 
 JobBar::~JobBar() {
+    Left = nullptr;
     Cancel();
 }
 
@@ -62,7 +63,9 @@ void JobBar::Cancel() {
     const auto job = std::exchange(job_, nullptr);
     if (const auto worker = worker_.lock()) worker->Cancel(job);
     tick_.stop();
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     hide();
+    if (hadFocus && Left) Left();
 }
 
 void JobBar::Show() {

@@ -28,6 +28,7 @@ class JobBar : public QWidget {
     void Run(Worker& worker, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
              std::function<void(std::exception_ptr)> end, std::function<void()> cancelled = {});
     void Cancel();
+    std::function<void()> Left;  // it hides while the focus is on it: gives the focus to what is worked with
     bool Running() const { return job_ != nullptr; }
 
   private:

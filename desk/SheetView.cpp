@@ -58,6 +58,7 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     totals_ = new TotalsStrip(*header_, this);
     column->addWidget(totals_);
     jobs_ = new JobBar(this);
+    jobs_->Left = [this] { view_->setFocus(); };
     column->addWidget(jobs_);
     unread_ = new EmptyState(tr("This was not read to its end"), tr("F5 asks again."));
     stack_->addWidget(unread_);
@@ -361,6 +362,7 @@ void SheetView::OpenAgain(const Place& place) {
 
 void SheetView::SetTotals(const QString& words, std::vector<QString> totals) {
     totalsSet_ = true;
+    columns_->MakeRoom(totals);
     totals_->Set(words, std::move(totals));
 }
 
@@ -374,6 +376,7 @@ void SheetView::ShowTotals() {
         for (std::size_t column = 0; column < texts.size(); ++column)
             texts[column] = CellText(sheet.Columns()[column].kind, totals.Of(column));
     }
+    columns_->MakeRoom(texts);
     totals_->Set(words, std::move(texts));
 }
 
