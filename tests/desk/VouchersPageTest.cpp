@@ -65,6 +65,8 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotalsByKeysAlone) {
         {{"Alt+T", "C"}, "LedgerTxnDate >= 36995 And LedgerTrnType = 'Contra'"},
         {{"Alt+P", "W"}, "LedgerTrnType = 'Contra'"},
         {{"Alt+N", "'10000", "Return"}, "LedgerTrnType = 'Contra' And LedgerDrAmt + LedgerCrAmt >= 10000"},
+        {{"Alt+A", "Ctrl+F", "'rent", "Alt+T", "P"},
+         "LedgerNarration Like '%rent%' And LedgerTrnType = 'Payment'"},
         {{"Alt+A", "Alt+L", "'trial", "Return"}, "LedgerName = 'Trial Office Supplies'"},
     };
     for (const auto& [keys, where] : steps) {
