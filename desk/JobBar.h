@@ -33,7 +33,7 @@ class JobBar : public QWidget {
     // the desk's bar, and `without` is called then, and where the user ends the job.
     void Run(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
              std::function<void()> then, std::function<void()> without = {});
-    void Cancel();
+    void Cancel();               // what still runs; neither of its ends is called
     std::function<void()> Left;  // it hides while the focus is on it: gives the focus to what is worked with
     bool Running() const { return job_ != nullptr; }  // or waits for the one before it
 

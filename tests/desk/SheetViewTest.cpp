@@ -27,10 +27,7 @@ TEST_F(SheetViewTest, ASheetThatCannotBeCountedNeverStandsBehindTheView) {
         std::string title;
         std::vector<queries::Column> columns;
     };
-    FillWithSample();
-    Start();
-    desk->Go("vouchers");
-    WaitForTotals("142 lines");
+    StartOnVouchers();
     Sheet().Ask([](queries::Reading&) { return std::make_shared<Uncounted>(); });
     EXPECT_EQ(Told(), "gone");
     EXPECT_EQ(Empty(), "This was not read to its end");
@@ -71,11 +68,6 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     Key(Qt::Key_F5);
     ASSERT_TRUE(QTest::qWaitFor([this] { return Told().find("Nowhere") != std::string::npos; })) << Told();
     EXPECT_EQ(Empty(), "This was not read to its end");
-}
-
-TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
-    EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
-              "M-s Rao- -North- -.xlsx");
 }
 
 }  // namespace
