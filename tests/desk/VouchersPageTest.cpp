@@ -65,6 +65,8 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotalsByKeysAlone) {
         {{"Alt+T", "C"}, "LedgerTxnDate >= 36995 And LedgerTrnType = 'Contra'"},
         {{"Alt+P", "W"}, "LedgerTrnType = 'Contra'"},
         {{"Alt+N", "'10000", "Return"}, "LedgerTrnType = 'Contra' And LedgerDrAmt + LedgerCrAmt >= 10000"},
+        {{"Alt+A", "Ctrl+F", "'rent", "Alt+T", "P"},
+         "LedgerNarration Like '%rent%' And LedgerTrnType = 'Payment'"},
         {{"Alt+A", "Alt+L", "'trial", "Return"}, "LedgerName = 'Trial Office Supplies'"},
     };
     for (const auto& [keys, where] : steps) {
@@ -202,7 +204,8 @@ TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCanc
         Type(cancelled ? "rent" : " shop");
         WaitForTotals("24 lines");
         Key(Qt::Key_3, Qt::AltModifier);
-        auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
+        auto& jobs = *desk->findChild<QWidget*>("fileJobs");
+        auto& cancel = *jobs.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).back();
         ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
         QWidget* const worked = desk->focusWidget();
         cancel.findChild<QPushButton*>("cancelJob")->setFocus();
