@@ -1,8 +1,12 @@
+#include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolTip>
 #include <atomic>
 #include <memory>
 
+#include "desk/RowsView.h"
 #include "tests/desk/DeskFixture.h"
 
 namespace {
@@ -68,6 +72,24 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     Key(Qt::Key_F5);
     ASSERT_TRUE(QTest::qWaitFor([this] { return Told().find("Nowhere") != std::string::npos; })) << Told();
     EXPECT_EQ(Empty(), "This was not read to its end");
+}
+
+TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {
+    StartOnVouchers();
+    QAbstractItemView& view = Sheet().View();
+    constexpr int Ledger = 3;
+    const auto tip = [&view](int column) {
+        const QPoint at = view.visualRect(view.model()->index(0, column)).center();
+        QHelpEvent rest(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view.viewport(), &rest);
+        return QToolTip::text();
+    };
+    desk::HeaderOf(view).resizeSection(Ledger, 40);
+    const QString name = view.model()->index(0, Ledger).data().toString();
+    EXPECT_EQ(tip(Ledger), Qt::convertFromPlainText(name)) << tip(Ledger).toStdString();
+    desk::HeaderOf(view).resizeSection(Ledger, 400);
+    tip(Ledger);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
 }
 
 }  // namespace
