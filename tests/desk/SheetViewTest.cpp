@@ -1,8 +1,12 @@
+#include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolTip>
 #include <atomic>
 #include <memory>
 
+#include "desk/RowsView.h"
 #include "queries/GroupTree.h"
 #include "tests/desk/DeskFixture.h"
 
@@ -101,6 +105,27 @@ TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
               "M-s Rao- -North- -.xlsx");
     const std::string longest(255, 'W');
     EXPECT_EQ(desk::FileNameOf(longest, desk::SheetFile::Csv).toStdString(), longest.substr(0, 60) + ".csv");
+}
+
+TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {
+    FillWithSample();
+    Start();
+    desk->Go("vouchers");
+    WaitForTotals("142 lines");
+    QAbstractItemView& view = Sheet().View();
+    constexpr int Ledger = 3;
+    const auto tip = [&view](int column) {
+        const QPoint at = view.visualRect(view.model()->index(0, column)).center();
+        QHelpEvent rest(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view.viewport(), &rest);
+        return QToolTip::text();
+    };
+    desk::HeaderOf(view).resizeSection(Ledger, 40);
+    const QString name = view.model()->index(0, Ledger).data().toString();
+    EXPECT_EQ(tip(Ledger), Qt::convertFromPlainText(name)) << tip(Ledger).toStdString();
+    desk::HeaderOf(view).resizeSection(Ledger, 400);
+    tip(Ledger);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
 }
 
 }  // namespace
