@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desk/Books.h"
 #include "desk/Dates.h"
@@ -86,6 +87,7 @@ std::int32_t VouchersPage::Number() const {
 }
 
 void VouchersPage::Ask() {
+    isNew_ = true;
     if (chips_->Any())
         View().SetEmpty(
             tr("No line fits"),
@@ -123,7 +125,10 @@ void VouchersPage::PrintVoucher() {
 // A million lines are counted and summed while the first of them are read.
 void VouchersPage::Sum() {
     const auto sums = std::make_shared<queries::VoucherSums>();
-    View().SetTotals(tr("Adding up\u2026"), {});
+    if (std::exchange(isNew_, false))
+        View().SetTotals(tr("Adding up\u2026"), {});
+    else
+        View().KeepTotals();  // those from before stand until the new ones come
     View().InBackground(
         tr("Adding up\u2026"),
         [sums, filter = chips_->Filter()](queries::Reading& books, Worker::Job&) {

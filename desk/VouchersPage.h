@@ -31,6 +31,7 @@ class VouchersPage : public SheetPage {
     VoucherChips* chips_;
     queries::VoucherOrder order_ = queries::VoucherOrder::Date;
     bool descending_ = false;
+    bool isNew_ = true;  // the totals that stand are of the question before
 };
 
 }  // namespace desk

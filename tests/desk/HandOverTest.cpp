@@ -7,6 +7,7 @@
 
 #include "desk/Books.h"
 #include "tests/desk/DeskFixture.h"
+#include "tests/desk/DialogUser.h"
 
 namespace {
 
@@ -49,6 +50,13 @@ TEST_F(HandOverTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
                  "C");  // a spreadsheet's figures bear a point in every language
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
+    // A name that was typed without its end.
+    test::DialogUser user;
+    user.Will({"'" + (settings / "a").string(), "Escape"});
+    for (QAction* const action : desk->Shown()->findChildren<QAction*>())
+        if (action->text().startsWith("&CSV")) action->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return user.Done(); }));
+    EXPECT_THAT(user.Asked(), testing::EndsWith("a.csv stands there already. Is it to be replaced?"));
 }
 
 // The thread that writes files is held up as by a million lines.
@@ -91,6 +99,8 @@ TEST_F(HandOverTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCancelle
 TEST(FileNameTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
     EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
               "M-s Rao- -North- -.xlsx");
+    const std::string longest(255, 'W');
+    EXPECT_EQ(desk::FileNameOf(longest, desk::SheetFile::Csv).toStdString(), longest.substr(0, 60) + ".csv");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "desk/RowsView.h"
+#include "queries/GroupTree.h"
 #include "tests/desk/DeskFixture.h"
 
 namespace {
@@ -72,6 +73,28 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     Key(Qt::Key_F5);
     ASSERT_TRUE(QTest::qWaitFor([this] { return Told().find("Nowhere") != std::string::npos; })) << Told();
     EXPECT_EQ(Empty(), "This was not read to its end");
+}
+
+// Else a list that takes longer than the pause between two changes would show none of them.
+TEST_F(SheetViewTest, AnAnswerThatIsOnItsWayComesThoughTheBooksChangeMeanwhile) {
+    FillWithSample();
+    Start();
+    desk->Go("ledgers");
+    WaitForTotals("rows");
+    int answers = 0;
+    const auto asked = std::make_shared<std::atomic<int>>(0);
+    const auto ends = std::make_shared<std::atomic<bool>>(false);
+    Sheet().Filled = [&answers] { ++answers; };
+    Sheet().AskSlowly([asked, ends](queries::Reading& reading, desk::Worker::Job& job) {
+        ++*asked;
+        for (std::size_t step = 0; !*ends; ++step) job.Step(step);
+        return queries::GroupTreeSheet(reading);
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return *asked == 1; }));
+    for (int change = 0; change < 3; ++change) Key(Qt::Key_F5);
+    *ends = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answers == 2; })) << answers;
+    EXPECT_EQ(*asked, 2);
 }
 
 TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {
