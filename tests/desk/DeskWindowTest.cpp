@@ -108,6 +108,8 @@ TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
                 testing::AllOf(testing::HasSubstr("Could not find the books file '/nowhere/QmAccount.mdb'."),
                                testing::HasSubstr("What to do: correct dataPath, or lay down books")));
     EXPECT_EQ(Title(), "Overview");  // of the books from before
+    desk->Try([] { throw basic::Error(5, "cannot write a.csv: full", "basic"); });
+    EXPECT_THAT(Told(), testing::HasSubstr("or is not there; what bore the name stands as it was."));
     desk->Books().Close();
     desk->OpenBooks("/nowhere");
     EXPECT_THAT(Told(), testing::HasSubstr("Could not find the books file"));
