@@ -17,7 +17,7 @@ constexpr std::int32_t FileNotFound = 53;
 
 // KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
 // background, more than one walk through an index needs, which is read anew each time all the same.
-constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 8192;
+constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 2048;
 
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");

@@ -32,8 +32,8 @@ class RowPages {
     void ReadBy(Reading& books) { books_ = &books; }           // from now on
 
   private:
-    const std::vector<ado::RowKey>& Keys();
-    std::vector<ado::RowKey> KeysByAmount();
+    const ado::RowKeys& Keys();
+    ado::RowKeys KeysByAmount();
 
     ado::RowWindow Window() { return books_->Window(select_); }
 
@@ -41,7 +41,7 @@ class RowPages {
     std::string select_;
     std::optional<ByAmount> byAmount_;
     std::optional<std::size_t> count_;
-    std::optional<std::vector<ado::RowKey>> keys_;
+    std::optional<ado::RowKeys> keys_;
 };
 
 // The same with typed rows. `make` gets a row of a page; one that is gone is all Null.
