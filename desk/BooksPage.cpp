@@ -173,13 +173,7 @@ void BooksPage::Refresh() {
 
 void BooksPage::Work(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                      std::function<void()> then) {
-    jobs_->Run(desk().Books().Background(), what, std::move(work),
-               [this, then = std::move(then)](std::exception_ptr failure) {
-                   desk().Try([&] {
-                       if (failure) std::rethrow_exception(failure);
-                       then();
-                   });
-               });
+    jobs_->Run(desk(), what, std::move(work), std::move(then));
 }
 
 void BooksPage::AskForBackup() {

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <utility>
 
+#include "desk/Books.h"
+
 namespace desk {
 namespace {
 
@@ -57,6 +59,18 @@ void JobBar::Run(Worker& worker, const QString& what,
         end(failure);
     });
     tick_.start();
+}
+
+void JobBar::Run(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                 std::function<void()> then, std::function<void()> without) {
+    const auto end = [&desk, then = std::move(then), without](std::exception_ptr failure) {
+        const bool went = desk.Try([&] {
+            if (failure) std::rethrow_exception(failure);
+            then();
+        });
+        if (!went && without) without();
+    };
+    Run(desk.Books().Background(), what, std::move(work), end, without);
 }
 
 void JobBar::Cancel() {

@@ -204,7 +204,8 @@ TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCanc
         Type(cancelled ? "rent" : " shop");
         WaitForTotals("24 lines");
         Key(Qt::Key_3, Qt::AltModifier);
-        auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
+        auto& jobs = *desk->findChild<QWidget*>("fileJobs");
+        auto& cancel = *jobs.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).back();
         ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
         QWidget* const worked = desk->focusWidget();
         cancel.findChild<QPushButton*>("cancelJob")->setFocus();
