@@ -124,6 +124,10 @@ class Visitor {
     void Go(const std::string& page) {
         Step("page " + page, [&] { desk_->Go(QString::fromStdString(page)); });
     }
+    // As it is when another program has written.
+    void Again(const std::string& name) {
+        Step(name, [&] { desk_->Shown()->Refresh(); });
+    }
     void Turn(const std::string& name, int tab) {
         Step(name, [&] { dynamic_cast<desk::TabPage&>(*desk_->Shown()).Turn(tab); });
     }
@@ -191,7 +195,14 @@ int VisitDesk(const std::string& folder) {
     visitor.Turn("page movements", 1);
     visitor.Scroll("movements");
     visitor.Sort("sort movements by name", 4);
+    visitor.Again("movements by name, asked again");
     visitor.Go("overview");
+    visitor.Again("overview, asked again");
+    visitor.Step("check", [&] {
+        visitor.Desk().Books().Check().Run(*visitor.Desk().Shown(), [](const std::exception_ptr&) {});
+    });
+    visitor.Go("vouchers");
+    visitor.Sort("sort vouchers by credit", 5);
     return 0;
 }
 

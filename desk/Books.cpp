@@ -9,6 +9,7 @@
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
+#include "platform/ado/Maintenance.h"
 
 namespace desk {
 namespace {
@@ -16,7 +17,7 @@ namespace {
 constexpr std::int32_t FileNotFound = 53;
 
 // KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
-// background, more than one walk through an index needs, which is read anew each time all the same.
+// background, what one walk through an index and its table needs, of which the next would find nothing.
 constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 2048;
 
 bool IsServer(const std::string& address) {
@@ -84,6 +85,10 @@ Worker& Books::Started(std::shared_ptr<Worker>& worker, int keptKb) {
 BooksCheck& Books::Check() {
     if (!check_) check_ = std::make_unique<BooksCheck>(address_, YearInForce());
     return *check_;
+}
+
+void Books::ForgetPages() {
+    if (AreOpen()) ado::ForgetPages(qm::Conn());
 }
 
 bool Books::OnServer() const {

@@ -216,7 +216,9 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
     } catch (const basic::Error& error) {
         return TellLost(error);  // what a screen wrote would go where nobody looks for it
     }
-    Try(open) ? watch_.LookNow() : watch_.Look();  // where a server is gone, the user has waited once
+    const bool done = Try(open);
+    books_.ForgetPages();
+    done ? watch_.LookNow() : watch_.Look();  // where a server is gone, the user has waited once
     activateWindow();
     pages_->TakeFocus();
 }
