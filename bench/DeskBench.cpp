@@ -187,6 +187,7 @@ int VisitDesk(const std::string& folder) {
     visitor.Step("page statement",
                  [&] { visitor.Desk().Push(new desk::StatementPage(visitor.Desk(), Busy, "Ledger 1000")); });
     visitor.Scroll("statement");
+    visitor.Sort("sort statement by particulars", 3);
     visitor.Go("results");
     visitor.Turn("page trading", 1);
     visitor.Choose("long trading by month", "beside", 2);
@@ -203,6 +204,8 @@ int VisitDesk(const std::string& folder) {
     });
     visitor.Go("vouchers");
     visitor.Sort("sort vouchers by credit", 5);
+    visitor.Sort("sort vouchers by ledger", 3);
+    visitor.Sort("sort vouchers by narration", 6);
     return 0;
 }
 

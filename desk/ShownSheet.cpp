@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "queries/sheets/Cell.h"
+#include "queries/TextPlaces.h"
 
 namespace desk {
 namespace {
@@ -20,48 +20,21 @@ using Row = std::uint32_t;
 template <class Key>
 constexpr Key None = std::numeric_limits<Key>::max();
 
-// Each text is compared and kept once, however many rows bear it.
-class Texts {
-  public:
-    Row NumberOf(const std::string& text) {
-        return numbers_.try_emplace(text, static_cast<Row>(numbers_.size())).first->second;
-    }
-    // The place in the order of the language of each number that a text got as it was met. Leaves nothing
-    // here.
-    std::vector<Row> Places() {
-        QCollator language;
-        language.setCaseSensitivity(Qt::CaseInsensitive);
-        language.setNumericMode(true);
-        std::vector<std::pair<QCollatorSortKey, Row>> order;
-        order.reserve(numbers_.size());
-        while (!numbers_.empty()) {
-            const auto text = numbers_.extract(numbers_.begin());
-            order.emplace_back(language.sortKey(QString::fromStdString(text.key())), text.mapped());
-        }
-        std::sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-        std::vector<Row> places(order.size());
-        for (std::size_t at = 0; at < order.size(); ++at) {
-            const bool equal = at > 0 && !(order[at - 1].first < order[at].first);
-            places[order[at].second] = equal ? places[order[at - 1].second] : static_cast<Row>(at);
-        }
-        return places;
-    }
-
-  private:
-    std::unordered_map<std::string, Row> numbers_;
-};
-
 using Step = std::function<void(std::size_t row)>;
 
 std::vector<Row> PlacesOf(const queries::Sheet& sheet, std::size_t column, const Step& step) {
     std::vector<Row> keys(sheet.Rows());
-    Texts texts;
+    queries::TextPlaces texts;
     for (std::size_t row = 0; row < keys.size(); ++row) {
         if (step) step(row);
         const std::string text = basic::TextOrEmpty(sheet.At(row, column));
         keys[row] = text.empty() ? None<Row> : texts.NumberOf(text);
     }
-    const std::vector<Row> places = texts.Places();
+    QCollator language;
+    language.setCaseSensitivity(Qt::CaseInsensitive);
+    language.setNumericMode(true);
+    const std::vector<Row> places =
+        texts.Places([&](const std::string& text) { return language.sortKey(QString::fromStdString(text)); });
     for (Row& key : keys)
         if (key != None<Row>) key = places[key];
     return keys;

@@ -27,7 +27,7 @@ ItemRow Row(ado::Recordset& item) {
     return row;
 }
 
-void AddMoved(std::vector<ItemRow>& rows, const std::map<std::int32_t, double>& moved) {
+void AddMoved(std::vector<ItemRow>& rows, const Quantities& moved) {
     for (ItemRow& row : rows) {
         const auto found = moved.find(row.id);
         row.moved = row.opening.value_or(0) + (found == moved.end() ? 0 : found->second);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <numeric>
 #include <utility>
 
@@ -62,8 +63,8 @@ MovementRow Row(const ado::KeptRows& rows, std::int64_t at) {
     return row;
 }
 
-std::map<std::int32_t, double> OpeningStocks(Reading& books) {
-    std::map<std::int32_t, double> stocks;
+Quantities OpeningStocks(Reading& books) {
+    Quantities stocks;
     const auto items = SelectStock(books, "Select Item_ID, Open_Stock From " + books.Table("ItemMaster"));
     for (; !items->Eof(); items->MoveNext())
         stocks[NumberOf(*items, "Item_ID")] = FigureOf(*items, "Open_Stock").value_or(0);
@@ -133,7 +134,7 @@ class MovementLines::Pass {
     // Leaves nothing here.
     void Finish(MovementLines& lines, Reading& books) {
         std::vector<std::uint32_t> order = Order();
-        std::map<std::int32_t, double> balances = OpeningStocks(books);
+        Quantities balances = OpeningStocks(books);
         for (const auto& [item, moved] : before_) balances[item] += moved;
         for (const std::uint32_t at : order) changes_[at] = balances[items_[at]] += changes_[at];
         std::erase_if(order, [&](std::uint32_t at) { return when_[at] % 2 == 0; });
@@ -148,10 +149,12 @@ class MovementLines::Pass {
   private:
     using DayAndType = std::pair<std::int32_t, std::string>;
 
-    // The place of a row's day and type among those met so far.
+    // The place of a row's day and type among those met so far; as a rule it is that of the row before.
     std::uint32_t When(const std::optional<basic::Date>& date, const std::string& type) {
         const std::int32_t day = date ? DayOf(*date) : std::numeric_limits<std::int32_t>::min();
-        return met_.try_emplace({day, type}, static_cast<std::uint32_t>(met_.size())).first->second;
+        if (last_ == met_.end() || last_->first.first != day || last_->first.second != type)
+            last_ = met_.try_emplace({day, type}, static_cast<std::uint32_t>(met_.size())).first;
+        return last_->second;
     }
 
     // By day and by type from Z to A; types that differ in case alone are equal.
@@ -186,8 +189,9 @@ class MovementLines::Pass {
 
     const MovementFilter& filter_;
     const Words words_;
-    std::map<std::int32_t, double> before_;  // what moved before the range
+    Quantities before_;  // what moved before the range
     std::map<DayAndType, std::uint32_t> met_;
+    std::map<DayAndType, std::uint32_t>::const_iterator last_ = met_.end();
     // Of each movement in the range, as they were met.
     ado::RowKeys keys_;
     std::vector<double> changes_;  // of its item's stock; in the end the balance behind it
@@ -221,8 +225,8 @@ std::vector<MovementRow> MovementLines::Page(std::size_t first, std::size_t coun
     return page;
 }
 
-std::map<std::int32_t, double> MovedQuantities(Reading& books) {
-    std::map<std::int32_t, double> moved;
+Quantities MovedQuantities(Reading& books) {
+    Quantities moved;
     StockWindow(books, SelectQuantities + books.Table("tblItemLed")).Each([&](const ado::KeptRows& rows) {
         for (std::int64_t at = 0; at < rows.Count(); ++at)
             moved[Whole(rows.ValueAt(at, 0))] +=

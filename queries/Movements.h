@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "queries/LedgerSums.h"
@@ -62,6 +62,7 @@ std::unique_ptr<MovementSheet> ListMovements(Reading& books, const MovementFilte
                                              const Step& step = {});
 
 // What the year's movements add to the stock of each item; none for an item that never moved.
-std::map<std::int32_t, double> MovedQuantities(Reading& books);
+using Quantities = std::unordered_map<std::int32_t, double>;
+Quantities MovedQuantities(Reading& books);
 
 }  // namespace queries

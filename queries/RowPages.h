@@ -18,12 +18,13 @@ namespace queries {
 class RowPages {
   public:
     // How the keys come into an order that no index has, in less memory than the store would take: `select`
-    // is of the same rows, of an amount and a day, without an order; equal amounts stand by day.
-    struct ByAmount {
+    // is of the same rows, of a field and a day, without an order; equal ones stand by day.
+    struct ByField {
         std::string select;
+        bool text = false;  // the field is no figure
         bool descending = false;
     };
-    RowPages(Reading& books, const std::string& select, std::optional<ByAmount> byAmount = {});
+    RowPages(Reading& books, const std::string& select, std::optional<ByField> byField = {});
 
     std::size_t Count();                                       // counted once
     ado::KeptRows Page(std::size_t first, std::size_t count);  // fewer at the end
@@ -33,13 +34,13 @@ class RowPages {
 
   private:
     const ado::RowKeys& Keys();
-    ado::RowKeys KeysByAmount();
+    ado::RowKeys KeysByField();
 
     ado::RowWindow Window() { return books_->Window(select_); }
 
     Reading* books_;
     std::string select_;
-    std::optional<ByAmount> byAmount_;
+    std::optional<ByField> byField_;
     std::optional<std::size_t> count_;
     std::optional<ado::RowKeys> keys_;
 };
@@ -51,8 +52,8 @@ class Windowed {
     using Make = Row (*)(const ado::KeptRows& rows, std::int64_t row);
 
     Windowed(Reading& books, const std::string& select, Make make,
-             std::optional<RowPages::ByAmount> byAmount = {})
-        : pages_(books, select, std::move(byAmount)), make_(make) {}
+             std::optional<RowPages::ByField> byField = {})
+        : pages_(books, select, std::move(byField)), make_(make) {}
 
     std::size_t Count() { return pages_.Count(); }
     std::vector<Row> Page(std::size_t first, std::size_t count) {
