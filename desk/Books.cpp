@@ -9,7 +9,6 @@
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
-#include "platform/ado/Maintenance.h"
 
 namespace desk {
 namespace {
@@ -85,10 +84,6 @@ Worker& Books::Started(std::shared_ptr<Worker>& worker, int keptKb) {
 BooksCheck& Books::Check() {
     if (!check_) check_ = std::make_unique<BooksCheck>(address_, YearInForce());
     return *check_;
-}
-
-void Books::ForgetPages() {
-    if (AreOpen()) ado::ForgetPages(qm::Conn());
 }
 
 bool Books::OnServer() const {

@@ -39,8 +39,6 @@ class Books {
     Worker& Watcher();     // to see whether a server answers
     BooksCheck& Check();   // has a thread of its own: it may take minutes
 
-    void ForgetPages();  // that the class keeps of a file in memory, for a screen that is closed by now
-
     // Whether the file that was opened still stands in its place. What is written into one that was taken
     // away is lost. RequireFile raises where it does not.
     bool IsFileThere() const;

@@ -5,8 +5,6 @@
 
 #include <malloc.h>
 
-#include "platform/ado/Maintenance.h"
-
 namespace desk {
 namespace {
 
@@ -70,7 +68,7 @@ void Worker::Loop() {
         if (books_) books_->GoOn();
         lock.unlock();
         Run(std::move(task));
-        if (books_) ado::ForgetPages(*books_->Connection());
+        if (books_) books_->ForgetPages();
         malloc_trim(0);  // what a long answer was worked out in goes back to the system
         lock.lock();
         running_.reset();
