@@ -128,6 +128,11 @@ std::optional<std::string> Books::OtherYear() {
     return current.empty() || current == YearInForce() ? std::nullopt : std::optional(current);
 }
 
+QString Books::LongForm(const std::string& shortForm) {
+    const int year = QString::fromStdString(shortForm).toInt();
+    return QString("%1-%2").arg(year).arg(year + 1);
+}
+
 bool Books::Changed() {
     return AreOpen() && qm::Conn().TransDepth() == 0 && reading_->ChangedByOthers();
 }
@@ -136,8 +141,10 @@ void Books::SwitchYear(const std::string& shortForm) {
     if (host::CurrentYear() != shortForm &&
         !host::AllOrNothing([&] { return host_->SetGetFinancialYear(shortForm) == shortForm; }))
         throw basic::Error(basic::error::InvalidCall, "The year could not be made the current one.", "desk");
+    const BooksCheck::ResultPtr found = check_ ? check_->Last() : nullptr;
     host_->StartDataConn();
     Read();
+    if (found) Check().Keep(found);  // it is of all years
 }
 
 }  // namespace desk

@@ -47,6 +47,7 @@ class Books {
     std::vector<host::Year> Years();         // as they stand in the books now
     std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
     std::optional<std::string> OtherYear();  // the books' current one, where that is another by now
+    static QString LongForm(const std::string& shortForm);  // "2001-2002"
     // Makes a known year, by its short form, the current one of the books, for every program, and works in it
     // from now on. Raises where the flag cannot be moved.
     void SwitchYear(const std::string& shortForm);

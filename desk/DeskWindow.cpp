@@ -427,7 +427,7 @@ void DeskWindow::TellOtherYear() {
                    {tr("Stay"), {}}});
 }
 
-void DeskWindow::WantYear(const std::string& shortForm) {
+void DeskWindow::WantYear(const std::string& shortForm, const std::function<void()>& then) {
     if (!ShowHead()) return;  // the list shows the year in force until it is another
     if (shortForm == books_.YearInForce()) return;
     const QString wanted = LongForm(shortForm), now = LongForm(books_.YearInForce());
@@ -436,13 +436,20 @@ void DeskWindow::WantYear(const std::string& shortForm) {
         tr("All pages and screens then show %1, and new vouchers go there. Other programs that open these "
            "books follow. Nothing of %2 changes.")
             .arg(wanted, now),
-        {{tr("Switch to %1").arg(wanted), [this, shortForm] { SwitchYear(shortForm); }},
+        {{tr("Switch to %1").arg(wanted), [this, shortForm, then] { SwitchYear(shortForm, then); }},
          {tr("Stay in %1").arg(now), [this] {
               if (shown_) shown_->TakeFocus();
           }}});
 }
 
-void DeskWindow::SwitchYear(const std::string& shortForm) {
+void DeskWindow::InYear(const std::string& year, const std::function<void()>& then) {
+    if (year == books_.YearInForce())
+        Try(then);
+    else
+        WantYear(year, then);
+}
+
+void DeskWindow::SwitchYear(const std::string& shortForm, const std::function<void()>& then) {
     const QString key = pages_.empty() ? QString() : list_->currentItem()->data(Qt::UserRole).toString();
     if (!Try([&] { books_.SwitchYear(shortForm); })) return;
     DropPages();  // what they show is of the year before
@@ -450,6 +457,7 @@ void DeskWindow::SwitchYear(const std::string& shortForm) {
     ShowHead();
     watch_.start();
     Go(key);
+    if (then) Try(then);
 }
 
 std::vector<Found> DeskWindow::FindPages(const QString& words) {

@@ -42,6 +42,7 @@ class DeskWindow : public QWidget, public Desk {
     void Back() override;
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
     void AskForFolder() override;
+    void InYear(const std::string& year, const std::function<void()>& then) override;
     void OpenScreen(const std::string& form, const std::string& record) override;
     void LookForChanges() override;
     void CopyVoucher(std::int32_t number) override;
@@ -78,8 +79,8 @@ class DeskWindow : public QWidget, public Desk {
     void ShowChanges();
     void TellLost(const basic::Error& error);
     void TellOtherYear();
-    void WantYear(const std::string& shortForm);
-    void SwitchYear(const std::string& shortForm);
+    void WantYear(const std::string& shortForm, const std::function<void()>& then = {});
+    void SwitchYear(const std::string& shortForm, const std::function<void()>& then = {});
     std::vector<Found> FindPages(const QString& words);
     void Find(const QString& words, const SearchField::Take& take);
     Found HitOf(const queries::SearchHit& hit);
