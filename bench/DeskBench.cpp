@@ -22,6 +22,7 @@
 #include "bench/Ours.h"
 #include "bench/Screens.h"
 #include "desk/DeskWindow.h"
+#include "desk/JobBar.h"
 #include "desk/PageTable.h"
 #include "desk/SheetView.h"
 #include "desk/StatementPage.h"

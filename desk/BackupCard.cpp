@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
-#include <exception>
 #include <memory>
 #include <utility>
 
@@ -70,17 +69,6 @@ void BackupCard::Tell() {
              : tr("None was made at this desk yet"));
 }
 
-void BackupCard::Work(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-                      std::function<void()> then) {
-    jobs_.Run(desk_.Books().Background(), what, std::move(work),
-              [this, then = std::move(then)](std::exception_ptr failure) {
-                  desk_.Try([&] {
-                      if (failure) std::rethrow_exception(failure);
-                      then();
-                  });
-              });
-}
-
 void BackupCard::AskForBackup() {
     const QString name =
         QString("%1-%2.mdb")
@@ -103,8 +91,8 @@ void BackupCard::AskForVerify() {
 
 void BackupCard::BackUp(const std::string& file) {
     const auto figures = std::make_shared<QString>();
-    Work(
-        tr("Backing up and comparing\u2026"),
+    jobs_.Run(
+        desk_, tr("Backing up and comparing\u2026"),
         [figures, file, onServer = desk_.Books().OnServer()](queries::Reading& books, Worker::Job&) {
             host::BackUpOpenBooks(*books.Connection(), onServer, file);
             *figures = FiguresText(host::VerifyBackup(file));
@@ -120,8 +108,8 @@ void BackupCard::BackUp(const std::string& file) {
 void BackupCard::Verify(const std::string& file) {
     const auto tables = std::make_shared<std::vector<ado::TableSums>>();
     const auto same = std::make_shared<bool>();
-    Work(
-        tr("Verifying the backup\u2026"),
+    jobs_.Run(
+        desk_, tr("Verifying the backup\u2026"),
         [tables, same, file](queries::Reading& books, Worker::Job&) {
             *tables = host::VerifyBackup(file);
             *same = Same(*tables, ado::SumTables(*books.Connection()));
@@ -144,8 +132,8 @@ void BackupCard::AskForRestore() {
 // What comes and what goes is shown before anything is touched.
 void BackupCard::Restore(const std::string& file) {
     const auto comes = std::make_shared<QString>(), goes = std::make_shared<QString>();
-    Work(
-        tr("Verifying the backup\u2026"),
+    jobs_.Run(
+        desk_, tr("Verifying the backup\u2026"),
         [comes, goes, file](queries::Reading& books, Worker::Job&) {
             *comes = FiguresText(host::VerifyBackup(file));
             *goes = FiguresText(ado::SumTables(*books.Connection()));

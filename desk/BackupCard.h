@@ -1,12 +1,10 @@
 #pragma once
 
 #include <QCoreApplication>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "desk/StatusCard.h"
-#include "desk/Worker.h"
 #include "platform/ado/Maintenance.h"
 
 class QPushButton;
@@ -35,8 +33,6 @@ class BackupCard : public StatusCard {
     void Verify(const std::string& file);
     void Restore(const std::string& file);  // verified first, and asked about
     void PutInPlace(const std::string& file);
-    void Work(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
-              std::function<void()> then);
 
     Desk& desk_;
     JobBar& jobs_;

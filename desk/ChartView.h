@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QChartView>
+#include <QCoreApplication>
 #include <QStringList>
 #include <functional>
 #include <optional>

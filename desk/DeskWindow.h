@@ -1,29 +1,26 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QEventLoop>
-#include <QTimer>
 #include <QWidget>
-#include <map>
 #include <string>
-#include <vector>
 
 #include "desk/Books.h"
+#include "desk/BooksWatch.h"
 #include "desk/Desk.h"
-#include "desk/SearchField.h"
-#include "queries/Search.h"
-
-class QStackedWidget;
+#include "desk/Finder.h"
+#include "desk/NoticeBar.h"
+#include "desk/PageStack.h"
 
 namespace desk {
 
 class DeskHead;
-class JobBar;
-class NoticeBar;
+class FileJobs;
 class PageList;
+class YearSwitch;
 
 // The host's own window: a head, the list of pages at the left, the page that is shown, and the bar that
-// tells what went wrong. It looks every second whether the books have changed, and brings the page up to
-// date.
+// tells what went wrong. It follows what other programs write into the books.
 class DeskWindow : public QWidget, public Desk {
     Q_DECLARE_TR_FUNCTIONS(desk::DeskWindow)
 
@@ -38,70 +35,51 @@ class DeskWindow : public QWidget, public Desk {
 
     desk::Books& Books() override { return books_; }
     void Go(const QString& page) override;
-    void Push(Page* page) override;
-    void Back() override;
+    void Push(Page* page) override { pages_->Push(page); }
+    void Back() override { pages_->Back(); }
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
     void AskForFolder() override;
     void InYear(const std::string& year, const std::function<void()>& then) override;
     void OpenScreen(const std::string& form, const std::string& record) override;
-    void LookForChanges() override;
+    void LookForChanges() override { watch_.LookNow(); }
     void CopyVoucher(std::int32_t number) override;
     void WriteFile(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                    const QString& done) override;
-    bool Try(const std::function<void()>& work) override;
-    void Tell(const basic::Error& error) override;
-    void Note(const QString& text) override;
+    bool Try(const std::function<void()>& work) override { return notice_->Try(work); }
+    void Tell(const basic::Error& error) override { notice_->Tell(error); }
+    void Note(const QString& text) override { notice_->Note(text); }
 
-    Page* Shown() const { return shown_; }
+    Page* Shown() const { return pages_->Shown(); }  // null where no books are open
     NoticeBar& Notice() const { return *notice_; }
 
   protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* object, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void AddKeys();
-    void FillMenu();
+    void LayOut();
+    void AddCommands();
     void TellKeys();
-    void Escape();
-    void Show(Page* page);
-    void ShowNone();
-    bool ShowHead();
     void ShowManual();
-    void KeepWayBack();
-    void Drop(Page* page);
+    void Escape();
+    bool ShowHead();
+    void ShowBooks();
     void DropPages();
     void InScreen(const std::function<void()>& open);
-    void Watch();
-    void TakeLook(const std::function<bool()>& changed);
-    void ShowChanges();
     void TellLost(const basic::Error& error);
-    void TellOtherYear();
-    void WantYear(const std::string& shortForm, const std::function<void()>& then = {});
-    void SwitchYear(const std::string& shortForm, const std::function<void()>& then = {});
-    std::vector<Found> FindPages(const QString& words);
-    void Find(const QString& words, const SearchField::Take& take);
-    Found HitOf(const queries::SearchHit& hit);
+    void ShowChanges();
+    void SwitchYear(const std::string& shortForm, const std::function<void()>& then);
 
     desk::Books books_;
+    Finder finder_{*this};
+    BooksWatch watch_;
     DeskHead* head_;
     NoticeBar* notice_;
     PageList* list_;
-    QStackedWidget* stack_;
-    QWidget* empty_;
-    std::vector<JobBar*> writing_;    // a line for each file; below the page
-    std::map<QString, Page*> pages_;  // of the list, by their keys, once they have been gone to
-    std::vector<Page*> history_;      // the page before last; Back goes to the last of them
-    Page* shown_ = nullptr;
-    std::map<const Page*, int> upToDate_;  // which change of the books a page has seen
-    int changes_ = 0;
-    QTimer watch_;
-    std::weak_ptr<Worker::Job> look_;  // at a server; gone when it has ended
-    bool watchFailed_ = false;
-    std::string toldYear_;  // another year that the bar has told of
-    std::shared_ptr<Worker::Job> search_;
+    PageStack* pages_;
+    FileJobs* writing_;
+    std::unique_ptr<YearSwitch> year_;
     QEventLoop loop_;
 };
 

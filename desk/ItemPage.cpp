@@ -17,10 +17,10 @@ const queries::MovementSheet& Movements(const queries::Sheet& sheet) {
 }  // namespace
 
 void ShowMovements(Desk& desk, SheetView& view) {
-    view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view.Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(Movements(sheet).Typed(row).key));
     };
-    view.PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+    view.Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
         return Movements(sheet).Source().PlaceOf(key.toLongLong());
     };
     view.Activated = [&desk, &view](std::size_t row) {

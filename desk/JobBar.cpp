@@ -1,11 +1,13 @@
 #include "desk/JobBar.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <utility>
+
+#include "desk/Books.h"
 
 namespace desk {
 namespace {
@@ -38,6 +40,7 @@ JobBar::JobBar(QWidget* parent) : QWidget(parent) {
 }
 
 JobBar::~JobBar() {
+    Left = nullptr;
     Cancel();
 }
 
@@ -58,11 +61,25 @@ void JobBar::Run(Worker& worker, const QString& what,
     tick_.start();
 }
 
+void JobBar::Run(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                 std::function<void()> then, std::function<void()> without) {
+    const auto end = [&desk, then = std::move(then), without](std::exception_ptr failure) {
+        const bool went = desk.Try([&] {
+            if (failure) std::rethrow_exception(failure);
+            then();
+        });
+        if (!went && without) without();
+    };
+    Run(desk.Books().Background(), what, std::move(work), end, without);
+}
+
 void JobBar::Cancel() {
     const auto job = std::exchange(job_, nullptr);
     if (const auto worker = worker_.lock()) worker->Cancel(job);
     tick_.stop();
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     hide();
+    if (hadFocus && Left) Left();
 }
 
 void JobBar::Show() {

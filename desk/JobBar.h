@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QTimer>
 #include <QWidget>
@@ -7,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "desk/Desk.h"
 #include "desk/Worker.h"
 
 class QLabel;
@@ -27,8 +29,13 @@ class JobBar : public QWidget {
     // called instead when the user ends the job.
     void Run(Worker& worker, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
              std::function<void(std::exception_ptr)> end, std::function<void()> cancelled = {});
+    // A job of the background. `then` is called on the main thread; what the work or that raises is told in
+    // the desk's bar, and `without` is called then, and where the user ends the job.
+    void Run(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+             std::function<void()> then, std::function<void()> without = {});
     void Cancel();
-    bool Running() const { return job_ != nullptr; }
+    std::function<void()> Left;  // it hides while the focus is on it: gives the focus to what is worked with
+    bool Running() const { return job_ != nullptr; }  // or waits for the one before it
 
   private:
     void Show();

@@ -25,7 +25,7 @@ LedgersPage::LedgersPage(Desk& desk)
     : Page(desk, tr("Ledgers")), view_(new SheetView(desk, "ledgers", SheetView::Shape::Tree)) {
     SetSubtitle(tr("%1; balances are in debit, with a minus in credit")
                     .arg(QString::fromStdString(desk.Books().Reading().LongYear())));
-    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         const queries::TreeRow& line = RowOf(sheet, row);
         return QVariant(line.ledger > 0 ? QString::number(line.ledger) : QString::fromStdString(line.name));
     };

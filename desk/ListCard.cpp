@@ -30,7 +30,7 @@ ListCard::ListCard(Desk& desk, Contents contents) : view_(new SheetView(desk, co
     view_->Activated = [this, act = std::move(contents.Activated)](std::size_t row) {
         act(*view_->Sheet(), row);
     };
-    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(QString::fromStdString(basic::TextOrEmpty(sheet.At(row, 0))));
     };
     view_->Filled = [this] { view_->SetTotals({}, {}); };

@@ -8,7 +8,10 @@
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <exception>
 #include <utility>
+
+#include "desk/Cures.h"
 
 namespace desk {
 
@@ -65,6 +68,24 @@ void NoticeBar::Show(Kind kind, const QString& text, const QString& more, std::v
     if (!answers_.empty()) answers_.front()->setFocus(Qt::OtherFocusReason);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void NoticeBar::Tell(const basic::Error& error, std::vector<Answer> answers) {
+    QString more;
+    if (const auto cure = CureOf(error)) more = cure->Text();
+    Show(Kind::Fault, QString::fromStdString(error.Description), more, std::move(answers));
+}
+
+bool NoticeBar::Try(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const basic::Error& error) {
+        Tell(error);
+    } catch (const std::exception& error) {
+        Show(Kind::Fault, QString::fromUtf8(error.what()));
+    }
+    return false;
 }
 
 void NoticeBar::Dismiss() {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QFrame>
 #include <QString>
 #include <functional>
 #include <vector>
+
+#include "platform/basic/Error.h"
 
 class QHBoxLayout;
 class QLabel;
@@ -26,6 +29,10 @@ class NoticeBar : public QFrame {
 
     // What it showed before is gone. The first answer is the main one.
     void Show(Kind kind, const QString& text, const QString& more = {}, std::vector<Answer> answers = {});
+    // What was raised, with its cause and cure where the list of errors has it.
+    void Tell(const basic::Error& error, std::vector<Answer> answers = {});
+    void Note(const QString& text) { Show(Kind::Note, text); }
+    bool Try(const std::function<void()>& work);  // tells what it raises; False then
     void Dismiss();
     bool Asks() const { return !answers_.empty(); }
     QString Text() const;  // both lines

@@ -5,7 +5,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <exception>
 
 #include "desk/Books.h"
 #include "desk/Desk.h"
@@ -125,19 +124,16 @@ void OtherBooks::AskForCopy() {
 // Whoever works on the books goes on in those that were copied until he opens the copy.
 void OtherBooks::Copy(const std::string& place) {
     jobs_.Run(
-        desk_.Books().Background(), tr("Copying and comparing\u2026"),
+        desk_, tr("Copying and comparing\u2026"),
         [place](queries::Reading& books, Worker::Job&) { host::CopyTo(*books.Connection(), place); },
-        [this, place](std::exception_ptr failure) {
-            desk_.Try([&] {
-                if (failure) std::rethrow_exception(failure);
-                const QString copy = QString::fromStdString(place);
-                const QString shown = desk_.Books().OnServer() ? copy : copy.chopped(1);
-                RecentBooks::Add(shown);
-                Tell();
-                desk_.Note(tr("Copied and compared: %1. This window still works in %2; the list below opens "
-                              "the copy.")
-                               .arg(shown, desk_.Books().Place()));
-            });
+        [this, place] {
+            const QString copy = QString::fromStdString(place);
+            const QString shown = desk_.Books().OnServer() ? copy : copy.chopped(1);
+            RecentBooks::Add(shown);
+            Tell();
+            desk_.Note(tr("Copied and compared: %1. This window still works in %2; the list below opens the "
+                          "copy.")
+                           .arg(shown, desk_.Books().Place()));
         });
 }
 

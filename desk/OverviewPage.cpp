@@ -10,6 +10,7 @@
 #include "desk/Books.h"
 #include "desk/CheckCard.h"
 #include "desk/ItemPage.h"
+#include "desk/JobBar.h"
 #include "desk/LastBackup.h"
 #include "desk/ListCard.h"
 #include "desk/PartiesPage.h"
@@ -138,12 +139,9 @@ void OverviewPage::showEvent(QShowEvent* event) {
 void OverviewPage::Ask() {
     const auto figures = std::make_shared<std::shared_ptr<const OverviewFigures>>();
     jobs_->Run(
-        desk().Books().Background(), tr("Adding up the year\u2026"),
+        desk(), tr("Adding up the year\u2026"),
         [figures](queries::Reading& books, Worker::Job&) { *figures = OverviewFigures::Read(books); },
-        [this, figures](std::exception_ptr failure) {
-            if (failure) return (void)desk().Try([&] { std::rethrow_exception(failure); });
-            Take(*figures);
-        });
+        [this, figures] { Take(*figures); });
 }
 
 void OverviewPage::Take(std::shared_ptr<const OverviewFigures> figures) {

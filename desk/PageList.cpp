@@ -61,6 +61,10 @@ void PageList::Mark(const QString& key) {
         if (item(row)->data(KeyRole) == key) setCurrentRow(row);
 }
 
+QString PageList::Marked() const {
+    return currentItem() ? currentItem()->data(KeyRole).toString() : QString();
+}
+
 void PageList::SetNarrow(bool narrow) {
     setFixedWidth(narrow ? NarrowWidth : Width);
 }

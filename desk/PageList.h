@@ -10,6 +10,7 @@ class PageList : public QListWidget {
     PageList(QWidget* parent, std::function<void(const QString& key)> go);
 
     void Mark(const QString& key);  // as the one that is shown; goes nowhere
+    QString Marked() const;         // "" for none
     void SetNarrow(bool narrow);    // without the keys
 
   private:

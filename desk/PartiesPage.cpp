@@ -48,7 +48,9 @@ void PartiesPage::AddSide(const QString& caption, const QString& name, queries::
             return queries::PartiesSheet(books, day, filter);
         });
     });
-    view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) { return QVariant(RowOf(sheet, row).id); };
+    view.Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+        return QVariant(RowOf(sheet, row).id);
+    };
     view.Activated = [this](std::size_t row) { Activate(row); };
     view.Filled = [this, &view, owing] {
         if (&view != &View()) return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include "desk/TabPage.h"
 #include "queries/Parties.h"
 

@@ -62,7 +62,7 @@ void ResultsPage::AddStatement(const QString& caption, const QString& name,
                                std::optional<queries::Statement> statement) {
     SheetView& view = AddTab(caption, name, SheetView::Shape::Tree,
                              [this, statement](SheetView& of) { Ask(of, statement); });
-    view.KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view.Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         const Line line = LineOf(sheet, row);
         return QVariant(line.Ledger > 0 ? QString::number(line.Ledger) : QString::fromStdString(line.Name));
     };

@@ -127,6 +127,9 @@ void SearchField::keyPressEvent(QKeyEvent* event) {
 
 void SearchField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
+    const bool movedOn =
+        event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
+    if (movedOn) wantsFirst_ = false;  // what is found late would open over what the user does by now
     if (!list_->underMouse()) list_->hide();
 }
 

@@ -80,6 +80,7 @@ void SheetColumns::Lay(const queries::Sheet& sheet) {
     const auto& columns = sheet.Columns();
     if (std::equal(columns.begin(), columns.end(), columns_.begin(), columns_.end(), same)) return;
     columns_ = columns;
+    least_.assign(columns.size(), 0);
     const QScopedValueRollback quiet(laying_, true);
     isOwn_ = header_.restoreState(Settings().value(Key()).toByteArray());
     for (int section = 0; section < header_.count(); ++section) {
@@ -93,6 +94,17 @@ bool SheetColumns::IsHiddenAtFirst(int section) const {
     return std::ranges::count(hidden_, columns_[static_cast<std::size_t>(section)].name) > 0;
 }
 
+// What was made room for once keeps it: columns that come and go with each figure could not be read.
+void SheetColumns::MakeRoom(const std::vector<QString>& totals) {
+    QFont font = Theme::Figures(header_.font());
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    for (std::size_t column = 0; column < std::min(totals.size(), least_.size()); ++column)
+        if (!totals[column].isEmpty())
+            least_[column] = std::max(least_[column], metrics.horizontalAdvance(totals[column]) + Margin);
+    Fit();
+}
+
 void SheetColumns::Fit() {
     if (isOwn_ || columns_.empty() || header_.count() != static_cast<int>(columns_.size())) return;
     const QScopedValueRollback quiet(laying_, true);
@@ -104,11 +116,14 @@ void SheetColumns::Fit() {
         for (int section = 0; section < header_.count(); ++section)
             if (!header_.isSectionHidden(section)) act(section, columns_[static_cast<std::size_t>(section)]);
     };
+    const auto width = [&](int section, const queries::Column& column, bool tight) {
+        return std::max(WidthOf(column, metrics, tight), least_[static_cast<std::size_t>(section)]);
+    };
     const auto measure = [&](bool tight) {
         room = header_.viewport()->width();
         shares = 0;
-        each([&](int, const queries::Column& column) {
-            room -= WidthOf(column, metrics, tight);
+        each([&](int section, const queries::Column& column) {
+            room -= width(section, column, tight);
             shares += ShareOf(column);
         });
         return room >= 0;
@@ -119,7 +134,7 @@ void SheetColumns::Fit() {
         const int more = room <= 0    ? 0
                          : shares > 0 ? room * ShareOf(column) / shares
                                       : room / static_cast<int>(Chosen().size());  // figures alone
-        header_.resizeSection(section, WidthOf(column, metrics, tight) + more);
+        header_.resizeSection(section, width(section, column, tight) + more);
     });
 }
 

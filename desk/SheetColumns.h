@@ -25,9 +25,10 @@ class SheetColumns : public QObject {
 
     // Columns that are not shown until the user chooses them; set before the first Lay.
     void HideAtFirst(std::vector<std::string> names) { hidden_ = std::move(names); }
-    void Lay(const queries::Sheet& sheet);    // for its columns; where they were laid before, nothing happens
-    void Drop() { columns_.clear(); }         // there are none any more; the next are laid anew
-    void Fit();                               // to the room, where the user has not sized them
+    void Lay(const queries::Sheet& sheet);  // for its columns; where they were laid before, nothing happens
+    void Drop() { columns_.clear(); }       // there are none any more; the next are laid anew
+    void MakeRoom(const std::vector<QString>& totals);  // for figures wider than usual
+    void Fit();                                         // to the room, where the user has not sized them
     void FillMenu(QMenu& menu);               // a line for each column, and one that forgets all choices
     std::vector<std::size_t> Chosen() const;  // those that are shown, from left to right
 
@@ -42,8 +43,9 @@ class SheetColumns : public QObject {
 
     std::vector<queries::Column> columns_;
     std::vector<std::string> hidden_;
-    bool isOwn_ = false;   // the user has sized or moved them
-    bool laying_ = false;  // what changes comes from here
+    std::vector<int> least_;  // pixels, for the widest total of each
+    bool isOwn_ = false;      // the user has sized or moved them
+    bool laying_ = false;     // what changes comes from here
 };
 
 }  // namespace desk

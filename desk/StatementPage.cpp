@@ -27,10 +27,10 @@ queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
 StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& name,
                              const queries::Range& range)
     : Page(desk, name), view_(new SheetView(desk, "statement")) {
-    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
-    view_->PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+    view_->Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
         return SourceOf(sheet).PlaceOf(key.toLongLong());
     };
     view_->Activated = [this](std::size_t row) { Activate(row); };

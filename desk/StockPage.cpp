@@ -24,7 +24,7 @@ Row RowOf(const SheetView& view, std::size_t row) {
 // Rows found again by a number of theirs.
 template <class Row, class Key>
 void FindBy(SheetView& view, Key key) {
-    view.KeyOf = [key](const queries::Sheet& sheet, std::size_t row) {
+    view.Keeper().KeyOf = [key](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(
             QString::fromStdString(key(static_cast<const queries::SheetOf<Row>&>(sheet).Typed()[row])));
     };

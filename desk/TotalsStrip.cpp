@@ -47,16 +47,18 @@ void TotalsStrip::paintEvent(QPaintEvent*) {
     bold.setBold(true);
     painter.setFont(bold);
     painter.setPen(Theme::Now().ink);
-    int room = width();
-    for (std::size_t column = 0; column < totals_.size(); ++column) {
-        const int section = static_cast<int>(column);
-        if (totals_[column].isEmpty() || section >= header_.count() || header_.isSectionHidden(section))
+    int room = width(), from = 0;
+    for (int place = 0; place < header_.count(); ++place) {
+        const int section = header_.logicalIndex(place);
+        const auto column = static_cast<std::size_t>(section);
+        if (column >= totals_.size() || totals_[column].isEmpty() || header_.isSectionHidden(section))
             continue;
-        const int right = header_.sectionViewportPosition(section) + header_.sectionSize(section);
-        const int left = right - painter.fontMetrics().horizontalAdvance(totals_[column]) - Margin;
-        painter.drawText(QRect(left, 0, right - Margin - left + 1, height()),
-                         Qt::AlignRight | Qt::AlignVCenter, totals_[column]);
+        const int right = header_.sectionViewportPosition(section) + header_.sectionSize(section) - Margin;
+        const QString text = painter.fontMetrics().elidedText(totals_[column], Qt::ElideRight, right - from);
+        const int left = right - painter.fontMetrics().horizontalAdvance(text);
+        painter.drawText(QRect(left, 0, right - left + 1, height()), Qt::AlignRight | Qt::AlignVCenter, text);
         room = std::min(room, left);
+        from = right + Margin;  // one that is too long is cut, not painted over the one before
     }
     painter.setFont(font());
     painter.setPen(Theme::Now().faint);

@@ -36,10 +36,7 @@ VoucherChips::VoucherChips(const queries::Range& year, std::function<std::vector
     typed_.setSingleShot(true);
     typed_.setInterval(TypingPause);
     connect(words_, &QLineEdit::textChanged, this, [this] { typed_.start(); });
-    connect(&typed_, &QTimer::timeout, this, [this] {
-        filter_.words = words_->text().simplified().toStdString();
-        Changed();
-    });
+    connect(&typed_, &QTimer::timeout, this, [this] { Changed(); });
     period_ = new PeriodChip(year, [this] {
         filter_.days = period_->Days();
         Changed();
@@ -162,8 +159,10 @@ QString VoucherChips::Text() const {
     return parts.join(", ");
 }
 
+// Words that were typed a moment ago count, whichever filter was changed behind them.
 void VoucherChips::Changed() {
     typed_.stop();
+    filter_.words = words_->text().simplified().toStdString();
     Show();
     changed_();
 }

@@ -47,10 +47,10 @@ VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new S
             return ledgers;
         },
         [this] { Ask(); });
-    view_->KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
-    view_->PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+    view_->Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
         return static_cast<const queries::VouchersSheet&>(sheet).Source().PlaceOf(key.toLongLong());
     };
     view_->Activated = [this](std::size_t) {

@@ -294,6 +294,21 @@ The books hold %5. They are set aside under a name with the date.</translation>
         </message>
     </context>
     <context>
+        <name>desk::Commands</name>
+        <message>
+            <source>Colours of the system</source>
+            <translation>Colours of the system</translation>
+        </message>
+        <message>
+            <source>Light colours</source>
+            <translation>Light colours</translation>
+        </message>
+        <message>
+            <source>Dark colours</source>
+            <translation>Dark colours</translation>
+        </message>
+    </context>
+    <context>
         <name>desk::Dates</name>
         <message>
             <source>%1 to %2</source>
@@ -361,38 +376,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Open a folder…</translation>
         </message>
         <message>
-            <source>Open a folder…	Ctrl+O</source>
-            <translation>Open a folder…	Ctrl+O</translation>
-        </message>
-        <message>
-            <source>Bring up to date	F5</source>
-            <translation>Bring up to date	F5</translation>
-        </message>
-        <message>
-            <source>Manual	F1</source>
-            <translation>Manual	F1</translation>
-        </message>
-        <message>
-            <source>Keys of this page	?</source>
-            <translation>Keys of this page	?</translation>
-        </message>
-        <message>
-            <source>Colours of the system</source>
-            <translation>Colours of the system</translation>
-        </message>
-        <message>
-            <source>Light colours</source>
-            <translation>Light colours</translation>
-        </message>
-        <message>
-            <source>Dark colours</source>
-            <translation>Dark colours</translation>
-        </message>
-        <message>
-            <source>Leave	Ctrl+Q</source>
-            <translation>Leave	Ctrl+Q</translation>
-        </message>
-        <message>
             <source>Folder of the books</source>
             <translation>Folder of the books</translation>
         </message>
@@ -401,41 +384,36 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>%1 – Accounts</translation>
         </message>
         <message>
-            <source>Why: %1. What to do: %2.</source>
-            <translation>Why: %1. What to do: %2.</translation>
+            <source>The books can be read again.</source>
+            <translation>The books can be read again.</translation>
         </message>
         <message>
-            <source>The current year of these books is %1 now.</source>
-            <translation>The current year of these books is %1 now.</translation>
+            <source>Open what stands there</source>
+            <translation>Open what stands there</translation>
         </message>
         <message>
-            <source>This window and its screens still work in %1.</source>
-            <translation>This window and its screens still work in %1.</translation>
+            <source>The books are being put in their place…</source>
+            <translation>The books are being put in their place…</translation>
         </message>
         <message>
-            <source>Work in %1</source>
-            <translation>Work in %1</translation>
+            <source>Bring up to date</source>
+            <translation>Bring up to date</translation>
         </message>
         <message>
-            <source>Stay</source>
-            <translation>Stay</translation>
+            <source>Manual</source>
+            <translation>Manual</translation>
         </message>
         <message>
-            <source>Make %1 the current year?</source>
-            <translation>Make %1 the current year?</translation>
+            <source>Keys of this page</source>
+            <translation>Keys of this page</translation>
         </message>
         <message>
-            <source>All pages and screens then show %1, and new vouchers go there. Other programs that open these books follow. Nothing of %2 changes.</source>
-            <translation>All pages and screens then show %1, and new vouchers go there. Other programs that open these books follow. Nothing of %2 changes.</translation>
+            <source>Leave</source>
+            <translation>Leave</translation>
         </message>
-        <message>
-            <source>Switch to %1</source>
-            <translation>Switch to %1</translation>
-        </message>
-        <message>
-            <source>Stay in %1</source>
-            <translation>Stay in %1</translation>
-        </message>
+    </context>
+    <context>
+        <name>desk::Finder</name>
         <message>
             <source>Page</source>
             <translation>Page</translation>
@@ -459,18 +437,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Bill</source>
             <translation>Bill</translation>
-        </message>
-        <message>
-            <source>The books can be read again.</source>
-            <translation>The books can be read again.</translation>
-        </message>
-        <message>
-            <source>Open what stands there</source>
-            <translation>Open what stands there</translation>
-        </message>
-        <message>
-            <source>The books are being put in their place…</source>
-            <translation>The books are being put in their place…</translation>
         </message>
         <message>
             <source>Order</source>
@@ -498,6 +464,41 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Pages, ledgers, vouchers, stock and bills agree with each other.</source>
             <translation>Pages, ledgers, vouchers, stock and bills agree with each other.</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::HandOver</name>
+        <message>
+            <source>Copy the chosen rows	Ctrl+C</source>
+            <translation>Copy the chosen rows	Ctrl+C</translation>
+        </message>
+        <message>
+            <source>Print…	Ctrl+P</source>
+            <translation>Print…	Ctrl+P</translation>
+        </message>
+        <message>
+            <source>&amp;Spreadsheet…</source>
+            <translation>&amp;Spreadsheet…</translation>
+        </message>
+        <message>
+            <source>&amp;PDF file…</source>
+            <translation>&amp;PDF file…</translation>
+        </message>
+        <message>
+            <source>&amp;CSV file…</source>
+            <translation>&amp;CSV file…</translation>
+        </message>
+        <message>
+            <source>Write to</source>
+            <translation>Write to</translation>
+        </message>
+        <message>
+            <source>Writing %1…</source>
+            <translation>Writing %1…</translation>
+        </message>
+        <message>
+            <source>Written: %1</source>
+            <translation>Written: %1</translation>
         </message>
     </context>
     <context>
@@ -1053,6 +1054,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Close the message (Esc)</source>
             <translation>Close the message (Esc)</translation>
         </message>
+        <message>
+            <source>Why: %1. What to do: %2.</source>
+            <translation>Why: %1. What to do: %2.</translation>
+        </message>
     </context>
     <context>
         <name>desk::OverviewFigures</name>
@@ -1596,11 +1601,33 @@ The books hold %5. They are set aside under a name with the date.</translation>
         </message>
     </context>
     <context>
-        <name>desk::SheetView</name>
+        <name>desk::SheetQuestion</name>
+        <message>
+            <source>Adding up…</source>
+            <translation>Adding up…</translation>
+        </message>
+        <message>
+            <source>Sorting %1 rows…</source>
+            <translation>Sorting %1 rows…</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::SheetRoom</name>
+        <message>
+            <source>This was not read to its end</source>
+            <translation>This was not read to its end</translation>
+        </message>
+        <message>
+            <source>F5 asks again.</source>
+            <translation>F5 asks again.</translation>
+        </message>
         <message>
             <source>Nothing here yet</source>
             <translation>Nothing here yet</translation>
         </message>
+    </context>
+    <context>
+        <name>desk::SheetView</name>
         <message>
             <source>Columns</source>
             <translation>Columns</translation>
@@ -1617,60 +1644,12 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Copy, write to a file or print (Ctrl+E)</source>
             <translation>Copy, write to a file or print (Ctrl+E)</translation>
         </message>
-        <message>
-            <source>Copy the chosen rows	Ctrl+C</source>
-            <translation>Copy the chosen rows	Ctrl+C</translation>
-        </message>
-        <message>
-            <source>Print…	Ctrl+P</source>
-            <translation>Print…	Ctrl+P</translation>
-        </message>
-        <message>
-            <source>&amp;Spreadsheet…</source>
-            <translation>&amp;Spreadsheet…</translation>
-        </message>
-        <message>
-            <source>&amp;PDF file…</source>
-            <translation>&amp;PDF file…</translation>
-        </message>
-        <message>
-            <source>&amp;CSV file…</source>
-            <translation>&amp;CSV file…</translation>
-        </message>
-        <message>
-            <source>Adding up…</source>
-            <translation>Adding up…</translation>
-        </message>
         <message numerus="yes">
             <source>%Ln row(s)</source>
             <translation>
                 <numerusform>%Ln row</numerusform>
                 <numerusform>%Ln rows</numerusform>
             </translation>
-        </message>
-        <message>
-            <source>Write to</source>
-            <translation>Write to</translation>
-        </message>
-        <message>
-            <source>Written: %1</source>
-            <translation>Written: %1</translation>
-        </message>
-        <message>
-            <source>Writing %1…</source>
-            <translation>Writing %1…</translation>
-        </message>
-        <message>
-            <source>This was not read to its end</source>
-            <translation>This was not read to its end</translation>
-        </message>
-        <message>
-            <source>F5 asks again.</source>
-            <translation>F5 asks again.</translation>
-        </message>
-        <message>
-            <source>Sorting %1 rows…</source>
-            <translation>Sorting %1 rows…</translation>
         </message>
     </context>
     <context>
@@ -1956,6 +1935,41 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Please wait</source>
             <translation>Please wait</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::YearSwitch</name>
+        <message>
+            <source>Make %1 the current year?</source>
+            <translation>Make %1 the current year?</translation>
+        </message>
+        <message>
+            <source>All pages and screens then show %1, and new vouchers go there. Other programs that open these books follow. Nothing of %2 changes.</source>
+            <translation>All pages and screens then show %1, and new vouchers go there. Other programs that open these books follow. Nothing of %2 changes.</translation>
+        </message>
+        <message>
+            <source>Switch to %1</source>
+            <translation>Switch to %1</translation>
+        </message>
+        <message>
+            <source>Stay in %1</source>
+            <translation>Stay in %1</translation>
+        </message>
+        <message>
+            <source>The current year of these books is %1 now.</source>
+            <translation>The current year of these books is %1 now.</translation>
+        </message>
+        <message>
+            <source>This window and its screens still work in %1.</source>
+            <translation>This window and its screens still work in %1.</translation>
+        </message>
+        <message>
+            <source>Work in %1</source>
+            <translation>Work in %1</translation>
+        </message>
+        <message>
+            <source>Stay</source>
+            <translation>Stay</translation>
         </message>
     </context>
 </TS>

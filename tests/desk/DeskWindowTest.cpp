@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
+#include <future>
 
 #include "core/DBCode.h"
 #include "core/Screens.h"
@@ -105,6 +106,18 @@ TEST_F(DeskTest, TheSearchFieldLeadsToALedgersStatementThoughEnterComesBeforeThe
     ASSERT_TRUE(QTest::qWaitFor([&] { return Title() == "Example Paper Mart"; })) << Title();
     Key(Qt::Key_Escape);
     EXPECT_EQ(Title(), "Overview");
+}
+
+TEST_F(DeskTest, WhatTheSearchFindsLateOpensOverNothingElse) {
+    FillWithSample();
+    Start();
+    std::promise<void> answer;
+    desk->Books().Background().Start(
+        *desk, [&](queries::Reading&, desk::Worker::Job&) { answer.get_future().wait(); },
+        [](std::exception_ptr) {});
+    Press({"Ctrl+K", "'paper mart", "Return", "Alt+2"});
+    answer.set_value();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return Title() != "Vouchers"; }, 500)) << Title();
 }
 
 TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {

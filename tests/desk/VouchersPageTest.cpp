@@ -65,6 +65,8 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotalsByKeysAlone) {
         {{"Alt+T", "C"}, "LedgerTxnDate >= 36995 And LedgerTrnType = 'Contra'"},
         {{"Alt+P", "W"}, "LedgerTrnType = 'Contra'"},
         {{"Alt+N", "'10000", "Return"}, "LedgerTrnType = 'Contra' And LedgerDrAmt + LedgerCrAmt >= 10000"},
+        {{"Alt+A", "Ctrl+F", "'rent", "Alt+T", "P"},
+         "LedgerNarration Like '%rent%' And LedgerTrnType = 'Payment'"},
         {{"Alt+A", "Alt+L", "'trial", "Return"}, "LedgerName = 'Trial Office Supplies'"},
     };
     for (const auto& [keys, where] : steps) {
@@ -112,6 +114,14 @@ TEST_F(VouchersPageTest, TheDesksKeysWorkInATextBoxToo) {
     Type("rent");
     Key(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_TRUE(desk->findChild<QComboBox*>("year")->view()->isVisible());
+}
+
+TEST_F(VouchersPageTest, AFigureOfFifteenDigitsIsNotCut) {
+    StartOnVouchers();
+    test::FreshBooks::Run("Update tb_Ledger2001 Set LedgerDrAmt = 999999999999999 Where LedgerTrnNo = 1");
+    WaitForTotals("Debit 2,000,000,001,675,300.00");
+    const auto& table = dynamic_cast<QTableView&>(Sheet().View());
+    EXPECT_GT(table.columnWidth(4), table.fontMetrics().horizontalAdvance("2,000,000,001,675,300.00"));
 }
 
 TEST_F(VouchersPageTest, AnotherProgramsLinesShowByThemselvesUnderTheSameRowFilterAndScroll) {
@@ -194,15 +204,19 @@ TEST_F(VouchersPageTest, AFileIsWrittenWhateverIsLookedAtMeanwhileUnlessItIsCanc
         Type(cancelled ? "rent" : " shop");
         WaitForTotals("24 lines");
         Key(Qt::Key_3, Qt::AltModifier);
-        auto& cancel = *desk->findChildren<desk::JobBar*>(Qt::FindDirectChildrenOnly).back();
+        auto& jobs = *desk->findChild<QWidget*>("fileJobs");
+        auto& cancel = *jobs.findChildren<QWidget*>(Qt::FindDirectChildrenOnly).back();
         ASSERT_TRUE(QTest::qWaitFor([&] { return cancel.isVisible(); }));
-        if (cancelled) QTest::mouseClick(cancel.findChild<QPushButton*>("cancelJob"), Qt::LeftButton);
+        QWidget* const worked = desk->focusWidget();
+        cancel.findChild<QPushButton*>("cancelJob")->setFocus();
+        if (cancelled) Key(Qt::Key_Space);
         go.set_value();
         bool ended = false;
         desk->Books().Writer().Start(
             *desk, [](queries::Reading&, desk::Worker::Job&) {}, [&](std::exception_ptr) { ended = true; });
         ASSERT_TRUE(QTest::qWaitFor([&] { return ended; }));
         EXPECT_EQ(std::filesystem::exists(file), !cancelled);
+        EXPECT_EQ(desk->focusWidget(), worked);
         EXPECT_EQ(Told(), cancelled ? "nothing" : "Written: " + file.string());
         Key(Qt::Key_2, Qt::AltModifier);
     }

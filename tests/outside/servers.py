@@ -111,13 +111,17 @@ class Hosts:
     """Hosts that post into books through the class, all at once, and what they told in the end."""
 
     def __init__(self, program, uris, seconds, how=""):
-        self.running = [subprocess.Popen([program, uri, f"{seconds}s", how, str(number * 10_000_000 + 1)],
-                                         stdout=subprocess.PIPE, text=True) for number, uri in enumerate(uris)]
+        # Files take all they say; a pipe that is full would stop a host until the hosts before it were read.
+        self.said = [tempfile.TemporaryFile("w+") for _ in uris]
+        self.running = [subprocess.Popen([program, uri, f"{seconds}s", how, str(number * 10_000_000 + 1)], stdout=said)
+                        for number, (uri, said) in enumerate(zip(uris, self.said))]
         self.told, self.refused, self.unsure, self.words, self.longest = [], [], [], [], 0
 
     def wait(self):
-        for said in [host.communicate()[0] for host in self.running]:
-            for line in said.splitlines():
+        for host, said in zip(self.running, self.said):
+            host.wait()
+            said.seek(0)
+            for line in said.read().splitlines():
                 kind, _, rest = line.partition(" ")
                 if kind == "refused":
                     unsure = self.words and "whether the change stands is not known" in self.words[-1]

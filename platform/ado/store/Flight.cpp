@@ -6,7 +6,10 @@
 #include <chrono>
 #include <utility>
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
+#include <sys/socket.h>
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/store/PostgresFailure.h"
@@ -16,6 +19,7 @@ namespace {
 
 constexpr std::size_t MostNamedBytes = 50'000;  // of SQL that the server keeps prepared for us
 constexpr std::chrono::seconds MostToConnect{20};
+constexpr int MostUnanswered = 10;  // seconds, of a server that is connected: a short break is lived through
 
 const Libpq& Pq() {
     return Libpq::Get();
@@ -45,6 +49,19 @@ bool Connected(PGconn* connection) {
         next = Pq().PQconnectPoll(connection);
     }
     return next == PGRES_POLLING_OK;
+}
+
+// A machine that died or was cut off closes nothing: the system would go on sending for a quarter of an hour,
+// and wait for an answer for ever.
+void GiveUpOnSilence(int socket) {
+    const auto set = [&](int level, int name, int value) {
+        setsockopt(socket, level, name, &value,
+                   sizeof value);  // a socket in a folder needs none, and has none
+    };
+    set(SOL_SOCKET, SO_KEEPALIVE, 1);
+    set(IPPROTO_TCP, TCP_KEEPIDLE, MostUnanswered / 2);
+    set(IPPROTO_TCP, TCP_KEEPINTVL, MostUnanswered / 4);
+    set(IPPROTO_TCP, TCP_USER_TIMEOUT, MostUnanswered * 1000);
 }
 
 // The last state in a text such as 'FATAL:  3D000: database "firm" does not exist'.
@@ -104,6 +121,7 @@ void Flight::Connect(const ServerAddress& address) {
             "A password would go to another machine without encryption: ask for it by sslmode.",
             "ado.Engine");
     }
+    if (address.isElsewhere) GiveUpOnSilence(Pq().PQsocket(connection_));
     Pq().PQsetErrorVerbosity(connection_, PQERRORS_DEFAULT);
     Pq().PQsetNoticeProcessor(
         connection_, [](void*, const char*) {}, nullptr);

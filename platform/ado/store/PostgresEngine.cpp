@@ -89,14 +89,14 @@ void PostgresEngine::Reconnect() {
     const SetAside waiting(outbox_);
     const SetAside inside(inTransaction_), loosely(loosely_);
     constexpr std::chrono::milliseconds pause{100};
-    for (auto left = LockWait() / pause;; --left) {
+    for (const auto end = std::chrono::steady_clock::now() + LockWait();;) {
         try {
             return Start();
         } catch (const basic::Error& failure) {
             flight_.Disconnect();
             const bool mayPass =
                 failure.Number == error::FileNotFound || failure.Number == error::ConnectionLost;
-            if (!mayPass || left <= 0) throw;
+            if (!mayPass || std::chrono::steady_clock::now() >= end) throw;
         }
         std::this_thread::sleep_for(pause);
     }

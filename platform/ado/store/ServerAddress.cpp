@@ -12,6 +12,9 @@
 namespace ado {
 namespace {
 
+// Milliseconds in which a host that answers nothing, not even that it will not, is given up for the next one.
+constexpr const char* MostForAHost = "4000";
+
 [[noreturn]] void Refuse(const std::string& text) {
     throw basic::Error(error::BadArgument, text, "ado.Connection");
 }
@@ -62,6 +65,7 @@ class Reader {
         if (address_.isElsewhere && service.empty()) Encrypt();
         AddUnlessSet("client_encoding", "UTF8");
         AddUnlessSet("application_name", "qm");
+        AddUnlessSet("tcp_user_timeout", MostForAHost);
         return std::move(address_);
     }
 

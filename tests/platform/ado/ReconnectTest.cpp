@@ -4,7 +4,11 @@
 #include <string>
 #include <vector>
 
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include "platform/ado/Together.h"
 #include "platform/ado/store/Engine.h"
@@ -67,6 +71,27 @@ TEST_F(ReconnectTest, AServerThatWasAwayForLongIsFoundAgain) {
     wire.BringBack();
     EXPECT_EQ(ErrorOf([&] { c.Execute(remarks); }), 0);
     SetLockWait(std::chrono::seconds(5));
+}
+
+// A machine that died answers nothing, not even that nobody listens there.
+TEST_F(ReconnectTest, AHostThatAnswersNothingIsPassedOver) {
+    const int door = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in here{};
+    here.sin_family = AF_INET;
+    here.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof here;
+    auto* address = reinterpret_cast<sockaddr*>(&here);
+    ASSERT_EQ(bind(door, address, size) | listen(door, 0) | getsockname(door, address, &size), 0);
+    const int first = socket(AF_INET, SOCK_STREAM, 0);  // takes the only place
+    ASSERT_EQ(connect(first, address, size), 0);
+
+    const std::string silent = "127.0.0.1:" + std::to_string(ntohs(here.sin_port)) + ",";
+    std::string path = store.Path();
+    Connection c;
+    c.Properties("Data Source") = path.insert(path.find('@') + 1, silent);
+    EXPECT_EQ(ErrorOf([&] { c.Open(); }), 0);
+    close(first);
+    close(door);
 }
 
 TEST_F(ReconnectTest, ATransactionIsLostAndItsLevelsEndQuietly) {
