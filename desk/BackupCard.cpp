@@ -16,7 +16,6 @@
 #include "desk/JobBar.h"
 #include "desk/LastBackup.h"
 #include "host/commands/Backup.h"
-#include "host/commands/Restore.h"
 
 namespace desk {
 namespace {

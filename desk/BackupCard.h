@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desk/StatusCard.h"
-#include "platform/ado/Maintenance.h"
+#include "host/commands/Restore.h"
 
 class QPushButton;
 

@@ -19,10 +19,6 @@ constexpr std::int32_t FileNotFound = 53;
 // background, more than one walk through an index needs, which is read anew each time all the same.
 constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 8192;
 
-bool IsServer(const std::string& address) {
-    return address.starts_with("postgresql://") || address.starts_with("postgres://");
-}
-
 // Which file stands there, whatever it is called; none where there is none.
 std::optional<std::pair<dev_t, ino_t>> FileAt(const std::string& path) {
     struct stat found {};
@@ -86,8 +82,8 @@ BooksCheck& Books::Check() {
     return *check_;
 }
 
-bool Books::OnServer() const {
-    return IsServer(address_);
+bool Books::IsServer(const std::string& address) {
+    return address.starts_with("postgresql://") || address.starts_with("postgres://");
 }
 
 QString Books::Name() const {

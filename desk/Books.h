@@ -32,7 +32,8 @@ class Books {
     QString Place() const;               // the whole address
     const std::string& Address() const;  // as the class has it
     qm::clQm& Host() { return *host_; }  // for what changes the books
-    bool OnServer() const;
+    bool OnServer() const { return IsServer(address_); }
+    static bool IsServer(const std::string& address);  // not a folder
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
     Worker& Writer();      // for files, so that nothing that is looked at waits for them

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cstdint>
 
 #include "desk/Books.h"
 #include "desk/Desk.h"
@@ -16,10 +17,14 @@
 #include "host/commands/Create.h"
 #include "host/commands/Sample.h"
 #include "host/make/Books.h"
-#include "platform/ado/Errors.h"
-#include "platform/ado/store/ServerAddress.h"
+#include "platform/basic/Error.h"
 
 namespace desk {
+namespace {
+
+constexpr std::int32_t BadArgument = 3001;
+
+}  // namespace
 
 OtherBooks::OtherBooks(Desk& desk, JobBar& jobs) : desk_(desk), jobs_(jobs), recent_(new QListWidget(this)) {
     auto* const column = new QVBoxLayout(this);
@@ -67,9 +72,8 @@ QString OtherBooks::AskForAddress(const QString& title) {
     const QString address =
         QInputDialog::getText(this, title, tr("Their address: postgresql://server/books")).trimmed();
     const bool isOne = address.isEmpty() || desk_.Try([&] {
-        if (!ado::IsServerAddress(address.toStdString()))
-            throw basic::Error(ado::error::BadArgument, "The address of the server's books does not read.",
-                               "desk");
+        if (!Books::IsServer(address.toStdString()))
+            throw basic::Error(BadArgument, "The address of the server's books does not read.", "desk");
     });
     if (!isOne) return {};
     return address.isEmpty() || address.endsWith('/') ? address : address + '/';

@@ -45,6 +45,11 @@ const std::pair<const char*, SubjectOf> Tables[] = {
      }},
 };
 
+// With a mark where bytes do not read.
+std::string Readable(const std::string& text) {
+    return basic::FromUtf16(basic::ToUtf16(text));
+}
+
 // What follows the stem in the table's name; none where it is another's.
 std::optional<std::string> YearBehind(const std::string& stem, const std::string& table) {
     if (basic::FoldCase(table.substr(0, stem.size())) != basic::FoldCase(stem)) return {};
@@ -63,7 +68,7 @@ std::vector<Subject> SubjectsOf(Audit& audit, std::span<const ado::BadText> text
         std::size_t next = 0;
         audit.Each("Select * From " + table, [&](ado::Recordset& row) {
             for (++place; next < texts.size() && texts[next].row == place; ++next)
-                if (basic::TextOrEmpty(row[texts[next].column]) == texts[next].text)
+                if (Readable(basic::TextOrEmpty(row[texts[next].column])) == texts[next].text)
                     subjects[next] = subjectOf(row, *year);
         });
     }
