@@ -22,6 +22,7 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
       stack_(new QStackedWidget(this)),
       turn_(new QPushButton(this)) {
     setObjectName("card");
+    setAccessibleName(title);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(12, 8, 12, 8);
     column->setSpacing(2);
@@ -35,6 +36,7 @@ ChartCard::ChartCard(Desk& desk, const QString& name, const QString& title,
     turn_->setObjectName("turn");
     turn_->setAutoDefault(true);
     turn_->setToolTip(tr("The same figures as a table (Ctrl+T)"));
+    turn_->setAccessibleDescription(title + ": " + turn_->toolTip());
     connect(turn_, &QPushButton::clicked, this, [this] { Turn(); });
     head->addWidget(caption);
     head->addWidget(legend_, 1);

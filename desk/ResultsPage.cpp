@@ -38,7 +38,7 @@ constexpr std::optional<Statement> Statements[] = {std::nullopt, Statement::Trad
 
 ResultsPage::ResultsPage(Desk& desk) : TabPage(desk, tr("Results")) {
     queries::Reading& books = desk.Books().Reading();
-    AddAction(tr("Print the report"), QKeySequence(Qt::CTRL | Qt::Key_P),
+    AddAction(tr("Print the report"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
               [this] { this->desk().OpenScreen(Statement() ? "frmTPL" : "frmPartyLedger"); });
     period_ = new PeriodChip({books.FirstDay(), books.LastDay()}, [this] { Narrowed(); });
     beside_ =

@@ -1,7 +1,10 @@
 #include "desk/RowsView.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QStyledItemDelegate>
 #include <QTableView>
+#include <QToolTip>
 #include <QTreeView>
 
 #include "desk/Theme.h"
@@ -10,6 +13,21 @@ namespace desk {
 namespace {
 
 constexpr int RowHeight = 30;  // pixels
+
+// Tells the whole text of a cell that has no room for it, where the mouse rests.
+class WholeText : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const bool isCut = index.isValid() && sizeHint(option, index).width() > option.rect.width();
+        const QString text = isCut ? index.data().toString() : QString();
+        QToolTip::showText(event->globalPos(), text.isEmpty() ? text : Qt::convertFromPlainText(text), view);
+        return true;
+    }
+};
 
 QTableView* MakeTable(QWidget* parent) {
     auto* const table = new QTableView(parent);
@@ -39,6 +57,7 @@ QAbstractItemView* MakeRowsView(SheetModel::Shape shape, QWidget* parent) {
         view = MakeTable(parent);
     else
         view = MakeTree(parent);
+    view->setItemDelegate(new WholeText(view));
     view->setFont(Theme::Figures(view->font()));
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -7,8 +7,8 @@
 
 namespace desk {
 
-YearSwitch::YearSwitch(Books& books, NoticeBar& notice, Handlers handlers)
-    : books_(books), notice_(notice), handlers_(std::move(handlers)) {}
+YearSwitch::YearSwitch(Books& books, NoticeBar& notice, Take take)
+    : books_(books), notice_(notice), take_(std::move(take)) {}
 
 void YearSwitch::Ask(const std::string& shortForm, const std::function<void()>& then) {
     if (shortForm == books_.YearInForce()) return;
@@ -18,8 +18,9 @@ void YearSwitch::Ask(const std::string& shortForm, const std::function<void()>& 
         tr("All pages and screens then show %1, and new vouchers go there. Other programs that open these "
            "books follow. Nothing of %2 changes.")
             .arg(wanted, now),
-        {{tr("Switch to %1").arg(wanted), [this, shortForm, then] { handlers_.Switch(shortForm, then); }},
-         {tr("Stay in %1").arg(now), [this] { handlers_.Stay(); }}});
+        {{tr("Switch to %1").arg(wanted), [this, shortForm, then] { take_(shortForm, then); }},
+         {tr("Stay in %1").arg(now), {}}});
+    notice_.TakeFocus();
 }
 
 // This program goes on in its own until the user follows.
@@ -30,8 +31,7 @@ void YearSwitch::TellOther() {
     notice_.Show(
         NoticeBar::Kind::Note, tr("The current year of these books is %1 now.").arg(Books::LongForm(*other)),
         tr("This window and its screens still work in %1.").arg(Books::LongForm(books_.YearInForce())),
-        {{tr("Work in %1").arg(Books::LongForm(*other)),
-          [this, year = *other] { handlers_.Switch(year, {}); }},
+        {{tr("Work in %1").arg(Books::LongForm(*other)), [this, year = *other] { take_(year, {}); }},
          {tr("Stay"), {}}});
 }
 

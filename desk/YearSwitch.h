@@ -15,13 +15,10 @@ class YearSwitch {
     Q_DECLARE_TR_FUNCTIONS(desk::YearSwitch)
 
   public:
-    struct Handlers {
-        // The user takes it; `then` is to be done in it.
-        std::function<void(const std::string& shortForm, const std::function<void()>& then)> Switch;
-        std::function<void()> Stay;
-    };
+    // The user takes the year; `then`, if anything, is to be done in it.
+    using Take = std::function<void(const std::string& shortForm, const std::function<void()>& then)>;
 
-    YearSwitch(Books& books, NoticeBar& notice, Handlers handlers);
+    YearSwitch(Books& books, NoticeBar& notice, Take take);
 
     // Whether to make it the current one, and to do `then` in it; not for the one in force.
     void Ask(const std::string& shortForm, const std::function<void()>& then = {});
@@ -32,7 +29,7 @@ class YearSwitch {
   private:
     Books& books_;
     NoticeBar& notice_;
-    Handlers handlers_;
+    Take take_;
     std::string told_;  // another year that the bar has told of
 };
 

@@ -120,6 +120,11 @@ LedgerLine LedgerLines::OpeningLine() const {
     return line;
 }
 
+Sides LedgerLines::Sums() const {
+    const LedgerLine opening = OpeningLine();
+    return {sums_.debit + opening.debit, sums_.credit + opening.credit};
+}
+
 // Of days that follow each other in one read, but for those without a date and those that are long.
 std::vector<LedgerLine> LedgerLines::Page(std::size_t first, std::size_t count) {
     std::vector<LedgerLine> page;

@@ -32,7 +32,7 @@ class LedgerLines {
 
     double Opening() const { return opening_; }
     double Closing() const { return opening_ + net_; }
-    Sides Sums() const { return sums_; }  // of the lines, without the opening
+    Sides Sums() const;  // of the columns as a page shows them, the opening's line included
 
     std::size_t Count() const { return 1 + count_; }  // with the opening's line
     std::vector<LedgerLine> Page(std::size_t first, std::size_t count);

@@ -69,6 +69,12 @@ const std::string* NewLedgers::PrimaryGroup(const std::string& name) const {
     return group == groups_.end() ? nullptr : &group->second;
 }
 
+std::string NewLedgers::GroupNames() const {
+    std::string names;
+    for (const auto& [folded, name] : groups_) names += (names.empty() ? "" : ", ") + name;
+    return names;
+}
+
 // Of a name that the statements could not bear, or that is taken; "" for any other.
 std::string NewLedgers::Refusal(const qm::LedgerEntry& entry) const {
     if (entry.Name.find_first_of("'\"") != std::string::npos)
@@ -91,7 +97,9 @@ bool NewLedgers::Check(qm::LedgerEntry& entry, int line, const Blame& blame) {
     if (const auto missing = qm::MissingOf(entry)) {
         const bool unknown = missing->Field == qm::LedgerField::Group && !given.empty();
         blame(missing->Field,
-              missing->Text + (unknown ? ": " + Shown(given) + " is no primary group" : std::string()));
+              missing->Text +
+                  (unknown ? ": " + Shown(given) + " is no primary group; the groups are " + GroupNames()
+                           : ""));
         return false;
     }
     if (const std::string refusal = Refusal(entry); !refusal.empty()) {

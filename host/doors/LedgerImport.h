@@ -25,6 +25,7 @@ class NewLedgers {
     const std::string* PrimaryGroup(const std::string& name) const;  // as the books write it
 
   private:
+    std::string GroupNames() const;  // with commas between
     std::string Refusal(const qm::LedgerEntry& entry) const;
 
     std::map<std::string, std::string> groups_;  // primary ones by their folded names

@@ -1,5 +1,6 @@
 #include "queries/sheets/Page.h"
 
+#include <algorithm>
 #include <string>
 
 #include "platform/basic/Error.h"
@@ -20,9 +21,13 @@ class Page {
     explicit Page(const Sheet& sheet) : sheet_(sheet), totals_(sheet), tree_(TreeColumn(sheet)) {}
 
     std::string Text() {
-        text_ = "<html><body><p align='center'><font size='5'><b>" + Escaped(sheet_.Title()) +
-                "</b></font></p><table width='100%' cellspacing='0' cellpadding='3'>";
         const auto& columns = sheet_.Columns();
+        // Texts take what is left of the page; figures alone would leave it before the last of them.
+        const bool hasTexts =
+            std::ranges::any_of(columns, [](const Column& column) { return column.kind == Kind::Text; });
+        text_ = "<html><body><p align='center'><font size='5'><b>" + Escaped(sheet_.Title()) +
+                "</b></font></p><table " + (hasTexts ? "width='100%'" : "align='center'") +
+                " cellspacing='0' cellpadding='3'>";
         Line([&](std::size_t i) { return "<b>" + Escaped(columns[i].caption) + "</b>"; });
         Rule();
         for (std::size_t row = 0; row < sheet_.Rows(); ++row) {

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QShortcut>
 #include <QTabBar>
 #include <QTranslator>
 #include <map>
@@ -63,6 +64,17 @@ class EveryPageTest : public test::DeskTest {
                 found.push_back(widget);
         return found;
     }
+    // Tables share theirs: the one that has the focus takes it. So do parts of a page that lie beside each
+    // other.
+    static bool Clash(const QShortcut& a, const QShortcut& b) {
+        const auto &first = *qobject_cast<QWidget*>(a.parent()),
+                   &second = *qobject_cast<QWidget*>(b.parent());
+        if (a.key() != b.key() || !first.isVisible() || !second.isVisible()) return false;
+        if (dynamic_cast<const desk::SheetView*>(&first) && dynamic_cast<const desk::SheetView*>(&second))
+            return false;
+        const bool within = a.context() == Qt::WidgetWithChildrenShortcut && b.context() == a.context();
+        return !within || &first == &second || first.isAncestorOf(&second) || second.isAncestorOf(&first);
+    }
     static std::string NameOf(const QWidget& widget) {
         return widget.metaObject()->className() + (" " + widget.objectName().toStdString());
     }
@@ -70,7 +82,7 @@ class EveryPageTest : public test::DeskTest {
     test::TempFolder folder;
 };
 
-TEST_F(EveryPageTest, EachControlHasANameForWhoDoesNotSeeItAndALetterOfItsOwn) {
+TEST_F(EveryPageTest, EachControlHasANameForWhoDoesNotSeeItAndALetterAndAKeyOfItsOwn) {
     std::set<std::string> faults;
     Walk([&](const std::string& page, QWidget& shown) {
         for (QWidget* const widget : Controls(shown)) {
@@ -89,6 +101,12 @@ TEST_F(EveryPageTest, EachControlHasANameForWhoDoesNotSeeItAndALetterOfItsOwn) {
         for (auto* const button : Visible<QAbstractButton>(shown)) take(button->text());
         for (auto* const bar : Visible<QTabBar>(shown))
             for (int tab = 0; tab < bar->count(); ++tab) take(bar->tabText(tab));
+        for (auto* const action : shown.actions()) take(action->text());
+        const auto keys = shown.findChildren<QShortcut*>();
+        for (auto a = keys.begin(); a != keys.end(); ++a)
+            for (auto b = std::next(a); b != keys.end(); ++b)
+                if (Clash(**a, **b))
+                    faults.insert(page + ": two take " + (*a)->key().toString().toStdString());
     });
     EXPECT_THAT(faults, testing::IsEmpty());
 }

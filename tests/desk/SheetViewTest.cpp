@@ -1,8 +1,13 @@
+#include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolTip>
 #include <atomic>
 #include <memory>
 
+#include "desk/RowsView.h"
+#include "queries/GroupTree.h"
 #include "tests/desk/DeskFixture.h"
 
 namespace {
@@ -73,9 +78,54 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     EXPECT_EQ(Empty(), "This was not read to its end");
 }
 
+// Else a list that takes longer than the pause between two changes would show none of them.
+TEST_F(SheetViewTest, AnAnswerThatIsOnItsWayComesThoughTheBooksChangeMeanwhile) {
+    FillWithSample();
+    Start();
+    desk->Go("ledgers");
+    WaitForTotals("rows");
+    int answers = 0;
+    const auto asked = std::make_shared<std::atomic<int>>(0);
+    const auto ends = std::make_shared<std::atomic<bool>>(false);
+    Sheet().Filled = [&answers] { ++answers; };
+    Sheet().AskSlowly([asked, ends](queries::Reading& reading, desk::Worker::Job& job) {
+        ++*asked;
+        for (std::size_t step = 0; !*ends; ++step) job.Step(step);
+        return queries::GroupTreeSheet(reading);
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return *asked == 1; }));
+    for (int change = 0; change < 3; ++change) Key(Qt::Key_F5);
+    *ends = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answers == 2; })) << answers;
+    EXPECT_EQ(*asked, 2);
+}
+
 TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
     EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
               "M-s Rao- -North- -.xlsx");
+    const std::string longest(255, 'W');
+    EXPECT_EQ(desk::FileNameOf(longest, desk::SheetFile::Csv).toStdString(), longest.substr(0, 60) + ".csv");
+}
+
+TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {
+    FillWithSample();
+    Start();
+    desk->Go("vouchers");
+    WaitForTotals("142 lines");
+    QAbstractItemView& view = Sheet().View();
+    constexpr int Ledger = 3;
+    const auto tip = [&view](int column) {
+        const QPoint at = view.visualRect(view.model()->index(0, column)).center();
+        QHelpEvent rest(QEvent::ToolTip, at, view.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view.viewport(), &rest);
+        return QToolTip::text();
+    };
+    desk::HeaderOf(view).resizeSection(Ledger, 40);
+    const QString name = view.model()->index(0, Ledger).data().toString();
+    EXPECT_EQ(tip(Ledger), Qt::convertFromPlainText(name)) << tip(Ledger).toStdString();
+    desk::HeaderOf(view).resizeSection(Ledger, 400);
+    tip(Ledger);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
 }
 
 }  // namespace

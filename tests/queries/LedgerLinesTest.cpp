@@ -24,13 +24,17 @@ TEST(LedgerLines, AnyPageHasTheBalancesOfTheWholeList) {
     queries::LedgerLines whole(reading, cash);
     const std::vector<queries::LedgerLine> lines = whole.Page(0, whole.Count());
     ASSERT_EQ(lines.size(), 1u + 6036);
-    double balance = -0.5;
+    double balance = -0.5, debit = 0, credit = 0.5;
     for (std::size_t at = 1; at < lines.size(); ++at) {
         balance += lines[at].debit - lines[at].credit;
+        debit += lines[at].debit;
+        credit += lines[at].credit;
         ASSERT_EQ(lines[at].balance, balance) << at;
         ASSERT_TRUE(lines[at - 1].date <= lines[at].date || at == 1) << at;
     }
     EXPECT_EQ(whole.Closing(), balance);
+    EXPECT_EQ(whole.Sums().debit, debit);
+    EXPECT_EQ(whole.Sums().credit, credit);
     queries::LedgerLines paged(reading, cash);
     for (const std::size_t at : {4000, 4800, 1, 500, 620, 3000, 5900}) {
         const auto page = paged.Page(at, 90);

@@ -1,7 +1,9 @@
 // Every screen as a screen reader and the keyboard meet it: names, roles, the way of Tab, letters behind Alt.
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <algorithm>
 #include <map>
 
@@ -85,6 +87,10 @@ TEST_P(EveryScreen, NamesEachControlForAScreenReader) {
             QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(widget);
             ASSERT_TRUE(seen) << Name(*widget);
             EXPECT_FALSE(seen->text(QAccessible::Name).trimmed().isEmpty()) << Name(*widget);
+            if (const auto* box = qobject_cast<QComboBox*>(widget); box && box->isEditable()) {
+                EXPECT_FALSE(box->lineEdit()->accessibleName().isEmpty())
+                    << Name(*widget) << " as it is typed";
+            }
             EXPECT_THAT(seen->role(), AllOf(Ne(QAccessible::NoRole), Ne(QAccessible::Client)))
                 << Name(*widget);
         }

@@ -1,7 +1,10 @@
 #include "platform/forms/controls/Accessibility.h"
 
 #include <QAccessible>
+#include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 
 #include "platform/forms/controls/Control.h"
 #include "platform/forms/controls/Text.h"
@@ -26,14 +29,32 @@ QString FromFrame(const QWidget& widget) {
     return WithoutMnemonic(widget.window()->windowTitle());
 }
 
+QString FromLabel(const QWidget& widget) {
+    for (const auto* label : widget.parentWidget()->findChildren<QLabel*>())
+        if (label->buddy() == &widget) return WithoutMnemonic(label->text());
+    return {};
+}
+
+// A box with a text that is typed has a field of its own for it, which takes the focus.
+void NameTypedText(QWidget& widget) {
+    const auto* const box = qobject_cast<QComboBox*>(&widget);
+    if (!box || !box->lineEdit()) return;
+    QString name = FromLabel(widget);
+    if (name.isEmpty()) name = widget.accessibleName();
+    box->lineEdit()->setAccessibleName(name.isEmpty() ? FromFrame(widget) : name);
+}
+
 }  // namespace
 
 void NameForAssistance(QWidget& window) {
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const auto* control = dynamic_cast<Control*>(widget);
-        if (!control || !control->TakesFocus() || IsNamed(*widget)) continue;
-        const QString name = FromToolTip(*widget);
-        widget->setAccessibleName(name.isEmpty() ? FromFrame(*widget) : name);
+        if (!control || !control->TakesFocus()) continue;
+        if (!IsNamed(*widget)) {
+            const QString name = FromToolTip(*widget);
+            widget->setAccessibleName(name.isEmpty() ? FromFrame(*widget) : name);
+        }
+        NameTypedText(*widget);
     }
 }
 

@@ -123,7 +123,11 @@ TEST(Sheets, FilesForProgramsKeepFiguresAndRunNothing) {
         "\"date\": \"2001-04-01\", \"flag\": true}\n]\n");
     EXPECT_EQ(Written(Sheet({}), queries::WriteJson), "[]\n");
     EXPECT_THAT(queries::PageOf(Nasty()),
-                AllOf(HasSubstr("a\xEF\xBF\xBD b ,&lt;i&gt;"), HasSubstr("<b>Name, in full</b>")));
+                AllOf(HasSubstr("a\xEF\xBF\xBD b ,&lt;i&gt;"), HasSubstr("<b>Name, in full</b>"),
+                      HasSubstr("width='100%'")));
+    const queries::SheetOf<double> figures(
+        "Sums", {{{"sum", "Sum", Kind::Amount}, [](const double& sum) { return basic::Value(sum); }}}, {1.0});
+    EXPECT_THAT(queries::PageOf(figures), Not(HasSubstr("width='100%'"))) << "they stay side by side";
 }
 
 // What stands in one part of the file, as another program unpacks it.
