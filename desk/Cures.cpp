@@ -46,7 +46,8 @@ std::vector<QRegularExpression> Patterns(QString cell) {
 // Marks of the document's own writing, which no reader of a bar wants to see.
 QString Plain(QString text) {
     static const QRegularExpression link("\\[([^\\]]*)\\]\\([^)]*\\)");
-    return text.replace(link, "\\1").remove('`');
+    static const QRegularExpression source(" \\(sources? [^)]*\\)");
+    return text.replace(link, "\\1").remove(source).remove('`');
 }
 
 // A cell may refer to the one above it.
