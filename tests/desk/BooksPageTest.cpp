@@ -100,7 +100,6 @@ TEST_F(BooksPageTest, ABackupForWhichThereIsNoRoomIsToldAndLeavesNothing) {
 
 TEST_F(BooksPageTest, NewBooksAreOpenedAndThoseFromBeforeAgainFromTheList) {
     StartOnBooks();
-    std::filesystem::create_directory(folder / "new");
     Do("Alt+N", {"'" + (folder / "new").string(), "'2005"});
     Expect("New books for 2005-2006 stand in ");
     EXPECT_EQ(desk->Books().YearInForce(), "2005");
