@@ -9,6 +9,7 @@
 
 #include "core/Masks.h"
 #include "core/modGeneral.h"
+#include "platform/ado/EachRow.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Maintenance.h"
 #include "platform/basic/Dates.h"
@@ -16,6 +17,7 @@
 #include "platform/basic/Error.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
 
 namespace host {
 
@@ -59,12 +61,10 @@ bool Audit::HasErrors() const {
 
 void Audit::Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row) {
     try {
-        const ado::RecordsetPtr rows = books_.Execute(sql);
-        for (; !rows->Eof(); rows->MoveNext()) {
+        ado::EachRow(books_, sql, [&](ado::Recordset& each) {
             if (step_) step_();
-            row(*rows);
-        }
-        rows->Close();
+            row(each);
+        });
     } catch (const basic::Error& error) {
         if (error.Number != ado::error::NoSuchTable) throw;
     }
@@ -83,6 +83,15 @@ bool Audit::HasTable(const std::string& table) {
 std::int32_t IdOf(ado::Recordset& row, std::string_view field) {
     const basic::Value id = row[field];
     return id.IsNull() ? 0 : basic::ToLong(id);
+}
+
+Subject MovementOf(ado::Recordset& row, const std::string& year) {
+    using Kind = Subject::Kind;
+    const std::string type = basic::FoldCase(basic::TextOrEmpty(row["ItemLedTrnType"]));
+    const std::int32_t number = IdOf(row, "ItemLedTrnNo"), order = IdOf(row, "ItemLedPONo");
+    if (number > 0 && type == "issue") return {Kind::Issue, number, year};
+    if (number == 0 || type != "receipt") return {Kind::Movements, 0, year};
+    return order > 0 ? Subject{Kind::Order, order, year} : Subject{Kind::Receipt, number, year};
 }
 
 std::string DayOutside(const basic::Value& dayNumber, const std::string& year) {

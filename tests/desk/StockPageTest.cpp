@@ -23,6 +23,14 @@ TEST_F(StockPageTest, LeadsFromWhatIsOverToItsMovementsAndTheirScreen) {
     EXPECT_THAT(CurrentLine(), testing::HasSubstr("Graph Book"));
     Choices("stock")[2]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([this] { return CurrentLine().starts_with("5|Box File A4|"); }));
+    // What the movements add up to is asked for with its column.
+    EXPECT_THAT(CurrentLine(), testing::HasSubstr("|30|180||"));
+    QMenu columns;
+    Sheet().Columns().FillMenu(columns);
+    for (QAction* const column : columns.actions())
+        if (column->text() == "By Movements") column->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return CurrentLine().find("|30|180|180|") != std::string::npos; }))
+        << CurrentLine();
     Key(Qt::Key_Return);
     EXPECT_EQ(Title(), "Box File A4");
     WaitForTotals("1 row");

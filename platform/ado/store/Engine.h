@@ -43,6 +43,7 @@ class Engine {
     virtual void Close() = 0;
     // How much of the store an open connection keeps in memory at most, in KB; of a server, nothing.
     virtual void KeepAtMost(int /*kb*/) {}
+    virtual void ForgetPages() {}  // all that is kept of it
     virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
     virtual const StoreSql& Sql() const = 0;   // the words that Prepare takes
     virtual std::int64_t Changes() const = 0;  // rows of the last insert, update or delete

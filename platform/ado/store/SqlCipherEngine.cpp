@@ -114,6 +114,10 @@ void SqlCipherEngine::KeepAtMost(int kb) {
     store_.Run("PRAGMA cache_size = " + std::to_string(-kb));
 }
 
+void SqlCipherEngine::ForgetPages() {
+    sqlite3_db_release_memory(store_.Get());
+}
+
 void SqlCipherEngine::Close() {
     Flush();
     Leave();
