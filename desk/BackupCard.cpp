@@ -81,10 +81,13 @@ void BackupCard::AskForBackup() {
     if (!file.isEmpty()) BackUp(Path(file));
 }
 
-void BackupCard::AskForVerify() {
+QString BackupCard::AskForOne(const QString& title) {
     const auto last = LastBackup::Of(desk_.Books().Address());
-    const QString file =
-        QFileDialog::getOpenFileName(this, tr("Backup to verify"), last ? last->File : QDir::homePath());
+    return QFileDialog::getOpenFileName(this, title, last ? last->File : QDir::homePath());
+}
+
+void BackupCard::AskForVerify() {
+    const QString file = AskForOne(tr("Backup to verify"));
     if (!file.isEmpty()) Verify(Path(file));
 }
 
@@ -124,7 +127,7 @@ void BackupCard::Verify(const std::string& file) {
 }
 
 void BackupCard::AskForRestore() {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Backup to restore"));
+    const QString file = AskForOne(tr("Backup to restore"));
     if (!file.isEmpty()) Restore(Path(file));
 }
 

@@ -27,6 +27,7 @@ class BackupCard : public StatusCard {
 
   private:
     void AskForBackup();
+    QString AskForOne(const QString& title);  // that stands; the last one is offered
     void AskForVerify();
     void AskForRestore();
     void BackUp(const std::string& file);

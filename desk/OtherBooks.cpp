@@ -1,6 +1,5 @@
 #include "desk/OtherBooks.h"
 
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QListWidget>
 #include <QPushButton>
@@ -10,6 +9,7 @@
 #include "desk/Books.h"
 #include "desk/Desk.h"
 #include "desk/JobBar.h"
+#include "desk/NewFolder.h"
 #include "desk/RecentBooks.h"
 #include "desk/StatusCard.h"
 #include "desk/WaitBox.h"
@@ -88,7 +88,7 @@ int OtherBooks::AskForYear() {
 }
 
 void OtherBooks::AskForNew() {
-    const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder for the new books"));
+    const QString folder = AskForNewFolder(this, tr("Folder for the new books"));
     if (folder.isEmpty()) return;
     const int year = AskForYear();
     if (year == 0 || !desk_.Try([&] { host::CreateBooks(folder.toStdString(), year); })) return;
@@ -119,9 +119,8 @@ void OtherBooks::AskForServer() {
 }
 
 void OtherBooks::AskForCopy() {
-    const QString place = desk_.Books().OnServer()
-                              ? QFileDialog::getExistingDirectory(this, tr("Folder for the copy"))
-                              : AskForAddress(tr("Copy of these books on a server"));
+    const QString place = desk_.Books().OnServer() ? AskForNewFolder(this, tr("Folder for the copy"))
+                                                   : AskForAddress(tr("Copy of these books on a server"));
     if (!place.isEmpty()) Copy(place.toStdString());
 }
 
