@@ -12,6 +12,7 @@
 #include "desk/CheckCard.h"
 #include "desk/ImportPage.h"
 #include "desk/JobBar.h"
+#include "desk/LastFolder.h"
 #include "desk/OtherBooks.h"
 
 namespace desk {
@@ -64,8 +65,12 @@ void BooksPage::AddExport(QVBoxLayout& column) {
     auto* const out = new StatusCard(tr("Export"));
     out->Say(tr("Vouchers, ledgers, parties, trial balance and items as spreadsheets in a folder."));
     out->AddButton(tr("&Export\u2026"), [this] {
-        const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder for the spreadsheets"));
-        if (!folder.isEmpty()) ExportBooks(desk(), folder.toStdString());
+        const auto last = LastFolder::OfFilesOut();
+        const QString folder =
+            QFileDialog::getExistingDirectory(this, tr("Folder for the spreadsheets"), last.Path());
+        if (folder.isEmpty()) return;
+        last.Keep(folder);
+        ExportBooks(desk(), folder.toStdString());
     });
     column.addWidget(out);
 }
@@ -83,9 +88,11 @@ void BooksPage::Refresh() {
 void BooksPage::AskForImport(const std::string& kind) {
     const QString kinds = kind == "journal" ? tr("Journal (*.journal *.ledger *.dat *.txt);;All files (*)")
                                             : tr("Comma-separated text (*.csv *.txt);;All files (*)");
-    const QString file = QFileDialog::getOpenFileName(this, tr("File to import"), {}, kinds);
-    if (!file.isEmpty())
-        desk().Try([&] { ImportPage::Open(desk(), {.kind = kind, .file = file.toStdString()}); });
+    const auto last = LastFolder::OfFilesIn();
+    const QString file = QFileDialog::getOpenFileName(this, tr("File to import"), last.Path(), kinds);
+    if (file.isEmpty()) return;
+    last.KeepOf(file);
+    desk().Try([&] { ImportPage::Open(desk(), {.kind = kind, .file = file.toStdString()}); });
 }
 
 }  // namespace desk

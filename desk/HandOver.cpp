@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QItemSelectionModel>
@@ -16,6 +17,7 @@
 
 #include "desk/Books.h"
 #include "desk/Desk.h"
+#include "desk/LastFolder.h"
 #include "desk/SheetColumns.h"
 #include "desk/SheetQuestion.h"
 
@@ -66,9 +68,11 @@ void HandOver::Copy() {
 void HandOver::AskForFile(SheetFile kind) {
     const ShownSheet* const shown = from_.Model.Sheet();
     if (!shown) return;
-    QString file = QFileDialog::getSaveFileName(&sheet_, tr("Write to"),
-                                                FileNameOf(shown->Of().Title(), kind), FilterOf(kind));
+    const auto last = LastFolder::OfFilesOut();
+    const QString name = QDir(last.Path()).filePath(FileNameOf(shown->Of().Title(), kind));
+    QString file = QFileDialog::getSaveFileName(&sheet_, tr("Write to"), name, FilterOf(kind));
     if (file.isEmpty()) return;
+    last.KeepOf(file);
     if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) {
         file += ExtensionOf(kind);
         if (QFileInfo::exists(file) && !MayReplace(file)) return;
