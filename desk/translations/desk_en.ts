@@ -379,6 +379,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Leave</source>
             <translation>Leave</translation>
         </message>
+        <message>
+            <source>Open the books again</source>
+            <translation>Open the books again</translation>
+        </message>
     </context>
     <context>
         <name>desk::Finder</name>
