@@ -24,7 +24,7 @@ struct Words {
         {QT_TR_NOOP("Stock"), "frmReceipt", QT_TR_NOOP("Receipt"),
          QT_TR_NOOP("Goods that came in, with their bill"), "F6"},
         {QT_TR_NOOP("Stock"), "frmIssues", QT_TR_NOOP("Issues"),
-         QT_TR_NOOP("Goods that went out, with their bill"), "F7"},
+         QT_TR_NOOP("Goods that went out"), "F7"},
         {QT_TR_NOOP("Stock"), "frmPO", QT_TR_NOOP("Purchase Order"),
          QT_TR_NOOP("Orders to suppliers, and receipts against them"), "F8"},
         {QT_TR_NOOP("Stock"), "ItemMaster", QT_TR_NOOP("Item Master"),

@@ -811,6 +811,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Worth</source>
             <translation>Worth</translation>
         </message>
+        <message>
+            <source>Overflow Level</source>
+            <translation>Overflow Level</translation>
+        </message>
     </context>
     <context>
         <name>desk::HelpPage</name>
@@ -1503,10 +1507,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Issues</translation>
         </message>
         <message>
-            <source>Goods that went out, with their bill</source>
-            <translation>Goods that went out, with their bill</translation>
-        </message>
-        <message>
             <source>Purchase Order</source>
             <translation>Purchase Order</translation>
         </message>
@@ -1549,6 +1549,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Statements and trial balance, printed</source>
             <translation>Statements and trial balance, printed</translation>
+        </message>
+        <message>
+            <source>Goods that went out</source>
+            <translation>Goods that went out</translation>
         </message>
     </context>
     <context>
