@@ -133,6 +133,7 @@ bool Books::Changed() {
 }
 
 void Books::SwitchYear(const std::string& shortForm) {
+    RequireFile();
     if (host::CurrentYear() != shortForm &&
         !host::AllOrNothing([&] { return host_->SetGetFinancialYear(shortForm) == shortForm; }))
         throw basic::Error(basic::error::InvalidCall, "The year could not be made the current one.", "desk");

@@ -46,10 +46,8 @@ DeskWindow::DeskWindow()
     const QSize frame(16, 40);  // what a window manager puts around it
     resize(QSize(1200, 760).boundedTo(screen()->availableSize() - frame));
     LayOut();
-    year_ = std::make_unique<YearSwitch>(
-        books_, *notice_,
-        YearSwitch::Handlers{.Switch = [this](const std::string& shortForm) { SwitchYear(shortForm); },
-                             .Stay = [this] { pages_->TakeFocus(); }});
+    year_ = std::make_unique<YearSwitch>(books_, *notice_,
+                                         [this](const std::string& shortForm) { SwitchYear(shortForm); });
     AddCommands();
     Theme::Apply(*this);
     head_->ShowBooks(books_);
@@ -70,6 +68,10 @@ void DeskWindow::LayOut() {
                  if (ShowHead()) year_->Ask(shortForm);
              }});
     notice_ = new NoticeBar(this);
+    notice_->Left = [this] {
+        pages_->KeepFocus();
+        pages_->TakeFocus();
+    };
     list_ = new PageList(this, [this](const QString& key) { Go(key); });
     auto* const none = new EmptyState(
         tr("No books are open"),
@@ -98,6 +100,7 @@ void DeskWindow::AddCommands() {
     commands->Add(QKeySequence(Qt::CTRL | Qt::Key_K), [this] { head_->Search().Begin(); });
     commands->Add(QKeySequence(Qt::CTRL | Qt::Key_Y),
                   [this] { head_->findChild<QComboBox*>("year")->showPopup(); });
+    commands->Add(QKeySequence(Qt::ALT | Qt::Key_0), [this] { notice_->TakeFocus(); });
     commands->Add(QKeySequence(Qt::Key_Escape), [this] { Escape(); });
     commands->Add(
         QKeySequence(Qt::CTRL | Qt::Key_O), [this] { AskForFolder(); }, tr("Open a folder\u2026"));
@@ -127,7 +130,6 @@ void DeskWindow::ShowManual() {
 void DeskWindow::Escape() {
     if (!notice_->isVisible()) return Back();
     notice_->Dismiss();
-    pages_->TakeFocus();
 }
 
 void DeskWindow::AskForFolder() {
@@ -214,7 +216,8 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
     try {
         books_.RequireFile();
     } catch (const basic::Error& error) {
-        return TellLost(error);  // what a screen wrote would go where nobody looks for it
+        TellLost(error);  // what a screen wrote would go where nobody looks for it
+        return notice_->TakeFocus();
     }
     Try(open) ? watch_.LookNow() : watch_.Look();  // where a server is gone, the user has waited once
     activateWindow();

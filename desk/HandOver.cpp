@@ -4,8 +4,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QItemSelectionModel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QShortcut>
 #include <algorithm>
 #include <memory>
@@ -67,8 +69,21 @@ void HandOver::AskForFile(SheetFile kind) {
     QString file = QFileDialog::getSaveFileName(&sheet_, tr("Write to"),
                                                 FileNameOf(shown->Of().Title(), kind), FilterOf(kind));
     if (file.isEmpty()) return;
-    if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) file += ExtensionOf(kind);
+    if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) {
+        file += ExtensionOf(kind);
+        if (QFileInfo::exists(file) && !MayReplace(file)) return;
+    }
     Save(kind, file);
+}
+
+// The dialog has asked for the name as it was typed.
+bool HandOver::MayReplace(const QString& file) {
+    QMessageBox box(QMessageBox::Question, tr("Write to"),
+                    tr("%1 stands there already. Is it to be replaced?").arg(file),
+                    QMessageBox::Yes | QMessageBox::No, &sheet_);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 // From a sheet of its own, of one moment.

@@ -149,7 +149,8 @@ void ImportPage::AskForMap() {
 }
 
 void ImportPage::Bring() {
-    bring_->setEnabled(false);  // once is enough
+    desk().Books().RequireFile();  // what was written into books that were taken away would be lost
+    bring_->setEnabled(false);     // once is enough
     std::optional<host::Fault> failure;
     bool cancelled = false;
     {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <utility>
@@ -54,9 +55,13 @@ void JobBar::Run(Worker& worker, const QString& what,
     bar_->setRange(0, 0);
     worker_ = worker.weak_from_this();
     job_ = worker.Start(*this, std::move(work), [this, end = std::move(end)](std::exception_ptr failure) {
-        job_.reset();
-        Cancel();
+        const QPointer<JobBar> here(this);
+        const auto next = std::exchange(next_, nullptr);
+        End();
         end(failure);
+        if (!here || !next) return;
+        if (!job_) return next();
+        if (!next_) next_ = next;  // the end has begun a job of its own
     });
     tick_.start();
 }
@@ -73,9 +78,21 @@ void JobBar::Run(Desk& desk, const QString& what, std::function<void(queries::Re
     Run(desk.Books().Background(), what, std::move(work), end, without);
 }
 
+void JobBar::RunNext(Desk& desk, const QString& what,
+                     std::function<void(queries::Reading&, Worker::Job&)> work, std::function<void()> then,
+                     std::function<void()> without) {
+    const auto run = [=, this, &desk] { Run(desk, what, work, then, without); };
+    Running() && !worker_.expired() ? void(next_ = run) : run();
+}
+
 void JobBar::Cancel() {
-    const auto job = std::exchange(job_, nullptr);
-    if (const auto worker = worker_.lock()) worker->Cancel(job);
+    next_ = nullptr;
+    if (const auto worker = worker_.lock()) worker->Cancel(job_);
+    End();
+}
+
+void JobBar::End() {
+    job_.reset();
     tick_.stop();
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     hide();

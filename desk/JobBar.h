@@ -33,11 +33,16 @@ class JobBar : public QWidget {
     // the desk's bar, and `without` is called then, and where the user ends the job.
     void Run(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
              std::function<void()> then, std::function<void()> without = {});
-    void Cancel();
+    // As above, but a job that still runs goes to its end first, and of several that wait the last is run:
+    // asked anew at each change, while another program posts, none would ever come to an end.
+    void RunNext(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
+                 std::function<void()> then, std::function<void()> without = {});
+    void Cancel();               // what waits, too
     std::function<void()> Left;  // it hides while the focus is on it: gives the focus to what is worked with
     bool Running() const { return job_ != nullptr; }  // or waits for the one before it
 
   private:
+    void End();
     void Show();
 
     QLabel* text_;
@@ -45,7 +50,7 @@ class JobBar : public QWidget {
     QTimer tick_;
     std::weak_ptr<Worker> worker_;  // of the job; gone when the books are
     std::shared_ptr<Worker::Job> job_;
-    std::function<void()> cancelled_;
+    std::function<void()> cancelled_, next_;
 };
 
 }  // namespace desk

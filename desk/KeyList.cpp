@@ -56,6 +56,7 @@ void ShowKeys(QWidget& window, Page& page) {
     const std::pair<const char*, QString> common[] = {
         {"Enter", Words::tr("Opens what the line or the figure is made of")},
         {"Esc, Alt+Left", Words::tr("Back, to the same line")},
+        {"Alt+0", Words::tr("To the answers of a message")},
         {"Ctrl+K", Words::tr("Search everything")},
         {"Ctrl+E", Words::tr("Hand over: spreadsheet, PDF, CSV, copy")},
         {"Ctrl+T", Words::tr("A chart as a table, and back")},

@@ -55,6 +55,7 @@ void NoticeBar::Show(Kind kind, const QString& text, const QString& more, std::v
     for (Answer& answer : answers) {
         auto* const button = new QPushButton(answer.Caption, this);
         button->setAutoDefault(true);
+        button->setToolTip(tr("Alt+0 goes to the answers"));
         connect(button, &QPushButton::clicked, this, [this, act = std::move(answer.Act)] {
             const auto kept = act;  // the button goes with the bar
             Dismiss();
@@ -65,7 +66,6 @@ void NoticeBar::Show(Kind kind, const QString& text, const QString& more, std::v
     }
     setAccessibleName(Text());
     show();
-    if (!answers_.empty()) answers_.front()->setFocus(Qt::OtherFocusReason);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
@@ -88,12 +88,18 @@ bool NoticeBar::Try(const std::function<void()>& work) {
     return false;
 }
 
+void NoticeBar::TakeFocus() {
+    if (!answers_.empty()) answers_.front()->setFocus(Qt::OtherFocusReason);
+}
+
 void NoticeBar::Dismiss() {
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
     for (QWidget* const button : std::exchange(answers_, {})) {
         button->hide();
         button->deleteLater();
     }
     hide();
+    if (hadFocus && Left) Left();
 }
 
 QString NoticeBar::Text() const {

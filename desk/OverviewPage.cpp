@@ -140,7 +140,7 @@ void OverviewPage::showEvent(QShowEvent* event) {
 
 void OverviewPage::Ask() {
     const auto figures = std::make_shared<std::shared_ptr<const OverviewFigures>>();
-    jobs_->Run(
+    jobs_->RunNext(
         desk(), tr("Adding up the year\u2026"),
         [figures](queries::Reading& books, Worker::Job&) { *figures = OverviewFigures::Read(books); },
         [this, figures] { Take(*figures); });

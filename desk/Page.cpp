@@ -88,7 +88,8 @@ void Page::OrderTabs() {
     std::vector<std::pair<QPoint, QWidget*>> stops;
     for (QWidget* const widget : findChildren<QWidget*>()) {
         const QPoint corner = widget->mapTo(this, QPoint());
-        if ((widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
+        const bool isOnPage = widget->window() == window();  // not in a menu of the page
+        if (isOnPage && (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy())
             stops.push_back({corner, widget});
     }
     std::ranges::stable_sort(stops, [](const auto& a, const auto& b) {

@@ -14,6 +14,7 @@
 namespace desk {
 namespace {
 
+constexpr int LongestName = 60;         // letters, of up to four bytes: a name has room for 255
 constexpr std::size_t MostUpright = 5;  // columns; the sheets of a wider table lie on their side
 
 bool IsWide(const queries::Sheet& sheet) {
@@ -44,7 +45,8 @@ QString ExtensionOf(SheetFile kind) {
 
 QString FileNameOf(const std::string& title, SheetFile kind) {
     static const QRegularExpression notInNames(R"([\\/:*?"<>|])");
-    return QString::fromStdString(title).section(',', 0, 0).replace(notInNames, "-") + ExtensionOf(kind);
+    return QString::fromStdString(title).section(',', 0, 0).left(LongestName).replace(notInNames, "-") +
+           ExtensionOf(kind);
 }
 
 void Write(const queries::Sheet& sheet, SheetFile kind, const std::string& file, const std::string& books,

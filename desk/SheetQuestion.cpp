@@ -24,15 +24,23 @@ SheetQuestion::SheetQuestion(Desk& desk, JobBar& jobs, Handlers handlers)
 void SheetQuestion::Set(Making make) {
     make_ = [make = std::move(make)](queries::Reading& books, Worker::Job&) { return make(books); };
     slowly_ = false;
+    isChanged_ = true;
 }
 
 void SheetQuestion::SetSlow(SlowMaking make) {
     make_ = std::move(make);
     slowly_ = true;
+    isChanged_ = true;
+}
+
+void SheetQuestion::SortBy(Sorting sorting) {
+    sorting_ = sorting;
+    isChanged_ = true;
 }
 
 void SheetQuestion::Ask() {
     if (!make_) return;
+    if (std::exchange(isChanged_, false)) jobs_.Cancel();
     if (slowly_) return AskAside();
     Worker::Job job;
     if (!desk_.Try([&] { Sort(make_(desk_.Books().Reading(), job)); })) handlers_.Unanswered();
@@ -44,7 +52,7 @@ void SheetQuestion::AskAside() {
         std::optional<ShownSheet::Order> Order;
     };
     const auto made = std::make_shared<Made>();
-    jobs_.Run(
+    jobs_.RunNext(
         desk_, tr("Adding up\u2026"),
         [make = make_, made, sorting = sorting_](queries::Reading& books, Worker::Job& job) {
             const queries::Reading::Moment moment(books);
@@ -67,7 +75,7 @@ void SheetQuestion::Sort(SheetPtr sheet) {
         return handlers_.Answered(std::make_shared<ShownSheet>(std::move(sheet), std::move(order)));
     }
     const auto order = std::make_shared<ShownSheet::Order>();
-    jobs_.Run(
+    jobs_.RunNext(
         desk_, tr("Sorting %1 rows\u2026").arg(QLocale().toString(qulonglong(sheet->Rows()))),
         [make = make_, order, sorting = sorting_](queries::Reading& books, Worker::Job& job) {
             const queries::Reading::Moment moment(books);

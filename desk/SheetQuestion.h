@@ -36,8 +36,10 @@ class SheetQuestion {
 
     void Set(Making make);          // answered at once
     void SetSlow(SlowMaking make);  // on the worker; it tells the job how far it is
-    void SortBy(Sorting sorting) { sorting_ = sorting; }
-    void Ask();  // nothing before the first Set
+    void SortBy(Sorting sorting);
+    // Nothing before the first Set. The same question again waits for the answer that is on its way; one that
+    // has changed puts an end to it.
+    void Ask();
     const SlowMaking& Make() const { return make_; }
 
   private:
@@ -48,7 +50,7 @@ class SheetQuestion {
     JobBar& jobs_;
     Handlers handlers_;
     SlowMaking make_;
-    bool slowly_ = false;
+    bool slowly_ = false, isChanged_ = false;
     Sorting sorting_;
 };
 

@@ -209,7 +209,7 @@ void SheetView::Print(const queries::Sheet& paper) {
 
 void SheetView::InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                              std::function<void()> then, std::function<void()> without) {
-    jobs_->Run(desk_, what, std::move(work), std::move(then), std::move(without));
+    jobs_->RunNext(desk_, what, std::move(work), std::move(then), std::move(without));
 }
 
 bool SheetView::eventFilter(QObject* object, QEvent* event) {

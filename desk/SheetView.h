@@ -59,6 +59,7 @@ class SheetView : public QWidget {
     void Refresh();                   // the same question again, to the same row
     // The line below: without a call from Filled the rows are counted and, where they are few, summed.
     void SetTotals(const QString& words, std::vector<QString> totals);
+    void KeepTotals() { totalsSet_ = true; }  // those of the answer before stand for now
 
     const queries::Sheet* Sheet() const;                                      // null before the first answer
     std::optional<std::size_t> Current() const { return keeper_.Current(); }  // of the sheet
@@ -67,7 +68,7 @@ class SheetView : public QWidget {
     QAbstractItemView& View() const { return view_; }
     void Toggle();  // opens or closes the head of a tree that is chosen
     QString TotalsText() const;
-    // Runs a job of the worker under the view, instead of one that still runs; see JobBar.
+    // Runs a job of the worker under the view, behind one that still runs; see JobBar::RunNext.
     void InBackground(const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                       std::function<void()> then, std::function<void()> without = {});
 

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desk/Books.h"
 #include "desk/Dates.h"
@@ -95,6 +96,7 @@ std::int32_t VouchersPage::Number() const {
 }
 
 void VouchersPage::Ask() {
+    isNew_ = true;
     if (chips_->Any())
         view_->SetEmpty(
             tr("No line fits"),
@@ -132,7 +134,10 @@ void VouchersPage::PrintVoucher() {
 // A million lines are counted and summed while the first of them are read.
 void VouchersPage::Sum() {
     const auto sums = std::make_shared<queries::VoucherSums>();
-    view_->SetTotals(tr("Adding up\u2026"), {});
+    if (std::exchange(isNew_, false))
+        view_->SetTotals(tr("Adding up\u2026"), {});
+    else
+        view_->KeepTotals();  // those from before stand until the new ones come
     view_->InBackground(
         tr("Adding up\u2026"),
         [sums, filter = chips_->Filter()](queries::Reading& books, Worker::Job&) {

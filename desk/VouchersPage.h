@@ -34,6 +34,7 @@ class VouchersPage : public Page {
     SheetView* view_;
     queries::VoucherOrder order_ = queries::VoucherOrder::Date;
     bool descending_ = false;
+    bool isNew_ = true;  // the totals that stand are of the question before
 };
 
 }  // namespace desk

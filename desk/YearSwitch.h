@@ -15,12 +15,8 @@ class YearSwitch {
     Q_DECLARE_TR_FUNCTIONS(desk::YearSwitch)
 
   public:
-    struct Handlers {
-        std::function<void(const std::string& shortForm)> Switch;  // the user takes it
-        std::function<void()> Stay;
-    };
-
-    YearSwitch(Books& books, NoticeBar& notice, Handlers handlers);
+    // `take`: the user takes the year.
+    YearSwitch(Books& books, NoticeBar& notice, std::function<void(const std::string& shortForm)> take);
 
     void Ask(const std::string& shortForm);  // whether to make it the current one; not for the one in force
     // Where the flag of the current year was moved by another program: once for each year.
@@ -30,7 +26,7 @@ class YearSwitch {
   private:
     Books& books_;
     NoticeBar& notice_;
-    Handlers handlers_;
+    std::function<void(const std::string&)> take_;
     std::string told_;  // another year that the bar has told of
 };
 

@@ -500,6 +500,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Written: %1</source>
             <translation>Written: %1</translation>
         </message>
+        <message>
+            <source>%1 stands there already. Is it to be replaced?</source>
+            <translation>%1 stands there already. Is it to be replaced?</translation>
+        </message>
     </context>
     <context>
         <name>desk::Heads</name>
@@ -1020,6 +1024,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Leave</source>
             <translation>Leave</translation>
         </message>
+        <message>
+            <source>To the answers of a message</source>
+            <translation>To the answers of a message</translation>
+        </message>
     </context>
     <context>
         <name>desk::LedgersPage</name>
@@ -1061,6 +1069,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Why: %1. What to do: %2.</source>
             <translation>Why: %1. What to do: %2.</translation>
+        </message>
+        <message>
+            <source>Alt+0 goes to the answers</source>
+            <translation>Alt+0 goes to the answers</translation>
         </message>
     </context>
     <context>

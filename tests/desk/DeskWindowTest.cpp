@@ -141,6 +141,24 @@ TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {
     EXPECT_EQ(test::FreshBooks::One("Select Fnncl_Yr From Fnncl_Yr_Mstr Where Crrnt_Yr_Flg"), "2002-2003");
 }
 
+// Space would have gone to the year that another host has made the current one.
+TEST_F(DeskTest, AMessageThatComesByItselfLeavesTheKeysWhereTheyAre) {
+    books.Host().SetFinancialYear("2002-2003");
+    books.Host().SetGetFinancialYear("2001");
+    Start();
+    desk->Go("vouchers");
+    Press({"Ctrl+F", "'re"});
+    for (const char* const set : {"False Where Fnncl_Yr = '2001-2002'", "True Where Fnncl_Yr = '2002-2003'"})
+        test::FreshBooks::Run(std::string("Update Fnncl_Yr_Mstr Set Crrnt_Yr_Flg = ") + set);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Told().starts_with("The current year of these books"); }));
+    Press({"'nt "});
+    EXPECT_EQ(Child<QLineEdit>("words").text(), "rent ");
+    EXPECT_EQ(qm::shared().FinYear, "2001");
+    Press({"Alt+0", "Right", "Space"});  // Stay
+    EXPECT_EQ(Told(), "nothing");
+    EXPECT_EQ(desk->focusWidget(), &Child<QLineEdit>("words"));
+}
+
 // What a screen wrote into a file that was taken away would be lost.
 TEST_F(DeskTest, BooksThatAreReplacedBelowTheDeskAreToldAndOpenedByAKey) {
     Start();

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "core/DBCode.h"
 #include "desk/ImportPage.h"
 #include "tests/desk/BooksFixture.h"
 
@@ -93,6 +94,17 @@ TEST_F(ImportPageTest, EnterGoesFromAFaultToItsRowAndBackAndAMendedFileIsChecked
     Key(Qt::Key_Escape);
     Key(Qt::Key_Escape);
     EXPECT_EQ(Title(), "Books");
+}
+
+TEST_F(ImportPageTest, BooksThatWereTakenAwayMeanwhileGetNothing) {
+    StartOnBooks();
+    if (desk->Books().OnServer()) GTEST_SKIP() << "a server keeps its files to itself";
+    Do("Alt+L", {"'" + File("ledgers.csv", "name,group,opening,side\nHill,Debtors,1,D\n")});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Title() == "Import of ledgers"; }));
+    std::filesystem::rename(place + qm::BooksFile, folder / "away.mdb");
+    Do("Return", {});
+    Expect("were taken away or replaced while they were open");
+    EXPECT_EQ(test::FreshBooks::One("Select Sum(1) From Ledger_Master Where Name = 'Hill'"), "Null");
 }
 
 TEST_F(ImportPageTest, CancelOfALongImportWritesNothingAndItGoesAgain) {

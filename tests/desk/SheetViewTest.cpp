@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "desk/RowsView.h"
+#include "queries/GroupTree.h"
 #include "tests/desk/DeskFixture.h"
 
 namespace {
@@ -77,9 +78,33 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     EXPECT_EQ(Empty(), "This was not read to its end");
 }
 
+// Else a list that takes longer than the pause between two changes would show none of them.
+TEST_F(SheetViewTest, AnAnswerThatIsOnItsWayComesThoughTheBooksChangeMeanwhile) {
+    FillWithSample();
+    Start();
+    desk->Go("ledgers");
+    WaitForTotals("rows");
+    int answers = 0;
+    const auto asked = std::make_shared<std::atomic<int>>(0);
+    const auto ends = std::make_shared<std::atomic<bool>>(false);
+    Sheet().Filled = [&answers] { ++answers; };
+    Sheet().AskSlowly([asked, ends](queries::Reading& reading, desk::Worker::Job& job) {
+        ++*asked;
+        for (std::size_t step = 0; !*ends; ++step) job.Step(step);
+        return queries::GroupTreeSheet(reading);
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return *asked == 1; }));
+    for (int change = 0; change < 3; ++change) Key(Qt::Key_F5);
+    *ends = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answers == 2; })) << answers;
+    EXPECT_EQ(*asked, 2);
+}
+
 TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
     EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
               "M-s Rao- -North- -.xlsx");
+    const std::string longest(255, 'W');
+    EXPECT_EQ(desk::FileNameOf(longest, desk::SheetFile::Csv).toStdString(), longest.substr(0, 60) + ".csv");
 }
 
 TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {

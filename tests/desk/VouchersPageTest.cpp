@@ -16,6 +16,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/basic/Dates.h"
 #include "tests/desk/DeskFixture.h"
+#include "tests/desk/DialogUser.h"
 #include "vouchers/VoucherGrid.h"
 #include "vouchers/frmVoucher.h"
 
@@ -187,6 +188,13 @@ TEST_F(VouchersPageTest, TheLinesAndOneVoucherGoToPaperAndTheLinesToFiles) {
                  "C");  // a spreadsheet's figures bear a point in every language
     EXPECT_THAT(written(desk::SheetFile::Workbook, "a.xlsx"), testing::StartsWith("PK"));
     EXPECT_THAT(written(desk::SheetFile::Pdf, "a.pdf"), testing::StartsWith("%PDF"));
+    // A name that was typed without its end.
+    test::DialogUser user;
+    user.Will({"'" + (settings / "a").string(), "Escape"});
+    for (QAction* const action : desk->Shown()->findChildren<QAction*>())
+        if (action->text().startsWith("&CSV")) action->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return user.Done(); }));
+    EXPECT_THAT(user.Asked(), testing::EndsWith("a.csv stands there already. Is it to be replaced?"));
 }
 
 // The thread that writes files is held up as by a million lines.
