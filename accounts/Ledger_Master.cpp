@@ -89,14 +89,7 @@ ado::RecordsetPtr Ledger_Master::GetResultSet(const std::string& sql) {
 }
 
 void Ledger_Master::Wire() {
-    ucAddPanel& panel = *ui().ucAddPanel1;
-    panel.AddRec = [this] { ucAddPanel1_AddRec(); };
-    panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
-    panel.DelRec = [this] { ucAddPanel1_DelRec(); };
-    panel.FindRec = [this] { ucAddPanel1_FindRec(); };
-    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
-    panel.NextRec = [this] { ucAddPanel1_NextRec(); };
-    panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
+    ui().ucAddPanel1->Serve(*this);
     ui().Combo1->Click = [this] { Combo1_Click(); };
     ui().Combo1->Validate = [this](bool&) { Combo1_Validate(); };
     ui().Text2->Validate = [this](bool&) { Text2_Validate(); };

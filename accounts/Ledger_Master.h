@@ -6,13 +6,14 @@
 #include "core/LedgerRows.h"
 #include "platform/ado/Recordset.h"
 #include "platform/forms/Controls.h"
+#include "shell/ucAddPanel.h"
 #include "ui_Ledger_Master.h"
 
 namespace qm {
 
 // Adds, changes, deletes and pages through ledgers. Debtors and suppliers show a further frame of party
 // details.
-class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
+class Ledger_Master : public forms::FormOf<Ui::Ledger_Master>, private MasterScreen {
   public:
     // Shows the screen modally: on the ledger, or on the first one of the group, or, where there is no such
     // ledger or both are empty, ready for a new one.
@@ -41,13 +42,13 @@ class Ledger_Master : public forms::FormOf<Ui::Ledger_Master> {
     void Page(void (ado::Recordset::*move)(), bool (ado::Recordset::*beyond)() const, const char* atEnd,
               void (ado::Recordset::*back)());
 
-    void ucAddPanel1_AddRec();
-    void ucAddPanel1_UpdRec();
-    void ucAddPanel1_DelRec() { DeleteLedger(); }
-    void ucAddPanel1_FindRec();
-    void ucAddPanel1_CloseRec() { Unload(); }
-    void ucAddPanel1_NextRec();
-    void ucAddPanel1_PrevRec();
+    void ucAddPanel1_AddRec() override;
+    void ucAddPanel1_UpdRec() override;
+    void ucAddPanel1_DelRec() override { DeleteLedger(); }
+    void ucAddPanel1_FindRec() override;
+    void ucAddPanel1_CloseRec() override { Unload(); }
+    void ucAddPanel1_NextRec() override;
+    void ucAddPanel1_PrevRec() override;
     void txtLedgerId_Change() { ShowStockButton(); }
     void Combo1_Click() { ApplyGroupLayout(); }
     void Combo1_Validate();

@@ -124,6 +124,10 @@ class Visitor {
     void Go(const std::string& page) {
         Step("page " + page, [&] { desk_->Go(QString::fromStdString(page)); });
     }
+    // As it is when another program has written.
+    void Again(const std::string& name) {
+        Step(name, [&] { desk_->Shown()->Refresh(); });
+    }
     void Turn(const std::string& name, int tab) {
         Step(name, [&] { dynamic_cast<desk::TabPage&>(*desk_->Shown()).Turn(tab); });
     }
@@ -183,6 +187,7 @@ int VisitDesk(const std::string& folder) {
     visitor.Step("page statement",
                  [&] { visitor.Desk().Push(new desk::StatementPage(visitor.Desk(), Busy, "Ledger 1000")); });
     visitor.Scroll("statement");
+    visitor.Sort("sort statement by particulars", 3);
     visitor.Go("results");
     visitor.Turn("page trading", 1);
     visitor.Choose("long trading by month", "beside", 2);
@@ -191,7 +196,16 @@ int VisitDesk(const std::string& folder) {
     visitor.Turn("page movements", 1);
     visitor.Scroll("movements");
     visitor.Sort("sort movements by name", 4);
+    visitor.Again("movements by name, asked again");
     visitor.Go("overview");
+    visitor.Again("overview, asked again");
+    visitor.Step("check", [&] {
+        visitor.Desk().Books().Check().Run(*visitor.Desk().Shown(), [](const std::exception_ptr&) {});
+    });
+    visitor.Go("vouchers");
+    visitor.Sort("sort vouchers by credit", 5);
+    visitor.Sort("sort vouchers by ledger", 3);
+    visitor.Sort("sort vouchers by narration", 6);
     return 0;
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 
 #include "core/SiblingLibrary.h"
+#include "core/modGeneral.h"
+#include "platform/ado/Maintenance.h"
 
 namespace qm {
 namespace {
@@ -48,6 +50,10 @@ void CopyVoucher(std::int32_t number) {
     auto* copy = Library().Need<void(std::int32_t)>("qmCopyVoucher");
     LoadScreens();
     copy(number);
+}
+
+void ForgetPages() {
+    ado::ForgetPages(Conn());
 }
 
 void WritePictures(const std::string& folder) {

@@ -27,6 +27,10 @@ void OpenScreen(const std::string& form, const std::string& record = {});
 // until the user saves. Raises as above.
 void CopyVoucher(std::int32_t number);
 
+// Gives back the memory in which pages of the books are kept, once a screen that may have read many is
+// closed.
+void ForgetPages();
+
 // Write pictures of all screens, and the reports as PDF and text files, of the books that are open; no
 // display is needed. Raise what opening and writing raise (see screens/Pictures.h, screens/ReportFiles.h).
 void WritePictures(const std::string& folder);

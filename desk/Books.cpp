@@ -16,8 +16,8 @@ namespace {
 constexpr std::int32_t FileNotFound = 53;
 
 // KB of the file in memory: to show and to write, the pages around the rows that are looked at; in the
-// background, more than one walk through an index needs, which is read anew each time all the same.
-constexpr int KeptToShow = 4096, KeptToWatch = 512, KeptInBackground = 8192;
+// background, what one walk through an index and its table needs, of which the next would find nothing.
+constexpr int KeptToShow = 2048, KeptToWatch = 512, KeptInBackground = 2048;
 
 bool IsServer(const std::string& address) {
     return address.starts_with("postgresql://") || address.starts_with("postgres://");

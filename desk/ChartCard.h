@@ -27,9 +27,10 @@ class ChartCard : public QFrame {
 
     // The chart and, where it is turned, its twin.
     void Set(ChartData drawn, std::shared_ptr<const queries::Sheet> twin);
+    // What the card is made of, whichever side is turned up.
     ChartView& Chart() const { return *chart_; }
     SheetView& Table() const { return *table_; }
-    void Turn();
+    void Turn();  // to the table, or back to the chart; the focus goes along
 
   private:
     void Tell();

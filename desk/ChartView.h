@@ -30,6 +30,7 @@ class ChartView : public QChartView {
     Q_DECLARE_TR_FUNCTIONS(desk::ChartView)
 
   public:
+    // One figure: its place along the bottom, and its series.
     struct Place {
         std::size_t Point = 0, Line = 0;
         friend bool operator==(const Place&, const Place&) = default;
@@ -37,12 +38,13 @@ class ChartView : public QChartView {
 
     explicit ChartView(QWidget* parent);
 
-    void Set(ChartData drawn);
+    void Set(ChartData drawn);  // the mark stays in its place, where there is a figure
     const ChartData& Data() const { return data_; }
+    // The marked figure; one is marked only where it is drawn.
     Place Marked() const { return marked_; }
     void Mark(Place place);
-    QString MarkedText() const;  // "April 2001, Sales: 1,20,000.00"
-    QColor ColourOf(std::size_t line) const;
+    QString MarkedText() const;               // "April 2001, Sales: 1,20,000.00"
+    QColor ColourOf(std::size_t line) const;  // of a series, as the legend shows it
 
     std::function<void(Place)> Activated;  // Enter, a space or a click on a figure
     std::function<void()> Moved;           // another figure is marked

@@ -27,10 +27,11 @@ class Chip : public AtOnce<QToolButton> {
 // A chip with a few choices, of which the first narrows nothing.
 class ChoiceChip : public Chip {
   public:
+    // `changed` hears of each choice of the user.
     ChoiceChip(const QString& name, const QString& caption, QStringList choices,
                std::function<void()> changed);
-    int Choice() const { return choice_; }
-    void Choose(int choice);
+    int Choice() const { return choice_; }             // by its place
+    void Choose(int choice);                           // from elsewhere: nobody hears of it
     void Forbid(int choice) { forbidden_ << choice; }  // it stands greyed
 
   private:

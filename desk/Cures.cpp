@@ -43,7 +43,8 @@ std::vector<QRegularExpression> Patterns(const QString& cell) {
 // Marks of the document's own writing, which no reader of a bar wants to see.
 QString Plain(QString text) {
     static const QRegularExpression link("\\[([^\\]]*)\\]\\([^)]*\\)");
-    return text.replace(link, "\\1").remove('`');
+    static const QRegularExpression source(" \\(sources? [^)]*\\)");
+    return text.replace(link, "\\1").remove(source).remove('`');
 }
 
 // Of the tables that have a text, a cause and a cure, with a number before them or without.

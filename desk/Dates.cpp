@@ -3,6 +3,9 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include "core/Masks.h"
+#include "platform/basic/Format.h"
+
 namespace desk {
 
 QDate ToQt(basic::Date date) {
@@ -26,7 +29,7 @@ QString MonthText(basic::Date day) {
 }
 
 QString DayText(basic::Date day) {
-    return QLocale(QLocale::English).toString(ToQt(day), "dd-MMM-yyyy");
+    return QString::fromStdString(basic::Format(day, qm::DateMask));
 }
 
 QString RangeText(const queries::Range& days, const queries::Range& year) {

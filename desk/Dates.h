@@ -9,6 +9,7 @@
 
 namespace desk {
 
+// The same day in the toolkit's type, and back.
 QDate ToQt(basic::Date date);
 basic::Date FromQt(const QDate& date);
 

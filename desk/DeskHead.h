@@ -31,7 +31,7 @@ class DeskHead : public QFrame {
 
     void ShowBooks(Books& books);  // anew: name, place, years; empty where none are open
     SearchField& Search() { return *search_; }
-    QMenu& Menu() { return *menu_; }
+    QMenu& Menu() { return *menu_; }  // empty at first
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -219,7 +219,11 @@ void DeskWindow::InScreen(const std::function<void()>& open) {
         TellLost(error);  // what a screen wrote would go where nobody looks for it
         return notice_->TakeFocus();
     }
-    Try(open) ? watch_.LookNow() : watch_.Look();  // where a server is gone, the user has waited once
+    const bool done = Try([&] {
+        open();
+        qm::ForgetPages();
+    });
+    done ? watch_.LookNow() : watch_.Look();  // where a server is gone, the user has waited once
     activateWindow();
     pages_->TakeFocus();
 }

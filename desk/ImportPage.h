@@ -25,7 +25,7 @@ class ImportPage : public Page {
     // Checks the file, which the user may cancel, and shows it. Raises for one that cannot be read.
     static void Open(Desk& desk, const host::IncomingFile::Source& source);
 
-    ImportPage(Desk& desk, FilePtr file);
+    ImportPage(Desk& desk, FilePtr file);  // of a checked file
     QString Chapter() const override { return "Moving in"; }
 
   private:

@@ -1,11 +1,7 @@
 #include "desk/ItemPage.h"
 
-#include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QVBoxLayout>
 #include <string>
-
-#include "desk/SheetView.h"
 
 namespace desk {
 namespace {
@@ -46,24 +42,16 @@ void AskForMovements(SheetView& view, const queries::MovementFilter& filter) {
     });
 }
 
-ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name)
-    : Page(desk, name), view_(new SheetView(desk, "item")) {
+ItemPage::ItemPage(Desk& desk, std::int32_t item, const QString& name) : SheetPage(desk, name, "item") {
     SetSubtitle(tr("Receipts and issues, with the stock behind each"));
-    view_->Columns().HideAtFirst({"item", "name"});
-    ShowMovements(desk, *view_);
-    view_->SetEmpty(tr("This item has not moved in this year"),
+    View().Columns().HideAtFirst({"item", "name"});
+    ShowMovements(desk, View());
+    View().SetEmpty(tr("This item has not moved in this year"),
                     tr("F6 enters a receipt of goods, F7 an issue."));
     AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M),
               [this, item] { this->desk().OpenScreen("ItemMaster", std::to_string(item)); });
-    AddToHead(view_->Buttons());
-    Body().addWidget(view_);
-    view_->View().setAccessibleName(Title());
-    SetFirstFocus(view_);
-    AskForMovements(*view_, {.item = item});
-}
-
-void ItemPage::Refresh() {
-    view_->Refresh();
+    AddView();
+    AskForMovements(View(), {.item = item});
 }
 
 }  // namespace desk

@@ -37,7 +37,7 @@ class JobBar : public QWidget {
     // asked anew at each change, while another program posts, none would ever come to an end.
     void RunNext(Desk& desk, const QString& what, std::function<void(queries::Reading&, Worker::Job&)> work,
                  std::function<void()> then, std::function<void()> without = {});
-    void Cancel();               // what waits, too
+    void Cancel();               // what runs and what waits; neither of its ends is called
     std::function<void()> Left;  // it hides while the focus is on it: gives the focus to what is worked with
     bool Running() const { return job_ != nullptr; }  // or waits for the one before it
 

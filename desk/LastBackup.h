@@ -12,6 +12,7 @@ struct LastBackup {
     QString File, Figures;  // "142 lines of vouchers, debit 9,12,000.00"
     QDateTime At;
 
+    // Of the books at an address, in place of what was kept before.
     static std::optional<LastBackup> Of(const std::string& address);
     void Keep(const std::string& address) const;
 };

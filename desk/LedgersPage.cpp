@@ -1,12 +1,9 @@
 #include "desk/LedgersPage.h"
 
-#include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QVBoxLayout>
 #include <string>
 
 #include "desk/Books.h"
-#include "desk/SheetView.h"
 #include "desk/StatementPage.h"
 #include "queries/GroupTree.h"
 
@@ -21,39 +18,31 @@ const queries::TreeRow& RowOf(const queries::Sheet& sheet, std::size_t row) {
 
 }  // namespace
 
-LedgersPage::LedgersPage(Desk& desk)
-    : Page(desk, tr("Ledgers")), view_(new SheetView(desk, "ledgers", SheetView::Shape::Tree)) {
+LedgersPage::LedgersPage(Desk& desk) : SheetPage(desk, tr("Ledgers"), "ledgers", SheetView::Shape::Tree) {
     SetSubtitle(tr("%1; balances are in debit, with a minus in credit")
                     .arg(QString::fromStdString(desk.Books().Reading().LongYear())));
-    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    View().Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         const queries::TreeRow& line = RowOf(sheet, row);
         return QVariant(line.ledger > 0 ? QString::number(line.ledger) : QString::fromStdString(line.name));
     };
-    view_->Activated = [this](std::size_t row) { Activate(row); };
-    view_->SetEmpty(tr("There are no ledgers yet"), tr("The Ledger Master adds them: F4."));
+    View().Activated = [this](std::size_t row) { Activate(row); };
+    View().SetEmpty(tr("There are no ledgers yet"), tr("The Ledger Master adds them: F4."));
     AddAction(tr("New"), QKeySequence(Qt::Key_Insert), [this] { this->desk().OpenScreen("Ledger_Master"); });
     AddAction(tr("Change"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] {
-        const auto row = view_->Current();
+        const auto row = View().Current();
         if (!row) return;
-        const queries::TreeRow line = RowOf(*view_->Sheet(), *row);
+        const queries::TreeRow line = RowOf(*View().Sheet(), *row);
         if (line.ledger > 0) this->desk().OpenScreen("Ledger_Master", std::to_string(line.ledger));
     });
-    AddToHead(view_->Buttons());
-    Body().addWidget(view_);
-    view_->View().setAccessibleName(Title());
-    SetFirstFocus(view_);
-    view_->AskSlowly([](queries::Reading& books) { return queries::GroupTreeSheet(books); });
-}
-
-void LedgersPage::Refresh() {
-    view_->Refresh();
+    AddView();
+    View().AskSlowly([](queries::Reading& books) { return queries::GroupTreeSheet(books); });
 }
 
 void LedgersPage::Activate(std::size_t row) {
-    const queries::TreeRow line = RowOf(*view_->Sheet(), row);
+    const queries::TreeRow line = RowOf(*View().Sheet(), row);
     if (line.ledger > 0)
         return desk().Push(new StatementPage(desk(), line.ledger, QString::fromStdString(line.name)));
-    view_->Toggle();
+    View().Toggle();
 }
 
 }  // namespace desk

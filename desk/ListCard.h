@@ -13,12 +13,13 @@ class ListCard : public QFrame {
   public:
     struct Contents {
         QString Name, Title, Caption;  // under which the columns are kept; of the card; of the button
-        QString Empty, EmptyText;
-        std::function<void(const queries::Sheet&, std::size_t row)> Activated;
-        std::function<void()> All;
+        QString Empty, EmptyText;      // where there are no rows: why, and what to do
+        std::function<void(const queries::Sheet&, std::size_t row)> Activated;  // Enter on a row
+        std::function<void()> All;                                              // the button
     };
 
     ListCard(Desk& desk, Contents contents);
+    // Other rows; the card stays on the one that it stands on.
     void Set(std::shared_ptr<const queries::Sheet> sheet);
     SheetView& View() const { return *view_; }
 

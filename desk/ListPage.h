@@ -2,13 +2,12 @@
 
 #include <functional>
 
-#include "desk/Page.h"
-#include "desk/SheetView.h"
+#include "desk/SheetPage.h"
 
 namespace desk {
 
 // One list on a page of its own, such as what stands behind a bar of a chart.
-class ListPage : public Page {
+class ListPage : public SheetPage {
   public:
     struct Contents {
         QString Name;  // under which the choice of columns is kept
@@ -20,11 +19,9 @@ class ListPage : public Page {
 
     ListPage(Desk& desk, Contents contents);
     QString Chapter() const override { return chapter_; }
-    void Refresh() override { view_->Refresh(); }
 
   private:
     QString chapter_;
-    SheetView* view_;
 };
 
 }  // namespace desk

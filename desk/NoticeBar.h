@@ -20,7 +20,7 @@ class NoticeBar : public QFrame {
 
   public:
     struct Answer {
-        QString Caption;
+        QString Caption;            // of its button
         std::function<void()> Act;  // after the bar has closed
     };
     enum class Kind { Note, Fault };

@@ -49,7 +49,8 @@ std::unique_ptr<queries::SheetOf<AgeRow>> AgesOf(const std::vector<queries::Part
 
 // A year made without stock has no tables of it.
 std::unique_ptr<queries::SheetOf<queries::ItemRow>> ItemsOf(queries::Reading& books) {
-    if (queries::HasStock(books)) return queries::ItemsSheet(books);
+    if (queries::HasStock(books))
+        return queries::ItemsSheet(books, {}, queries::ItemStock::Any, queries::ByMovements::LeftOut);
     return std::make_unique<queries::SheetOf<queries::ItemRow>>(
         "Items", std::vector<queries::Filled<queries::ItemRow>>(), std::vector<queries::ItemRow>());
 }

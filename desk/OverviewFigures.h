@@ -26,12 +26,13 @@ struct OverviewFigures {
     std::shared_ptr<const queries::SheetOf<queries::ItemRow>> Items;
     std::shared_ptr<const queries::SheetOf<AgeRow>> Ages;
 
+    // Raises what reading raises.
     static std::shared_ptr<const OverviewFigures> Read(queries::Reading& books);
 
-    ChartData MoneyChart() const;
-    ChartData TradeChart() const;
-    ChartData PaidChart() const;
-    ChartData AgesChart() const;
+    ChartData MoneyChart() const;  // cash and bank at the end of each month
+    ChartData TradeChart() const;  // sales and purchases
+    ChartData PaidChart() const;   // receipts and payments
+    ChartData AgesChart() const;   // owed and owing
 
     // The tables of two charts.
     std::shared_ptr<const ShownSheet> Trade() const;

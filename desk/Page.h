@@ -18,7 +18,7 @@ class Page : public QWidget {
   public:
     Page(Desk& desk, const QString& title);
 
-    QString Title() const;
+    QString Title() const;                          // as the head has it
     virtual QString Chapter() const { return {}; }  // of the manual, which F1 opens there; "" its first
     virtual void Refresh() {}                       // the books have changed, or the year
     void TakeFocus();                               // to where it was when the page was left

@@ -14,6 +14,7 @@ class PeriodChip : public Chip {
     Q_DECLARE_TR_FUNCTIONS(desk::PeriodChip)
 
   public:
+    // `changed` hears of each choice of the user.
     PeriodChip(const queries::Range& year, std::function<void()> changed);
     const queries::Range& Days() const { return days_; }
     void Set(const queries::Range& days);  // nobody hears of it

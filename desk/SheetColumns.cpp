@@ -173,6 +173,7 @@ void SheetColumns::FillMenu(QMenu& menu) {
             }
             Fit();
             Keep();
+            if (on && Showed) Showed();
         });
     }
     menu.addSeparator();
@@ -185,6 +186,10 @@ std::vector<std::size_t> SheetColumns::Chosen() const {
         if (const int section = header_.logicalIndex(place); !header_.isSectionHidden(section))
             chosen.push_back(static_cast<std::size_t>(section));
     return chosen;
+}
+
+bool SheetColumns::Shows(std::string_view name) const {
+    return std::ranges::any_of(Chosen(), [&](std::size_t column) { return columns_[column].name == name; });
 }
 
 }  // namespace desk

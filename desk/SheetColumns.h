@@ -3,7 +3,9 @@
 #include <QCoreApplication>
 #include <QObject>
 #include <QString>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -31,6 +33,8 @@ class SheetColumns : public QObject {
     void Fit();                                         // to the room, where the user has not sized them
     void FillMenu(QMenu& menu);               // a line for each column, and one that forgets all choices
     std::vector<std::size_t> Chosen() const;  // those that are shown, from left to right
+    bool Shows(std::string_view name) const;
+    std::function<void()> Showed;  // one that was hidden, because the user chose it
 
   private:
     QString Key() const;

@@ -3,66 +3,88 @@
 #include <QCollator>
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <numeric>
 #include <string>
 #include <unordered_map>
 #include <utility>
 
-#include "queries/sheets/Cell.h"
+#include "queries/TextPlaces.h"
 
 namespace desk {
 namespace {
 
 using Row = std::uint32_t;
 
-// What rows are compared by: figures, and of texts their places among those that occur.
-struct Keys {
-    std::vector<double> Figures;
-    std::vector<bool> Empty;
-};
+// The key of an empty cell, which no other bears.
+template <class Key>
+constexpr Key None = std::numeric_limits<Key>::max();
 
-// Each text is compared and kept once, however many rows bear it.
-class Texts {
-  public:
-    double NumberOf(const std::string& text) {
-        return numbers_.try_emplace(text, static_cast<double>(numbers_.size())).first->second;
+using Step = std::function<void(std::size_t row)>;
+
+std::vector<Row> PlacesOf(const queries::Sheet& sheet, std::size_t column, const Step& step) {
+    std::vector<Row> keys(sheet.Rows());
+    queries::TextPlaces texts;
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        if (step) step(row);
+        const std::string text = basic::TextOrEmpty(sheet.At(row, column));
+        keys[row] = text.empty() ? None<Row> : texts.NumberOf(text);
     }
-    // From the number that a text got as it was met to its place in the order of the language.
-    void Rank(std::vector<double>& numbers) const {
-        QCollator language;
-        language.setCaseSensitivity(Qt::CaseInsensitive);
-        language.setNumericMode(true);
-        std::vector<std::pair<QCollatorSortKey, double>> order;
-        for (const auto& [text, number] : numbers_)
-            order.emplace_back(language.sortKey(QString::fromStdString(text)), number);
-        std::sort(order.begin(), order.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-        std::vector<double> places(order.size());
-        for (std::size_t at = 0; at < order.size(); ++at) {
-            const bool equal = at > 0 && !(order[at - 1].first < order[at].first);
-            places[static_cast<std::size_t>(order[at].second)] =
-                equal ? places[static_cast<std::size_t>(order[at - 1].second)] : static_cast<double>(at);
-        }
-        for (double& number : numbers) number = places[static_cast<std::size_t>(number)];
-    }
+    QCollator language;
+    language.setCaseSensitivity(Qt::CaseInsensitive);
+    language.setNumericMode(true);
+    const std::vector<Row> places =
+        texts.Places([&](const std::string& text) { return language.sortKey(QString::fromStdString(text)); });
+    for (Row& key : keys)
+        if (key != None<Row>) key = places[key];
+    return keys;
+}
 
-  private:
-    std::unordered_map<std::string, double> numbers_;
-};
-
-Keys KeysOf(const queries::Sheet& sheet, std::size_t column, const std::function<void(std::size_t)>& step) {
-    Keys keys;
-    Texts texts;
-    const bool isText = sheet.Columns()[column].kind == queries::Kind::Text;
-    keys.Figures.reserve(sheet.Rows());
-    for (std::size_t row = 0; row < sheet.Rows(); ++row) {
+std::vector<double> FiguresOf(const queries::Sheet& sheet, std::size_t column, const Step& step) {
+    std::vector<double> keys(sheet.Rows());
+    for (std::size_t row = 0; row < keys.size(); ++row) {
         if (step) step(row);
         const basic::Value value = sheet.At(row, column);
-        const std::string text = isText ? basic::TextOrEmpty(value) : "";
-        keys.Empty.push_back(isText ? text.empty() : value.IsNull());
-        keys.Figures.push_back(isText ? texts.NumberOf(text) : value.IsNull() ? 0 : basic::ToDouble(value));
+        keys[row] = value.IsNull() ? None<double> : basic::ToDouble(value);
     }
-    if (isText) texts.Rank(keys.Figures);
     return keys;
+}
+
+// Those of equal keys as they stand.
+template <class Key>
+void Sort(std::vector<Row>& rows, const std::vector<Key>& keys, bool descending) {
+    std::sort(rows.begin(), rows.end(), [&](Row a, Row b) {
+        if (keys[a] == keys[b]) return a < b;
+        if (keys[a] == None<Key> || keys[b] == None<Key>) return keys[b] == None<Key>;
+        return descending ? keys[b] < keys[a] : keys[a] < keys[b];
+    });
+}
+
+template <class Key>
+ShownSheet::Order Ordered(const queries::Sheet& sheet, const std::vector<Key>& keys, bool descending) {
+    // Those right below each head; those of no head first.
+    std::vector<Row> top, heads;
+    std::unordered_map<Row, std::vector<Row>> below;
+    for (Row row = 0; row < keys.size(); ++row) {
+        const auto level = static_cast<std::size_t>(sheet.Level(row));
+        heads.resize(std::min(heads.size(), level));
+        (heads.empty() ? top : below[heads.back()]).push_back(row);
+        heads.push_back(row);
+    }
+    Sort(top, keys, descending);
+    if (below.empty()) return top;
+    ShownSheet::Order order;
+    const std::function<void(std::vector<Row>&)> take = [&](std::vector<Row>& siblings) {
+        for (const Row row : siblings) {
+            order.push_back(row);
+            if (const auto under = below.find(row); under != below.end()) {
+                Sort(under->second, keys, descending);
+                take(under->second);
+            }
+        }
+    };
+    take(top);
+    return order;
 }
 
 }  // namespace
@@ -87,32 +109,9 @@ std::size_t ShownSheet::ShownRow(std::size_t row) const {
 
 ShownSheet::Order OrderBy(const queries::Sheet& sheet, std::size_t column, bool descending,
                           const std::function<void(std::size_t row)>& step) {
-    const Keys keys = KeysOf(sheet, column, step);
-    const auto before = [&](Row a, Row b) {
-        if (keys.Empty[a] || keys.Empty[b]) return !keys.Empty[a] && keys.Empty[b];
-        return descending ? keys.Figures[b] < keys.Figures[a] : keys.Figures[a] < keys.Figures[b];
-    };
-    const Row rows = static_cast<Row>(sheet.Rows());
-    // Those right below each head; those of no head first.
-    std::vector<Row> top, heads;
-    std::unordered_map<Row, std::vector<Row>> below;
-    for (Row row = 0; row < rows; ++row) {
-        const auto level = static_cast<std::size_t>(sheet.Level(row));
-        heads.resize(std::min(heads.size(), level));
-        (heads.empty() ? top : below[heads.back()]).push_back(row);
-        heads.push_back(row);
-    }
-    ShownSheet::Order order;
-    order.reserve(rows);
-    const std::function<void(std::vector<Row>&)> take = [&](std::vector<Row>& siblings) {
-        std::stable_sort(siblings.begin(), siblings.end(), before);
-        for (const Row row : siblings) {
-            order.push_back(row);
-            if (const auto under = below.find(row); under != below.end()) take(under->second);
-        }
-    };
-    take(top);
-    return order;
+    if (sheet.Columns()[column].kind == queries::Kind::Text)
+        return Ordered(sheet, PlacesOf(sheet, column, step), descending);
+    return Ordered(sheet, FiguresOf(sheet, column, step), descending);
 }
 
 }  // namespace desk

@@ -1,13 +1,10 @@
 #include "desk/StatementPage.h"
 
-#include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QVBoxLayout>
 #include <utility>
 
 #include "desk/Books.h"
 #include "desk/Figures.h"
-#include "desk/SheetView.h"
 #include "queries/LedgerLines.h"
 
 namespace desk {
@@ -26,39 +23,32 @@ queries::LedgerLines& SourceOf(const queries::Sheet& sheet) {
 
 StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& name,
                              const queries::Range& range)
-    : Page(desk, name), view_(new SheetView(desk, "statement")) {
-    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    : SheetPage(desk, name, "statement") {
+    View().Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
-    view_->Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+    View().Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
         return SourceOf(sheet).PlaceOf(key.toLongLong());
     };
-    view_->Activated = [this](std::size_t row) { Activate(row); };
-    view_->Filled = [this] { ShowTotals(); };
-    AddToHead(view_->Buttons());
-    Body().addWidget(view_);
-    view_->View().setAccessibleName(Title());
-    SetFirstFocus(view_);
-    view_->Ask(
+    View().Activated = [this](std::size_t row) { Activate(row); };
+    View().Filled = [this] { ShowTotals(); };
+    AddView();
+    View().Ask(
         [ledger, range](queries::Reading& books) { return queries::ListLedger(books, ledger, range); });
 }
 
-void StatementPage::Refresh() {
-    view_->Refresh();
-}
-
 void StatementPage::Activate(std::size_t row) {
-    if (const std::int32_t number = LineOf(*view_->Sheet(), row).number; number > 0)
+    if (const std::int32_t number = LineOf(*View().Sheet(), row).number; number > 0)
         desk().OpenScreen("frmVoucher", std::to_string(number));
 }
 
 void StatementPage::ShowTotals() {
-    const queries::LedgerLines& lines = SourceOf(*view_->Sheet());
+    const queries::LedgerLines& lines = SourceOf(*View().Sheet());
     SetSubtitle(tr("%1; closing balance %2")
-                    .arg(QString::fromStdString(view_->Sheet()->Title()).section(", ", -1),
+                    .arg(QString::fromStdString(View().Sheet()->Title()).section(", ", -1),
                          AmountText(lines.Closing())));
-    const auto count = SourceOf(*view_->Sheet()).Count() - 1;
-    view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(count)), {{},
+    const auto count = SourceOf(*View().Sheet()).Count() - 1;
+    View().SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(count)), {{},
                                                                            {},
                                                                            {},
                                                                            {},

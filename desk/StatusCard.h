@@ -13,7 +13,7 @@ class StatusCard : public QFrame {
   public:
     StatusCard(const QString& title, const QString& name);
 
-    void Say(const QString& text, bool fault = false);
+    void Say(const QString& text, bool fault = false);  // in place of what it said before
     // The first is the main one.
     QPushButton& AddButton(const QString& caption, std::function<void()> act);
     QString Text() const;

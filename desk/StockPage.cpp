@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QLineEdit>
+#include <atomic>
+#include <memory>
 
 #include "desk/Books.h"
 #include "desk/ItemPage.h"
@@ -68,13 +70,20 @@ void StockPage::AddFilters() {
 }
 
 void StockPage::AddItems() {
-    SheetView& view = AddTab(tr("&Items"), "items", SheetView::Shape::Table, [this](SheetView& of) {
+    const auto moved = std::make_shared<std::atomic<queries::ByMovements>>(queries::ByMovements::LeftOut);
+    SheetView& view = AddTab(tr("&Items"), "items", SheetView::Shape::Table, [this, moved](SheetView& of) {
         const auto stock = static_cast<queries::ItemStock>(stock_->Choice());
-        of.AskSlowly([words = Words(), stock](queries::Reading& books) {
-            return queries::ItemsSheet(books, words, stock);
+        of.AskSlowly([words = Words(), stock, moved](queries::Reading& books) {
+            return queries::ItemsSheet(books, words, stock, *moved);
         });
     });
     view.Columns().HideAtFirst({"item", "type", "by_movements"});
+    // The walk over all movements is for who looks at what they add up to.
+    view.Columns().Showed = view.Filled = [moved, &view] {
+        if (*moved == queries::ByMovements::AddedUp || !view.Columns().Shows("by_movements")) return;
+        *moved = queries::ByMovements::AddedUp;
+        view.Refresh();
+    };
     FindBy<queries::ItemRow>(view, [](const queries::ItemRow& row) { return std::to_string(row.id); });
     view.Activated = [this, &view](std::size_t row) {
         const auto item = RowOf<queries::ItemRow>(view, row);

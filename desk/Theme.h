@@ -20,10 +20,11 @@ class Theme {
   public:
     enum class Choice { System, Light, Dark };
 
-    static Choice Chosen();  // kept for the user
+    // Kept for the user; a choice shows with the next Apply.
+    static Choice Chosen();
     static void Choose(Choice choice);
 
-    static const Colours& Now();
+    static const Colours& Now();  // those of the look in force
     // Gives a window its palette, its style sheet and its font; called again when the system's colours
     // change.
     static void Apply(QWidget& window);

@@ -35,8 +35,8 @@ class VoucherChips : public QWidget {
     const queries::VoucherFilter& Filter() const { return filter_; }
     // From elsewhere; the chip of the ledger shows its name, or that of the filter's group.
     void Set(const queries::VoucherFilter& filter, const QString& ledger = {});
-    void Clear();
-    bool Any() const;
+    void Clear();          // who hears of changes hears of it
+    bool Any() const;      // whether anything narrows
     QString Text() const;  // all that narrows, "April 2001, Receipt"
 
   private:

@@ -1,6 +1,5 @@
 #include "desk/VouchersPage.h"
 
-#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,7 +9,6 @@
 #include "desk/Books.h"
 #include "desk/Dates.h"
 #include "desk/Figures.h"
-#include "desk/SheetView.h"
 #include "desk/VoucherChips.h"
 #include "queries/Ledgers.h"
 
@@ -38,7 +36,7 @@ std::vector<VoucherChips::Ledger> LedgersOf(queries::Reading& books) {
 
 }  // namespace
 
-VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new SheetView(desk, "vouchers")) {
+VouchersPage::VouchersPage(Desk& desk) : SheetPage(desk, tr("Vouchers"), "vouchers") {
     queries::Reading& books = desk.Books().Reading();
     chips_ = new VoucherChips(
         {books.FirstDay(), books.LastDay()},
@@ -48,26 +46,24 @@ VouchersPage::VouchersPage(Desk& desk) : Page(desk, tr("Vouchers")), view_(new S
             return ledgers;
         },
         [this] { Ask(); });
-    view_->Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
+    View().Keeper().KeyOf = [](const queries::Sheet& sheet, std::size_t row) {
         return QVariant(qlonglong(LineOf(sheet, row).key));
     };
-    view_->Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
+    View().Keeper().PlaceOf = [](const queries::Sheet& sheet, const QVariant& key) {
         return static_cast<const queries::VouchersSheet&>(sheet).Source().PlaceOf(key.toLongLong());
     };
-    view_->Activated = [this](std::size_t) {
+    View().Activated = [this](std::size_t) {
         this->desk().OpenScreen("frmVoucher", std::to_string(Number()));
     };
-    view_->SortBy = [this](std::size_t column, bool descending) {
+    View().SortBy = [this](std::size_t column, bool descending) {
         order_ = Orders[column];
         descending_ = descending;
         Ask();
     };
-    view_->Filled = [this] { Sum(); };
+    View().Filled = [this] { Sum(); };
     AddActions();
     Body().addWidget(chips_);
-    Body().addWidget(view_);
-    view_->View().setAccessibleName(Title());
-    SetFirstFocus(view_);
+    AddView();
     Ask();
 }
 
@@ -78,12 +74,7 @@ void VouchersPage::AddActions() {
     });
     AddAction(tr("Print voucher"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
               [this] { PrintVoucher(); });
-    AddToHead(view_->Buttons());
     AddKey(QKeySequence::Find, [this] { chips_->findChild<QLineEdit*>("words")->setFocus(); });
-}
-
-void VouchersPage::Refresh() {
-    view_->Refresh();
 }
 
 void VouchersPage::Narrow(const queries::VoucherFilter& filter, const QString& ledger) {
@@ -91,24 +82,24 @@ void VouchersPage::Narrow(const queries::VoucherFilter& filter, const QString& l
 }
 
 std::int32_t VouchersPage::Number() const {
-    const auto row = view_->Current();
-    return row ? LineOf(*view_->Sheet(), *row).number : 0;
+    const auto row = View().Current();
+    return row ? LineOf(*View().Sheet(), *row).number : 0;
 }
 
 void VouchersPage::Ask() {
     isNew_ = true;
     if (chips_->Any())
-        view_->SetEmpty(
+        View().SetEmpty(
             tr("No line fits"),
             tr("Nothing of this year is %1. Show all takes the filters away.").arg(chips_->Text()));
     else
-        view_->SetEmpty(tr("No vouchers yet"), tr("F2 enters the first."));
+        View().SetEmpty(tr("No vouchers yet"), tr("F2 enters the first."));
     const queries::VoucherFilter filter = chips_->Filter();
     const auto list = [filter, order = order_, down = descending_](queries::Reading& books) {
         return queries::ListVouchers(books, filter, order, down);
     };
-    if (queries::IsQuick(filter, order_)) return view_->Ask(list);
-    view_->AskSlowly([list](queries::Reading& books) {
+    if (queries::IsQuick(filter, order_)) return View().Ask(list);
+    View().AskSlowly([list](queries::Reading& books) {
         auto lines = list(books);
         lines->Source().Settle();
         return lines;
@@ -128,26 +119,26 @@ void VouchersPage::PrintVoucher() {
                        .arg(number)
                        .arg(first.date ? RangeText({first.date, first.date}, {}) : QString())
                        .toStdString());
-    view_->Print(paper);
+    View().Print(paper);
 }
 
 // A million lines are counted and summed while the first of them are read.
 void VouchersPage::Sum() {
     const auto sums = std::make_shared<queries::VoucherSums>();
     if (std::exchange(isNew_, false))
-        view_->SetTotals(tr("Adding up\u2026"), {});
+        View().SetTotals(tr("Adding up\u2026"), {});
     else
-        view_->KeepTotals();  // those from before stand until the new ones come
-    view_->InBackground(
+        View().KeepTotals();  // those from before stand until the new ones come
+    View().InBackground(
         tr("Adding up\u2026"),
         [sums, filter = chips_->Filter()](queries::Reading& books, Worker::Job&) {
             *sums = queries::SumVouchers(books, filter);
         },
         [this, sums] {
-            view_->SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
+            View().SetTotals(tr("%Ln line(s)", nullptr, static_cast<int>(sums->lines)),
                              {{}, {}, {}, {}, AmountText(sums->debit), AmountText(sums->credit), {}});
         },
-        [this] { view_->SetTotals(tr("Not added up: F5 tries again"), {}); });
+        [this] { View().SetTotals(tr("Not added up: F5 tries again"), {}); });
 }
 
 }  // namespace desk

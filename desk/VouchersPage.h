@@ -3,23 +3,21 @@
 #include <QCoreApplication>
 #include <memory>
 
-#include "desk/Page.h"
+#include "desk/SheetPage.h"
 #include "queries/Vouchers.h"
 
 namespace desk {
 
-class SheetView;
 class VoucherChips;
 
 // The lines of the year's vouchers, narrowed by chips, with their count and totals. Enter opens the voucher
 // on the module's screen.
-class VouchersPage : public Page {
+class VouchersPage : public SheetPage {
     Q_DECLARE_TR_FUNCTIONS(desk::VouchersPage)
 
   public:
     explicit VouchersPage(Desk& desk);
     QString Chapter() const override { return "Vouchers"; }
-    void Refresh() override;
     // Narrowed from elsewhere: a bar of a chart, a figure. `ledger` is the name of the filter's ledger.
     void Narrow(const queries::VoucherFilter& filter, const QString& ledger = {});
 
@@ -31,7 +29,6 @@ class VouchersPage : public Page {
     std::int32_t Number() const;  // of the voucher that is chosen, 0 for none
 
     VoucherChips* chips_;
-    SheetView* view_;
     queries::VoucherOrder order_ = queries::VoucherOrder::Date;
     bool descending_ = false;
     bool isNew_ = true;  // the totals that stand are of the question before

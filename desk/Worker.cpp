@@ -6,6 +6,11 @@
 #include <malloc.h>
 
 namespace desk {
+namespace {
+
+constexpr int Long = 1 << 20;  // bytes of a list that goes back to the system as soon as it is let go
+
+}  // namespace
 
 void Worker::Job::Step(std::size_t done) {
     Done = done;
@@ -13,7 +18,10 @@ void Worker::Job::Step(std::size_t done) {
 }
 
 Worker::Worker(std::string dataPath, std::string year, std::optional<int> keptKb)
-    : dataPath_(std::move(dataPath)), year_(std::move(year)), keptKb_(keptKb), thread_([this] { Loop(); }) {}
+    : dataPath_(std::move(dataPath)), year_(std::move(year)), keptKb_(keptKb), thread_([this] { Loop(); }) {
+    mallopt(M_MMAP_THRESHOLD, Long);
+    mallopt(M_TRIM_THRESHOLD, Long);
+}
 
 Worker::~Worker() {
     {
@@ -60,6 +68,7 @@ void Worker::Loop() {
         if (books_) books_->GoOn();
         lock.unlock();
         Run(std::move(task));
+        if (books_) books_->ForgetPages();
         malloc_trim(0);  // what a long answer was worked out in goes back to the system
         lock.lock();
         running_.reset();

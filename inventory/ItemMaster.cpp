@@ -22,14 +22,7 @@ void OpenProject() {
 }  // namespace
 
 void ItemMaster::Wire() {
-    ucAddPanel& panel = *ui().ucAddPanel1;
-    panel.AddRec = [this] { ucAddPanel1_AddRec(); };
-    panel.UpdRec = [this] { ucAddPanel1_UpdRec(); };
-    panel.DelRec = [this] { ucAddPanel1_DelRec(); };
-    panel.FindRec = [this] { ucAddPanel1_FindRec(); };
-    panel.CloseRec = [this] { ucAddPanel1_CloseRec(); };
-    panel.NextRec = [this] { ucAddPanel1_NextRec(); };
-    panel.PrevRec = [this] { ucAddPanel1_PrevRec(); };
+    ui().ucAddPanel1->Serve(*this);
 }
 
 void ItemMaster::Form_Load() {

@@ -18,8 +18,9 @@ struct ItemRow {
     // The opening stock and the counters that receipts and issues raise, as they stand; none where they were
     // never written.
     std::optional<double> opening, received, issued;
-    double net = 0;    // by the counters: opening less issued plus received
-    double moved = 0;  // by the rows: opening and what the movements add, as the item ledger ends
+    double net = 0;  // by the counters: opening less issued plus received
+    // By the rows: opening and what the movements add, as the item ledger ends; none where it was left out.
+    std::optional<double> moved;
     std::optional<double> price;
     double worth = 0;  // of the net stock at the item's price
     std::optional<double> reorderLevel, overflowLevel;
@@ -29,10 +30,13 @@ struct ItemRow {
 };
 
 enum class ItemStock { Any, ToReorder, Over };
+enum class ByMovements { AddedUp, LeftOut };  // which takes a walk over all movements of the year
 
 // The items of the year, by number. `words` each stand in the name, the type or the notes.
-std::vector<ItemRow> Items(Reading& books, const std::string& words = {}, ItemStock stock = ItemStock::Any);
+std::vector<ItemRow> Items(Reading& books, const std::string& words = {}, ItemStock stock = ItemStock::Any,
+                           ByMovements moved = ByMovements::AddedUp);
 std::unique_ptr<SheetOf<ItemRow>> ItemsSheet(Reading& books, const std::string& words = {},
-                                             ItemStock stock = ItemStock::Any);
+                                             ItemStock stock = ItemStock::Any,
+                                             ByMovements moved = ByMovements::AddedUp);
 
 }  // namespace queries

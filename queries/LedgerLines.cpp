@@ -206,14 +206,14 @@ void LedgerLines::AddLong(std::vector<LedgerLine>& page, Days::const_iterator da
         const ado::KeptRows rows = Between(*day, *day, "LedgerDrAmt, LedgerCrAmt").From(0, day->count);
         double balance = day->before;
         for (std::int64_t row = 0; row < rows.Count(); ++row) {
-            long_->keys.push_back(rows.KeyOf(row));
+            long_->keys.Add(rows.KeyOf(row));
             long_->behind.push_back(balance += Move(rows.ValueAt(row, 0), rows.ValueAt(row, 1)));
         }
-        long_->keys.resize(day->count);  // as it was first counted, whatever others have removed since
+        long_->keys.Resize(day->count);  // as it was first counted, whatever others have removed since
         long_->behind.resize(day->count, balance);
     }
     const std::size_t first = from - day->first;
-    const ado::KeptRows rows = Between(*day, *day, LineFields).Of(long_->keys.data() + first, upto - from);
+    const ado::KeptRows rows = Between(*day, *day, LineFields).Of(long_->keys.Part(first, upto - from));
     for (std::int64_t row = 0; row < rows.Count(); ++row)
         page.push_back(Line(rows, row, long_->behind[first + static_cast<std::size_t>(row)]));
 }
@@ -221,15 +221,13 @@ void LedgerLines::AddLong(std::vector<LedgerLine>& page, Days::const_iterator da
 std::optional<std::size_t> LedgerLines::PlaceOf(ado::RowKey key) {
     if (days_.empty()) return std::nullopt;
     const basic::Value stored =
-        Between(days_.front(), days_.front(), "LedgerTxnDate").Of(&key, 1).ValueAt(0, 0);
+        Between(days_.front(), days_.front(), "LedgerTxnDate").Of({key}).ValueAt(0, 0);
     const auto day = std::find_if(days_.cbegin(), days_.cend(), [&](const Day& of) {
         return of.dated ? !stored.IsNull() && basic::ToLong(stored) == of.number : stored.IsNull();
     });
     if (day == days_.cend()) return std::nullopt;
-    const std::vector<ado::RowKey> keys = Between(*day, *day, "LedgerTxnDate").Keys();
-    const auto place = std::find(keys.begin(), keys.end(), key);
-    if (place == keys.end()) return std::nullopt;
-    return day->first + static_cast<std::size_t>(place - keys.begin()) + 1;
+    const auto place = Between(*day, *day, "LedgerTxnDate").Keys().PlaceOf(key);
+    return place ? std::optional(day->first + *place + 1) : std::nullopt;
 }
 
 std::unique_ptr<LedgerSheet> ListLedger(Reading& books, std::int32_t ledger, const Range& range) {

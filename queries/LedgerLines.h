@@ -51,7 +51,7 @@ class LedgerLines {
     // The rows of a day that has too many to be read for each page.
     struct LongDay {
         Days::const_iterator of;
-        std::vector<ado::RowKey> keys;
+        ado::RowKeys keys;
         std::vector<double> behind;  // the balance behind each
     };
 

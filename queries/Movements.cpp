@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
+#include <numeric>
 #include <utility>
 
 #include "platform/basic/Text.h"
@@ -22,12 +24,22 @@ const std::string SelectFields =
     "Select ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedItemDesc, ItemLedTrnRptQty, "
     "ItemLedTrnIssQty, ItemLedUnitPrice, ItemLandingCost, ItemLedPONo, ItemLedBillNo, ItemLedNote From ";
 
+const std::string WalkedFields =
+    "Select ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedTrnRptQty, ItemLedTrnIssQty";
+const std::string WordFields = ", ItemLedItemDesc, ItemLedBillNo, ItemLedNote";
+
 std::int32_t Whole(const basic::Value& value) {
     return value.IsNull() ? 0 : basic::ToLong(value);
 }
 
 std::optional<double> Figure(const basic::Value& value) {
     return value.IsNull() ? std::nullopt : std::optional(basic::ToDouble(value));
+}
+
+// A movement without a bill bears a nought.
+std::string BillOf(const basic::Value& value) {
+    const std::string bill = basic::TextOrEmpty(value);
+    return bill == "0" ? "" : bill;
 }
 
 MovementRow Row(const ado::KeptRows& rows, std::int64_t at) {
@@ -46,13 +58,13 @@ MovementRow Row(const ado::KeptRows& rows, std::int64_t at) {
     const std::optional<double> cost = Figure(next());
     if (row.type == "Receipt") row.landingCost = cost;
     if (const std::int32_t order = Whole(next()); order != 0) row.order = order;
-    if (const std::string bill = basic::TextOrEmpty(next()); bill != "0") row.bill = bill;
+    row.bill = BillOf(next());
     row.note = basic::TextOrEmpty(next());
     return row;
 }
 
-std::map<std::int32_t, double> OpeningStocks(Reading& books) {
-    std::map<std::int32_t, double> stocks;
+Quantities OpeningStocks(Reading& books) {
+    Quantities stocks;
     const auto items = SelectStock(books, "Select Item_ID, Open_Stock From " + books.Table("ItemMaster"));
     for (; !items->Eof(); items->MoveNext())
         stocks[NumberOf(*items, "Item_ID")] = FigureOf(*items, "Open_Stock").value_or(0);
@@ -84,54 +96,76 @@ const std::vector<Filled<MovementRow>>& Columns() {
 }  // namespace
 
 // One walk over the table as it stands, which no index has in the order of the list: what the list needs of
-// each movement is kept, sorted here, and walked through once more for the balances.
+// each movement is kept, put in order here, and walked through once more for the balances.
 class MovementLines::Pass {
   public:
-    Pass(MovementLines& lines, const MovementFilter& filter) : lines_(lines), filter_(filter) {}
+    Pass(const MovementFilter& filter, std::size_t most) : filter_(filter), words_(filter.words) {
+        keys_.Reserve(most);
+        changes_.reserve(most);
+        items_.reserve(most);
+        when_.reserve(most);
+    }
 
+    // Of the fields of WalkedFields, and behind them of WordFields where words are wanted.
     void Take(const ado::KeptRows& rows) {
         for (std::int64_t at = 0; at < rows.Count(); ++at) {
-            const MovementRow row = Row(rows, at);
+            const auto value = [&](std::size_t field) { return rows.ValueAt(at, field); };
+            const basic::Value day = value(0);
+            const std::string type = basic::TextOrEmpty(value(1));
+            const std::int32_t item = Whole(value(2));
+            const std::optional<double> received = Figure(value(3)), issued = Figure(value(4));
+            const auto date = day.IsNull() ? std::nullopt : std::optional(DateOf(basic::ToLong(day)));
             // What lies before the range only moves the balances, and there by both quantities of a row.
-            const bool before = row.date && filter_.days.from && *row.date < *filter_.days.from;
-            if (before) {
-                before_[row.item] += row.received.value_or(0) - row.issued.value_or(0);
-            } else if (Holds(filter_.days, row.date)) {
-                const bool shown = (filter_.type.empty() || basic::EqualText(row.type, filter_.type)) &&
-                                   words_.In({row.name, row.bill, row.note});
-                lines_.lines_.push_back({row.key, Change(row.type, row.received, row.issued), row.item,
-                                         When(row) * 2 + (shown ? 1 : 0)});
+            if (date && filter_.days.from && *date < *filter_.days.from) {
+                before_[item] += received.value_or(0) - issued.value_or(0);
+            } else if (Holds(filter_.days, date)) {
+                const bool shown =
+                    (filter_.type.empty() || basic::EqualText(type, filter_.type)) &&
+                    (filter_.words.empty() || words_.In({basic::TextOrEmpty(value(5)), BillOf(value(6)),
+                                                         basic::TextOrEmpty(value(7))}));
+                keys_.Add(rows.KeyOf(at));
+                changes_.push_back(Change(type, received, issued));
+                items_.push_back(item);
+                when_.push_back(When(date, type) * 2 + (shown ? 1 : 0));
             }
         }
     }
 
-    void Finish(Reading& books) {
-        Sort();
-        std::map<std::int32_t, double> balances = OpeningStocks(books);
+    // Leaves nothing here.
+    void Finish(MovementLines& lines, Reading& books) {
+        std::vector<std::uint32_t> order = Order();
+        Quantities balances = OpeningStocks(books);
         for (const auto& [item, moved] : before_) balances[item] += moved;
-        for (Line& line : lines_.lines_) line.balance = balances[line.item] += line.balance;
-        std::erase_if(lines_.lines_, [](const Line& line) { return line.when % 2 == 0; });
-        lines_.lines_.shrink_to_fit();
+        for (const std::uint32_t at : order) changes_[at] = balances[items_[at]] += changes_[at];
+        std::erase_if(order, [&](std::uint32_t at) { return when_[at] % 2 == 0; });
+        items_ = std::vector<std::int32_t>();
+        when_ = std::vector<std::uint32_t>();
+        lines.keys_ = keys_.At(order);
+        keys_ = ado::RowKeys();
+        lines.balances_.reserve(order.size());
+        for (const std::uint32_t at : order) lines.balances_.push_back(changes_[at]);
     }
 
   private:
-    // The place of a row's day and type among those met so far.
-    std::uint32_t When(const MovementRow& row) {
-        const auto [found, isNew] = met_.try_emplace(
-            {row.date ? DayOf(*row.date) : std::numeric_limits<std::int32_t>::min(), row.type},
-            static_cast<std::uint32_t>(met_.size()));
-        return found->second;
+    using DayAndType = std::pair<std::int32_t, std::string>;
+
+    // The place of a row's day and type among those met so far; as a rule it is that of the row before.
+    std::uint32_t When(const std::optional<basic::Date>& date, const std::string& type) {
+        const std::int32_t day = date ? DayOf(*date) : std::numeric_limits<std::int32_t>::min();
+        if (last_ == met_.end() || last_->first.first != day || last_->first.second != type)
+            last_ = met_.try_emplace({day, type}, static_cast<std::uint32_t>(met_.size())).first;
+        return last_->second;
     }
 
-    void Sort() {
-        using Met = std::map<std::pair<std::int32_t, std::string>, std::uint32_t>::const_iterator;
+    // By day and by type from Z to A; types that differ in case alone are equal.
+    std::vector<std::uint32_t> Ranks() const {
+        using Met = std::map<DayAndType, std::uint32_t>::const_iterator;
         std::vector<Met> order;
         for (Met each = met_.begin(); each != met_.end(); ++each) order.push_back(each);
         std::stable_sort(order.begin(), order.end(), [](const Met& a, const Met& b) {
             if (a->first.first != b->first.first) return a->first.first < b->first.first;
             return basic::CompareText(a->first.second, b->first.second) > 0;
         });
-        // Types that differ in case alone are equal.
         std::vector<std::uint32_t> ranks(order.size());
         std::uint32_t rank = 0;
         for (std::size_t at = 0; at < order.size(); ++at) {
@@ -139,55 +173,60 @@ class MovementLines::Pass {
                                basic::EqualText(order[at]->first.second, order[at - 1]->first.second);
             ranks[order[at]->second] = equal ? rank : ++rank;
         }
-        for (Line& line : lines_.lines_) line.when = ranks[line.when / 2] * 2 + line.when % 2;
-        std::sort(lines_.lines_.begin(), lines_.lines_.end(), [](const Line& a, const Line& b) {
-            return a.when / 2 != b.when / 2 ? a.when / 2 < b.when / 2 : a.key < b.key;
-        });
+        return ranks;
     }
 
-    MovementLines& lines_;
+    std::vector<std::uint32_t> Order() const {
+        const std::vector<std::uint32_t> ranks = Ranks();
+        std::vector<std::uint32_t> order(when_.size());
+        std::iota(order.begin(), order.end(), 0U);
+        std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+            const std::uint32_t ofA = ranks[when_[a] / 2], ofB = ranks[when_[b] / 2];
+            return ofA != ofB ? ofA < ofB : keys_[a] < keys_[b];
+        });
+        return order;
+    }
+
     const MovementFilter& filter_;
-    const Words words_{filter_.words};
-    std::map<std::int32_t, double> before_;  // what moved before the range
-    std::map<std::pair<std::int32_t, std::string>, std::uint32_t> met_;
+    const Words words_;
+    Quantities before_;  // what moved before the range
+    std::map<DayAndType, std::uint32_t> met_;
+    std::map<DayAndType, std::uint32_t>::const_iterator last_ = met_.end();
+    // Of each movement in the range, as they were met.
+    ado::RowKeys keys_;
+    std::vector<double> changes_;  // of its item's stock; in the end the balance behind it
+    std::vector<std::int32_t> items_;
+    std::vector<std::uint32_t> when_;  // its day and type, times two, and 1 where it is shown
 };
 
 MovementLines::MovementLines(Reading& books, const MovementFilter& filter, const Step& step)
     : books_(&books), select_(SelectFields + books.Table("tblItemLed")) {
     const Reading::Moment moment(books);
     const std::string one = filter.item ? " Where ItemLedItemID = " + std::to_string(*filter.item) : "";
-    Pass pass(*this, filter);
-    const ado::RowWindow window = StockWindow(books, select_ + one);
+    const ado::RowWindow window = StockWindow(books, WalkedFields + (filter.words.empty() ? "" : WordFields) +
+                                                         " From " + books.Table("tblItemLed") + one);
     const std::size_t all = window.Count();
-    lines_.reserve(all);
+    Pass pass(filter, all);
     std::size_t done = 0;
     window.Each([&](const ado::KeptRows& rows) {
         pass.Take(rows);
         if (step) step(done += static_cast<std::size_t>(rows.Count()), all);
     });
-    pass.Finish(books);
+    pass.Finish(*this, books);
 }
 
 std::vector<MovementRow> MovementLines::Page(std::size_t first, std::size_t count) const {
-    std::vector<ado::RowKey> keys;
-    for (std::size_t at = first; at < std::min(first + count, Count()); ++at) keys.push_back(lines_[at].key);
-    const ado::KeptRows rows = books_->Window(select_).Of(keys.data(), keys.size());
+    const ado::KeptRows rows = books_->Window(select_).Of(keys_.Part(first, count));
     std::vector<MovementRow> page;
     for (std::int64_t at = 0; at < rows.Count(); ++at) {
         page.push_back(Row(rows, at));
-        page.back().balance = lines_[first + static_cast<std::size_t>(at)].balance;
+        page.back().balance = balances_[first + static_cast<std::size_t>(at)];
     }
     return page;
 }
 
-std::optional<std::size_t> MovementLines::PlaceOf(ado::RowKey key) const {
-    const auto place = std::ranges::find(lines_, key, &Line::key);
-    if (place == lines_.end()) return std::nullopt;
-    return static_cast<std::size_t>(place - lines_.begin());
-}
-
-std::map<std::int32_t, double> MovedQuantities(Reading& books) {
-    std::map<std::int32_t, double> moved;
+Quantities MovedQuantities(Reading& books) {
+    Quantities moved;
     StockWindow(books, SelectQuantities + books.Table("tblItemLed")).Each([&](const ado::KeptRows& rows) {
         for (std::int64_t at = 0; at < rows.Count(); ++at)
             moved[Whole(rows.ValueAt(at, 0))] +=

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "queries/LedgerSums.h"
@@ -37,29 +37,24 @@ struct MovementFilter {
 // The movements that a filter leaves, by date, the receipts of a day before its issues; by page. Balances are
 // the item ledger's: the opening stock and what moved before the first day, then by each row the quantity of
 // its type; an item whose opening stock is Null begins with 0. They are worked out at once, in one pass over
-// the year; of each movement its place and its balance are kept, 24 bytes.
+// the year, with 24 bytes for each movement; its key and its balance are kept, 12 bytes.
 class MovementLines {
   public:
     MovementLines(Reading& books, const MovementFilter& filter, const Step& step = {});
     void ReadBy(Reading& books) { books_ = &books; }  // from now on
 
-    std::size_t Count() const { return lines_.size(); }
+    std::size_t Count() const { return keys_.Size(); }
     std::vector<MovementRow> Page(std::size_t first, std::size_t count) const;
     // Where a movement stands that Page gave, by its key.
-    std::optional<std::size_t> PlaceOf(ado::RowKey key) const;
+    std::optional<std::size_t> PlaceOf(ado::RowKey key) const { return keys_.PlaceOf(key); }
 
   private:
-    struct Line {
-        ado::RowKey key;
-        double balance;  // until all have been gone through, what the movement changes it by
-        std::int32_t item;
-        std::uint32_t when;  // its day and type, among those that occur
-    };
     class Pass;
 
     Reading* books_;
     std::string select_;
-    std::vector<Line> lines_;
+    ado::RowKeys keys_;
+    std::vector<double> balances_;  // behind each
 };
 
 using MovementSheet = PagedSheet<MovementRow, MovementLines>;
@@ -67,6 +62,7 @@ std::unique_ptr<MovementSheet> ListMovements(Reading& books, const MovementFilte
                                              const Step& step = {});
 
 // What the year's movements add to the stock of each item; none for an item that never moved.
-std::map<std::int32_t, double> MovedQuantities(Reading& books);
+using Quantities = std::unordered_map<std::int32_t, double>;
+Quantities MovedQuantities(Reading& books);
 
 }  // namespace queries

@@ -48,6 +48,8 @@ class Reading {
 
     // Whether another program has written since this was last asked, or since the opening.
     bool ChangedByOthers() { return state_->connection->ChangedByOthers(); }
+    // Gives back the memory in which pages of a file are kept.
+    void ForgetPages() { ado::ForgetPages(*state_->connection); }
     // What the user should know of the opening; "" if nothing.
     std::string Notice() const { return state_->connection->Notice(); }
 

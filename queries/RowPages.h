@@ -18,12 +18,13 @@ namespace queries {
 class RowPages {
   public:
     // How the keys come into an order that no index has, in less memory than the store would take: `select`
-    // is of the same rows, of an amount and a day, without an order; equal amounts stand by day.
-    struct ByAmount {
+    // is of the same rows, of a field and a day, without an order; equal ones stand by day.
+    struct ByField {
         std::string select;
+        bool text = false;  // the field is no figure
         bool descending = false;
     };
-    RowPages(Reading& books, const std::string& select, std::optional<ByAmount> byAmount = {});
+    RowPages(Reading& books, const std::string& select, std::optional<ByField> byField = {});
 
     std::size_t Count();                                       // counted once
     ado::KeptRows Page(std::size_t first, std::size_t count);  // fewer at the end
@@ -32,16 +33,16 @@ class RowPages {
     void ReadBy(Reading& books) { books_ = &books; }           // from now on
 
   private:
-    const std::vector<ado::RowKey>& Keys();
-    std::vector<ado::RowKey> KeysByAmount();
+    const ado::RowKeys& Keys();
+    ado::RowKeys KeysByField();
 
     ado::RowWindow Window() { return books_->Window(select_); }
 
     Reading* books_;
     std::string select_;
-    std::optional<ByAmount> byAmount_;
+    std::optional<ByField> byField_;
     std::optional<std::size_t> count_;
-    std::optional<std::vector<ado::RowKey>> keys_;
+    std::optional<ado::RowKeys> keys_;
 };
 
 // The same with typed rows. `make` gets a row of a page; one that is gone is all Null.
@@ -51,8 +52,8 @@ class Windowed {
     using Make = Row (*)(const ado::KeptRows& rows, std::int64_t row);
 
     Windowed(Reading& books, const std::string& select, Make make,
-             std::optional<RowPages::ByAmount> byAmount = {})
-        : pages_(books, select, std::move(byAmount)), make_(make) {}
+             std::optional<RowPages::ByField> byField = {})
+        : pages_(books, select, std::move(byField)), make_(make) {}
 
     std::size_t Count() { return pages_.Count(); }
     std::vector<Row> Page(std::size_t first, std::size_t count) {

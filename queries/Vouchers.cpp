@@ -26,32 +26,29 @@ std::string WhereOf(Reading& books, const VoucherFilter& filter) {
     return WhereAll(conditions);
 }
 
-std::string OrderBy(VoucherOrder order, bool descending) {
-    const char* const direction = descending ? " Desc" : "";
-    const char* field = "LedgerTxnDate";
+const char* FieldOf(VoucherOrder order) {
     switch (order) {
         case VoucherOrder::Date:
-            return std::string(" Order By LedgerTxnDate") + direction;
+            break;
         case VoucherOrder::Number:
-            field = "LedgerTrnNo";
-            break;
+            return "LedgerTrnNo";
         case VoucherOrder::Type:
-            field = "LedgerTrnType";
-            break;
+            return "LedgerTrnType";
         case VoucherOrder::Ledger:
-            field = "LedgerName";
-            break;
+            return "LedgerName";
         case VoucherOrder::Debit:
-            field = "LedgerDrAmt";
-            break;
+            return "LedgerDrAmt";
         case VoucherOrder::Credit:
-            field = "LedgerCrAmt";
-            break;
+            return "LedgerCrAmt";
         case VoucherOrder::Narration:
-            field = "LedgerNarration";
-            break;
+            return "LedgerNarration";
     }
-    return std::string(" Order By ") + field + direction + ", LedgerTxnDate";
+    return "LedgerTxnDate";
+}
+
+std::string OrderBy(VoucherOrder order, bool descending) {
+    return std::string(" Order By ") + FieldOf(order) + (descending ? " Desc" : "") +
+           (order == VoucherOrder::Date ? "" : ", LedgerTxnDate");
 }
 
 VoucherLine Line(const ado::KeptRows& rows, std::int64_t row) {
@@ -91,16 +88,15 @@ const std::vector<Filled<VoucherLine>>& Columns() {
 
 VoucherLines Vouchers(Reading& books, const VoucherFilter& filter, VoucherOrder order, bool descending) {
     const std::string from = " From " + books.Table("tb_Ledger") + WhereOf(books, filter);
-    std::optional<RowPages::ByAmount> byAmount;
-    if (order == VoucherOrder::Debit)
-        byAmount = {"Select LedgerDrAmt, LedgerTxnDate" + from, descending};
-    else if (order == VoucherOrder::Credit)
-        byAmount = {"Select LedgerCrAmt, LedgerTxnDate" + from, descending};
+    std::optional<RowPages::ByField> byField;
+    if (order != VoucherOrder::Date && order != VoucherOrder::Number)
+        byField = {std::string("Select ") + FieldOf(order) + ", LedgerTxnDate" + from,
+                   order != VoucherOrder::Debit && order != VoucherOrder::Credit, descending};
     return {books,
             "Select LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, LedgerDrAmt, "
             "LedgerCrAmt, LedgerNarration, LedgerMcGenerated" +
                 from + OrderBy(order, descending),
-            Line, byAmount};
+            Line, byField};
 }
 
 bool IsQuick(const VoucherFilter& filter, VoucherOrder order) {

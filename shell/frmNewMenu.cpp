@@ -239,13 +239,22 @@ bool frmNewMenu::Letter(int keyCode) {
     return false;
 }
 
-void frmNewMenu::vsFinOptions_KeyDown(int& keyCode, int shift) {
+// Takes the key, and does what it does in both lists. Gives what is left for the list itself, 0 for nothing.
+int frmNewMenu::ListKey(int& keyCode, int shift) {
     const int code = std::exchange(keyCode, 0);
     if (shift & forms::vbAltMask) {
         if (!Letter(code)) keyCode = code;
-        return;
+        return 0;
     }
-    switch (code) {
+    if (code == forms::vbKeyEscape) {
+        cmdExit_Click();
+        return 0;
+    }
+    return code;
+}
+
+void frmNewMenu::vsFinOptions_KeyDown(int& keyCode, int shift) {
+    switch (const int code = ListKey(keyCode, shift)) {
         case forms::vbKeyUp:
         case forms::vbKeyDown:
             return StepCategory(code == forms::vbKeyUp ? -1 : 1);
@@ -253,20 +262,13 @@ void frmNewMenu::vsFinOptions_KeyDown(int& keyCode, int shift) {
         case forms::vbKeyReturn:
         case forms::vbKeyTab:
             return StepOption(0);
-        case forms::vbKeyEscape:
-            return cmdExit_Click();
         default:
             return;
     }
 }
 
 void frmNewMenu::vsOptions_KeyDown(int& keyCode, int shift) {
-    const int code = std::exchange(keyCode, 0);
-    if (shift & forms::vbAltMask) {
-        if (!Letter(code)) keyCode = code;
-        return;
-    }
-    switch (code) {
+    switch (const int code = ListKey(keyCode, shift)) {
         case forms::vbKeyUp:
         case forms::vbKeyDown:
             return StepOption(code == forms::vbKeyUp ? -1 : 1);
@@ -276,8 +278,6 @@ void frmNewMenu::vsOptions_KeyDown(int& keyCode, int shift) {
             return ui().vsFinOptions->SetFocus();
         case forms::vbKeyReturn:
             return OpenOption(ui().vsOptions->Row());
-        case forms::vbKeyEscape:
-            return cmdExit_Click();
         default:
             return;
     }

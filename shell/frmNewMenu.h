@@ -46,6 +46,7 @@ class frmNewMenu : public forms::FormOf<Ui::frmNewMenu> {
     void StepCategory(int step);
     void StepOption(int step);
     bool Letter(int keyCode);
+    int ListKey(int& keyCode, int shift);
 
     void vsFinOptions_MouseMove();
     void vsFinOptions_MouseDown() { Press(*ui().vsFinOptions); }

@@ -19,6 +19,16 @@ ucAddPanel::ucAddPanel(QWidget* parent)
     for (int index = 0; index < Buttons; ++index) cmdUC(index).Click = [this, index] { cmdUC_Click(index); };
 }
 
+void ucAddPanel::Serve(MasterScreen& screen) {
+    AddRec = [&screen] { screen.ucAddPanel1_AddRec(); };
+    UpdRec = [&screen] { screen.ucAddPanel1_UpdRec(); };
+    DelRec = [&screen] { screen.ucAddPanel1_DelRec(); };
+    FindRec = [&screen] { screen.ucAddPanel1_FindRec(); };
+    CloseRec = [&screen] { screen.ucAddPanel1_CloseRec(); };
+    NextRec = [&screen] { screen.ucAddPanel1_NextRec(); };
+    PrevRec = [&screen] { screen.ucAddPanel1_PrevRec(); };
+}
+
 void ucAddPanel::SetEnableActButts(bool enabled) {
     for (const int index : {Add, Update, Delete, Find}) cmdUC(index).SetEnabled(enabled);
 }

@@ -9,6 +9,7 @@
 
 #include "core/Masks.h"
 #include "core/modGeneral.h"
+#include "platform/ado/EachRow.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Maintenance.h"
 #include "platform/basic/Dates.h"
@@ -59,12 +60,10 @@ bool Audit::HasErrors() const {
 
 void Audit::Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row) {
     try {
-        const ado::RecordsetPtr rows = books_.Execute(sql);
-        for (; !rows->Eof(); rows->MoveNext()) {
+        ado::EachRow(books_, sql, [&](ado::Recordset& each) {
             if (step_) step_();
-            row(*rows);
-        }
-        rows->Close();
+            row(each);
+        });
     } catch (const basic::Error& error) {
         if (error.Number != ado::error::NoSuchTable) throw;
     }

@@ -46,7 +46,8 @@ class Audit {
     const std::vector<std::string>& Years() const { return years_; }  // short forms, each once
     bool HasTable(const std::string& table);
 
-    // Calls `row` for each row of the select; nothing for a table that does not stand.
+    // Calls `row` for each row of the select, as ado::EachRow does; not at all for a table that does not
+    // stand.
     void Each(const std::string& sql, const std::function<void(ado::Recordset&)>& row);
 
     void SetYears(std::vector<std::string> years) { years_ = std::move(years); }

@@ -10,8 +10,15 @@ using Id = std::int32_t;
 
 struct Receipts {
     std::map<Id, double> goods;     // what the goods of a receipt cost together
-    std::map<Id, double> vouchers;  // what a voucher credits
+    std::map<Id, double> vouchers;  // what a voucher credits, of those that a bill names
 };
+
+std::set<Id> ReadNamed(Audit& audit, const std::string& year) {
+    std::set<Id> named;
+    audit.Each("Select BillVchrNo From tblBills" + year,
+               [&](ado::Recordset& row) { named.insert(IdOf(row, "BillVchrNo")); });
+    return named;
+}
 
 Receipts ReadReceipts(Audit& audit, const std::string& year) {
     Receipts receipts;
@@ -21,8 +28,11 @@ Receipts ReadReceipts(Audit& audit, const std::string& year) {
                    receipts.goods[IdOf(row, "ItemLedTrnNo")] += basic::NumberOrZero(row["ItemLedTrnRptQty"]) *
                                                                 basic::NumberOrZero(row["ItemLedUnitPrice"]);
                });
+    const std::set<Id> named = ReadNamed(audit, year);
+    if (named.empty()) return receipts;
     audit.Each("Select LedgerTrnNo, LedgerCrAmt From tb_Ledger" + year, [&](ado::Recordset& row) {
-        receipts.vouchers[IdOf(row, "LedgerTrnNo")] += basic::NumberOrZero(row["LedgerCrAmt"]);
+        const Id voucher = IdOf(row, "LedgerTrnNo");
+        if (named.contains(voucher)) receipts.vouchers[voucher] += basic::NumberOrZero(row["LedgerCrAmt"]);
     });
     return receipts;
 }

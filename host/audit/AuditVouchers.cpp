@@ -24,8 +24,13 @@ double InRupees(long double paise) {
     return static_cast<double>(paise / 100);
 }
 
+bool Agree(const Sides& sides) {
+    return std::round(sides.debit) == std::round(sides.credit);
+}
+
 struct YearRows {
-    std::map<Id, Sides> byVoucher, byLedger, stockByLedger;
+    std::map<Id, Sides> uneven;  // vouchers whose sides do not agree
+    std::map<Id, Sides> byLedger, stockByLedger;
     std::map<Id, std::string> outside;  // the day of a voucher that lies in another year
 };
 
@@ -47,36 +52,46 @@ void CheckAmounts(Audit& audit, const std::string& year, ado::Recordset& row, do
         audit.Note(said("the balance text " + balance, fault));
 }
 
+// One voucher after the other: of a long year only those are kept that say something.
 YearRows ReadRows(Audit& audit, const std::string& year) {
     YearRows rows;
+    Id voucher = 0;
+    Sides ofVoucher;
+    const auto close = [&] {
+        if (!Agree(ofVoucher)) rows.uneven.emplace(voucher, ofVoucher);
+        ofVoucher = {};
+    };
     audit.Each(
         "Select LedgerTrnNo, LedgerCode, LedgerTxnDate, LedgerDrAmt, LedgerCrAmt, LedgerLedBal, "
         "LedgerMcGenerated From tb_Ledger" +
-            year,
+            year + " Order By LedgerTrnNo",
         [&](ado::Recordset& row) {
-            const Id voucher = IdOf(row, "LedgerTrnNo"), ledger = IdOf(row, "LedgerCode");
+            const Id ledger = IdOf(row, "LedgerCode");
+            if (const Id next = IdOf(row, "LedgerTrnNo"); next != voucher) {
+                close();
+                voucher = next;
+            }
             const double debit = basic::NumberOrZero(row["LedgerDrAmt"]);
             const double credit = basic::NumberOrZero(row["LedgerCrAmt"]);
             const auto add = [&](Sides& sum) {
                 sum.debit += Paise(debit);
                 sum.credit += Paise(credit);
             };
-            add(rows.byVoucher[voucher]);
+            add(ofVoucher);
             add(rows.byLedger[ledger]);
             if (!basic::ToBoolean(row["LedgerMcGenerated"])) add(rows.stockByLedger[ledger]);
             CheckAmounts(audit, year, row, debit, credit);
             if (const std::string day = DayOutside(row["LedgerTxnDate"], year); !day.empty())
                 rows.outside.emplace(voucher, day);
         });
+    close();
     return rows;
 }
 
 void CheckSides(Audit& audit, const std::string& year, const YearRows& rows) {
-    for (const auto& [voucher, sums] : rows.byVoucher)
-        if (std::round(sums.debit) != std::round(sums.credit))
-            audit.PassingError(OfVoucher(voucher, year) + "debit " +
-                               Rupees(InRupees(std::round(sums.debit))) + ", credit " +
-                               Rupees(InRupees(std::round(sums.credit))));
+    for (const auto& [voucher, sums] : rows.uneven)
+        audit.PassingError(OfVoucher(voucher, year) + "debit " + Rupees(InRupees(std::round(sums.debit))) +
+                           ", credit " + Rupees(InRupees(std::round(sums.credit))));
     for (const auto& [voucher, day] : rows.outside)
         audit.Error(OfVoucher(voucher, year) + "dated " + day + ", outside the year");
 }

@@ -46,7 +46,7 @@ int Create(CreateOptions options) {
     (onServer ? CreateOnServer : CreateInFolder)(options, fill);
     std::cout << (onServer ? options.folder : (std::filesystem::path(options.folder) / BooksFile).string())
               << ": " << (options.sample ? "sample books" : "new books");
-    if (options.year) std::cout << " for " << *options.year << "-" << *options.year + 1;
+    if (options.year) std::cout << " for " << LongForm(*options.year);
     std::cout << "\n";
     return ExitOk;
 }

@@ -33,7 +33,7 @@ bool UserBooksStand() {
         Fail("there are no books in " + folder.string() +
              " and no display to ask on: lay them down with qmhost create");
     const int year = FinancialYearOfToday();
-    const std::string years = std::to_string(year) + "-" + std::to_string(year + 1);
+    const std::string years = LongForm(year);
     const std::string none = "There are no books yet in " + folder.string() + ".\r\n\r\n";
     if (qm::Ask(none + "Lay down sample books of a small trading firm for " + years + ", to look around in?"))
         CreateBooks(folder, year, [year](const fs::path& staging) { FillWithSample(staging, year); });

@@ -49,8 +49,7 @@ void LayDown(const std::filesystem::path& file, std::optional<int> year) {
     SeedRegister(store, shortForm);
     MakeTables(store, shortForm, year.has_value());
     if (year)
-        store.Run("INSERT INTO Fnncl_Yr_Mstr (Fnncl_Yr, Crrnt_Yr_Flg) VALUES (?1, 1)",
-                  {shortForm + "-" + std::to_string(*year + 1)});
+        store.Run("INSERT INTO Fnncl_Yr_Mstr (Fnncl_Yr, Crrnt_Yr_Flg) VALUES (?1, 1)", {LongForm(*year)});
     store.Run("COMMIT");
     store.Close();
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "core/DBCode.h"
@@ -15,6 +16,11 @@ using qm::BooksPassword;
 // The first year of a financial year that books can be laid down for.
 inline constexpr int LowestYear = 1900;
 inline constexpr int HighestYear = 9998;
+
+// "2001-2002", as the register has it.
+inline std::string LongForm(int year) {
+    return std::to_string(year) + "-" + std::to_string(year + 1);
+}
 
 // Lays down new books in the folder, which is made where it is missing. Without a year they are the delivered
 // books: no year is known and tb_Ledger2001 is missing, both left to the first start, and everything else of

@@ -93,6 +93,10 @@ void Flush(Connection& connection) {
     connection.Opened()->engine().Flush();
 }
 
+void ForgetPages(Connection& connection) {
+    connection.Opened()->engine().ForgetPages();
+}
+
 void BackUp(Connection& connection, const std::string& file) {
     if (std::filesystem::exists(file))
         throw basic::Error(error::BadArgument, "The file '" + file + "' exists; a copy never overwrites.",

@@ -39,6 +39,9 @@ class Snapshot {
 // transaction it does nothing: its commit waits. Raises what the disk raises.
 void Flush(Connection& connection);
 
+// Gives back the memory in which pages of a file are kept: what is read next is read anew.
+void ForgetPages(Connection& connection);
+
 // Copies the store into a new file under the same password, while others may go on writing; within a
 // Snapshot, as of its moment. Books on a server are copied as by CopyBooks. Raises BadArgument where the file
 // exists, and what reading or writing raises; a copy that failed is removed.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +50,9 @@ struct Recordset::Impl final : PostponedRead {
 
     // Reading.
     void OpenOn(const std::shared_ptr<Session>& openSession, std::string_view statement);
+    // Stands on one row of the statement after the other, of which a part is kept at a time.
+    void EachOf(const std::shared_ptr<Session>& openSession, std::string_view statement,
+                const std::function<void()>& row);
     void Run();  // forgets the rows and runs the source again, from its first row
     void ReadNow() noexcept override;
     RowStore& Rows();  // reads them if that was postponed

@@ -44,6 +44,23 @@ void Recordset::Impl::OpenOn(const std::shared_ptr<Session>& openSession, std::s
     open = true;
 }
 
+// Alike rows are told apart from all the others of a Distinct, so those are kept whole.
+void Recordset::Impl::EachOf(const std::shared_ptr<Session>& openSession, std::string_view statement,
+                             const std::function<void()>& row) {
+    session = openSession;
+    source = statement;
+    const BoundStatement ready = Statement(*openSession);
+    plan = ready.prepared->plan;
+    open = true;
+    const auto running = openSession->Start(ready);
+    for (bool more = true; more;) {
+        rows = std::make_shared<RowStore>(*plan);
+        more = plan->distinct ? rows->Fill(*running) : rows->Fill(*running, RowStore::Part);
+        const std::int64_t count = Count();
+        for (position = 0; position < count; ++position) row();
+    }
+}
+
 void Recordset::Impl::Run() {
     Forget();
     const std::shared_ptr<Session> on = OpenSession();

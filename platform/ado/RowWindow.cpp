@@ -1,8 +1,10 @@
 #include "platform/ado/RowWindow.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "platform/ado/Errors.h"
 #include "platform/ado/dialect/Scope.h"
@@ -12,8 +14,7 @@
 namespace ado {
 namespace {
 
-constexpr std::size_t RowsAtOnce = 4096;  // in the memory of who goes through all
-constexpr std::size_t KeysAtOnce = 128;   // of one statement, which is kept for all
+constexpr std::size_t KeysAtOnce = 128;  // of one statement, which is kept for all
 
 bool IsOfFields(const Plan& plan) {
     return plan.kind == StatementKind::Select && plan.rowid &&
@@ -99,32 +100,33 @@ void RowWindow::Each(const std::function<void(const KeptRows&)>& take) const {
     const auto statement = session.Start(base);
     for (bool more = true; more;) {
         const auto rows = std::make_shared<RowStore>(base.plan());
-        more = rows->Fill(*statement, RowsAtOnce);
+        more = rows->Fill(*statement, RowStore::Part);
         take({rows, nullptr});
     }
 }
 
-std::vector<RowKey> RowWindow::Keys() const {
+RowKeys RowWindow::Keys() const {
     Session& session = *connection_->Opened();
     const BoundStatement base = Ready(session, select_);
     const auto rows = session.Start(Listing(session, base, Rowid(base.plan()), true));
-    std::vector<RowKey> keys;
-    while (rows->Step()) keys.push_back(rows->Integer(0));
+    RowKeys keys;
+    while (rows->Step()) keys.Add(rows->Integer(0));
     return keys;
 }
 
-KeptRows RowWindow::Of(const RowKey* keys, std::size_t count) const {
+KeptRows RowWindow::Of(const std::vector<RowKey>& keys) const {
     Session& session = *connection_->Opened();
     const BoundStatement base = Ready(session, select_);
     const auto rows = std::make_shared<RowStore>(base.plan());
-    for (std::size_t at = 0; at < count; at += KeysAtOnce)
-        rows->Fill(*session.Start(ByKeys(session, base, keys + at, std::min(KeysAtOnce, count - at))));
+    for (std::size_t at = 0; at < keys.size(); at += KeysAtOnce)
+        rows->Fill(
+            *session.Start(ByKeys(session, base, keys.data() + at, std::min(KeysAtOnce, keys.size() - at))));
     std::unordered_map<RowKey, std::uint32_t> places;
     for (std::size_t row = 0; row < rows->Rows(); ++row)
         places[rows->RowId(row)] = static_cast<std::uint32_t>(row);
     const auto order = std::make_shared<std::vector<std::uint32_t>>();
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto place = places.find(keys[i]);
+    for (const RowKey key : keys) {
+        const auto place = places.find(key);
         order->push_back(place == places.end() ? KeptRows::Gone : place->second);
     }
     return {rows, order};

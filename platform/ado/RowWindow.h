@@ -1,19 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/KeptRows.h"
+#include "platform/ado/RowKeys.h"
 
 namespace ado {
-
-// Which row of its table a row of a select is. It stays the same as long as the row stands; one that is gone
-// may leave its key to a row that is added later.
-using RowKey = std::int64_t;
 
 // A select that is read by window and not whole, so that a list over a long table shows any part of it at
 // once. It is of the fields of one table, by any condition and order. Each call sees the store as it stands
@@ -29,10 +25,9 @@ class RowWindow {
     // All rows in their order, a part of them at a time, of which nothing is kept: for who goes through a
     // whole table. `take` may raise to stop, and runs no statement of this connection.
     void Each(const std::function<void(const KeptRows&)>& take) const;
-    // The keys of all rows in their order: 8 bytes each.
-    std::vector<RowKey> Keys() const;
+    RowKeys Keys() const;  // of all rows in their order
     // The rows of the keys, in that order, as they stand now; where one is gone, each of its fields is Null.
-    KeptRows Of(const RowKey* keys, std::size_t count) const;
+    KeptRows Of(const std::vector<RowKey>& keys) const;
 
   private:
     ConnectionPtr connection_;

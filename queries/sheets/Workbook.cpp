@@ -60,7 +60,11 @@ class Workbook {
         isTree_ = IsTree(sheet);
     }
     ~Workbook() {
-        if (book_ != nullptr) lxw_workbook_free(book_);
+        if (book_ == nullptr) return;
+        // The library closes the file of the rows only where it comes to put them into the book: left open it
+        // would keep its room on the disk, and it has no name any more.
+        if (tab_ != nullptr && tab_->optimize_tmpfile != nullptr) std::fclose(tab_->optimize_tmpfile);
+        lxw_workbook_free(book_);
     }
     Workbook(const Workbook&) = delete;
     Workbook& operator=(const Workbook&) = delete;

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QKeySequence>
 #include <QLabel>
+#include <QMenu>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -53,6 +54,21 @@ class DeskTest : public testing::Test {
     void FillWithSample() {
         books.CloseHost();
         host::FillWithSample(books.DataPath(), 2001);
+    }
+    void StartOnVouchers() {
+        FillWithSample();
+        Start();
+        Key(Qt::Key_2, Qt::AltModifier);
+        ASSERT_EQ(Title(), "Vouchers");
+        WaitForTotals("142 lines");
+    }
+    // A voucher 900 of one side: a line like each of the books that fits, with a day, sides and words of its
+    // own.
+    static std::string NewLines(const std::string& like, const std::string& values) {
+        return "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTrnType, LedgerCode, LedgerName, "
+               "LedgerTxnDate, "
+               "LedgerDrAmt, LedgerCrAmt, LedgerNarration) Select 900, 'Journal', LedgerCode, LedgerName, " +
+               values + " From tb_Ledger2001 Where " + like;
     }
     // The one that is shown, of several.
     desk::SheetView& Sheet() {
@@ -149,6 +165,13 @@ class DeskTest : public testing::Test {
         user.start(50);
         Key(key, modifiers);
         return title;
+    }
+    // The lines of a chip's menu. Without showing it: the memory platform would take it for the active window
+    // afterwards.
+    QList<QAction*> Choices(const char* chip) {
+        auto& menu = Child<QMenu>(chip);
+        Q_EMIT menu.aboutToShow();
+        return menu.actions();
     }
     template <class W>
     W& Child(const char* name) {

@@ -1,7 +1,6 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
-#include <future>
 
 #include "core/DBCode.h"
 #include "core/Screens.h"
@@ -10,11 +9,7 @@
 #include "desk/Cures.h"
 #include "desk/DeskWindow.h"
 #include "desk/ScreenList.h"
-#include "inventory/ItemMaster.h"
-#include "inventory/frmReceipt.h"
-#include "purchasing/frmPO.h"
 #include "tests/desk/DeskFixture.h"
-#include "vouchers/frmVoucher.h"
 
 namespace {
 
@@ -32,92 +27,6 @@ TEST_F(DeskTest, EachScreenOfTheModuleOpensByItsKeyFromAnyPage) {
     }
     EXPECT_THAT(listed, testing::UnorderedElementsAreArray(qm::ScreenNames()));
     EXPECT_EQ(Told(), "nothing");
-}
-
-TEST_F(DeskTest, TheSearchFieldLeadsToAScreenAndGivesTheFocusBack) {
-    Start();
-    QWidget* const before = desk->focusWidget();
-    Key(Qt::Key_K, Qt::ControlModifier);
-    Type("purch");
-    script.Modal("frmPO");
-    Key(Qt::Key_Return);
-    EXPECT_EQ(script.LeftOver(), 0u);
-    Key(Qt::Key_K, Qt::ControlModifier);
-    Type("zz");
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(desk->focusWidget(), before);
-    EXPECT_EQ(desk->findChild<QLineEdit*>("search")->text(), "");
-}
-
-// A receipt against an order belongs to the order's screen.
-TEST_F(DeskTest, EachResultOfTheSearchOpensItsOwnRecord) {
-    FillWithSample();
-    books.OpenHost();
-    books.Run(
-        "Insert Into tblPO2001 (poNumber, poSupplierID, poSupplierName, PoDate) Select 77, Ledger_ID, Name, "
-        "36990 From Ledger_Master Where Name = 'Sample Stationery Depot'");
-    books.Run("Insert Into tblPODet2001 (PoDetPoNo, PoDetItemID, PoDetQtyOrder) Values (77, 3, 5)");
-    books.Run(
-        "Insert Into tblItemLed2001 (ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, "
-        "ItemLedPONo, ItemLedTrnRptQty) Values (4, 36990, 'Receipt', 3, 0, 7)");
-    for (const char* bill : {"'D/9', 4, 9, False, 0", "'D/10', 5, 9, True, 77"})
-        books.Run(
-            "Insert Into tblBills2001 (BillID, BillTxnID, BillVchrNo, ISPoBill, InstrumentID) Values (" +
-            std::string(bill) + ")");
-    Start();
-    const auto supplier = [](forms::Form& form) {
-        auto& order = static_cast<qm::frmPO&>(form).ui();
-        return order.cmbSuppliers->Text() + " " + order.tvPO->SelectedItem()->Key();
-    };
-    const auto voucher = [](forms::Form& form) {
-        return static_cast<qm::frmVoucher&>(form).ui().txtVoucherNo->Text();
-    };
-    const struct {
-        const char *Words, *Form;
-        std::function<std::string(forms::Form&)> Read;
-        const char* Shown;
-    } records[] = {
-        {"graph", "ItemMaster",
-         [](forms::Form& form) { return static_cast<qm::ItemMaster&>(form).ui().txtItemName->Text(); },
-         "Graph Book 100 Leaves"},
-        {"77", "frmPO", supplier, "Sample Stationery Depot 77PO"},
-        {"D/9", "frmReceipt",
-         [](forms::Form& form) { return static_cast<qm::frmReceipt&>(form).ui().cmbReceipt->Text(); }, "4"},
-        {"D/10", "frmPO", supplier, "Sample Stationery Depot 77PO"},
-        {"14", "frmVoucher", voucher, "14"},
-        {"festival season", "frmVoucher", voucher, "25"},
-    };
-    for (const auto& each : records) {
-        SCOPED_TRACE(each.Words);
-        std::string shown;
-        script.Modal(each.Form, [&](forms::Form& form) { shown = each.Read(form); });
-        Press({"Ctrl+K", std::string("'") + each.Words, "Return"});
-        EXPECT_TRUE(QTest::qWaitFor([&] { return script.LeftOver() == 0; })) << "not opened";
-        EXPECT_EQ(shown, each.Shown);
-    }
-}
-
-TEST_F(DeskTest, TheSearchFieldLeadsToALedgersStatementThoughEnterComesBeforeTheAnswer) {
-    FillWithSample();
-    Start();
-    Key(Qt::Key_K, Qt::ControlModifier);
-    Type("paper mart");
-    Key(Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Title() == "Example Paper Mart"; })) << Title();
-    Key(Qt::Key_Escape);
-    EXPECT_EQ(Title(), "Overview");
-}
-
-TEST_F(DeskTest, WhatTheSearchFindsLateOpensOverNothingElse) {
-    FillWithSample();
-    Start();
-    std::promise<void> answer;
-    desk->Books().Background().Start(
-        *desk, [&](queries::Reading&, desk::Worker::Job&) { answer.get_future().wait(); },
-        [](std::exception_ptr) {});
-    Press({"Ctrl+K", "'paper mart", "Return", "Alt+2"});
-    answer.set_value();
-    EXPECT_FALSE(QTest::qWaitFor([&] { return Title() != "Vouchers"; }, 500)) << Title();
 }
 
 TEST_F(DeskTest, AYearIsSwitchedOnlyWhenWhatFollowsHasBeenReadAndTaken) {
@@ -160,13 +69,19 @@ TEST_F(DeskTest, AMessageThatComesByItselfLeavesTheKeysWhereTheyAre) {
 }
 
 // What a screen wrote into a file that was taken away would be lost.
-TEST_F(DeskTest, BooksThatAreReplacedBelowTheDeskAreToldAndOpenedByAKey) {
+TEST_F(DeskTest, BooksThatAreTakenAwayAreToldUntilTheyAreBackOrOthersAreOpenedByAKey) {
     Start();
     if (desk->Books().OnServer()) GTEST_SKIP() << "a server keeps its files to itself";
     const std::filesystem::path file = books.DataPath() + qm::BooksFile, aside = settings / "aside.mdb";
-    std::filesystem::rename(file, aside);
     const auto told = testing::HasSubstr("were taken away or replaced while they were open");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return testing::Matches(told)(Told()); })) << Told();
+    const auto lose = [&] {
+        std::filesystem::rename(file, aside);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return testing::Matches(told)(Told()); })) << Told();
+    };
+    lose();
+    std::filesystem::rename(aside, file);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Told() == "The books can be read again."; })) << Told();
+    lose();
     Key(Qt::Key_F2);  // no screen, or the script would fail
     EXPECT_THAT(Told(), told);
     std::filesystem::copy(aside, file);
@@ -193,6 +108,8 @@ TEST_F(DeskTest, AFailureIsToldInTheBarWithItsCauseAndCure) {
                 testing::AllOf(testing::HasSubstr("Could not find the books file '/nowhere/QmAccount.mdb'."),
                                testing::HasSubstr("What to do: correct dataPath, or lay down books")));
     EXPECT_EQ(Title(), "Overview");  // of the books from before
+    desk->Try([] { throw basic::Error(5, "cannot write a.csv: full", "basic"); });
+    EXPECT_THAT(Told(), testing::HasSubstr("or is not there; what bore the name stands as it was."));
     desk->Books().Close();
     desk->OpenBooks("/nowhere");
     EXPECT_THAT(Told(), testing::HasSubstr("Could not find the books file"));

@@ -81,10 +81,7 @@ TEST_F(OverviewPageTest, AChartTurnsIntoTheTableOfItsFigures) {
 TEST_F(OverviewPageTest, EachRowAndButtonOpensWhatStandsBehindItAndBackIsTheSameRow) {
     FillWithSample();
     books.OpenHost();
-    books.Run(
-        "Insert Into tb_Ledger2001 (LedgerTrnNo, LedgerTxnDate, LedgerTrnType, LedgerCode, LedgerName, "
-        "LedgerDrAmt, LedgerCrAmt) Select 900, 37000, 'Journal', LedgerCode, LedgerName, 1, 0 From "
-        "tb_Ledger2001 Where LedgerTrnNo = 3 And LedgerDrAmt > 0");
+    books.Run(NewLines("LedgerTrnNo = 3 And LedgerDrAmt > 0", "37000, 1, 0, ''"));
     StartOnBooks();
     const struct {
         const char* Card;

@@ -1,5 +1,4 @@
 #include <QHeaderView>
-#include <QMenu>
 #include <QScrollBar>
 
 #include "tests/desk/DeskFixture.h"
@@ -38,20 +37,8 @@ TEST_F(ResultsPageTest, AMonthAndTheMonthsBesideEachOtherComeByTheChips) {
     desk->Go("results");
     Key(Qt::Key_R, Qt::AltModifier);
     WaitForTotals("12 rows");
-    const auto choose = [this](const char* menu, int action) {
-        auto& chosen = Child<QMenu>(menu);
-        chosen.popup({});
-        chosen.actions()[action]->trigger();
-        chosen.close();
-    };
-    EXPECT_FALSE([&] {
-        auto& beside = Child<QMenu>("beside");
-        beside.popup({});
-        const bool known = beside.actions()[1]->isEnabled();
-        beside.close();
-        return known;
-    }());  // of the year before these books know nothing
-    choose("beside", 2);
+    EXPECT_FALSE(Choices("beside")[1]->isEnabled());  // of the year before these books know nothing
+    Choices("beside")[2]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().View().model()->columnCount() == 14; }));
     // Names are read whole, and what stands below the columns goes along with them.
     QAbstractItemView& months = Sheet().View();
@@ -68,10 +55,10 @@ TEST_F(ResultsPageTest, AMonthAndTheMonthsBesideEachOtherComeByTheChips) {
     months.horizontalScrollBar()->setValue(50);
     EXPECT_TRUE(QTest::qWaitFor([&] { return painted.seen; }));
     Sheet().findChild<QWidget*>("totals")->removeEventFilter(&painted);
-    choose("period", 3);
+    Choices("period")[3]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().View().model()->columnCount() == 3; }));
     EXPECT_EQ(Sheet().Sheet()->Columns()[1].caption, "May-2001");
-    choose("beside", 0);
+    Choices("beside")[0]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().Sheet()->Columns()[1].caption == "Debit"; }));
     EXPECT_EQ(Sheet().Sheet()->Title(), "Trading Account, 01-May-2001 to 31-May-2001");
     const int rows = static_cast<int>(Sheet().Sheet()->Rows());

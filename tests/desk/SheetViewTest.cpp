@@ -32,10 +32,7 @@ TEST_F(SheetViewTest, ASheetThatCannotBeCountedNeverStandsBehindTheView) {
         std::string title;
         std::vector<queries::Column> columns;
     };
-    FillWithSample();
-    Start();
-    desk->Go("vouchers");
-    WaitForTotals("142 lines");
+    StartOnVouchers();
     Sheet().Ask([](queries::Reading&) { return std::make_shared<Uncounted>(); });
     EXPECT_EQ(Told(), "gone");
     EXPECT_EQ(Empty(), "This was not read to its end");
@@ -100,18 +97,8 @@ TEST_F(SheetViewTest, AnAnswerThatIsOnItsWayComesThoughTheBooksChangeMeanwhile) 
     EXPECT_EQ(*asked, 2);
 }
 
-TEST_F(SheetViewTest, AFileIsNamedByItsTitleWithoutWhatNoNameBears) {
-    EXPECT_EQ(desk::FileNameOf("M/s Rao: \"North\" *, 2001-2002", desk::SheetFile::Workbook).toStdString(),
-              "M-s Rao- -North- -.xlsx");
-    const std::string longest(255, 'W');
-    EXPECT_EQ(desk::FileNameOf(longest, desk::SheetFile::Csv).toStdString(), longest.substr(0, 60) + ".csv");
-}
-
 TEST_F(SheetViewTest, ACellThatHasNoRoomForItsTextTellsItWhereTheMouseRests) {
-    FillWithSample();
-    Start();
-    desk->Go("vouchers");
-    WaitForTotals("142 lines");
+    StartOnVouchers();
     QAbstractItemView& view = Sheet().View();
     constexpr int Ledger = 3;
     const auto tip = [&view](int column) {

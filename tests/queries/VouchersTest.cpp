@@ -58,6 +58,13 @@ TEST(Vouchers, AreNarrowedAndOrdered) {
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Date, true)), "2 1 1 3");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger, true)), "1 2 3 1");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Credit, true)), "1 2 3 1");
+    books.Run(
+        "Update tb_Ledger2001 Set LedgerNarration = 'RENT OF THE SHOP, 100% PAID' Where LedgerDrAmt = 500");
+    books.Run("Update tb_Ledger2001 Set LedgerName = Null Where LedgerTrnNo = 2");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration)), "3 1 1 2");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration, true)), "2 1 1 3");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger)), "2 3 1 1");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Type, true)), "3 1 1 2");
     books.Run("Update tb_Ledger2001 Set LedgerDrAmt = Null, LedgerTxnDate = Null Where LedgerTrnNo = 2");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Debit)), "2 1 3 1");
     EXPECT_EQ(Numbers(Vouchers(reading, {.words = "rent"}, VoucherOrder::Debit, true)), "1 1 2");

@@ -17,6 +17,8 @@ namespace ado {
 // its fields.
 class RowStore {
   public:
+    static constexpr std::size_t Part = 4096;  // rows at a time, for who goes through all and keeps none
+
     explicit RowStore(const Plan& plan);
 
     // Steps the statement to its end, or until that many rows stand, and takes all it gives; alike rows of a

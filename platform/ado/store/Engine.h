@@ -45,6 +45,7 @@ class Engine {
     virtual void KeepAtMost(int /*kb*/) {}
     // From now on what would change the store raises ReadOnly, whoever asks for it.
     virtual void RefuseWrites() = 0;
+    virtual void ForgetPages() {}  // all that is kept of it
     virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
     virtual const StoreSql& Sql() const = 0;   // the words that Prepare takes
     virtual std::int64_t Changes() const = 0;  // rows of the last insert, update or delete

@@ -118,6 +118,10 @@ void SqlCipherEngine::RefuseWrites() {
     store_.Run("PRAGMA query_only = ON");
 }
 
+void SqlCipherEngine::ForgetPages() {
+    sqlite3_db_release_memory(store_.Get());
+}
+
 void SqlCipherEngine::Close() {
     Flush();
     Leave();

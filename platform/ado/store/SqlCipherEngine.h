@@ -25,6 +25,7 @@ class SqlCipherEngine final : public Engine {
     void Close() override;
     void KeepAtMost(int kb) override;
     void RefuseWrites() override;
+    void ForgetPages() override;
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
     const StoreSql& Sql() const override { return sql_; }
     std::int64_t Changes() const override;

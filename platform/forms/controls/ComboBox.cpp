@@ -123,6 +123,19 @@ void ComboBox::OpenList() {
 void ComboBox::showPopup() {
     QComboBox::showPopup();
     if (text_.isEmpty()) view()->setCurrentIndex(model()->index(0, modelColumn()));
+    view()->installEventFilter(this);
+}
+
+// The toolkit's list would keep Tab to itself.
+bool ComboBox::eventFilter(QObject* list, QEvent* event) {
+    if (list != view() || event->type() != QEvent::KeyPress) return QComboBox::eventFilter(list, event);
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab) return false;
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(list, &enter);
+    hidePopup();  // no line was marked
+    QCoreApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, key.key(), key.modifiers()));
+    return true;
 }
 
 // The designer's `editable` is known only when the form is complete.

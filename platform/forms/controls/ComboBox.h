@@ -36,7 +36,7 @@ class ComboBox : public QComboBox, public Control, public basic::ListControl {
     bool Locked() const { return locked_; }
     void SetLocked(bool locked) override;
     void OpenList();            // as the key F4 does; nothing where it is disabled or locked
-    void showPopup() override;  // on the first line where the text is empty
+    void showPopup() override;  // on the first line where the text is empty; Tab takes a line and goes on
 
     Event<> Change;
     Event<> Click;
@@ -47,6 +47,7 @@ class ComboBox : public QComboBox, public Control, public basic::ListControl {
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* list, QEvent* event) override;
 
   private:
     void Take(int index, const QString& text);

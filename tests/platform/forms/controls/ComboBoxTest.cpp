@@ -80,6 +80,13 @@ TEST_F(ComboBoxTest, TheUserChoosesByKeyAndByList) {
     EXPECT_THAT(Logged(), ElementsAre("Click 1"));
     EXPECT_EQ(combo->Text(), "Payment");
     EXPECT_EQ(Active(form), "cmbList") << "the list is no other control";
+    combo->OpenList();
+    SystemKey(Qt::Key_Down);
+    SystemKey(Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(combo->view()->isVisible()) << "Tab takes the line and goes on";
+    EXPECT_EQ(combo->Text(), "Contra");
+    EXPECT_NE(Active(form), "cmbList");
 }
 
 // The press of such a key goes to the window that has the system's focus: the form's, where the list was
