@@ -4,6 +4,8 @@
 #include <sstream>
 #include <string>
 
+#include <malloc.h>
+
 #include "core/SiblingLibrary.h"
 #include "core/modGeneral.h"
 #include "platform/ado/Maintenance.h"
@@ -54,6 +56,7 @@ void CopyVoucher(std::int32_t number) {
 
 void ForgetPages() {
     ado::ForgetPages(Conn());
+    malloc_trim(0);  // to the system
 }
 
 void WritePictures(const std::string& folder) {

@@ -19,10 +19,6 @@ constexpr std::int32_t FileNotFound = 53;
 // background, what one walk through an index and its table needs, of which the next would find nothing.
 constexpr int KeptToShow = 2048, KeptToWatch = 512, KeptInBackground = 2048;
 
-bool IsServer(const std::string& address) {
-    return address.starts_with("postgresql://") || address.starts_with("postgres://");
-}
-
 // Which file stands there, whatever it is called; none where there is none.
 std::optional<std::pair<dev_t, ino_t>> FileAt(const std::string& path) {
     struct stat found {};
@@ -86,8 +82,8 @@ BooksCheck& Books::Check() {
     return *check_;
 }
 
-bool Books::OnServer() const {
-    return IsServer(address_);
+bool Books::IsServer(const std::string& address) {
+    return address.starts_with("postgresql://") || address.starts_with("postgres://");
 }
 
 QString Books::Name() const {
@@ -128,6 +124,11 @@ std::optional<std::string> Books::OtherYear() {
     return current.empty() || current == YearInForce() ? std::nullopt : std::optional(current);
 }
 
+QString Books::LongForm(const std::string& shortForm) {
+    const int year = QString::fromStdString(shortForm).toInt();
+    return QString("%1-%2").arg(year).arg(year + 1);
+}
+
 bool Books::Changed() {
     return AreOpen() && qm::Conn().TransDepth() == 0 && reading_->ChangedByOthers();
 }
@@ -137,8 +138,10 @@ void Books::SwitchYear(const std::string& shortForm) {
     if (host::CurrentYear() != shortForm &&
         !host::AllOrNothing([&] { return host_->SetGetFinancialYear(shortForm) == shortForm; }))
         throw basic::Error(basic::error::InvalidCall, "The year could not be made the current one.", "desk");
+    const BooksCheck::ResultPtr found = check_ ? check_->Last() : nullptr;
     host_->StartDataConn();
     Read();
+    if (found) Check().Keep(found);  // it is of all years
 }
 
 }  // namespace desk

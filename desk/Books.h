@@ -32,7 +32,8 @@ class Books {
     QString Place() const;               // the whole address
     const std::string& Address() const;  // as the class has it
     qm::clQm& Host() { return *host_; }  // for what changes the books
-    bool OnServer() const;
+    bool OnServer() const { return IsServer(address_); }
+    static bool IsServer(const std::string& address);  // not a folder
     queries::Reading& Reading() { return *reading_; }
     Worker& Background();  // for what takes longer than a moment
     Worker& Writer();      // for files, so that nothing that is looked at waits for them
@@ -47,6 +48,7 @@ class Books {
     std::vector<host::Year> Years();         // as they stand in the books now
     std::string YearInForce() const;         // "2001", in which screens and pages work; "" for none
     std::optional<std::string> OtherYear();  // the books' current one, where that is another by now
+    static QString LongForm(const std::string& shortForm);  // "2001-2002"
     // Makes a known year, by its short form, the current one of the books, for every program, and works in it
     // from now on. Raises where the flag cannot be moved.
     void SwitchYear(const std::string& shortForm);

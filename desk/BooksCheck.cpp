@@ -3,16 +3,24 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <algorithm>
-#include <regex>
 #include <utility>
 
 namespace desk {
 
-void BooksCheck::Run(QObject& owner, const std::function<void(std::exception_ptr)>& end) {
+void BooksCheck::Listen(QObject& owner, std::function<void()> hear) {
+    listeners_.emplace_back(&owner, std::move(hear));
+}
+
+void BooksCheck::Tell() {
+    std::erase_if(listeners_, [](const auto& listener) { return !listener.first; });
+    for (const auto& [owner, hear] : listeners_) hear();
+}
+
+void BooksCheck::Run(QObject& owner, std::function<void(std::exception_ptr)> end) {
     if (job_) job_->Cancelled = true;
     const auto result = std::make_shared<Result>();
     job_ = worker_.Start(
-        owner,
+        *this,
         [result](queries::Reading& books, Worker::Job& job) {
             QElapsedTimer clock;
             clock.start();
@@ -27,11 +35,13 @@ void BooksCheck::Run(QObject& owner, const std::function<void(std::exception_ptr
             result->At = QDateTime::currentDateTime();
             result->Took = clock.elapsed();
         },
-        [this, result, end](std::exception_ptr failure) {
+        [this, result, asked = QPointer<QObject>(&owner), end = std::move(end)](std::exception_ptr failure) {
             job_.reset();
             if (!failure) last_ = result;
-            end(failure);
+            Tell();
+            if (asked) end(failure);
         });
+    Tell();
 }
 
 QString BooksCheck::CountsOf(const Result& result) {
@@ -44,40 +54,6 @@ QString BooksCheck::Text() const {
     if (!last_) return Running() ? tr("Checking\u2026") : tr("Not checked yet");
     const QString found = last_->Findings.empty() ? tr("Nothing to find fault with") : CountsOf(*last_);
     return tr("%1, at %2").arg(found, last_->At.toString("HH:mm"));
-}
-
-std::unique_ptr<queries::Sheet> FindingsSheet(const BooksCheck::Result& result) {
-    using host::Finding;
-    using queries::Kind;
-    static const std::vector<queries::Filled<Finding>> columns{
-        {{"severity", "Severity", Kind::Text},
-         [](const Finding& finding) -> basic::Value {
-             return finding.severity == host::Severity::Error ? "Error" : "Note";
-         }},
-        {{"finding", "What was found", Kind::Text},
-         [](const Finding& finding) -> basic::Value { return finding.text; }},
-    };
-    return std::make_unique<queries::SheetOf<Finding>>(
-        "Check of the books, " + result.At.toString("dd-MMM-yyyy HH:mm").toStdString(), columns,
-        result.Findings);
-}
-
-// A finding names its record first: "voucher 12 of 2001: ...", "bill 'B 7' of receipt 4 in 2001: ...".
-FoundRecord RecordOf(const std::string& finding, const std::string& year) {
-    static const std::regex ofYear("\\b(voucher|receipt) (\\d+) (?:of|in) (\\d{4})\\b"),
-        ledger("^(?:details of |totals of )?ledger (\\d+)\\b"), item("\\bitem (\\d+)\\b"),
-        order("\\border (\\d+)\\b"), leaf("^leaf \\d+\\b"), years("^(?:years?|voucher register)\\b");
-    std::smatch found;
-    if (std::regex_search(finding, found, ofYear)) {
-        if (found[3] != year) return {};
-        return {found[1] == "voucher" ? "frmVoucher" : "frmReceipt", found[2]};
-    }
-    if (std::regex_search(finding, found, ledger)) return {"Ledger_Master", found[1]};
-    if (std::regex_search(finding, found, item)) return {"ItemMaster", found[1]};
-    if (std::regex_search(finding, found, order)) return {"frmPO", found[1]};
-    if (std::regex_search(finding, leaf)) return {"frmGrpMain", ""};
-    if (std::regex_search(finding, years)) return {"frmFinYear", ""};
-    return {};
 }
 
 }  // namespace desk

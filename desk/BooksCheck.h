@@ -3,25 +3,26 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desk/Worker.h"
 #include "host/audit/Audit.h"
-#include "queries/Sheet.h"
 
 namespace desk {
 
 // The audit of the open books, as qmhost check runs it, beside everything else; what it found last is kept.
-class BooksCheck {
+class BooksCheck : public QObject {
     Q_DECLARE_TR_FUNCTIONS(desk::BooksCheck)
 
   public:
     struct Result {
-        std::vector<host::Finding> Findings;
-        std::size_t Errors = 0;  // the rest are notes
+        std::vector<host::Finding> Findings;  // errors first
+        std::size_t Errors = 0;               // the rest are notes
         QDateTime At;
         qint64 Took = 0;  // milliseconds
     };
@@ -29,29 +30,26 @@ class BooksCheck {
 
     BooksCheck(const std::string& dataPath, const std::string& year) : worker_(dataPath, year, KeptKb) {}
 
-    // `end` is called on the main thread, while `owner` lives. An older run that still goes on is left.
-    void Run(QObject& owner, const std::function<void(std::exception_ptr)>& end);
+    // `end` is called on the main thread, if `owner` still lives then. An older run that still goes on is
+    // left.
+    void Run(QObject& owner, std::function<void(std::exception_ptr)> end);
+    // Calls `hear` at each beginning and end of a run, while `owner` lives.
+    void Listen(QObject& owner, std::function<void()> hear);
     bool Running() const { return job_ != nullptr; }
-    QString Text() const;                            // "1 error, 2 notes, at 10:15"
-    static QString CountsOf(const Result& result);   // "1 error, 2 notes"
-    const ResultPtr& Last() const { return last_; }  // null before the first
+    QString Text() const;                                   // "1 error, 2 notes, at 10:15"
+    static QString CountsOf(const Result& result);          // "1 error, 2 notes"
+    const ResultPtr& Last() const { return last_; }         // null before the first
+    void Keep(ResultPtr last) { last_ = std::move(last); }  // of the same books, in another year
 
   private:
     static constexpr int KeptKb = 16384;  // an index is gone through in the order of its table
 
+    void Tell();
+
     ResultPtr last_;
+    std::vector<std::pair<QPointer<QObject>, std::function<void()>>> listeners_;
     std::shared_ptr<Worker::Job> job_;
     Worker worker_;
 };
-
-// Errors first.
-std::unique_ptr<queries::Sheet> FindingsSheet(const BooksCheck::Result& result);
-
-// The screen that shows what a finding names, and the record there; no form where there is none in the year.
-struct FoundRecord {
-    std::string Form, Record;
-    bool operator==(const FoundRecord&) const = default;
-};
-FoundRecord RecordOf(const std::string& finding, const std::string& year);
 
 }  // namespace desk

@@ -31,6 +31,10 @@ class Desk {
 
     virtual void AskForFolder() = 0;  // of other books, and opens them
 
+    // Runs `then` in a financial year, by its short form: at once, where it is the one in force, else once
+    // the user has agreed to switch to it. All pages are new then.
+    virtual void InYear(const std::string& year, const std::function<void()>& then) = 0;
+
     // Opens a screen of the module by its form's name, on a record where one is named, and comes back to the
     // same row, brought up to date.
     virtual void OpenScreen(const std::string& form, const std::string& record = {}) = 0;

@@ -46,8 +46,9 @@ DeskWindow::DeskWindow()
     const QSize frame(16, 40);  // what a window manager puts around it
     resize(QSize(1200, 760).boundedTo(screen()->availableSize() - frame));
     LayOut();
-    year_ = std::make_unique<YearSwitch>(books_, *notice_,
-                                         [this](const std::string& shortForm) { SwitchYear(shortForm); });
+    year_ = std::make_unique<YearSwitch>(
+        books_, *notice_,
+        [this](const std::string& shortForm, const auto& then) { SwitchYear(shortForm, then); });
     AddCommands();
     Theme::Apply(*this);
     head_->ShowBooks(books_);
@@ -251,7 +252,14 @@ void DeskWindow::ShowChanges() {
     pages_->ShowChanges();
 }
 
-void DeskWindow::SwitchYear(const std::string& shortForm) {
+void DeskWindow::InYear(const std::string& year, const std::function<void()>& then) {
+    if (year == books_.YearInForce())
+        Try(then);
+    else
+        year_->Ask(year, then);
+}
+
+void DeskWindow::SwitchYear(const std::string& shortForm, const std::function<void()>& then) {
     const QString key = list_->Marked();
     if (!Try([&] { books_.SwitchYear(shortForm); })) return;
     DropPages();  // what they show is of the year before
@@ -259,6 +267,7 @@ void DeskWindow::SwitchYear(const std::string& shortForm) {
     ShowHead();
     watch_.Start();
     Go(key);
+    if (then) Try(then);
 }
 
 void DeskWindow::resizeEvent(QResizeEvent* event) {

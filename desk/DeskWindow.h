@@ -39,6 +39,7 @@ class DeskWindow : public QWidget, public Desk {
     void Back() override { pages_->Back(); }
     void Reopen(const std::string& address, const std::function<QString()>& meanwhile) override;
     void AskForFolder() override;
+    void InYear(const std::string& year, const std::function<void()>& then) override;
     void OpenScreen(const std::string& form, const std::string& record) override;
     void LookForChanges() override { watch_.LookNow(); }
     void CopyVoucher(std::int32_t number) override;
@@ -68,7 +69,7 @@ class DeskWindow : public QWidget, public Desk {
     void InScreen(const std::function<void()>& open);
     void TellLost(const basic::Error& error);
     void ShowChanges();
-    void SwitchYear(const std::string& shortForm);
+    void SwitchYear(const std::string& shortForm, const std::function<void()>& then);
 
     desk::Books books_;
     Finder finder_{*this};

@@ -1,44 +1,125 @@
 #include "desk/FindingsPage.h"
 
-#include <QCoreApplication>
+#include <QAbstractItemView>
+#include <QItemSelectionModel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <exception>
+#include <utility>
+#include <vector>
 
 #include "desk/Books.h"
-#include "desk/BooksCheck.h"
-#include "desk/ListPage.h"
+#include "desk/Cures.h"
+#include "desk/FindingPlace.h"
+#include "desk/SheetView.h"
+#include "desk/StatusCard.h"
 
 namespace desk {
 namespace {
 
-struct Words {
-    Q_DECLARE_TR_FUNCTIONS(desk::FindingsPage)
+struct FoundLine {
+    host::Finding Finding;
+    std::string LeadsTo;
 };
+using FoundSheet = queries::SheetOf<FoundLine>;
 
-void OpenRecord(Desk& desk, const queries::Sheet& sheet, std::size_t row) {
-    const std::string text = basic::TextOrEmpty(sheet.At(row, 1));
-    const FoundRecord record = RecordOf(text, desk.Books().YearInForce());
-    if (record.Form.empty())
-        desk.Note(Words::tr("This line names no record of the year that is open: %1")
-                      .arg(QString::fromStdString(text)));
-    else
-        desk.OpenScreen(record.Form, record.Record);
+std::shared_ptr<FoundSheet> SheetOf(const BooksCheck::Result& result, const FindingPlaces& places) {
+    using queries::Kind;
+    static const std::vector<queries::Filled<FoundLine>> columns{
+        {{"severity", "Severity", Kind::Text},
+         [](const FoundLine& line) -> basic::Value {
+             return line.Finding.severity == host::Severity::Error ? "Error" : "Note";
+         }},
+        {{"finding", "What was found", Kind::Text},
+         [](const FoundLine& line) -> basic::Value { return line.Finding.text; }},
+        {{"leads_to", "Leads to", Kind::Text},
+         [](const FoundLine& line) -> basic::Value { return line.LeadsTo; }},
+    };
+    std::vector<FoundLine> lines;
+    for (const host::Finding& finding : result.Findings)
+        lines.push_back({finding, places.Of(finding.subject).Text.toStdString()});
+    return std::make_shared<FoundSheet>(
+        "Check of the books, " + result.At.toString("dd-MMM-yyyy HH:mm").toStdString(), columns,
+        std::move(lines));
 }
 
 }  // namespace
 
-void OpenFindings(Desk& desk) {
-    const BooksCheck::ResultPtr result = desk.Books().Check().Last();
+void FindingsPage::Open(Desk& desk, std::size_t row) {
+    if (!desk.Books().Check().Last()) return;
+    auto* const page = new FindingsPage(desk);
+    page->view_->SetCurrent(row);
+    desk.Push(page);
+}
+
+FindingsPage::FindingsPage(Desk& desk)
+    : Page(desk, tr("Check of the books")),
+      view_(new SheetView(desk, "findings")),
+      cure_(new StatusCard(tr("Why, and what to do"), "cure")) {
+    view_->SetEmpty(tr("Nothing was found"),
+                    tr("Pages, ledgers, vouchers, stock and bills agree with each other."));
+    view_->Activated = [this](std::size_t row) { GoTo(row); };
+    view_->Filled = [this] { TellCure(); };
+    connect(view_->View().selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { TellCure(); });
+    AddAction(tr("Check again"), QKeySequence(Qt::CTRL | Qt::Key_R), [this] {
+        CheckAgain();
+    }).setObjectName("checkAgain");
+    AddToHead(view_->Buttons());
+    Body().addWidget(view_, 1);
+    Body().addWidget(cure_);
+    view_->View().setAccessibleName(Title());
+    SetFirstFocus(view_);
+    Ask(false);
+}
+
+void FindingsPage::Refresh() {
+    Ask(true);
+}
+
+void FindingsPage::Ask(bool again) {
+    const BooksCheck::ResultPtr result = desk().Books().Check().Last();
     if (!result) return;
-    const QString count = BooksCheck::CountsOf(*result);
-    desk.Push(new ListPage(
-        desk, {.Name = "findings",
-               .Title = Words::tr("Check of the books"),
-               .Subtitle = Words::tr("%1; checked %2").arg(count, result->At.toString("dd-MMM-yyyy HH:mm")),
-               .Chapter = "When something goes wrong",
-               .Empty = Words::tr("Nothing was found"),
-               .EmptyText = Words::tr("Pages, ledgers, vouchers, stock and bills agree with each other."),
-               .Make = [result](queries::Reading&) { return SheetView::SheetPtr(FindingsSheet(*result)); },
-               .Activated = [&desk](const queries::Sheet& sheet,
-                                    std::size_t row) { OpenRecord(desk, sheet, row); }}));
+    SetSubtitle(
+        tr("%1; checked %2").arg(BooksCheck::CountsOf(*result), result->At.toString("dd-MMM-yyyy HH:mm")));
+    const auto sheet = [sheet = SheetOf(*result, FindingPlaces(desk()))](queries::Reading&) { return sheet; };
+    again ? view_->AskAgain(sheet) : view_->Ask(sheet);
+}
+
+const host::Finding* FindingsPage::Current() const {
+    const auto row = view_->Current();
+    return row ? &static_cast<const FoundSheet&>(*view_->Sheet()).Typed()[*row].Finding : nullptr;
+}
+
+void FindingsPage::TellCure() {
+    const host::Finding* const finding = Current();
+    const auto cure = finding ? CureOfFinding(finding->text) : std::nullopt;
+    cure_->Say(cure ? cure->Text() : QString());
+    cure_->setVisible(cure.has_value());
+}
+
+// Of what stands in another year the pages are made anew, this one too, once the user has agreed.
+void FindingsPage::GoTo(std::size_t row) {
+    const auto& finding = static_cast<const FoundSheet&>(*view_->Sheet()).Typed()[row].Finding;
+    const FindingPlace place = FindingPlaces(desk()).Of(finding.subject);
+    if (!place.Open) return desk().Note(tr("No page and no screen shows this. What to do stands below."));
+    if (place.OtherYear.empty()) return place.Open();
+    desk().InYear(place.OtherYear, [&desk = desk(), row, open = place.Open] {
+        Open(desk, row);
+        open();
+    });
+}
+
+void FindingsPage::CheckAgain() {
+    auto& again = *findChild<QPushButton*>("checkAgain");
+    again.setEnabled(false);
+    desk().Books().Check().Run(*this, [this, &again](std::exception_ptr failure) {
+        again.setEnabled(true);
+        desk().Try([&] {
+            if (failure) std::rethrow_exception(failure);
+            Refresh();
+        });
+    });
 }
 
 }  // namespace desk

@@ -1,10 +1,36 @@
 #pragma once
 
+#include "desk/BooksCheck.h"
+#include "desk/Page.h"
+
 namespace desk {
 
-class Desk;
+class SheetView;
+class StatusCard;
 
-// Opens the list of what the check of the books found last; Enter opens the record that a line names.
-void OpenFindings(Desk& desk);
+// What the check of the books found last. Below the list stands why the chosen line is so and what to do;
+// Enter goes to where that is done.
+class FindingsPage : public Page {
+    Q_DECLARE_TR_FUNCTIONS(desk::FindingsPage)
+
+  public:
+    // Shows the page, if there is anything to show.
+    static void Open(Desk& desk, std::size_t row = 0);
+
+    explicit FindingsPage(Desk& desk);
+    QString Chapter() const override { return "When something goes wrong"; }
+    void Refresh() override;
+
+  private:
+    void Ask(bool again);
+    void TellCure();
+    void CheckAgain();
+    const host::Finding* Current() const;  // null for none
+    void GoTo(std::size_t row);
+
+    SheetView* view_;
+    StatusCard* cure_;
+    std::size_t first_ = 0;  // the row to begin with
+};
 
 }  // namespace desk

@@ -72,7 +72,7 @@ void NoticeBar::Show(Kind kind, const QString& text, const QString& more, std::v
 
 void NoticeBar::Tell(const basic::Error& error, std::vector<Answer> answers) {
     QString more;
-    if (const auto cure = CureOf(error)) more = tr("Why: %1. What to do: %2.").arg(cure->Cause, cure->Remedy);
+    if (const auto cure = CureOf(error)) more = cure->Text();
     Show(Kind::Fault, QString::fromStdString(error.Description), more, std::move(answers));
 }
 

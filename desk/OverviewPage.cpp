@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "desk/Books.h"
-#include "desk/FindingsPage.h"
+#include "desk/CheckCard.h"
 #include "desk/ItemPage.h"
 #include "desk/JobBar.h"
 #include "desk/LastBackup.h"
@@ -61,9 +61,7 @@ OverviewPage::OverviewPage(Desk& desk)
 
 void OverviewPage::MakeCards() {
     using queries::VoucherFilter;
-    check_ = new StatusCard(tr("Check of the books"), "check");
-    check_->AddButton(tr("&Findings"), [this] { OpenFindings(desk()); }).setObjectName("findings");
-    check_->AddButton(tr("Check &now"), [this] { RunCheck(); });
+    check_ = new CheckCard(desk(), tr("Check &now"));
     backup_ = new StatusCard(tr("Last backup"), "backup");
     backup_->AddButton(tr("&Back up\u2026"), [this] { desk().Go("books"); });
     const auto monthly = [this](VoucherFilter (*filter)(ChartView::Place)) {
@@ -135,7 +133,7 @@ void OverviewPage::resizeEvent(QResizeEvent* event) {
 void OverviewPage::showEvent(QShowEvent* event) {
     Page::showEvent(event);
     TellBackup();
-    TellCheck();
+    check_->Tell();
 }
 
 void OverviewPage::Ask() {
@@ -155,25 +153,11 @@ void OverviewPage::Take(std::shared_ptr<const OverviewFigures> figures) {
     parties_->Set(figures_->Largest(LargestParties));
     short_->Set(figures_->Short());
     BooksCheck& check = desk().Books().Check();
-    if (!check.Running() && (!check.Last() || check.Last()->Took <= Quick)) RunCheck();
+    if (!check.Running() && (!check.Last() || check.Last()->Took <= Quick)) check_->Run();
 }
 
 void OverviewPage::Refresh() {
     Ask();
-}
-
-void OverviewPage::RunCheck() {
-    desk().Books().Check().Run(*this, [this](std::exception_ptr failure) {
-        TellCheck();
-        if (failure) desk().Try([&] { std::rethrow_exception(failure); });
-    });
-    TellCheck();
-}
-
-void OverviewPage::TellCheck() {
-    const BooksCheck& check = desk().Books().Check();
-    findChild<QPushButton*>("findings")->setEnabled(check.Last() && !check.Last()->Findings.empty());
-    check_->Say(check.Text(), check.Last() && check.Last()->Errors > 0);
 }
 
 void OverviewPage::TellBackup() {

@@ -14,6 +14,7 @@ class QScrollArea;
 namespace desk {
 
 class ListCard;
+class CheckCard;
 class StatusCard;
 
 // The first page: the year at a glance. Each figure opens the list behind it.
@@ -35,8 +36,6 @@ class OverviewPage : public Page {
     void LayCards(bool narrow);
     void Ask();
     void Take(std::shared_ptr<const OverviewFigures> figures);
-    void RunCheck();
-    void TellCheck();
     void TellBackup();
     void OpenVouchers(const queries::VoucherFilter& filter);
     void OpenParties(const queries::PartyFilter& filter);
@@ -50,7 +49,8 @@ class OverviewPage : public Page {
     QGridLayout* grid_;
     ChartCard *money_, *trade_, *paid_, *ages_;
     ListCard *parties_, *short_;
-    StatusCard *check_, *backup_;
+    CheckCard* check_;
+    StatusCard* backup_;
     JobBar* jobs_;
     int columns_ = 0;
 };

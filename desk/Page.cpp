@@ -104,11 +104,10 @@ void Page::KeepFocus() {
 }
 
 void Page::TakeFocus() {
-    if (focus_) {
-        focus_->setFocus(Qt::OtherFocusReason);
-    } else {
-        setFocus(Qt::OtherFocusReason);
-    }
+    // A list without rows to show has what stands in their place take the keys.
+    QWidget* to = focus_ ? focus_.data() : this;
+    while (to != this && !to->isVisibleTo(this)) to = to->parentWidget();
+    to->setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace desk

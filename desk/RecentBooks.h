@@ -4,7 +4,7 @@
 
 namespace desk {
 
-// The books that this user opened last, the latest first, by their whole addresses.
+// The books that this user opened or copied to last, the latest first, by their whole addresses.
 class RecentBooks {
   public:
     static constexpr int Most = 8;

@@ -11,6 +11,7 @@ SheetRoom::SheetRoom(QWidget* rows, QWidget* parent)
       rows_(rows),
       unread_(new EmptyState(tr("This was not read to its end"), tr("F5 asks again."))) {
     addWidget(rows_);
+    setFocusProxy(rows_);
     addWidget(unread_);
     SetEmpty(tr("Nothing here yet"), {});
 }
@@ -27,6 +28,7 @@ void SheetRoom::Turn(QWidget* to) {
     const QWidget* const at = window()->focusWidget();
     const bool hadFocus = at == currentWidget() || currentWidget()->isAncestorOf(at);
     setCurrentWidget(to);
+    setFocusProxy(to);
     if (hadFocus) to->setFocus();
 }
 

@@ -68,7 +68,7 @@ SheetView::SheetView(Desk& desk, const QString& name, Shape shape)
     jobs_->Left = [this] { view_.setFocus(); };
     MakeButtons();
     Connect();
-    setFocusProxy(&view_);
+    setFocusProxy(room_);
 }
 
 void SheetView::Connect() {

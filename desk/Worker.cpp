@@ -5,6 +5,9 @@
 
 #include <malloc.h>
 
+#include "platform/ado/Errors.h"
+#include "platform/basic/Error.h"
+
 namespace desk {
 namespace {
 
@@ -76,6 +79,25 @@ void Worker::Loop() {
     books_.reset();
 }
 
+// The connection asks nothing of one moment again by itself when the server was gone and is back. A job only
+// reads: it is begun anew on another.
+void Worker::DoTwiceAtMost(const Task& task) {
+    const auto open = [this] {
+        auto books = std::make_unique<queries::Reading>(dataPath_, year_, keptKb_);
+        const std::lock_guard lock(guard_);
+        books_.swap(books);
+    };
+    if (!books_) open();
+    try {
+        task.Work(*books_, *task.Of);
+    } catch (const basic::Error& error) {
+        if (error.Number != ado::error::ConnectionLost) throw;
+        task.Of->Step(0);
+        open();
+        task.Work(*books_, *task.Of);
+    }
+}
+
 // The task goes back through the application, which outlives every page: the owner is asked for there, on
 // its own thread.
 void Worker::Run(Task task) {
@@ -83,12 +105,7 @@ void Worker::Run(Task task) {
     bool stopped = false;
     try {
         task.Of->Step(0);
-        if (!books_) {
-            auto books = std::make_unique<queries::Reading>(dataPath_, year_, keptKb_);
-            const std::lock_guard lock(guard_);
-            books_ = std::move(books);
-        }
-        task.Work(*books_, *task.Of);
+        DoTwiceAtMost(task);
     } catch (const Stop&) {
         stopped = true;
     } catch (...) {

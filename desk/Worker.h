@@ -57,6 +57,7 @@ class Worker : public std::enable_shared_from_this<Worker> {
     };
     void Loop();
     void Run(Task task);
+    void DoTwiceAtMost(const Task& task);
 
     std::string dataPath_, year_;
     std::optional<int> keptKb_;

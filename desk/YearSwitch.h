@@ -15,10 +15,13 @@ class YearSwitch {
     Q_DECLARE_TR_FUNCTIONS(desk::YearSwitch)
 
   public:
-    // `take`: the user takes the year.
-    YearSwitch(Books& books, NoticeBar& notice, std::function<void(const std::string& shortForm)> take);
+    // The user takes the year; `then`, if anything, is to be done in it.
+    using Take = std::function<void(const std::string& shortForm, const std::function<void()>& then)>;
 
-    void Ask(const std::string& shortForm);  // whether to make it the current one; not for the one in force
+    YearSwitch(Books& books, NoticeBar& notice, Take take);
+
+    // Whether to make it the current one, and to do `then` in it; not for the one in force.
+    void Ask(const std::string& shortForm, const std::function<void()>& then = {});
     // Where the flag of the current year was moved by another program: once for each year.
     void TellOther();
     void Forget();  // what has been told: these are other books, or they are in another year
@@ -26,7 +29,7 @@ class YearSwitch {
   private:
     Books& books_;
     NoticeBar& notice_;
-    std::function<void(const std::string&)> take_;
+    Take take_;
     std::string told_;  // another year that the bar has told of
 };
 

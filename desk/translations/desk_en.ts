@@ -2,6 +2,99 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
     <context>
+        <name>desk::BackupCard</name>
+        <message>
+            <source>%1-%2: %3 lines, debit %4</source>
+            <translation>%1-%2: %3 lines, debit %4</translation>
+        </message>
+        <message>
+            <source>Backup</source>
+            <translation>Backup</translation>
+        </message>
+        <message>
+            <source>&amp;Back up…</source>
+            <translation>&amp;Back up…</translation>
+        </message>
+        <message>
+            <source>&amp;Verify…</source>
+            <translation>&amp;Verify…</translation>
+        </message>
+        <message>
+            <source>&amp;Restore…</source>
+            <translation>&amp;Restore…</translation>
+        </message>
+        <message>
+            <source>%1, %2. %3</source>
+            <translation>%1, %2. %3</translation>
+        </message>
+        <message>
+            <source>None was made at this desk yet</source>
+            <translation>None was made at this desk yet</translation>
+        </message>
+        <message>
+            <source>Back up into a new file</source>
+            <translation>Back up into a new file</translation>
+        </message>
+        <message>
+            <source>Backup (*.mdb)</source>
+            <translation>Backup (*.mdb)</translation>
+        </message>
+        <message>
+            <source>Backup to verify</source>
+            <translation>Backup to verify</translation>
+        </message>
+        <message>
+            <source>Backing up and comparing…</source>
+            <translation>Backing up and comparing…</translation>
+        </message>
+        <message>
+            <source>Backed up and compared: %1. %2</source>
+            <translation>Backed up and compared: %1. %2</translation>
+        </message>
+        <message>
+            <source>Verifying the backup…</source>
+            <translation>Verifying the backup…</translation>
+        </message>
+        <message>
+            <source>%1 is whole, of %2. %3. %4</source>
+            <translation>%1 is whole, of %2. %3. %4</translation>
+        </message>
+        <message>
+            <source>It holds what the books hold now.</source>
+            <translation>It holds what the books hold now.</translation>
+        </message>
+        <message>
+            <source>The books hold something else by now.</source>
+            <translation>The books hold something else by now.</translation>
+        </message>
+        <message>
+            <source>Backup to restore</source>
+            <translation>Backup to restore</translation>
+        </message>
+        <message>
+            <source>Restore</source>
+            <translation>Restore</translation>
+        </message>
+        <message>
+            <source>Put %1, of %2, in the place of the books in %3?
+
+It holds %4.
+The books hold %5. They are set aside under a name with the date.</source>
+            <translation>Put %1, of %2, in the place of the books in %3?
+
+It holds %4.
+The books hold %5. They are set aside under a name with the date.</translation>
+        </message>
+        <message>
+            <source>Restored from %1.</source>
+            <translation>Restored from %1.</translation>
+        </message>
+        <message>
+            <source>What stood there is now %1.</source>
+            <translation>What stood there is now %1.</translation>
+        </message>
+    </context>
+    <context>
         <name>desk::BooksCheck</name>
         <message numerus="yes">
             <source>%Ln error(s)</source>
@@ -35,42 +128,21 @@
         </message>
     </context>
     <context>
-        <name>desk::BooksPage</name>
+        <name>desk::BooksExport</name>
         <message>
-            <source>%1-%2: %3 lines, debit %4</source>
-            <translation>%1-%2: %3 lines, debit %4</translation>
+            <source>Writing the spreadsheets…</source>
+            <translation>Writing the spreadsheets…</translation>
         </message>
+        <message>
+            <source>%1 spreadsheets stand in %2.</source>
+            <translation>%1 spreadsheets stand in %2.</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::BooksPage</name>
         <message>
             <source>Books</source>
             <translation>Books</translation>
-        </message>
-        <message>
-            <source>Backup</source>
-            <translation>Backup</translation>
-        </message>
-        <message>
-            <source>&amp;Back up…</source>
-            <translation>&amp;Back up…</translation>
-        </message>
-        <message>
-            <source>&amp;Verify…</source>
-            <translation>&amp;Verify…</translation>
-        </message>
-        <message>
-            <source>Backup to verify</source>
-            <translation>Backup to verify</translation>
-        </message>
-        <message>
-            <source>&amp;Restore…</source>
-            <translation>&amp;Restore…</translation>
-        </message>
-        <message>
-            <source>Check of the books</source>
-            <translation>Check of the books</translation>
-        </message>
-        <message>
-            <source>&amp;Findings</source>
-            <translation>&amp;Findings</translation>
         </message>
         <message>
             <source>Check &amp;again</source>
@@ -117,96 +189,8 @@
             <translation>Folder for the spreadsheets</translation>
         </message>
         <message>
-            <source>Other books</source>
-            <translation>Other books</translation>
-        </message>
-        <message>
-            <source>&amp;New books…</source>
-            <translation>&amp;New books…</translation>
-        </message>
-        <message>
-            <source>Books that were open before</source>
-            <translation>Books that were open before</translation>
-        </message>
-        <message>
             <source> (current)</source>
             <translation> (current)</translation>
-        </message>
-        <message>
-            <source>Back up into a new file</source>
-            <translation>Back up into a new file</translation>
-        </message>
-        <message>
-            <source>Backup (*.mdb)</source>
-            <translation>Backup (*.mdb)</translation>
-        </message>
-        <message>
-            <source>Backing up and comparing…</source>
-            <translation>Backing up and comparing…</translation>
-        </message>
-        <message>
-            <source>Backed up and compared: %1. %2</source>
-            <translation>Backed up and compared: %1. %2</translation>
-        </message>
-        <message>
-            <source>Verifying the backup…</source>
-            <translation>Verifying the backup…</translation>
-        </message>
-        <message>
-            <source>%1 is whole, of %2. %3. %4</source>
-            <translation>%1 is whole, of %2. %3. %4</translation>
-        </message>
-        <message>
-            <source>It holds what the books hold now.</source>
-            <translation>It holds what the books hold now.</translation>
-        </message>
-        <message>
-            <source>The books hold something else by now.</source>
-            <translation>The books hold something else by now.</translation>
-        </message>
-        <message>
-            <source>Backup to restore</source>
-            <translation>Backup to restore</translation>
-        </message>
-        <message>
-            <source>Restore</source>
-            <translation>Restore</translation>
-        </message>
-        <message>
-            <source>Restored from %1.</source>
-            <translation>Restored from %1.</translation>
-        </message>
-        <message>
-            <source>What stood there is now %1.</source>
-            <translation>What stood there is now %1.</translation>
-        </message>
-        <message>
-            <source>Folder for the new books</source>
-            <translation>Folder for the new books</translation>
-        </message>
-        <message>
-            <source>New books</source>
-            <translation>New books</translation>
-        </message>
-        <message>
-            <source>First financial year begins on 1 April</source>
-            <translation>First financial year begins on 1 April</translation>
-        </message>
-        <message>
-            <source>Writing the spreadsheets…</source>
-            <translation>Writing the spreadsheets…</translation>
-        </message>
-        <message>
-            <source>%1 spreadsheets stand in %2.</source>
-            <translation>%1 spreadsheets stand in %2.</translation>
-        </message>
-        <message>
-            <source>%1, %2. %3</source>
-            <translation>%1, %2. %3</translation>
-        </message>
-        <message>
-            <source>None was made at this desk yet</source>
-            <translation>None was made at this desk yet</translation>
         </message>
         <message>
             <source>A list as comma-separated text, or a journal. It is checked as a whole and shown before anything is written.</source>
@@ -219,40 +203,6 @@
         <message>
             <source>&amp;Journal…</source>
             <translation>&amp;Journal…</translation>
-        </message>
-        <message>
-            <source>Enter on a line below opens books that were open before.</source>
-            <translation>Enter on a line below opens books that were open before.</translation>
-        </message>
-        <message>
-            <source>O&amp;pen a folder…</source>
-            <translation>O&amp;pen a folder…</translation>
-        </message>
-        <message>
-            <source>Open on a &amp;server…</source>
-            <translation>Open on a &amp;server…</translation>
-        </message>
-        <message>
-            <source>Put %1, of %2, in the place of the books in %3?
-
-It holds %4.
-The books hold %5. They are set aside under a name with the date.</source>
-            <translation>Put %1, of %2, in the place of the books in %3?
-
-It holds %4.
-The books hold %5. They are set aside under a name with the date.</translation>
-        </message>
-        <message>
-            <source>Books on a server</source>
-            <translation>Books on a server</translation>
-        </message>
-        <message>
-            <source>Their address: postgresql://server/books</source>
-            <translation>Their address: postgresql://server/books</translation>
-        </message>
-        <message>
-            <source>New books for %1-%2 stand in %3.</source>
-            <translation>New books for %1-%2 stand in %3.</translation>
         </message>
         <message>
             <source>Journal (*.journal *.ledger *.dat *.txt);;All files (*)</source>
@@ -294,6 +244,17 @@ The books hold %5. They are set aside under a name with the date.</translation>
         </message>
     </context>
     <context>
+        <name>desk::CheckCard</name>
+        <message>
+            <source>Check of the books</source>
+            <translation>Check of the books</translation>
+        </message>
+        <message>
+            <source>&amp;Findings</source>
+            <translation>&amp;Findings</translation>
+        </message>
+    </context>
+    <context>
         <name>desk::Commands</name>
         <message>
             <source>Colours of the system</source>
@@ -306,6 +267,13 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Dark colours</source>
             <translation>Dark colours</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::Cure</name>
+        <message>
+            <source>Why: %1. What to do: %2.</source>
+            <translation>Why: %1. What to do: %2.</translation>
         </message>
     </context>
     <context>
@@ -444,11 +412,82 @@ The books hold %5. They are set aside under a name with the date.</translation>
         </message>
     </context>
     <context>
-        <name>desk::FindingsPage</name>
+        <name>desk::FindingPlace</name>
         <message>
-            <source>This line names no record of the year that is open: %1</source>
-            <translation>This line names no record of the year that is open: %1</translation>
+            <source>Error log</source>
+            <translation>Error log</translation>
         </message>
+        <message>
+            <source>Nothing was logged</source>
+            <translation>Nothing was logged</translation>
+        </message>
+        <message>
+            <source>Backups</source>
+            <translation>Backups</translation>
+        </message>
+        <message>
+            <source>Set Financial Year</source>
+            <translation>Set Financial Year</translation>
+        </message>
+        <message>
+            <source>Group Master</source>
+            <translation>Group Master</translation>
+        </message>
+        <message>
+            <source>Ledger %1</source>
+            <translation>Ledger %1</translation>
+        </message>
+        <message>
+            <source>Lines of ledger %1</source>
+            <translation>Lines of ledger %1</translation>
+        </message>
+        <message>
+            <source>Vouchers</source>
+            <translation>Vouchers</translation>
+        </message>
+        <message>
+            <source>Voucher %1</source>
+            <translation>Voucher %1</translation>
+        </message>
+        <message>
+            <source>Receipt %1</source>
+            <translation>Receipt %1</translation>
+        </message>
+        <message>
+            <source>Issue %1</source>
+            <translation>Issue %1</translation>
+        </message>
+        <message>
+            <source>Order %1</source>
+            <translation>Order %1</translation>
+        </message>
+        <message>
+            <source>Orders</source>
+            <translation>Orders</translation>
+        </message>
+        <message>
+            <source>Item %1</source>
+            <translation>Item %1</translation>
+        </message>
+        <message>
+            <source>Items</source>
+            <translation>Items</translation>
+        </message>
+        <message>
+            <source>Movements</source>
+            <translation>Movements</translation>
+        </message>
+        <message>
+            <source>Bills</source>
+            <translation>Bills</translation>
+        </message>
+        <message>
+            <source>%1 of %2</source>
+            <translation>%1 of %2</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::FindingsPage</name>
         <message>
             <source>Check of the books</source>
             <translation>Check of the books</translation>
@@ -464,6 +503,18 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Pages, ledgers, vouchers, stock and bills agree with each other.</source>
             <translation>Pages, ledgers, vouchers, stock and bills agree with each other.</translation>
+        </message>
+        <message>
+            <source>Why, and what to do</source>
+            <translation>Why, and what to do</translation>
+        </message>
+        <message>
+            <source>Check again</source>
+            <translation>Check again</translation>
+        </message>
+        <message>
+            <source>No page and no screen shows this. What to do stands below.</source>
+            <translation>No page and no screen shows this. What to do stands below.</translation>
         </message>
     </context>
     <context>
@@ -816,6 +867,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Worth</translation>
         </message>
         <message>
+            <source>Leads to</source>
+            <translation>Leads to</translation>
+        </message>
+        <message>
             <source>Overflow Level</source>
             <translation>Overflow Level</translation>
         </message>
@@ -1067,12 +1122,103 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Close the message (Esc)</translation>
         </message>
         <message>
-            <source>Why: %1. What to do: %2.</source>
-            <translation>Why: %1. What to do: %2.</translation>
-        </message>
-        <message>
             <source>Alt+0 goes to the answers</source>
             <translation>Alt+0 goes to the answers</translation>
+        </message>
+    </context>
+    <context>
+        <name>desk::OtherBooks</name>
+        <message>
+            <source>Other books</source>
+            <translation>Other books</translation>
+        </message>
+        <message>
+            <source>Enter on a line below opens books that were open before.</source>
+            <translation>Enter on a line below opens books that were open before.</translation>
+        </message>
+        <message>
+            <source>&amp;New books…</source>
+            <translation>&amp;New books…</translation>
+        </message>
+        <message>
+            <source>O&amp;pen a folder…</source>
+            <translation>O&amp;pen a folder…</translation>
+        </message>
+        <message>
+            <source>On a server</source>
+            <translation>On a server</translation>
+        </message>
+        <message>
+            <source>For several people at once. Who may do what there is set by the server's administrator.</source>
+            <translation>For several people at once. Who may do what there is set by the server's administrator.</translation>
+        </message>
+        <message>
+            <source>Ne&amp;w there…</source>
+            <translation>Ne&amp;w there…</translation>
+        </message>
+        <message>
+            <source>Open on a &amp;server…</source>
+            <translation>Open on a &amp;server…</translation>
+        </message>
+        <message>
+            <source>&amp;Copy into a folder…</source>
+            <translation>&amp;Copy into a folder…</translation>
+        </message>
+        <message>
+            <source>&amp;Copy these there…</source>
+            <translation>&amp;Copy these there…</translation>
+        </message>
+        <message>
+            <source>Books that were open before</source>
+            <translation>Books that were open before</translation>
+        </message>
+        <message>
+            <source>Their address: postgresql://server/books</source>
+            <translation>Their address: postgresql://server/books</translation>
+        </message>
+        <message>
+            <source>New books</source>
+            <translation>New books</translation>
+        </message>
+        <message>
+            <source>First financial year begins on 1 April</source>
+            <translation>First financial year begins on 1 April</translation>
+        </message>
+        <message>
+            <source>Folder for the new books</source>
+            <translation>Folder for the new books</translation>
+        </message>
+        <message>
+            <source>New books for %1-%2 stand in %3.</source>
+            <translation>New books for %1-%2 stand in %3.</translation>
+        </message>
+        <message>
+            <source>New books on a server</source>
+            <translation>New books on a server</translation>
+        </message>
+        <message>
+            <source>New books are being laid down…</source>
+            <translation>New books are being laid down…</translation>
+        </message>
+        <message>
+            <source>Books on a server</source>
+            <translation>Books on a server</translation>
+        </message>
+        <message>
+            <source>Folder for the copy</source>
+            <translation>Folder for the copy</translation>
+        </message>
+        <message>
+            <source>Copy of these books on a server</source>
+            <translation>Copy of these books on a server</translation>
+        </message>
+        <message>
+            <source>Copying and comparing…</source>
+            <translation>Copying and comparing…</translation>
+        </message>
+        <message>
+            <source>Copied and compared: %1. This window still works in %2; the list below opens the copy.</source>
+            <translation>Copied and compared: %1. This window still works in %2; the list below opens the copy.</translation>
         </message>
     </context>
     <context>
@@ -1147,14 +1293,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Overview</source>
             <translation>Overview</translation>
-        </message>
-        <message>
-            <source>Check of the books</source>
-            <translation>Check of the books</translation>
-        </message>
-        <message>
-            <source>&amp;Findings</source>
-            <translation>&amp;Findings</translation>
         </message>
         <message>
             <source>Check &amp;now</source>

@@ -17,6 +17,7 @@
 #include "platform/basic/Error.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
 
 namespace host {
 
@@ -82,6 +83,15 @@ bool Audit::HasTable(const std::string& table) {
 std::int32_t IdOf(ado::Recordset& row, std::string_view field) {
     const basic::Value id = row[field];
     return id.IsNull() ? 0 : basic::ToLong(id);
+}
+
+Subject MovementOf(ado::Recordset& row, const std::string& year) {
+    using Kind = Subject::Kind;
+    const std::string type = basic::FoldCase(basic::TextOrEmpty(row["ItemLedTrnType"]));
+    const std::int32_t number = IdOf(row, "ItemLedTrnNo"), order = IdOf(row, "ItemLedPONo");
+    if (number > 0 && type == "issue") return {Kind::Issue, number, year};
+    if (number == 0 || type != "receipt") return {Kind::Movements, 0, year};
+    return order > 0 ? Subject{Kind::Order, order, year} : Subject{Kind::Receipt, number, year};
 }
 
 std::string DayOutside(const basic::Value& dayNumber, const std::string& year) {

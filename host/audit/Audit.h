@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/ado/Connection.h"
@@ -17,9 +18,34 @@ namespace host {
 // the totals heals, doubled rows, vouchers of the stock screens that are not in the running totals.
 enum class Severity { Note, Error };
 
+// What a finding is about: where it can be looked at and mended.
+struct Subject {
+    enum class Kind {
+        None,     // nothing shows it
+        File,     // the books as a whole: a backup mends it
+        Years,    // the register of the years
+        Ledger,   // by its number, as its screen has it
+        Totals,   // the running totals, which the group screen makes anew
+        Lines,    // what was posted to the ledger of this number
+        Voucher,  // by its number, as the rest; 0 for rows that never got one
+        Receipt,  // of goods, against no order
+        Issue,    //
+        Order,    // with the receipts against it
+        Item,     // with its movements
+        Items,    // all of the year; so are the next two
+        Movements,
+        Bills,
+        ErrorLog,
+    } kind = Kind::None;
+    std::int32_t number = 0;
+    std::string year = {};  // in which it stands, in its short form; "" for what all years share
+    friend bool operator==(const Subject&, const Subject&) = default;
+};
+
 struct Finding {
     Severity severity = Severity::Note;
-    std::string text;      // one line
+    std::string text;  // one line
+    Subject subject = {};
     bool passing = false;  // another program that is just posting explains it: look again
     friend bool operator==(const Finding&, const Finding&) = default;
 };
@@ -37,9 +63,12 @@ class Audit {
     // until it has both, for a second.
     static std::vector<Finding> RunBesideOthers(ado::Connection& books, const Step& step = {});
 
-    void Error(std::string text) { findings_.push_back({Severity::Error, std::move(text)}); }
-    void PassingError(std::string text) { findings_.push_back({Severity::Error, std::move(text), true}); }
-    void Note(std::string text) { findings_.push_back({Severity::Note, std::move(text)}); }
+    void Error(Subject about, std::string text) { Add(Severity::Error, std::move(about), std::move(text)); }
+    void PassingError(Subject about, std::string text) {
+        Add(Severity::Error, std::move(about), std::move(text));
+        findings_.back().passing = true;
+    }
+    void Note(Subject about, std::string text) { Add(Severity::Note, std::move(about), std::move(text)); }
 
     ado::Connection& Books() { return books_; }
     bool HasErrors() const;
@@ -54,6 +83,9 @@ class Audit {
 
   private:
     Audit(ado::Connection& books, const Step& step) : books_(books), step_(step) {}
+    void Add(Severity severity, Subject about, std::string text) {
+        findings_.push_back({severity, std::move(text), std::move(about)});
+    }
     static std::vector<Finding> Run(ado::Connection& books, const Step& step);
 
     ado::Connection& books_;
@@ -72,6 +104,9 @@ void AuditBills(Audit& audit);     // goods, bills and vouchers against each oth
 // A number that a row bears. Books that are not whole hold rows without one, which the audit must not fall
 // over: it counts as 0, which no row of the system bears.
 std::int32_t IdOf(ado::Recordset& row, std::string_view field);
+
+// What shows a row of the stock movements of a year.
+Subject MovementOf(ado::Recordset& row, const std::string& year);
 
 // The day of a row as messages show it, where it lies outside the table's year: else "". Null lies in every
 // year.

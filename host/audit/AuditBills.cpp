@@ -8,8 +8,13 @@ namespace {
 
 using Id = std::int32_t;
 
+struct Goods {
+    double cost = 0;  // of a receipt together
+    Subject subject;
+};
+
 struct Receipts {
-    std::map<Id, double> goods;     // what the goods of a receipt cost together
+    std::map<Id, Goods> goods;
     std::map<Id, double> vouchers;  // what a voucher credits, of those that a bill names
 };
 
@@ -22,12 +27,16 @@ std::set<Id> ReadNamed(Audit& audit, const std::string& year) {
 
 Receipts ReadReceipts(Audit& audit, const std::string& year) {
     Receipts receipts;
-    audit.Each("Select ItemLedTrnNo, ItemLedTrnRptQty, ItemLedUnitPrice From tblItemLed" + year +
-                   " Where ItemLedTrnType = 'Receipt'",
-               [&](ado::Recordset& row) {
-                   receipts.goods[IdOf(row, "ItemLedTrnNo")] += basic::NumberOrZero(row["ItemLedTrnRptQty"]) *
-                                                                basic::NumberOrZero(row["ItemLedUnitPrice"]);
-               });
+    audit.Each(
+        "Select ItemLedTrnNo, ItemLedTrnType, ItemLedPONo, ItemLedTrnRptQty, ItemLedUnitPrice From "
+        "tblItemLed" +
+            year + " Where ItemLedTrnType = 'Receipt'",
+        [&](ado::Recordset& row) {
+            Goods& goods = receipts.goods[IdOf(row, "ItemLedTrnNo")];
+            goods.cost +=
+                basic::NumberOrZero(row["ItemLedTrnRptQty"]) * basic::NumberOrZero(row["ItemLedUnitPrice"]);
+            goods.subject = MovementOf(row, year);
+        });
     const std::set<Id> named = ReadNamed(audit, year);
     if (named.empty()) return receipts;
     audit.Each("Select LedgerTrnNo, LedgerCrAmt From tb_Ledger" + year, [&](ado::Recordset& row) {
@@ -54,15 +63,17 @@ void CheckBill(Audit& audit, const std::string& year, const Receipts& receipts, 
     const std::string bill = "bill '" + basic::TextOrEmpty(row["BillID"]) + "' of receipt " +
                              basic::TextOrEmpty(row["BillTxnID"]) + " in " + year + ": ";
     const std::string voucher = "its voucher " + std::to_string(number);
-    if (number == 0) return audit.Error(bill + "bears no voucher number");
+    const auto goods = receipts.goods.find(IdOf(row, "BillTxnID"));
+    const bool received = goods != receipts.goods.end();
+    const Subject receipt = received ? goods->second.subject : Subject{Subject::Kind::Bills, 0, year};
+    if (number == 0) return audit.Error(receipt, bill + "bears no voucher number");
     const auto posted = receipts.vouchers.find(number);
     if (posted == receipts.vouchers.end())
-        return audit.Note(bill + voucher + " does not stand (deleted in the day book)");
-    const auto goods = receipts.goods.find(IdOf(row, "BillTxnID"));
-    const std::string total = TotalOf(row, goods == receipts.goods.end() ? 0 : goods->second);
+        return audit.Note(receipt, bill + voucher + " does not stand (deleted in the day book)");
+    const std::string total = TotalOf(row, received ? goods->second.cost : 0);
     if (total.find(',') != std::string::npos && !Differ(posted->second, basic::PrefixValue(total)))
-        audit.Note(bill + voucher + " bears " + Rupees(posted->second) + ", the part before the comma of " +
-                   total);
+        audit.Note(receipt, bill + voucher + " bears " + Rupees(posted->second) +
+                                ", the part before the comma of " + total);
 }
 
 }  // namespace
@@ -75,10 +86,10 @@ void AuditBills(Audit& audit) {
             billed.insert(IdOf(row, "BillTxnID"));
             CheckBill(audit, year, receipts, row);
         });
-        for (const auto& [receipt, cost] : receipts.goods)
+        for (const auto& [receipt, goods] : receipts.goods)
             if (!billed.contains(receipt))
-                audit.Error("receipt " + std::to_string(receipt) + " of " + year +
-                            ": its goods have no bill and no voucher");
+                audit.Error(goods.subject, "receipt " + std::to_string(receipt) + " of " + year +
+                                               ": its goods have no bill and no voucher");
     }
 }
 

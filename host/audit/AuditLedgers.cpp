@@ -2,16 +2,21 @@
 // against each other.
 #include "core/LedgerSide.h"
 #include "host/audit/Audit.h"
+#include "host/audit/YearList.h"
+#include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
 namespace host {
 namespace {
 
 using Id = std::int32_t;
+using Kind = Subject::Kind;
 
 struct Chart {
     std::map<Id, std::string> primary, leaves, ledgers;  // names by number
     std::set<std::string> primaryNames;                  // folded
+    std::map<std::pair<Id, Id>, int> details;            // rows of a ledger in a year
+    std::vector<Year> years;
 };
 
 std::string Named(Id id, const std::string& name) {
@@ -20,6 +25,7 @@ std::string Named(Id id, const std::string& name) {
 
 Chart ReadTree(Audit& audit) {
     Chart chart;
+    chart.years = ReadYears(audit.Books());
     audit.Each("Select Group_Id, Group_Head_Name, Parent_Id From Group_Head_Master",
                [&](ado::Recordset& row) {
                    const Id id = IdOf(row, "Group_Id");
@@ -28,7 +34,26 @@ Chart ReadTree(Audit& audit) {
                    (isPrimary ? chart.primary : chart.leaves)[id] = name;
                    if (isPrimary) chart.primaryNames.insert(basic::FoldCase(name));
                });
+    audit.Each("Select Ledger_ID, Fnncl_Yr From Ledger_Details", [&](ado::Recordset& row) {
+        ++chart.details[{IdOf(row, "Ledger_ID"), IdOf(row, "Fnncl_Yr")}];
+    });
     return chart;
+}
+
+bool HasDetails(const Chart& chart, Id ledger) {
+    const auto first = chart.details.lower_bound({ledger, 0});
+    return first != chart.details.end() && first->first.first == ledger;
+}
+
+// The screen shows a ledger in a year in which it has details: the current one, if that is such.
+Subject AsShown(const Chart& chart, Id ledger) {
+    if (!HasDetails(chart, ledger)) return {Kind::Lines, ledger};
+    Subject shown{Kind::Ledger, ledger};
+    for (const Year& year : chart.years)
+        if ((year.current || shown.year.empty()) &&
+            chart.details.contains({ledger, basic::ToLong(basic::PrefixValue(year.ShortForm()))}))
+            shown.year = year.ShortForm();
+    return shown;
 }
 
 void CheckLedgers(Audit& audit, Chart& chart) {
@@ -36,63 +61,70 @@ void CheckLedgers(Audit& audit, Chart& chart) {
         const Id id = IdOf(row, "Ledger_ID");
         const std::string name = basic::TextOrEmpty(row["Name"]);
         const std::string primary = basic::TextOrEmpty(row["PrimaryGrp"]);
-        if (!chart.ledgers.emplace(id, name).second) audit.Error(Named(id, name) + ": stands twice");
+        const Subject ledger = AsShown(chart, id);
+        if (!chart.ledgers.emplace(id, name).second) audit.Error(ledger, Named(id, name) + ": stands twice");
         const auto leaf = chart.leaves.find(id);
         if (leaf == chart.leaves.end())
-            audit.Error(Named(id, name) + ": has no leaf in the group tree");
+            audit.Error(ledger, Named(id, name) + ": has no leaf in the group tree");
         else if (leaf->second != name)
-            audit.Note(Named(id, name) + ": is named '" + leaf->second + "' in the group tree");
+            audit.Note(ledger, Named(id, name) + ": is named '" + leaf->second + "' in the group tree");
         if (!chart.primary.contains(IdOf(row, "Group_Id")))
-            audit.Error(Named(id, name) + ": its group is no primary group of the tree, so no tree shows it");
+            audit.Error(ledger,
+                        Named(id, name) + ": its group is no primary group of the tree, so no tree shows it");
         if (!chart.primaryNames.contains(basic::FoldCase(primary)))
-            audit.Error(Named(id, name) + ": its primary group '" + primary + "' does not stand");
+            audit.Error(ledger, Named(id, name) + ": its primary group '" + primary + "' does not stand");
     });
     for (const auto& [id, name] : chart.leaves)
         if (!chart.ledgers.contains(id))
-            audit.Error("leaf " + std::to_string(id) + " '" + name + "': has no ledger");
+            audit.Error({}, "leaf " + std::to_string(id) + " '" + name + "': has no ledger");
 }
 
-// Sums keep what was taken off and put on again: a rebuild of the totals takes most of it away.
-void CheckFigures(Audit& audit, ado::Recordset& row) {
-    const std::pair<const char*, const char*> figures[] = {{"Opening_Bal", "opening balance"},
-                                                           {"Closing_Bal", "closing balance"},
-                                                           {"LedDetDRTxnTot", "debit total"},
-                                                           {"LedDetCRTxnTot", "credit total"}};
-    for (const auto& [field, name] : figures) {
+std::string DetailsOf(Id ledger, const std::string& year) {
+    return "details of ledger " + std::to_string(ledger) + " in " + year + ": ";
+}
+
+// Sums keep what was taken off and put on again: a rebuild of the totals takes most of it away. An opening
+// is typed.
+void CheckFigures(Audit& audit, ado::Recordset& row, Id ledger, const std::string& year) {
+    const struct {
+        const char *field, *name;
+        Kind kind;
+    } figures[] = {{"Opening_Bal", "opening balance", Kind::Ledger},
+                   {"Closing_Bal", "closing balance", Kind::Totals},
+                   {"LedDetDRTxnTot", "debit total", Kind::Totals},
+                   {"LedDetCRTxnTot", "credit total", Kind::Totals}};
+    for (const auto& [field, name, kind] : figures) {
         const double amount = basic::NumberOrZero(row[field]);
         if (const std::string fault = AmountFault(amount); !fault.empty())
-            audit.Note("details of ledger " + std::to_string(IdOf(row, "Ledger_ID")) + " in " +
-                       std::to_string(IdOf(row, "Fnncl_Yr")) + ": the " + name + " " + Digits(amount) + " " +
-                       fault);
+            audit.Note({kind, ledger, year},
+                       DetailsOf(ledger, year) + "the " + name + " " + Digits(amount) + " " + fault);
     }
 }
 
 void CheckDetails(Audit& audit, const Chart& chart) {
-    std::map<std::pair<Id, Id>, int> rowsOf;
     audit.Each("Select * From Ledger_Details", [&](ado::Recordset& row) {
-        const Id id = IdOf(row, "Ledger_ID"), year = IdOf(row, "Fnncl_Yr");
+        const Id id = IdOf(row, "Ledger_ID");
+        const std::string year = std::to_string(IdOf(row, "Fnncl_Yr"));
         const std::string side = basic::TextOrEmpty(row["Bal_Type"]);
-        ++rowsOf[{id, year}];
         if (!qm::SideOfLetter(side))
-            audit.Error("details of ledger " + std::to_string(id) + " in " + std::to_string(year) +
-                        ": the balance type is '" + side + "', neither D nor C");
-        CheckFigures(audit, row);
+            audit.Error({Kind::Ledger, id, year},
+                        DetailsOf(id, year) + "the balance type is '" + side + "', neither D nor C");
+        CheckFigures(audit, row, id, year);
     });
-    for (const auto& [key, count] : rowsOf) {
+    for (const auto& [key, count] : chart.details) {
         const auto ledger = chart.ledgers.find(key.first);
         const std::string year = std::to_string(key.second);
         if (ledger == chart.ledgers.end())
-            audit.Note("details of ledger " + std::to_string(key.first) + " in " + year +
-                       ": their ledger is gone (deleted in another year)");
+            audit.Note({Kind::Lines, key.first, year},
+                       DetailsOf(key.first, year) + "their ledger is gone (deleted in another year)");
         else if (count > 1)
-            audit.Note(Named(key.first, ledger->second) + ": has " + std::to_string(count) +
-                       " detail rows in " + year);
+            audit.Note({Kind::Ledger, key.first, year}, Named(key.first, ledger->second) + ": has " +
+                                                            std::to_string(count) + " detail rows in " +
+                                                            year);
     }
-    for (const auto& [id, name] : chart.ledgers) {
-        const auto first = rowsOf.lower_bound({id, 0});
-        if (first == rowsOf.end() || first->first.first != id)
-            audit.Error(Named(id, name) + ": has no detail row in any year");
-    }
+    for (const auto& [id, name] : chart.ledgers)
+        if (!HasDetails(chart, id))
+            audit.Error({Kind::Lines, id}, Named(id, name) + ": has no detail row in any year");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@ namespace host {
 namespace {
 
 using Id = std::int32_t;
+using Kind = Subject::Kind;
 
 struct Movements {
     double received = 0, issued = 0;
@@ -30,25 +31,29 @@ void CheckCounters(Audit& audit, const std::string& year, std::map<Id, Movements
             const Movements sum = sums[item];
             sums.erase(item);
             if (Differ(received, sum.received) || Differ(issued, sum.issued))
-                audit.Error("item " + std::to_string(item) + " '" + basic::TextOrEmpty(row["Item_Name"]) +
-                            "' of " + year + ": counters say received " + Rupees(received) + " and issued " +
-                            Rupees(issued) + ", movements " + Rupees(sum.received) + " and " +
-                            Rupees(sum.issued));
+                audit.Error({Kind::Item, item, year},
+                            "item " + std::to_string(item) + " '" + basic::TextOrEmpty(row["Item_Name"]) +
+                                "' of " + year + ": counters say received " + Rupees(received) +
+                                " and issued " + Rupees(issued) + ", movements " + Rupees(sum.received) +
+                                " and " + Rupees(sum.issued));
         });
     for (const auto& [item, sum] : sums)
-        audit.Error("movements of " + year + ": item " + std::to_string(item) + " does not stand");
+        audit.Error({item == 0 ? Kind::Movements : Kind::Item, item, year},
+                    "movements of " + year + ": item " + std::to_string(item) + " does not stand");
 }
 
-void CheckDays(Audit& audit, const std::string& year, const std::string& what, const std::string& stem,
-               const std::string& number, const std::string& day) {
-    std::map<Id, std::string> outside;
-    audit.Each("Select " + number + ", " + day + " From " + stem + year, [&](ado::Recordset& row) {
+using SubjectOf = std::function<Subject(ado::Recordset&)>;
+
+void CheckDays(Audit& audit, const std::string& year, const std::string& what, const std::string& rows,
+               const std::string& number, const std::string& day, const SubjectOf& subjectOf) {
+    std::map<Id, std::pair<Subject, std::string>> outside;
+    audit.Each("Select * From " + rows, [&](ado::Recordset& row) {
         if (const std::string text = DayOutside(row[day], year); !text.empty())
-            outside.emplace(IdOf(row, number), text);
+            outside.emplace(IdOf(row, number), std::pair(subjectOf(row), text));
     });
-    for (const auto& [id, text] : outside)
-        audit.Error(what + " " + std::to_string(id) + " of " + year + ": dated " + text +
-                    ", outside the year");
+    for (const auto& [id, dated] : outside)
+        audit.Error(dated.first, what + " " + std::to_string(id) + " of " + year + ": dated " + dated.second +
+                                     ", outside the year");
 }
 
 }  // namespace
@@ -56,8 +61,11 @@ void CheckDays(Audit& audit, const std::string& year, const std::string& what, c
 void AuditStock(Audit& audit) {
     for (const std::string& year : audit.Years()) {
         CheckCounters(audit, year, ReadMovements(audit, year));
-        CheckDays(audit, year, "stock movement", "tblItemLed", "ItemLedTrnNo", "ItemLedTrnDate");
-        CheckDays(audit, year, "order", "tblPO", "poNumber", "Podate");
+        CheckDays(audit, year, "stock movement", "tblItemLed" + year, "ItemLedTrnNo", "ItemLedTrnDate",
+                  [&](ado::Recordset& row) { return MovementOf(row, year); });
+        CheckDays(audit, year, "order", "tblPO" + year, "poNumber", "Podate", [&](ado::Recordset& row) {
+            return Subject{Kind::Order, IdOf(row, "poNumber"), year};
+        });
     }
 }
 

@@ -9,6 +9,7 @@ namespace host {
 namespace {
 
 using Id = std::int32_t;
+using Kind = Subject::Kind;
 
 // In paise, so that whole ones add up exactly however many there are.
 struct Sides {
@@ -40,16 +41,17 @@ std::string OfVoucher(Id voucher, const std::string& year) {
 
 // The balance text keeps what the totals were when the row was posted, residues too: so they are notes.
 void CheckAmounts(Audit& audit, const std::string& year, ado::Recordset& row, double debit, double credit) {
+    const Subject voucher{Kind::Voucher, IdOf(row, "LedgerTrnNo"), year};
     const auto said = [&](const std::string& what, const std::string& fault) {
-        return OfVoucher(IdOf(row, "LedgerTrnNo"), year) + what + " of ledger " +
+        return OfVoucher(voucher.number, year) + what + " of ledger " +
                std::to_string(IdOf(row, "LedgerCode")) + " " + fault;
     };
     for (const double amount : {debit, credit})
         if (const std::string fault = AmountFault(amount); !fault.empty())
-            audit.Error(said("the amount " + Digits(amount), fault));
+            audit.Error(voucher, said("the amount " + Digits(amount), fault));
     const std::string balance = basic::TextOrEmpty(row["LedgerLedBal"]);
     if (const std::string fault = AmountFault(basic::PrefixValue(balance)); !fault.empty())
-        audit.Note(said("the balance text " + balance, fault));
+        audit.Note(voucher, said("the balance text " + balance, fault));
 }
 
 // One voucher after the other: of a long year only those are kept that say something.
@@ -90,17 +92,20 @@ YearRows ReadRows(Audit& audit, const std::string& year) {
 
 void CheckSides(Audit& audit, const std::string& year, const YearRows& rows) {
     for (const auto& [voucher, sums] : rows.uneven)
-        audit.PassingError(OfVoucher(voucher, year) + "debit " + Rupees(InRupees(std::round(sums.debit))) +
-                           ", credit " + Rupees(InRupees(std::round(sums.credit))));
+        audit.PassingError({Kind::Voucher, voucher, year},
+                           OfVoucher(voucher, year) + "debit " + Rupees(InRupees(std::round(sums.debit))) +
+                               ", credit " + Rupees(InRupees(std::round(sums.credit))));
     for (const auto& [voucher, day] : rows.outside)
-        audit.Error(OfVoucher(voucher, year) + "dated " + day + ", outside the year");
+        audit.Error({Kind::Voucher, voucher, year},
+                    OfVoucher(voucher, year) + "dated " + day + ", outside the year");
 }
 
 void CheckKnown(Audit& audit, const std::string& year, const YearRows& rows, const std::set<Id>& ledgers) {
     for (const auto& [ledger, sums] : rows.byLedger)
         if (!ledgers.contains(ledger))
-            audit.Error("rows of " + year + ": ledger " + std::to_string(ledger) + " does not stand (debit " +
-                        Rupees(InRupees(sums.debit)) + ", credit " + Rupees(InRupees(sums.credit)) + ")");
+            audit.Error({Kind::Lines, ledger, year},
+                        "rows of " + year + ": ledger " + std::to_string(ledger) + " does not stand (debit " +
+                            Rupees(InRupees(sums.debit)) + ", credit " + Rupees(InRupees(sums.credit)) + ")");
 }
 
 Sides SumOf(const std::map<Id, Sides>& sums, Id ledger) {
@@ -122,11 +127,12 @@ void CheckTotals(Audit& audit, const std::string& year, const YearRows& rows) {
             if (!Differ(debit, ofDebit) && !Differ(credit, ofCredit)) return;
             const bool onlyStock = !Differ(debit, InRupees(sums.debit - stock.debit)) &&
                                    !Differ(credit, InRupees(sums.credit - stock.credit));
-            audit.Note("totals of ledger " + std::to_string(ledger) + " in " + year + ": " +
-                       (onlyStock ? "vouchers of the stock screens are not in the running totals ("
-                                  : "they are not the sums of its rows until the next rebuild (") +
-                       "totals " + Rupees(debit) + " and " + Rupees(credit) + ", rows " + Rupees(ofDebit) +
-                       " and " + Rupees(ofCredit) + ")");
+            audit.Note({Kind::Totals, ledger, year},
+                       "totals of ledger " + std::to_string(ledger) + " in " + year + ": " +
+                           (onlyStock ? "vouchers of the stock screens are not in the running totals ("
+                                      : "they are not the sums of its rows until the next rebuild (") +
+                           "totals " + Rupees(debit) + " and " + Rupees(credit) + ", rows " +
+                           Rupees(ofDebit) + " and " + Rupees(ofCredit) + ")");
         });
 }
 

@@ -8,6 +8,8 @@
 namespace host {
 namespace {
 
+using Kind = Subject::Kind;
+
 constexpr const char* NotFinished = ": a new year was not finished";
 
 // The known years, each once.
@@ -18,13 +20,13 @@ std::vector<std::string> CheckRegister(Audit& audit) {
     for (const Year& year : years) {
         flags += year.current ? 1 : 0;
         if (std::find(known.begin(), known.end(), year.ShortForm()) != known.end())
-            audit.Note("year " + year.longForm + ": stands twice in the register");
+            audit.Note({Kind::Years}, "year " + year.longForm + ": stands twice in the register");
         else
             known.push_back(year.ShortForm());
     }
-    if (years.empty()) audit.Note("years: none yet; the first start makes 2001-2002");
-    if (!years.empty() && flags == 0) audit.Error("years: none is flagged as current");
-    if (flags > 1) audit.Error("years: " + std::to_string(flags) + " are flagged as current");
+    if (years.empty()) audit.Note({Kind::Years}, "years: none yet; the first start makes 2001-2002");
+    if (!years.empty() && flags == 0) audit.Error({Kind::Years}, "years: none is flagged as current");
+    if (flags > 1) audit.Error({Kind::Years}, "years: " + std::to_string(flags) + " are flagged as current");
     return known;
 }
 
@@ -38,13 +40,14 @@ void CheckTables(Audit& audit, const std::string& year) {
         if (table.Stock())
             missing.push_back(table.Stem + year);
         else
-            audit.Error("year " + year + ": the table " + table.Stem + year + " is missing");
+            audit.Error({Kind::File}, "year " + year + ": the table " + table.Stem + year + " is missing");
     }
     for (const std::string& table : missing)
         if (missing.size() == stockTables)
-            audit.Note("year " + year + ": has no table " + table + "; its stock screens will not work");
+            audit.Note({Kind::Years},
+                       "year " + year + ": has no table " + table + "; its stock screens will not work");
         else
-            audit.Error("year " + year + ": has no table " + table + NotFinished);
+            audit.Error({Kind::File}, "year " + year + ": has no table " + table + NotFinished);
 }
 
 // Items are copied last into a new year. Those that were all entered later are no fault.
@@ -54,8 +57,8 @@ void CheckItems(Audit& audit, const std::vector<std::string>& years) {
         bool has = false;
         audit.Each("Select Item_ID From ItemMaster" + year, [&](ado::Recordset&) { has = true; });
         if (!has && !before.empty() && audit.HasTable("ItemMaster" + year))
-            audit.Note("year " + year + ": has no items, and " + before +
-                       " has; the new year may not have been finished");
+            audit.Note({Kind::Items, 0, year}, "year " + year + ": has no items, and " + before +
+                                                   " has; the new year may not have been finished");
         if (has) before = year;
     }
 }
@@ -69,12 +72,14 @@ void CheckDetails(Audit& audit) {
         const std::string year = std::to_string(number);
         const auto& known = audit.Years();
         if (std::find(known.begin(), known.end(), year) == known.end())
-            audit.Error("year " + year + ": has details of ledgers and is not in the register" + NotFinished);
+            audit.Error({Kind::File},
+                        "year " + year + ": has details of ledgers and is not in the register" + NotFinished);
         const auto doubled = std::count_if(ledgers.begin(), ledgers.end(),
                                            [](const auto& ledger) { return ledger.second > 1; });
         if (doubled > 1)
-            audit.Error("year " + year + ": " + std::to_string(doubled) +
-                        " ledgers have more than one detail row: the new year was begun more than once");
+            audit.Error({Kind::File},
+                        "year " + year + ": " + std::to_string(doubled) +
+                            " ledgers have more than one detail row: the new year was begun more than once");
     }
 }
 
@@ -86,8 +91,8 @@ void AuditYears(Audit& audit) {
     CheckItems(audit, audit.Years());
     CheckDetails(audit);
     audit.Each("Select vchrmstType From tblvchrmst Where vchrmstFinYear = 0", [&](ado::Recordset& row) {
-        audit.Error("voucher register: '" + basic::TextOrEmpty(row["vchrmstType"]) + "' is of no year" +
-                    NotFinished);
+        audit.Error({Kind::File}, "voucher register: '" + basic::TextOrEmpty(row["vchrmstType"]) +
+                                      "' is of no year" + NotFinished);
     });
 }
 

@@ -1,3 +1,5 @@
+#include "host/commands/Create.h"
+
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -28,22 +30,16 @@ void CreateInFolder(const CreateOptions& options, const Fill& fill) {
         std::cerr << "qmhost: what stood there without its books was set aside as " << aside.string() << "\n";
 }
 
-// Put together as a file that nobody sees, and copied as one.
-void CreateOnServer(const CreateOptions& options, const Fill& fill) {
-    const PassingFolder folder;
-    CreateBooks(folder.Path(), options.year, fill);
-    const ado::ConnectionPtr made = OpenCopy(folder.Path() / BooksFile);
-    CopyTo(*made, options.folder, options.roles);
-    made->Close();
-}
-
 int Create(CreateOptions options) {
     const bool onServer = ado::IsServerAddress(options.folder);
     if (options.roles && !onServer) Fail("roles belong to books on a server");
     if (options.sample && !options.year) options.year = FinancialYearOfToday();
     Fill fill;
     if (options.sample) fill = [&](const auto& staging) { FillWithSample(staging, *options.year); };
-    (onServer ? CreateOnServer : CreateInFolder)(options, fill);
+    if (onServer)
+        CreateBooksOnServer(options.folder, options.year, options.roles, fill);
+    else
+        CreateInFolder(options, fill);
     std::cout << (onServer ? options.folder : (std::filesystem::path(options.folder) / BooksFile).string())
               << ": " << (options.sample ? "sample books" : "new books");
     if (options.year) std::cout << " for " << LongForm(*options.year);
@@ -52,6 +48,16 @@ int Create(CreateOptions options) {
 }
 
 }  // namespace
+
+// Put together as a file that nobody sees, and copied as one.
+void CreateBooksOnServer(const std::string& server, std::optional<int> year, bool roles,
+                         const std::function<void(const std::filesystem::path& folder)>& fill) {
+    const PassingFolder folder;
+    CreateBooks(folder.Path(), year, fill);
+    const ado::ConnectionPtr made = OpenCopy(folder.Path() / BooksFile);
+    CopyTo(*made, server, roles);
+    made->Close();
+}
 
 void AddCreate(CommandLine& line) {
     const auto options = std::make_shared<CreateOptions>();

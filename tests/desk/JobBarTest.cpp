@@ -31,6 +31,30 @@ TEST_F(JobBarTest, CancelEndsALongJobAndTheNextOneRuns) {
     EXPECT_EQ(told, "failed");
 }
 
+// What is asked of one moment stands in a transaction, which no connection makes anew by itself.
+TEST_F(JobBarTest, AJobThatAServersGoingBrokeOffIsBegunAnew) {
+    QM_SERVER_ONLY();
+    Start();
+    desk::JobBar bar(nullptr);
+    std::string told;
+    const auto ask = [&] {
+        bar.Run(
+            desk->Books().Background(), "Asking",
+            [](queries::Reading& reading, desk::Worker::Job&) {
+                const queries::Reading::Moment moment(reading);
+                reading.Years();
+            },
+            [&](std::exception_ptr failure) { told += failure ? "failed " : "answered "; });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !bar.Running(); }));
+    };
+    ask();
+    test::ServerDatabase::RunOn(desk->Books().Name().toStdString(),
+                                "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity "
+                                "WHERE datname = current_database() AND pid <> pg_backend_pid()");
+    ask();
+    EXPECT_EQ(told, "answered answered ");
+}
+
 TEST_F(JobBarTest, APageThatIsLeftTakesItsJobWithIt) {
     Start();
     std::string told;

@@ -112,25 +112,6 @@ TEST_F(OverviewPageTest, EachRowAndButtonOpensWhatStandsBehindItAndBackIsTheSame
     }
 }
 
-TEST(FindingsTest, AFindingLeadsToTheRecordThatItNames) {
-    using desk::FoundRecord;
-    const std::pair<const char*, FoundRecord> cases[] = {
-        {"voucher 12 of 2001: debit 5, credit 4", {"frmVoucher", "12"}},
-        {"voucher 12 of 2002: debit 5, credit 4", {}},
-        {"receipt 4 of 2001: has no bill", {"frmReceipt", "4"}},
-        {"bill 'B: 7' of receipt 4 in 2001: its voucher 9 does not stand", {"frmReceipt", "4"}},
-        {"ledger 7 'Shop Rent': has no leaf in the group tree", {"Ledger_Master", "7"}},
-        {"totals of ledger 7 in 2001: they are not the sums of its rows", {"Ledger_Master", "7"}},
-        {"details of ledger 7 in 2001: the balance type is '', neither D nor C", {"Ledger_Master", "7"}},
-        {"item 3 'Glue' of 2001: counters say received 1", {"ItemMaster", "3"}},
-        {"order 5 of 2001: dated 01-Apr-2009, outside the year", {"frmPO", "5"}},
-        {"leaf 9 'Rent': has no ledger", {"frmGrpMain", ""}},
-        {"years: none is flagged as current", {"frmFinYear", ""}},
-        {"file: page 3 is damaged", {}},
-    };
-    for (const auto& [text, record] : cases) EXPECT_EQ(desk::RecordOf(text, "2001"), record) << text;
-}
-
 TEST_F(OverviewPageTest, AChartThatTabComesToIsSeenWhole) {
     StartOnSample();
     desk->resize(800, 600);

@@ -67,6 +67,8 @@ TEST_F(SheetViewTest, AQuestionThatGetsNoAnswerShowsNoOldRowsAndCanBeAskedAgain)
     EXPECT_EQ(view.Sheet(), before);  // until then they stand
     QTest::mouseClick(cancel, Qt::LeftButton);
     EXPECT_EQ(Empty(), "This was not read to its end");
+    Press({"Ctrl+K", "'x", "Escape"});
+    EXPECT_EQ(desk->focusWidget()->objectName(), "emptyTitle");
     Key(Qt::Key_C, Qt::ControlModifier);
     Key(Qt::Key_P, Qt::ControlModifier);
     *ends = true;

@@ -58,13 +58,6 @@ TEST(Vouchers, AreNarrowedAndOrdered) {
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Date, true)), "2 1 1 3");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger, true)), "1 2 3 1");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Credit, true)), "1 2 3 1");
-    books.Run(
-        "Update tb_Ledger2001 Set LedgerNarration = 'RENT OF THE SHOP, 100% PAID' Where LedgerDrAmt = 500");
-    books.Run("Update tb_Ledger2001 Set LedgerName = Null Where LedgerTrnNo = 2");
-    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration)), "3 1 1 2");
-    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration, true)), "2 1 1 3");
-    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger)), "2 3 1 1");
-    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Type, true)), "3 1 1 2");
     books.Run("Update tb_Ledger2001 Set LedgerDrAmt = Null, LedgerTxnDate = Null Where LedgerTrnNo = 2");
     EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Debit)), "2 1 3 1");
     EXPECT_EQ(Numbers(Vouchers(reading, {.words = "rent"}, VoucherOrder::Debit, true)), "1 1 2");
@@ -72,6 +65,11 @@ TEST(Vouchers, AreNarrowedAndOrdered) {
     const auto sheet = queries::ListVouchers(reading, {.days = {day(36980), {}}});
     EXPECT_EQ(sheet->Title(), "Vouchers, 01-Apr-2001 to 31-Mar-2002");
     EXPECT_EQ(test::LinesOf(*sheet).front(), "01/04/2001|3|Receipt|Bank|70.5|-|It's ÄPFEL [two]");
+    books.Run("Update tb_Ledger2001 Set LedgerName = Null, LedgerNarration = 'it' Where LedgerTrnNo = 2");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration)), "2 3 1 1");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Narration, true)), "1 1 3 2");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Ledger)), "2 3 1 1");
+    EXPECT_EQ(Numbers(Vouchers(reading, {}, VoucherOrder::Type, true)), "3 1 1 2");
 }
 
 // Deep down the list stands as it was when it was first looked at: what is removed meanwhile leaves its place

@@ -210,7 +210,7 @@ void ShowFindings(Walker& walker) {
     qm::Conn().Execute("Update tb_Ledger2001 Set LedgerDrAmt = LedgerDrAmt + 1 Where LedgerTrnNo = 3");
     desk.Books().Check().Run(desk, [](std::exception_ptr) {});
     walker.Rest();
-    desk::OpenFindings(desk);
+    desk::FindingsPage::Open(desk);
     walker.Visit("findings");
 }
 
