@@ -408,13 +408,20 @@ void PostgresEngine::RollbackTo(int level) {
 // The moment is fixed by the first question, not by BEGIN.
 void PostgresEngine::BeginRead() {
     Settle();
+    RequireConnection();
     Run({"BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY", "SELECT 1"});
     inTransaction_ = begun_ = true;
     wrote_ = false;
 }
 
+// What is lost has ended, too: the next question connects anew.
 void PostgresEngine::EndRead() {
-    Run({"COMMIT"});
+    try {
+        Run({"COMMIT"});
+    } catch (const basic::Error&) {
+        inTransaction_ = begun_ = false;
+        throw;
+    }
     inTransaction_ = begun_ = false;
 }
 

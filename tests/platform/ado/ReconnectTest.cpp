@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "platform/ado/Maintenance.h"
 #include "platform/ado/Together.h"
 #include "platform/ado/store/Engine.h"
 #include "tests/platform/ado/CutWire.h"
@@ -54,6 +55,15 @@ TEST_F(ReconnectTest, WithoutATransactionNobodyNotices) {
     c->CommitTrans();
     HangUp();
     EXPECT_EQ(Rows(c, remarks), "a b c");
+    {
+        const Snapshot moment(*c);
+        HangUp();
+        EXPECT_EQ(ErrorOf([&] { c->Execute(remarks); }), error::ConnectionLost);
+    }
+    {
+        const Snapshot moment(*c);
+        EXPECT_EQ(Rows(c, remarks), "a b c");
+    }
     HangUp();
     EXPECT_NO_THROW(c->Close());
 }
