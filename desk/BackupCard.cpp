@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desk/Books.h"
+#include "desk/Dates.h"
 #include "desk/Desk.h"
 #include "desk/Figures.h"
 #include "desk/JobBar.h"
@@ -54,7 +55,7 @@ QString FiguresText(const std::vector<ado::TableSums>& tables) {
 }
 
 BackupCard::BackupCard(Desk& desk, JobBar& jobs)
-    : StatusCard(tr("Backup"), "backup"),
+    : StatusCard(tr("Backup")),
       desk_(desk),
       jobs_(jobs),
       main_(&AddButton(tr("&Back up\u2026"), [this] { AskForBackup(); })) {
@@ -64,7 +65,7 @@ BackupCard::BackupCard(Desk& desk, JobBar& jobs)
 
 void BackupCard::Tell() {
     const auto last = LastBackup::Of(desk_.Books().Address());
-    Say(last ? tr("%1, %2. %3").arg(last->At.toString("dd-MMM-yyyy HH:mm"), last->File, last->Figures)
+    Say(last ? tr("%1, %2. %3").arg(MomentText(last->At), last->File, last->Figures)
              : tr("None was made at this desk yet"));
 }
 
@@ -119,8 +120,7 @@ void BackupCard::Verify(const std::string& file) {
         [this, tables, same, file] {
             const QFileInfo info(QString::fromStdString(file));
             desk_.Note(tr("%1 is whole, of %2. %3. %4")
-                           .arg(info.fileName(), info.lastModified().toString("dd-MMM-yyyy HH:mm"),
-                                FiguresText(*tables),
+                           .arg(info.fileName(), MomentText(info.lastModified()), FiguresText(*tables),
                                 *same ? tr("It holds what the books hold now.")
                                       : tr("The books hold something else by now.")));
         });
@@ -146,8 +146,8 @@ void BackupCard::Restore(const std::string& file) {
                 this, tr("Restore"),
                 tr("Put %1, of %2, in the place of the books in %3?\n\nIt holds %4.\nThe books hold %5. They "
                    "are set aside under a name with the date.")
-                    .arg(backup.fileName(), backup.lastModified().toString("dd-MMM-yyyy HH:mm"),
-                         desk_.Books().Place(), *comes, *goes),
+                    .arg(backup.fileName(), MomentText(backup.lastModified()), desk_.Books().Place(), *comes,
+                         *goes),
                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
             if (answer == QMessageBox::Yes) PutInPlace(file);
         });

@@ -9,6 +9,8 @@
 #include "core/modGeneral.h"
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
+#include "host/make/Books.h"
+#include "queries/Server.h"
 
 namespace desk {
 namespace {
@@ -83,7 +85,7 @@ BooksCheck& Books::Check() {
 }
 
 bool Books::IsServer(const std::string& address) {
-    return address.starts_with("postgresql://") || address.starts_with("postgres://");
+    return queries::IsOnServer(address);
 }
 
 QString Books::Name() const {
@@ -125,8 +127,7 @@ std::optional<std::string> Books::OtherYear() {
 }
 
 QString Books::LongForm(const std::string& shortForm) {
-    const int year = QString::fromStdString(shortForm).toInt();
-    return QString("%1-%2").arg(year).arg(year + 1);
+    return QString::fromStdString(host::LongForm(QString::fromStdString(shortForm).toInt()));
 }
 
 bool Books::Changed() {

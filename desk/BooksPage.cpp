@@ -21,7 +21,7 @@ BooksPage::BooksPage(Desk& desk)
       jobs_(new JobBar(this)),
       backup_(new BackupCard(desk, *jobs_)),
       check_(new CheckCard(desk, tr("Check &again"))),
-      years_(new StatusCard(tr("Years"), "years")),
+      years_(new StatusCard(tr("Years"))),
       others_(new OtherBooks(desk, *jobs_)) {
     SetSubtitle(desk.Books().Place());
     years_->AddButton(tr("&Years\u2026"), [this] { this->desk().OpenScreen("frmFinYear"); });
@@ -48,7 +48,7 @@ BooksPage::BooksPage(Desk& desk)
 }
 
 void BooksPage::AddImport(QVBoxLayout& column) {
-    auto* const in = new StatusCard(tr("Import"), "import");
+    auto* const in = new StatusCard(tr("Import"));
     in->Say(
         tr("A list as comma-separated text, or a journal. It is checked as a whole and shown before anything "
            "is written."));
@@ -61,7 +61,7 @@ void BooksPage::AddImport(QVBoxLayout& column) {
 }
 
 void BooksPage::AddExport(QVBoxLayout& column) {
-    auto* const out = new StatusCard(tr("Export"), "export");
+    auto* const out = new StatusCard(tr("Export"));
     out->Say(tr("Vouchers, ledgers, parties, trial balance and items as spreadsheets in a folder."));
     out->AddButton(tr("&Export\u2026"), [this] {
         const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder for the spreadsheets"));

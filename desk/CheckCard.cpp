@@ -10,7 +10,7 @@
 namespace desk {
 
 CheckCard::CheckCard(Desk& desk, const QString& again)
-    : StatusCard(tr("Check of the books"), "check"),
+    : StatusCard(tr("Check of the books")),
       desk_(desk),
       findings_(&AddButton(tr("&Findings"), [this] { FindingsPage::Open(desk_); })) {
     findings_->setObjectName("findings");

@@ -32,6 +32,10 @@ QString DayText(basic::Date day) {
     return QString::fromStdString(basic::Format(day, qm::DateMask));
 }
 
+QString MomentText(const QDateTime& at) {
+    return at.toString("dd-MMM-yyyy HH:mm");
+}
+
 QString RangeText(const queries::Range& days, const queries::Range& year) {
     const QDate from = ToQt(days.from ? *days.from : *year.from),
                 upto = ToQt(days.upto ? *days.upto : *year.upto);

@@ -10,8 +10,8 @@
 
 #include "desk/Books.h"
 #include "desk/Cures.h"
+#include "desk/Dates.h"
 #include "desk/FindingPlace.h"
-#include "desk/SheetView.h"
 #include "desk/StatusCard.h"
 
 namespace desk {
@@ -38,9 +38,8 @@ std::shared_ptr<FoundSheet> SheetOf(const BooksCheck::Result& result, const Find
     std::vector<FoundLine> lines;
     for (const host::Finding& finding : result.Findings)
         lines.push_back({finding, places.Of(finding.subject).Text.toStdString()});
-    return std::make_shared<FoundSheet>(
-        "Check of the books, " + result.At.toString("dd-MMM-yyyy HH:mm").toStdString(), columns,
-        std::move(lines));
+    return std::make_shared<FoundSheet>("Check of the books, " + MomentText(result.At).toStdString(), columns,
+                                        std::move(lines));
 }
 
 }  // namespace
@@ -48,28 +47,24 @@ std::shared_ptr<FoundSheet> SheetOf(const BooksCheck::Result& result, const Find
 void FindingsPage::Open(Desk& desk, std::size_t row) {
     if (!desk.Books().Check().Last()) return;
     auto* const page = new FindingsPage(desk);
-    page->view_->SetCurrent(row);
+    page->View().SetCurrent(row);
     desk.Push(page);
 }
 
 FindingsPage::FindingsPage(Desk& desk)
-    : Page(desk, tr("Check of the books")),
-      view_(new SheetView(desk, "findings")),
-      cure_(new StatusCard(tr("Why, and what to do"), "cure")) {
-    view_->SetEmpty(tr("Nothing was found"),
+    : SheetPage(desk, tr("Check of the books"), "findings"),
+      cure_(new StatusCard(tr("Why, and what to do"))) {
+    View().SetEmpty(tr("Nothing was found"),
                     tr("Pages, ledgers, vouchers, stock and bills agree with each other."));
-    view_->Activated = [this](std::size_t row) { GoTo(row); };
-    view_->Filled = [this] { TellCure(); };
-    connect(view_->View().selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+    View().Activated = [this](std::size_t row) { GoTo(row); };
+    View().Filled = [this] { TellCure(); };
+    connect(View().View().selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this] { TellCure(); });
     AddAction(tr("Check again"), QKeySequence(Qt::CTRL | Qt::Key_R), [this] {
         CheckAgain();
     }).setObjectName("checkAgain");
-    AddToHead(view_->Buttons());
-    Body().addWidget(view_, 1);
+    AddView();
     Body().addWidget(cure_);
-    view_->View().setAccessibleName(Title());
-    SetFirstFocus(view_);
     Ask(false);
 }
 
@@ -80,15 +75,14 @@ void FindingsPage::Refresh() {
 void FindingsPage::Ask(bool again) {
     const BooksCheck::ResultPtr result = desk().Books().Check().Last();
     if (!result) return;
-    SetSubtitle(
-        tr("%1; checked %2").arg(BooksCheck::CountsOf(*result), result->At.toString("dd-MMM-yyyy HH:mm")));
+    SetSubtitle(tr("%1; checked %2").arg(BooksCheck::CountsOf(*result), MomentText(result->At)));
     const auto sheet = [sheet = SheetOf(*result, FindingPlaces(desk()))](queries::Reading&) { return sheet; };
-    again ? view_->AskAgain(sheet) : view_->Ask(sheet);
+    again ? View().AskAgain(sheet) : View().Ask(sheet);
 }
 
 const host::Finding* FindingsPage::Current() const {
-    const auto row = view_->Current();
-    return row ? &static_cast<const FoundSheet&>(*view_->Sheet()).Typed()[*row].Finding : nullptr;
+    const auto row = View().Current();
+    return row ? &static_cast<const FoundSheet&>(*View().Sheet()).Typed()[*row].Finding : nullptr;
 }
 
 void FindingsPage::TellCure() {
@@ -100,7 +94,7 @@ void FindingsPage::TellCure() {
 
 // Of what stands in another year the pages are made anew, this one too, once the user has agreed.
 void FindingsPage::GoTo(std::size_t row) {
-    const auto& finding = static_cast<const FoundSheet&>(*view_->Sheet()).Typed()[row].Finding;
+    const auto& finding = static_cast<const FoundSheet&>(*View().Sheet()).Typed()[row].Finding;
     const FindingPlace place = FindingPlaces(desk()).Of(finding.subject);
     if (!place.Open) return desk().Note(tr("No page and no screen shows this. What to do stands below."));
     if (place.OtherYear.empty()) return place.Open();

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "desk/BooksCheck.h"
-#include "desk/Page.h"
+#include "desk/SheetPage.h"
 
 namespace desk {
 
-class SheetView;
 class StatusCard;
 
 // What the check of the books found last. Below the list stands why the chosen line is so and what to do;
 // Enter goes to where that is done.
-class FindingsPage : public Page {
+class FindingsPage : public SheetPage {
     Q_DECLARE_TR_FUNCTIONS(desk::FindingsPage)
 
   public:
@@ -28,7 +27,6 @@ class FindingsPage : public Page {
     const host::Finding* Current() const;  // null for none
     void GoTo(std::size_t row);
 
-    SheetView* view_;
     StatusCard* cure_;
     std::size_t first_ = 0;  // the row to begin with
 };

@@ -52,8 +52,7 @@ void ImportPage::AddState() {
     const host::Faults& faults = file_->Faults();
     auto* const state =
         new StatusCard(faults.empty() ? tr("%1, no fault").arg(QString::fromStdString(file_->Size()))
-                                      : tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count())),
-                       "state");
+                                      : tr("%Ln fault(s)", nullptr, static_cast<int>(faults.Count())));
     const auto add = [&](const QString& caption, auto act) -> QPushButton& {
         return state->AddButton(caption, [this, act] { desk().Try([&] { act(); }); });
     };

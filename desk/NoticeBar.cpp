@@ -92,14 +92,14 @@ void NoticeBar::TakeFocus() {
     if (!answers_.empty()) answers_.front()->setFocus(Qt::OtherFocusReason);
 }
 
+// The focus goes first: what hides with it gives it to whichever control comes next, on the page too.
 void NoticeBar::Dismiss() {
-    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    if (isAncestorOf(window()->focusWidget()) && Left) Left();
     for (QWidget* const button : std::exchange(answers_, {})) {
         button->hide();
         button->deleteLater();
     }
     hide();
-    if (hadFocus && Left) Left();
 }
 
 QString NoticeBar::Text() const {

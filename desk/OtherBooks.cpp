@@ -35,11 +35,11 @@ OtherBooks::OtherBooks(Desk& desk, JobBar& jobs) : desk_(desk), jobs_(jobs), rec
 }
 
 void OtherBooks::AddCards() {
-    auto* const others = new StatusCard(tr("Other books"), "others");
+    auto* const others = new StatusCard(tr("Other books"));
     others->Say(tr("Enter on a line below opens books that were open before."));
     others->AddButton(tr("&New books\u2026"), [this] { AskForNew(); });
     others->AddButton(tr("O&pen a folder\u2026"), [this] { desk_.AskForFolder(); }).setToolTip("Ctrl+O");
-    auto* const server = new StatusCard(tr("On a server"), "server");
+    auto* const server = new StatusCard(tr("On a server"));
     server->Say(
         tr("For several people at once. Who may do what there is set by the server's administrator."));
     server->AddButton(tr("Ne&w there\u2026"), [this] { AskForNewOnServer(); });

@@ -9,6 +9,7 @@
 
 #include "desk/Books.h"
 #include "desk/CheckCard.h"
+#include "desk/Dates.h"
 #include "desk/ItemPage.h"
 #include "desk/JobBar.h"
 #include "desk/LastBackup.h"
@@ -62,7 +63,7 @@ OverviewPage::OverviewPage(Desk& desk)
 void OverviewPage::MakeCards() {
     using queries::VoucherFilter;
     check_ = new CheckCard(desk(), tr("Check &now"));
-    backup_ = new StatusCard(tr("Last backup"), "backup");
+    backup_ = new StatusCard(tr("Last backup"));
     backup_->AddButton(tr("&Back up\u2026"), [this] { desk().Go("books"); });
     const auto monthly = [this](VoucherFilter (*filter)(ChartView::Place)) {
         return [this, filter](ChartView::Place place) {
@@ -164,7 +165,7 @@ void OverviewPage::TellBackup() {
     const auto last = LastBackup::Of(desk().Books().Address());
     if (!last) return backup_->Say(tr("None was made at this desk yet"), false);
     const bool old = last->At.daysTo(QDateTime::currentDateTime()) > StaleDays;
-    backup_->Say(tr("%1, %2").arg(last->At.toString("dd-MMM-yyyy HH:mm"), last->File), old);
+    backup_->Say(tr("%1, %2").arg(MomentText(last->At), last->File), old);
 }
 
 void OverviewPage::OpenVouchers(const queries::VoucherFilter& filter) {

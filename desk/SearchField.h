@@ -31,6 +31,8 @@ class SearchField : public QLineEdit {
     SearchField(QWidget& window, Source source, std::function<void()> leave);
 
     void Begin();  // Ctrl+K
+    // Enter was pressed before anything was found: it opens the first that is.
+    bool IsAwaited() const { return wantsFirst_; }
 
   protected:
     bool event(QEvent* event) override;
@@ -49,9 +51,9 @@ class SearchField : public QLineEdit {
     std::function<void()> leave_;
     std::vector<Found> found_;
     QListWidget* list_;
-    int asked_ = 0;            // how often: the number of the question that counts
-    bool answered_ = true;     // all of it
-    bool wantsFirst_ = false;  // Enter was pressed before anything was found
+    int asked_ = 0;         // how often: the number of the question that counts
+    bool answered_ = true;  // all of it
+    bool wantsFirst_ = false;
 };
 
 }  // namespace desk

@@ -13,7 +13,7 @@ SheetPage::SheetPage(Desk& desk, const QString& title, const QString& name, Shee
 
 void SheetPage::AddView() {
     AddToHead(view_->Buttons());
-    Body().addWidget(view_);
+    Body().addWidget(view_, 1);
 }
 
 }  // namespace desk

@@ -11,7 +11,7 @@
 
 namespace desk {
 
-StatusCard::StatusCard(const QString& title, const QString& name) : text_(new QLabel(this)) {
+StatusCard::StatusCard(const QString& title) : text_(new QLabel(this)) {
     setObjectName("card");
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(12, 8, 12, 8);
@@ -26,7 +26,6 @@ StatusCard::StatusCard(const QString& title, const QString& name) : text_(new QL
     words->addWidget(text_);
     row->addLayout(words, 1);
     setAccessibleName(title);
-    setProperty("card", name);
 }
 
 void StatusCard::Say(const QString& text, bool fault) {

@@ -11,7 +11,7 @@ namespace desk {
 // How something stands, in one line, with what can be done about it.
 class StatusCard : public QFrame {
   public:
-    StatusCard(const QString& title, const QString& name);
+    explicit StatusCard(const QString& title);
 
     void Say(const QString& text, bool fault = false);  // in place of what it said before
     // The first is the main one.

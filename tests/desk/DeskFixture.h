@@ -19,6 +19,7 @@
 #include "desk/DeskWindow.h"
 #include "desk/NoticeBar.h"
 #include "desk/Page.h"
+#include "desk/SearchField.h"
 #include "desk/SheetView.h"
 #include "host/commands/Sample.h"
 #include "platform/forms/window/Form.h"
@@ -103,8 +104,8 @@ class DeskTest : public testing::Test {
     }
     void Type(const char* text) { QTest::keyClicks(desk->focusWidget(), text); }
     // Presses keys as a user does who does not wait: each as soon as the one before it was taken, also where
-    // that has opened a menu or a dialog; none may be open at the end. What begins with ' is typed. Gives the
-    // count of keys beside what was typed.
+    // that has opened a menu or a dialog, or the search what it found; none may be open at the end. What
+    // begins with ' is typed. Gives the count of keys beside what was typed.
     static constexpr int Pace = 5;  // milliseconds from key to key: the loop of what was closed has ended
     std::size_t Press(const std::vector<std::string>& keys) {
         std::size_t next = 0, counted = 0;
@@ -114,6 +115,7 @@ class DeskTest : public testing::Test {
             done = next == keys.size() && taker.window() == desk.get();
             if (done) return;
             QTimer::singleShot(Pace, qApp, press);  // before the key, which may run a loop of its own
+            if (desk->findChild<desk::SearchField*>("search")->IsAwaited()) return;
             if (next == keys.size()) {
                 ADD_FAILURE() << "left open: " << taker.window()->windowTitle().toStdString();
                 taker.window()->close();
