@@ -10,7 +10,7 @@
 #include "host/audit/YearList.h"
 #include "host/doors/AllOrNothing.h"
 #include "host/make/Books.h"
-#include "platform/ado/store/ServerAddress.h"
+#include "queries/Server.h"
 
 namespace desk {
 namespace {
@@ -85,7 +85,7 @@ BooksCheck& Books::Check() {
 }
 
 bool Books::IsServer(const std::string& address) {
-    return ado::IsServerAddress(address);
+    return queries::IsOnServer(address);
 }
 
 QString Books::Name() const {

@@ -178,10 +178,23 @@ void DeskWindow::Reopen(const std::string& address, const std::function<QString(
         }
         OpenBooks(address);
         if (failure)
-            Try([&] { std::rethrow_exception(failure); });
+            TellFailed(failure, address);
         else if (books_.AreOpen() && !note.isEmpty())
             Note(note);
     });
+}
+
+// Where the books do not even open any more, as when their server is gone, the way back to them is a key.
+void DeskWindow::TellFailed(const std::exception_ptr& failure, const std::string& address) {
+    const bool told = Try([&] {
+        try {
+            std::rethrow_exception(failure);
+        } catch (const basic::Error& error) {
+            if (books_.AreOpen()) throw;
+            notice_->Tell(error, {{tr("Open the books again"), [this, address] { OpenBooks(address); }}});
+        }
+    });
+    if (told) notice_->TakeFocus();
 }
 
 void DeskWindow::Run() {

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QWidget>
+#include <exception>
 #include <string>
 
 #include "desk/Books.h"
@@ -68,6 +69,7 @@ class DeskWindow : public QWidget, public Desk {
     void DropPages();
     void InScreen(const std::function<void()>& open);
     void TellLost(const basic::Error& error);
+    void TellFailed(const std::exception_ptr& failure, const std::string& address);
     void ShowChanges();
     void SwitchYear(const std::string& shortForm, const std::function<void()>& then);
 

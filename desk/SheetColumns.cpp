@@ -27,12 +27,16 @@ int ShareOf(const queries::Column& column) {
     return IsOneOf(column.name, {"narration", "finding", "fault"}) ? 3 : 2;
 }
 
+// How the columns find room: as they like, with less, or in a table that is scrolled sideways anyhow.
+enum class Room { Enough, Little, Scrolled };
+
 // The widest cell of the kind that is usual; of texts the least that tells something.
-const char* SampleOf(const queries::Column& column, bool tight) {
+const char* SampleOf(const queries::Column& column, Room by) {
     switch (column.kind) {
         case queries::Kind::Text:
             if (ShareOf(column) == 0) return "Payment";
-            if (tight) return "Current";
+            if (by == Room::Little) return "Current";
+            if (by == Room::Scrolled) return "Expenditure of the office, other";
             return ShareOf(column) == 3 ? "Notebooks and files for" : "Current Account";
         case queries::Kind::Number:
             return "100000";
@@ -48,10 +52,10 @@ const char* SampleOf(const queries::Column& column, bool tight) {
     return "";
 }
 
-int WidthOf(const queries::Column& column, const QFontMetrics& metrics, bool tight) {
+int WidthOf(const queries::Column& column, const QFontMetrics& metrics, Room by) {
     return std::max(metrics.horizontalAdvance(HeadOf(column)),
-                    metrics.horizontalAdvance(SampleOf(column, tight))) +
-           (tight ? Tight : Margin);
+                    metrics.horizontalAdvance(SampleOf(column, by))) +
+           (by == Room::Enough ? Margin : Tight);
 }
 
 }  // namespace
@@ -116,25 +120,26 @@ void SheetColumns::Fit() {
         for (int section = 0; section < header_.count(); ++section)
             if (!header_.isSectionHidden(section)) act(section, columns_[static_cast<std::size_t>(section)]);
     };
-    const auto width = [&](int section, const queries::Column& column, bool tight) {
-        return std::max(WidthOf(column, metrics, tight), least_[static_cast<std::size_t>(section)]);
+    const auto width = [&](int section, const queries::Column& column, Room by) {
+        return std::max(WidthOf(column, metrics, by), least_[static_cast<std::size_t>(section)]);
     };
-    const auto measure = [&](bool tight) {
+    const auto measure = [&](Room by) {
         room = header_.viewport()->width();
         shares = 0;
         each([&](int section, const queries::Column& column) {
-            room -= width(section, column, tight);
+            room -= width(section, column, by);
             shares += ShareOf(column);
         });
         return room >= 0;
     };
-    const bool tight = !measure(false);
-    if (tight) measure(true);  // what has no room even so is scrolled to
+    const Room by = measure(Room::Enough)   ? Room::Enough
+                    : measure(Room::Little) ? Room::Little
+                                            : Room::Scrolled;
     each([&](int section, const queries::Column& column) {
         const int more = room <= 0    ? 0
                          : shares > 0 ? room * ShareOf(column) / shares
                                       : room / static_cast<int>(Chosen().size());  // figures alone
-        header_.resizeSection(section, width(section, column, tight) + more);
+        header_.resizeSection(section, width(section, column, by) + more);
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
@@ -21,6 +22,8 @@ TotalsStrip::TotalsStrip(QHeaderView& header, QWidget* parent) : QWidget(parent)
     connect(&header, &QHeaderView::sectionResized, this, again);
     connect(&header, &QHeaderView::sectionMoved, this, again);
     connect(&header, &QHeaderView::geometriesChanged, this, again);
+    const auto& view = static_cast<const QAbstractScrollArea&>(*header.parentWidget());
+    connect(view.horizontalScrollBar(), &QScrollBar::valueChanged, this, again);
 }
 
 void TotalsStrip::Set(const QString& words, std::vector<QString> totals) {

@@ -137,9 +137,8 @@ void VoucherChips::FillAmounts(QMenu& menu) {
 void VoucherChips::Set(const queries::VoucherFilter& filter, const QString& ledger) {
     filter_ = filter;
     ledgerName_ = ledger.isEmpty() ? QString::fromStdString(filter.group) : ledger;
-    const QSignalBlocker quiet(words_);
     words_->setText(QString::fromStdString(filter.words));
-    Changed();
+    Changed();  // at once, whatever was just typed
 }
 
 void VoucherChips::Clear() {

@@ -5,8 +5,8 @@
 
 #include <malloc.h>
 
-#include "platform/ado/Errors.h"
 #include "platform/basic/Error.h"
+#include "queries/Server.h"
 
 namespace desk {
 namespace {
@@ -91,7 +91,7 @@ void Worker::DoTwiceAtMost(const Task& task) {
     try {
         task.Work(*books_, *task.Of);
     } catch (const basic::Error& error) {
-        if (error.Number != ado::error::ConnectionLost) throw;
+        if (!queries::IsLost(error)) throw;
         task.Of->Step(0);
         open();
         task.Work(*books_, *task.Of);

@@ -55,6 +55,8 @@ const std::vector<Filled<ItemRow>>& Columns() {
         {{"reorder_level", "Reorder Level", Kind::Quantity},
          [](Row row) { return ValueOf(row.reorderLevel); }},
         {{"reorder", "Reorder", Kind::Flag}, [](Row row) -> basic::Value { return row.reorder; }},
+        {{"overflow_level", "Overflow Level", Kind::Quantity},
+         [](Row row) { return ValueOf(row.overflowLevel); }},
     };
     return columns;
 }

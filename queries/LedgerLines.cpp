@@ -1,6 +1,8 @@
 #include "queries/LedgerLines.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 #include "core/LedgerSide.h"
@@ -34,6 +36,13 @@ LedgerLine Line(const ado::KeptRows& rows, std::int64_t row, double balance) {
     line.debit = basic::NumberOrZero(rows.ValueAt(row, 4));
     line.credit = basic::NumberOrZero(rows.ValueAt(row, 5));
     return line;
+}
+
+// Whether it may show in the paise in which order so many amounts are added, none of whose sums is larger: by
+// the most that such a sum errs by.
+bool OrderShows(std::size_t amounts, double largest) {
+    constexpr double unseen = 0.002, perSum = std::numeric_limits<double>::epsilon() / 2;
+    return static_cast<double>(amounts) * largest * perSum > unseen;
 }
 
 double OpeningOf(Reading& books, std::int32_t ledger) {
@@ -71,43 +80,77 @@ LedgerLines::LedgerLines(Reading& books, std::int32_t ledger, const Range& range
     : books_(&books), ledger_(ledger), opens_(range.from.value_or(books.FirstDay())) {
     const Reading::Moment moment(books);
     opening_ = OpeningOf(books, ledger);
-    ReadDays(range);
+    if (range.from) AddEarlier(*range.from);
+    std::vector<std::string> conditions = DayConditions(range);
+    conditions.insert(conditions.begin(), "LedgerCode = " + std::to_string(ledger));
+    ReadDays(WhereAll(conditions));
+}
+
+// As the report adds them up: each side by itself.
+void LedgerLines::AddEarlier(basic::Date from) {
+    const auto sums =
+        books_->Select("Select Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr From " +
+                       books_->Table("tb_Ledger") + " Where LedgerTxnDate < " + std::to_string(DayOf(from)) +
+                       " And LedgerCode = " + std::to_string(ledger_));
+    opening_ = opening_ + basic::NumberOrZero((*sums)["Dr"]) - basic::NumberOrZero((*sums)["Cr"]);
+}
+
+// What stands in the opening's line.
+void LedgerLines::Begin() {
+    const LedgerLine opening = OpeningLine();
+    closing_ = opening.balance;
+    sums_ = {opening.debit, opening.credit};
 }
 
 // One walk over the ledger's part of an index, which gives a line for each day.
-void LedgerLines::ReadDays(const Range& range) {
-    std::vector<std::string> conditions = DayConditions({.from = {}, .upto = range.upto});
-    conditions.insert(conditions.begin(), "LedgerCode = " + std::to_string(ledger_));
+void LedgerLines::ReadDays(const std::string& where) {
     const auto days = books_->Select(
         "Select LedgerTxnDate, Sum(1) As Lines, Sum(LedgerDrAmt) As Dr, Sum(LedgerCrAmt) As Cr, "
         "Sum(Iif(LedgerDrAmt <> 0, LedgerDrAmt, 0 - LedgerCrAmt)) As Net From " +
-        books_->Table("tb_Ledger") + WhereAll(conditions) + " Group By LedgerTxnDate Order By LedgerTxnDate");
+        books_->Table("tb_Ledger") + where + " Group By LedgerTxnDate Order By LedgerTxnDate");
+    Begin();
+    double largest = std::abs(opening_);
     for (; !days->Eof(); days->MoveNext()) {
         const basic::Value number = (*days)["LedgerTxnDate"];
-        const double debit = basic::NumberOrZero((*days)["Dr"]), credit = basic::NumberOrZero((*days)["Cr"]);
-        if (range.from && number.IsNull()) continue;
-        if (range.from && basic::ToLong(number) < DayOf(*range.from)) {
-            opening_ += debit;
-            opening_ -= credit;
-            continue;
-        }
         const auto lines = static_cast<std::size_t>(basic::NumberOrZero((*days)["Lines"]));
         days_.push_back(
-            {!number.IsNull(), number.IsNull() ? 0 : basic::ToLong(number), count_, lines, Closing()});
+            {!number.IsNull(), number.IsNull() ? 0 : basic::ToLong(number), count_, lines, closing_});
         count_ += lines;
-        net_ += basic::NumberOrZero((*days)["Net"]);
-        sums_.debit += debit;
-        sums_.credit += credit;
+        closing_ += basic::NumberOrZero((*days)["Net"]);
+        sums_.debit += basic::NumberOrZero((*days)["Dr"]);
+        sums_.credit += basic::NumberOrZero((*days)["Cr"]);
+        for (const double sum : {closing_, sums_.debit, sums_.credit})
+            largest = std::max(largest, std::abs(sum));
     }
+    if (OrderShows(count_, largest)) AddInOrder(where);
+}
+
+// The sums again, line by line as the report adds them up.
+void LedgerLines::AddInOrder(const std::string& where) {
+    auto day = days_.begin();
+    std::size_t at = 0;
+    Begin();
+    InOrder("LedgerDrAmt, LedgerCrAmt", where).Each([&](const ado::KeptRows& rows) {
+        for (std::int64_t row = 0; row < rows.Count(); ++row, ++at) {
+            const basic::Value debit = rows.ValueAt(row, 0), credit = rows.ValueAt(row, 1);
+            if (day != days_.end() && at == day->first) (day++)->before = closing_;
+            closing_ += Move(debit, credit);
+            sums_.debit += basic::NumberOrZero(debit);
+            sums_.credit += basic::NumberOrZero(credit);
+        }
+    });
+}
+
+ado::RowWindow LedgerLines::InOrder(const std::string& fields, const std::string& where) const {
+    return books_->Window("Select " + fields + " From " + books_->Table("tb_Ledger") + where +
+                          " Order By LedgerTxnDate, LedgerTrnType Desc");
 }
 
 ado::RowWindow LedgerLines::Between(const Day& first, const Day& last, const char* fields) const {
     const std::string day = first.dated ? "LedgerTxnDate >= " + std::to_string(first.number) +
                                               " And LedgerTxnDate <= " + std::to_string(last.number)
                                         : "LedgerTxnDate Is Null";
-    return books_->Window(std::string("Select ") + fields + " From " + books_->Table("tb_Ledger") +
-                          " Where LedgerCode = " + std::to_string(ledger_) + " And " + day +
-                          " Order By LedgerTxnDate, LedgerTrnType Desc");
+    return InOrder(fields, " Where LedgerCode = " + std::to_string(ledger_) + " And " + day);
 }
 
 LedgerLine LedgerLines::OpeningLine() const {
@@ -118,11 +161,6 @@ LedgerLine LedgerLines::OpeningLine() const {
     line.credit = std::max(-opening_, 0.0);
     line.balance = opening_;
     return line;
-}
-
-Sides LedgerLines::Sums() const {
-    const LedgerLine opening = OpeningLine();
-    return {sums_.debit + opening.debit, sums_.credit + opening.credit};
 }
 
 // Of days that follow each other in one read, but for those without a date and those that are long.

@@ -31,8 +31,9 @@ class LedgerLines {
     void ReadBy(Reading& books) { books_ = &books; }  // from now on
 
     double Opening() const { return opening_; }
-    double Closing() const { return opening_ + net_; }
-    Sides Sums() const;  // of the columns as a page shows them, the opening's line included
+    double Closing() const { return closing_; }
+    // Of the columns as a page shows them, the opening's line included.
+    Sides Sums() const { return sums_; }
 
     std::size_t Count() const { return 1 + count_; }  // with the opening's line
     std::vector<LedgerLine> Page(std::size_t first, std::size_t count);
@@ -54,7 +55,11 @@ class LedgerLines {
         std::vector<double> behind;  // the balance behind each
     };
 
-    void ReadDays(const Range& range);
+    void AddEarlier(basic::Date from);
+    void Begin();
+    void ReadDays(const std::string& where);
+    void AddInOrder(const std::string& where);
+    ado::RowWindow InOrder(const std::string& fields, const std::string& where) const;
     ado::RowWindow Between(const Day& first, const Day& last, const char* fields) const;
     LedgerLine OpeningLine() const;
     void AddRows(std::vector<LedgerLine>& page, Days::const_iterator day, Days::const_iterator behind,
@@ -64,7 +69,7 @@ class LedgerLines {
     Reading* books_;
     std::int32_t ledger_;
     basic::Date opens_;
-    double opening_ = 0, net_ = 0;
+    double opening_ = 0, closing_ = 0;
     Sides sums_;
     std::size_t count_ = 0;  // of rows
     Days days_;

@@ -47,6 +47,7 @@ Reading::Reading(const std::string& dataPath, const std::string& year, std::opti
     ado::Connection& connection = *state_->connection;
     connection.Properties("Data Source") = dataPath + qm::BooksFile;
     connection.Properties("Jet OLEDB:Database Password") = qm::BooksPassword;
+    connection.Properties("Mode") = "Read";
     if (keptKb) connection.Properties("Jet OLEDB:Max Buffer Size") = std::to_string(*keptKb);
     connection.Open();
     year_ = year.empty() ? CurrentYear(*this) : year;

@@ -379,6 +379,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>Leave</source>
             <translation>Leave</translation>
         </message>
+        <message>
+            <source>Open the books again</source>
+            <translation>Open the books again</translation>
+        </message>
     </context>
     <context>
         <name>desk::Finder</name>
@@ -869,6 +873,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Leads to</source>
             <translation>Leads to</translation>
+        </message>
+        <message>
+            <source>Overflow Level</source>
+            <translation>Overflow Level</translation>
         </message>
     </context>
     <context>
@@ -1653,10 +1661,6 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <translation>Issues</translation>
         </message>
         <message>
-            <source>Goods that went out, with their bill</source>
-            <translation>Goods that went out, with their bill</translation>
-        </message>
-        <message>
             <source>Purchase Order</source>
             <translation>Purchase Order</translation>
         </message>
@@ -1699,6 +1703,10 @@ The books hold %5. They are set aside under a name with the date.</translation>
         <message>
             <source>Statements and trial balance, printed</source>
             <translation>Statements and trial balance, printed</translation>
+        </message>
+        <message>
+            <source>Goods that went out</source>
+            <translation>Goods that went out</translation>
         </message>
     </context>
     <context>

@@ -42,6 +42,7 @@ void Connection::Open(std::string_view connectionString, std::string_view user, 
         std::make_shared<Session>(EngineFor(file), file, Properties.Get("Jet OLEDB:Database Password"));
     if (const std::string kept = Properties.Get("Jet OLEDB:Max Buffer Size"); !kept.empty())
         session_->engine().KeepAtMost(basic::ToLong(basic::Value(kept)));
+    if (Properties.Get("Mode") == "Read") session_->engine().RefuseWrites();
 }
 
 void Connection::Close() {

@@ -36,6 +36,7 @@ class Connection {
     std::string Provider;
     // "Data Source" (a file path picks the embedded store) and "Jet OlEDB:Database Password"; where it is
     // set, "Jet OLEDB:Max Buffer Size": how many KB of a file are kept in memory at most, else 65536.
+    // "Mode", where it is "Read": what would change the store raises ReadOnly.
     PropertyBag Properties;
 
     // Opens the store that Properties name; the arguments are accepted for the callers' sake and must be

@@ -105,4 +105,27 @@ TEST_F(LostServerTest, WhatRunsLeavesNothingHalfAndGoesOnceItIsBack) {
     }
 }
 
+// The books are closed for it: they are opened again by a key.
+TEST_F(LostServerTest, ARestoreLeavesTheBooksAsTheyWereAndAWayBackToThem) {
+    const std::string file = folder / "copy.mdb";
+    Do("Alt+B", {"'" + file});
+    Expect("Backed up and compared");
+    const std::string lines = Lines();
+    QTimer asked;  // the question runs a loop of its own
+    QObject::connect(&asked, &QTimer::timeout, [&] {
+        if (!qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) return;
+        asked.stop();
+        TakeAway();
+        user.Will({"Alt+Y"});
+    });
+    asked.start(20);
+    Do("Alt+R", {"'" + file});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return desk->Notice().Asks(); }, 40'000)) << Told();
+    EXPECT_THAT(Told(), testing::ContainsRegex("could not be reached|was lost"));
+    BringBack();
+    Press({"Return"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return desk->Books().AreOpen(); })) << Told();
+    EXPECT_EQ(Lines(), lines);
+}
+
 }  // namespace

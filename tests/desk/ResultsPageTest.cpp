@@ -1,3 +1,6 @@
+#include <QHeaderView>
+#include <QScrollBar>
+
 #include "tests/desk/DeskFixture.h"
 #include "vouchers/frmVoucher.h"
 
@@ -37,6 +40,21 @@ TEST_F(ResultsPageTest, AMonthAndTheMonthsBesideEachOtherComeByTheChips) {
     EXPECT_FALSE(Choices("beside")[1]->isEnabled());  // of the year before these books know nothing
     Choices("beside")[2]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().View().model()->columnCount() == 14; }));
+    // Names are read whole, and what stands below the columns goes along with them.
+    QAbstractItemView& months = Sheet().View();
+    EXPECT_GE(months.findChild<QHeaderView*>()->sectionSize(0), months.sizeHintForColumn(0));
+    struct : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            seen |= event->type() == QEvent::Paint;
+            return false;
+        }
+        bool seen = false;
+    } painted;
+    QCoreApplication::processEvents();
+    Sheet().findChild<QWidget*>("totals")->installEventFilter(&painted);
+    months.horizontalScrollBar()->setValue(50);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return painted.seen; }));
+    Sheet().findChild<QWidget*>("totals")->removeEventFilter(&painted);
     Choices("period")[3]->trigger();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sheet().View().model()->columnCount() == 3; }));
     EXPECT_EQ(Sheet().Sheet()->Columns()[1].caption, "May-2001");

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QTableView>
+#include <QToolButton>
 
 #include "core/DBCode.h"
 #include "platform/ado/Connection.h"
@@ -67,6 +68,9 @@ TEST_F(VouchersPageTest, ChipsNarrowTheLinesAndTheirTotalsByKeysAlone) {
                                english.toString(sums[2].toDouble(), 'f', 2))
                           .toUtf8());
     }
+    // No words are left, and nothing to clear.
+    const auto* const cross = desk->Shown()->findChild<QLineEdit*>("words")->findChild<QToolButton*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cross->property("opacity").toReal() == 0; }));
 }
 
 // A name is never markup, nor its & the mark of a letter.

@@ -56,6 +56,9 @@ TEST(Reading, OneMomentHoldsThoughOthersWrite) {
     EXPECT_TRUE(reading.ChangedByOthers());
     EXPECT_EQ(queries::Ledgers(reading).front().debit, 5);
     EXPECT_EQ(test::ErrorOf([&] { reading.Select("Delete From tb_Ledger2001"); }), ado::error::BadArgument);
+    for (const char* write : {"Delete From tb_Ledger2001", "Select * Into tb_Other From tblsysLedgerstr"})
+        EXPECT_EQ(test::ErrorOf([&] { reading.Connection()->Execute(write); }), ado::error::ReadOnly)
+            << write;
     EXPECT_EQ(queries::Ledgers(reading).front().debit, 5);
 }
 

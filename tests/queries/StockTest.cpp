@@ -22,10 +22,10 @@ class StockQueries : public Test {
         Insert(
             "ItemMaster2001 (Item_ID, Item_Name, Item_Type, Unit_Desc, Open_Stock, Unit_Price, "
             "Reorder_Level, "
-            "IssuedQty, ReceivedQty, Notes)",
-            {"2, 'Sand', 'Material', 'Bag', 10, 2.125, 8, 4, 1, 'wet'",
-             "1, 'Coal', Null, Null, Null, Null, Null, Null, 3, Null",
-             "3, 'Oil', 'General', 'Tin', 1, 100, 0, 1, 0, Null"});
+            "IssuedQty, ReceivedQty, Notes, Overflow_Level)",
+            {"2, 'Sand', 'Material', 'Bag', 10, 2.125, 8, 4, 1, 'wet', 20",
+             "1, 'Coal', Null, Null, Null, Null, Null, Null, 3, Null, Null",
+             "3, 'Oil', 'General', 'Tin', 1, 100, 0, 1, 0, Null, 2"});
         Insert(
             "tblItemLed2001 (ItemLedTrnNo, ItemLedTrnDate, ItemLedTrnType, ItemLedItemID, ItemLedPONo, "
             "ItemLedItemDesc, ItemLedTrnRptQty, ItemLedTrnIssQty, ItemLedNote, ItemLedUnitPrice, "
@@ -61,10 +61,10 @@ class StockQueries : public Test {
 
 TEST_F(StockQueries, TellWhatTheTablesHold) {
     queries::Reading reading(books.DataPath());
-    EXPECT_THAT(
-        test::LinesOf(*queries::ItemsSheet(reading)),
-        ElementsAre("1|Coal|||-|3|-|3|3|-|0|-|False", "2|Sand|Material|Bag|10|1|4|7|9|2.125|14.875|8|True",
-                    "3|Oil|General|Tin|1|0|1|0|1|100|0|0|False"));
+    EXPECT_THAT(test::LinesOf(*queries::ItemsSheet(reading)),
+                ElementsAre("1|Coal|||-|3|-|3|3|-|0|-|False|-",
+                            "2|Sand|Material|Bag|10|1|4|7|9|2.125|14.875|8|True|20",
+                            "3|Oil|General|Tin|1|0|1|0|1|100|0|0|False|2"));
     EXPECT_THAT(test::LinesOf(*queries::ListMovements(reading)),
                 ElementsAre("01/04/2001|1|Receipt|1|Coal|3|-|3|90|85.5|7|b/1|by cart",
                             "02/04/2001|3|Receipt|2|Sand|1|-|11|2|2.5|-||B",

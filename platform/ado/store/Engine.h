@@ -43,6 +43,8 @@ class Engine {
     virtual void Close() = 0;
     // How much of the store an open connection keeps in memory at most, in KB; of a server, nothing.
     virtual void KeepAtMost(int /*kb*/) {}
+    // From now on what would change the store raises ReadOnly, whoever asks for it.
+    virtual void RefuseWrites() = 0;
     virtual void ForgetPages() {}  // all that is kept of it
     virtual std::unique_ptr<EngineStatement> Prepare(const std::string& sql) = 0;
     virtual const StoreSql& Sql() const = 0;   // the words that Prepare takes

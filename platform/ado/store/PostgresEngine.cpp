@@ -116,13 +116,19 @@ void PostgresEngine::Configure() {
         "NULL, set_config('synchronous_commit', 'off', FALSE), set_config('lock_timeout', '" +
             std::to_string(LockWait().count()) +
             "', FALSE), set_config('jit', 'off', FALSE), "
-            "set_config('max_parallel_workers_per_gather', '0', FALSE)");
+            "set_config('max_parallel_workers_per_gather', '0', FALSE)" +
+            (onlyReads_ ? ", set_config('default_transaction_read_only', 'on', FALSE)" : ""));
     settings.Step();
     const std::string waits(settings.Text(0));
     hears_ = settings.Integer(1) == 0;
     hasFunctions_ = settings.Integer(2) != 0;
     flush_ = "SELECT set_config('synchronous_commit', '" + (waits == "off" ? "on" : waits) +
              "', TRUE), pg_logical_emit_message(TRUE, 'qm', '')::text";
+}
+
+void PostgresEngine::RefuseWrites() {
+    onlyReads_ = true;  // for the next connection, too
+    Run({"SET default_transaction_read_only = on"});
 }
 
 int PostgresEngine::FunctionsVersion() {

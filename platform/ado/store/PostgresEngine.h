@@ -40,6 +40,7 @@ class PostgresEngine final : public Engine {
 
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
+    void RefuseWrites() override;
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
     const StoreSql& Sql() const override { return sql_; }
     std::int64_t Changes() const override { return flight_.Matched(); }
@@ -125,6 +126,7 @@ class PostgresEngine final : public Engine {
     std::int64_t lastRow_ = 0;
     std::string host_;           // by which the server knows this connection's marks
     std::int64_t mark_ = 0;      // of the last write
+    bool onlyReads_ = false;     // see RefuseWrites
     bool started_ = false;       // the books have been seen: what is lost is asked again
     bool missed_ = false;        // what others wrote while there was no connection
     bool hears_ = false;         // is notified of changes; else they show by all hosts' marks

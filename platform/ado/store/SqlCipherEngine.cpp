@@ -114,6 +114,10 @@ void SqlCipherEngine::KeepAtMost(int kb) {
     store_.Run("PRAGMA cache_size = " + std::to_string(-kb));
 }
 
+void SqlCipherEngine::RefuseWrites() {
+    store_.Run("PRAGMA query_only = ON");
+}
+
 void SqlCipherEngine::ForgetPages() {
     sqlite3_db_release_memory(store_.Get());
 }

@@ -24,6 +24,7 @@ class SqlCipherEngine final : public Engine {
     void Open(const std::string& source, const std::string& password) override;
     void Close() override;
     void KeepAtMost(int kb) override;
+    void RefuseWrites() override;
     void ForgetPages() override;
     std::unique_ptr<EngineStatement> Prepare(const std::string& sql) override;
     const StoreSql& Sql() const override { return sql_; }
