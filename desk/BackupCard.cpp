@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
 #include <memory>
@@ -16,6 +15,7 @@
 #include "desk/Figures.h"
 #include "desk/JobBar.h"
 #include "desk/LastBackup.h"
+#include "desk/Question.h"
 #include "host/commands/Backup.h"
 
 namespace desk {
@@ -142,14 +142,12 @@ void BackupCard::Restore(const std::string& file) {
         },
         [this, comes, goes, file] {
             const QFileInfo backup(QString::fromStdString(file));
-            const auto answer = QMessageBox::question(
-                this, tr("Restore"),
+            const QString question =
                 tr("Put %1, of %2, in the place of the books in %3?\n\nIt holds %4.\nThe books hold %5. They "
                    "are set aside under a name with the date.")
                     .arg(backup.fileName(), MomentText(backup.lastModified()), desk_.Books().Place(), *comes,
-                         *goes),
-                QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-            if (answer == QMessageBox::Yes) PutInPlace(file);
+                         *goes);
+            if (Confirmed(this, tr("Restore"), question)) PutInPlace(file);
         });
 }
 

@@ -70,7 +70,7 @@ void BooksPage::AddExport(QVBoxLayout& column) {
             QFileDialog::getExistingDirectory(this, tr("Folder for the spreadsheets"), last.Path());
         if (folder.isEmpty()) return;
         last.Keep(folder);
-        ExportBooks(desk(), folder.toStdString());
+        ExportBooks(desk(), this, folder.toStdString());
     });
     column.addWidget(out);
 }

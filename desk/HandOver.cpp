@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QItemSelectionModel>
 #include <QMenu>
-#include <QMessageBox>
 #include <QShortcut>
 #include <algorithm>
 #include <memory>
@@ -18,6 +17,7 @@
 #include "desk/Books.h"
 #include "desk/Desk.h"
 #include "desk/LastFolder.h"
+#include "desk/Question.h"
 #include "desk/SheetColumns.h"
 #include "desk/SheetQuestion.h"
 
@@ -75,19 +75,13 @@ void HandOver::AskForFile(SheetFile kind) {
     last.KeepOf(file);
     if (!file.endsWith(ExtensionOf(kind), Qt::CaseInsensitive)) {
         file += ExtensionOf(kind);
-        if (QFileInfo::exists(file) && !MayReplace(file)) return;
+        // The dialog has asked for the name as it was typed.
+        if (QFileInfo::exists(file) &&
+            !Confirmed(&sheet_, tr("Write to"),
+                       tr("%1 stands there already. Is it to be replaced?").arg(file)))
+            return;
     }
     Save(kind, file);
-}
-
-// The dialog has asked for the name as it was typed.
-bool HandOver::MayReplace(const QString& file) {
-    QMessageBox box(QMessageBox::Question, tr("Write to"),
-                    tr("%1 stands there already. Is it to be replaced?").arg(file),
-                    QMessageBox::Yes | QMessageBox::No, &sheet_);
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
 }
 
 // From a sheet of its own, of one moment.

@@ -41,7 +41,6 @@ class HandOver : public QToolButton {
   private:
     void AddKey(const QKeySequence& key, const std::function<void()>& act);
     void AskForFile(SheetFile kind);
-    bool MayReplace(const QString& file);
 
     Desk& desk_;
     QWidget& sheet_;

@@ -137,6 +137,17 @@ The books hold %5. They are set aside under a name with the date.</translation>
             <source>%1 spreadsheets stand in %2.</source>
             <translation>%1 spreadsheets stand in %2.</translation>
         </message>
+        <message>
+            <source>Export</source>
+            <translation>Export</translation>
+        </message>
+        <message numerus="yes">
+            <source>%Ln spreadsheet(s) of this year would be replaced. Go on?</source>
+            <translation>
+                <numerusform>%Ln spreadsheet of this year would be replaced. Go on?</numerusform>
+                <numerusform>%Ln spreadsheets of this year would be replaced. Go on?</numerusform>
+            </translation>
+        </message>
     </context>
     <context>
         <name>desk::BooksPage</name>

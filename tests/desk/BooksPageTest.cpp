@@ -43,6 +43,20 @@ TEST_F(BooksPageTest, ABackupIsVerifiedToldFromBooksThatMovedOnAndRestored) {
     EXPECT_EQ(desk->Books().Address(), place);
 }
 
+TEST_F(BooksPageTest, SpreadsheetsThatStandAreReplacedOnlyAfterAQuestion) {
+    StartOnBooks();
+    const std::string where = folder / "", items = folder / "items-2001-2002.xlsx";
+    Do("Alt+E", {"'" + where});
+    Expect("5 spreadsheets stand in");
+    for (const auto& [answer, begins] : {std::pair{"Alt+N", "mine"}, {"Alt+Y", "PK"}}) {
+        File("items-2001-2002.xlsx", "mine");
+        Do("Alt+E", {"'" + where, answer});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return user.Done(); }));
+        EXPECT_THAT(user.Asked(), testing::StartsWith("5 spreadsheets of this year would be replaced."));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return test::Bytes(items).starts_with(begins); })) << answer;
+    }
+}
+
 TEST_F(BooksPageTest, WhatCannotBeDoneIsToldWithItsCauseAndCureAndTheBooksStayOpen) {
     StartOnBooks();
     const std::string other = folder / "other", damaged = folder / "damaged.mdb", stands = folder / "stands";
