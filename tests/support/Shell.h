@@ -7,14 +7,14 @@
 
 namespace test {
 
-// What a command said, on both streams, and its exit code.
+// What a command said, on both streams, and its exit code. Other programs read UTF-8 wherever the tests run.
 struct Outcome {
     int code;
     std::string said;
 };
 
 inline Outcome Shell(const std::string& command) {
-    FILE* run = popen(("{ " + command + "; } 2>&1").c_str(), "r");
+    FILE* run = popen(("export LC_ALL=C.UTF-8; { " + command + "; } 2>&1").c_str(), "r");
     std::string said;
     char part[4096];
     for (std::size_t length; (length = fread(part, 1, sizeof part, run)) > 0;) said.append(part, length);
