@@ -23,6 +23,7 @@ namespace desk {
 namespace {
 
 constexpr std::int32_t BadArgument = 3001;
+constexpr int AddressWidth = 520;  // pixels: an address is long
 
 }  // namespace
 
@@ -69,8 +70,11 @@ void OtherBooks::Tell() {
 
 // Ends in "/", as the class takes it; "" where the user gives up or it is none.
 QString OtherBooks::AskForAddress(const QString& title) {
-    const QString address =
-        QInputDialog::getText(this, title, tr("Their address: postgresql://server/books")).trimmed();
+    QInputDialog box(this);
+    box.setWindowTitle(title);
+    box.setLabelText(tr("Their address: postgresql://server/books"));
+    box.resize(AddressWidth, box.sizeHint().height());
+    const QString address = box.exec() == QDialog::Accepted ? box.textValue().trimmed() : QString();
     const bool isOne = address.isEmpty() || desk_.Try([&] {
         if (!Books::IsServer(address.toStdString()))
             throw basic::Error(BadArgument, "The address of the server's books does not read.", "desk");
