@@ -5,6 +5,7 @@
 
 #include "desk/Books.h"
 #include "desk/Figures.h"
+#include "desk/SheetQuestion.h"
 #include "queries/LedgerLines.h"
 
 namespace desk {
@@ -33,8 +34,16 @@ StatementPage::StatementPage(Desk& desk, std::int32_t ledger, const QString& nam
     View().Activated = [this](std::size_t row) { Activate(row); };
     View().Filled = [this] { ShowTotals(); };
     AddView();
-    View().Ask(
-        [ledger, range](queries::Reading& books) { return queries::ListLedger(books, ledger, range); });
+    const auto make = [ledger, range](queries::Reading& books) {
+        return queries::ListLedger(books, ledger, range);
+    };
+    // So many that the order of their sums could show in the paise are added up line by line.
+    bool isLong = false;
+    desk.Try([&] { isLong = queries::RowsOfLedger(desk.Books().Reading(), ledger) > FewRows; });
+    if (isLong)
+        View().AskSlowly(make);
+    else
+        View().Ask(make);
 }
 
 void StatementPage::Activate(std::size_t row) {

@@ -230,6 +230,12 @@ std::optional<std::size_t> LedgerLines::PlaceOf(ado::RowKey key) {
     return place ? std::optional(day->first + *place + 1) : std::nullopt;
 }
 
+std::size_t RowsOfLedger(Reading& books, std::int32_t ledger) {
+    const auto rows = books.Select("Select Sum(1) As Lines From " + books.Table("tb_Ledger") +
+                                   " Where LedgerCode = " + std::to_string(ledger));
+    return static_cast<std::size_t>(basic::NumberOrZero((*rows)["Lines"]));
+}
+
 std::unique_ptr<LedgerSheet> ListLedger(Reading& books, std::int32_t ledger, const Range& range) {
     const Reading::Moment moment(books);
     return std::make_unique<LedgerSheet>(NameOf(books, ledger) + ", " + TitleOf(books, range), Columns(),

@@ -76,6 +76,9 @@ class LedgerLines {
     std::optional<LongDay> long_;
 };
 
+// How many rows of the year a ledger has: a statement of very many is worth being made aside.
+std::size_t RowsOfLedger(Reading& books, std::int32_t ledger);
+
 using LedgerSheet = PagedSheet<LedgerLine, LedgerLines>;
 std::unique_ptr<LedgerSheet> ListLedger(Reading& books, std::int32_t ledger, const Range& range = {});
 
